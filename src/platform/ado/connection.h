@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/ado/provider.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace opd::ado {
+
+class Recordset;
+
+/// A connection to a database. One statement runs at a time; not for use by several threads.
+class Connection {
+  public:
+    /// Is told every statement text as it is sent, and "begin", "commit", "rollback".
+    using Trace = std::function<void(const std::string&)>;
+
+    explicit Connection(const Providers& providers = Providers::ofProcess()) : m_providers(providers) {}
+
+    std::string ConnectionString; ///< read when the connection is opened
+
+    /// Opens the connection with the string, or with `ConnectionString` when it is empty. Throws Error.
+    void Open(const std::string& connectionString = {});
+
+    /// Closes the connection; an open transaction is lost. Does nothing when it is closed already.
+    void Close();
+
+    /// 0 closed, 1 open.
+    int State() const { return m_link ? 1 : 0; }
+
+    /// Runs a statement and returns its rows, if it has any. Throws Error.
+    Recordset Execute(const std::string& statement);
+
+    /// One transaction at a time. Each throws Error.
+    void BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+
+    /// True between BeginTrans and the commit or rollback that ends it.
+    bool inTransaction() const { return m_inTransaction; }
+
+    /// Sets what is told every statement; an empty function ends the trace.
+    void setTrace(Trace trace) { m_trace = std::move(trace); }
+
+    /// For recordsets and commands: runs a request or a call on the open link, tracing it. Throws Error when closed.
+    ResultSet run(const Request& request);
+    std::vector<Value> call(const Call& call);
+
+  private:
+    Link& link() const;
+    void traced(const std::string& line) const;
+
+    const Providers& m_providers;
+    std::unique_ptr<Link> m_link;
+    Trace m_trace;
+    bool m_inTransaction = false;
+};
+
+/// A transaction that rolls back at the end of its scope unless it was committed. A rollback that fails is ignored: the
+/// failure that ended the scope is the one to report, and a lost connection has rolled back by itself.
+class Transaction {
+  public:
+    explicit Transaction(Connection& connection);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit();
+
+  private:
+    Connection& m_connection;
+};
+
+} // namespace opd::ado

@@ -1,0 +1,174 @@
+#include "platform/ui/controls.h"
+
+#include "platform/ui/window.h"
+
+#include <algorithm>
+
+namespace opd::ui {
+
+void TextBox::setText(const std::string& text) {
+    if (text == m_text)
+        return;
+    m_text = text;
+    tellView(Aspect::Text);
+    raiseChange();
+}
+
+namespace {
+
+/// The text laid into the mask, or the empty mask when it does not fit.
+std::string masked(const std::string& text) {
+    if (text.size() != MaskedBox::mask.size())
+        return std::string{blankDateText};
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool digitPlace = MaskedBox::mask[i] == '#';
+        const bool digitOrBlank = text[i] == ' ' || (text[i] >= '0' && text[i] <= '9');
+        if (digitPlace ? !digitOrBlank : text[i] != MaskedBox::mask[i])
+            return std::string{blankDateText};
+    }
+    return text;
+}
+
+} // namespace
+
+void MaskedBox::setText(const std::string& text) {
+    const std::string fitted = masked(text);
+    if (fitted == m_text)
+        return;
+    m_text = fitted;
+    tellView(Aspect::Text);
+    raiseChange();
+}
+
+void DatePicker::setValue(const DateTime& value) {
+    if (value == m_value)
+        return;
+    m_value = value;
+    tellView(Aspect::Text);
+    raiseChange();
+}
+
+std::string DatePicker::text() const {
+    return m_format == Format::Date ? dateText(m_value) : timeText(m_value);
+}
+
+void ComboBox::add(const std::string& item) {
+    m_items.push_back(item);
+    tellView(Aspect::Items);
+}
+
+void ComboBox::setText(const std::string& text) {
+    if (text == m_text)
+        return;
+    m_text = text;
+    const auto entry = std::find(m_items.begin(), m_items.end(), text);
+    m_index = entry == m_items.end() ? -1 : static_cast<int>(entry - m_items.begin());
+    tellView(Aspect::Text);
+    raiseChange();
+}
+
+void ComboBox::select(int index) {
+    const std::string& entry = m_items.at(static_cast<std::size_t>(index));
+    if (index == m_index)
+        return;
+    m_text = entry;
+    m_index = index; // entries may read alike, so the position is kept and not looked up
+    tellView(Aspect::Text);
+    raiseChange();
+}
+
+void ComboBox::picked(int index) {
+    select(index);
+    clicked();
+}
+
+std::vector<OptionButton*> OptionButton::group() const {
+    std::vector<OptionButton*> options;
+    for (Control* member : container()->members())
+        if (auto* option = dynamic_cast<OptionButton*>(member))
+            options.push_back(option);
+    return options;
+}
+
+void OptionButton::setSelected(bool selected) {
+    if (selected == m_selected)
+        return;
+    if (selected)
+        for (OptionButton* other : group())
+            other->setSelected(false);
+    m_selected = selected;
+    tellView(Aspect::Checked);
+}
+
+void OptionButton::clicked() {
+    setSelected(true);
+    Control::clicked();
+}
+
+bool OptionButton::handleKey(char32_t code) {
+    if (code != key::space)
+        return false;
+    clicked();
+    return true;
+}
+
+void CheckBox::setValue(int value) {
+    if (value == m_value)
+        return;
+    m_value = value;
+    tellView(Aspect::Checked);
+}
+
+void CheckBox::clicked() {
+    setChecked(!checked());
+    Control::clicked();
+}
+
+bool CheckBox::handleKey(char32_t code) {
+    if (code != key::space)
+        return false;
+    clicked();
+    return true;
+}
+
+bool Button::handleKey(char32_t code) {
+    if (code != key::space && code != key::enter)
+        return false;
+    clicked();
+    return true;
+}
+
+Page::Page(Tabs& tabs, std::string name, std::string caption)
+    : Container(Kind::Page, &tabs, std::move(name), std::move(caption)), m_tabs(tabs),
+      m_index(static_cast<int>(tabs.m_pages.size())) {
+    tabs.m_pages.push_back(this);
+}
+
+bool Page::isCurrent() const {
+    return m_tabs.current() == m_index;
+}
+
+void Tabs::show(int index) {
+    const Page& page = *m_pages.at(static_cast<std::size_t>(index));
+    if (index == m_current || !page.isUsable() || !page.visible())
+        return;
+    m_current = index;
+    tellView(Aspect::CurrentPage);
+    raiseChange();
+}
+
+std::string Tabs::shownText() const {
+    return m_pages.at(static_cast<std::size_t>(m_current))->caption();
+}
+
+void Timer::start() {
+    m_running = true;
+    tellView(Aspect::Running);
+}
+
+void Timer::stop() {
+    m_running = false;
+    tellView(Aspect::Running);
+}
+
+} // namespace opd::ui

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace opd::ui {
+
+class Window;
+
+enum class Icon { None, Critical, Question, Exclamation, Information };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Answer { Ok, Cancel, Yes, No };
+
+/// A message that the clerk must answer before anything goes on.
+struct Message {
+    std::string text;
+    std::string caption = "OPD Registration"; ///< the title of the box; the default is the module's own
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+    std::optional<Answer> defaultAnswer; ///< what Enter answers; the first button when not set
+};
+
+/// The screen, keyboard and loudspeaker of the workstation, or what stands in for them.
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+
+    /// Loads the window if that is still to be done, shows it and returns when it is unloaded. The clerk reaches no
+    /// other window of the module meanwhile.
+    virtual void showModal(Window& window) = 0;
+
+    /// Loads the window if that is still to be done, shows it and returns at once.
+    virtual void show(Window& window) = 0;
+
+    /// Returns when no window is shown any more.
+    virtual void waitForWindows() = 0;
+
+    /// Shows the message over the current window and returns the clerk's answer. Closing the box by other means answers
+    /// Cancel where there is such a button, No with Yes and No, and OK otherwise.
+    virtual Answer ask(const Message& message) = 0;
+
+    virtual void beep() = 0;
+
+    /// Shows the busy or the normal pointer.
+    virtual void setBusy(bool busy) = 0;
+
+    /// True while the busy pointer shows.
+    virtual bool isBusy() const = 0;
+
+    /// Why the desktop gave up (a script that failed), when it has; every window is closed then.
+    virtual std::optional<std::string> failure() const { return std::nullopt; }
+};
+
+/// Shows the busy pointer until the end of its scope, and then what showed before.
+class BusyPointer {
+  public:
+    explicit BusyPointer(Desktop& desktop) : m_desktop(desktop), m_before(desktop.isBusy()) { m_desktop.setBusy(true); }
+    ~BusyPointer() { m_desktop.setBusy(m_before); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+  private:
+    Desktop& m_desktop;
+    bool m_before;
+};
+
+} // namespace opd::ui

@@ -1,0 +1,21 @@
+#pragma once
+
+namespace opd::ui {
+
+/// Character codes of the keys that a window looks at by name.
+namespace key {
+inline constexpr char32_t backspace = 8;
+inline constexpr char32_t tab = 9;
+inline constexpr char32_t enter = 13;
+inline constexpr char32_t escape = 27;
+inline constexpr char32_t space = U' ';
+} // namespace key
+
+/// A typed character on its way to a control. A handler may put another character in its place or drop it with 0.
+struct KeyPress {
+    char32_t code = 0;
+
+    void drop() { code = 0; }
+};
+
+} // namespace opd::ui

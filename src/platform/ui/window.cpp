@@ -1,0 +1,359 @@
+#include "platform/ui/window.h"
+
+#include "platform/text/text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace opd::ui {
+
+namespace {
+
+/// The page that holds a control, or null.
+Page* pageOf(Control& control) {
+    for (Container* outer = control.container(); outer != nullptr; outer = outer->container())
+        if (outer->kind() == Kind::Page)
+            return static_cast<Page*>(outer);
+    return nullptr;
+}
+
+void showPageOf(Control& control) {
+    if (Page* page = pageOf(control))
+        static_cast<Tabs&>(*page->container()).show(page->index());
+}
+
+/// True when Tab stops here: of a group of options only at the selected one, or at the first when none is.
+bool isTabStop(const Control& control) {
+    if (!control.tabStop || !control.canTakeFocus())
+        return false;
+    if (control.kind() != Kind::OptionButton)
+        return true;
+    const auto& option = static_cast<const OptionButton&>(control);
+    const std::vector<OptionButton*> group = option.group();
+    const auto selected = std::find_if(group.begin(), group.end(), [](const auto* other) {
+        return other->selected() && other->canTakeFocus();
+    });
+    if (selected != group.end())
+        return *selected == &option;
+    const auto first =
+        std::find_if(group.begin(), group.end(), [](const auto* other) { return other->canTakeFocus(); });
+    return *first == &option;
+}
+
+bool sameOptionGroup(const Control& left, const Control& right) {
+    return left.kind() == Kind::OptionButton && right.kind() == Kind::OptionButton &&
+           left.container() == right.container();
+}
+
+} // namespace
+
+// Runs one event. What it throws is reported and ends it; a Tab that it asked for follows when it is done.
+template <class Handler>
+bool Window::handle(Handler&& handler) {
+    const bool outermost = !m_handling;
+    m_handling = true;
+    if (outermost)
+        m_pendingTab = false;
+    bool succeeded = true;
+    try {
+        handler();
+    } catch (const std::exception& failure) {
+        if (!outermost || !onFailure) {
+            m_handling = !outermost;
+            throw;
+        }
+        succeeded = false;
+        m_pendingTab = false;
+        onFailure(failure);
+    }
+    if (outermost) {
+        m_handling = false;
+        if (std::exchange(m_pendingTab, false) && m_open)
+            pressTab(false);
+    }
+    return succeeded;
+}
+
+void Window::load() {
+    if (m_loaded)
+        return;
+    m_loaded = true;
+    // A window may be loaded again while a handler that unloaded it still runs further up; its new life starts afresh.
+    m_handling = false;
+    m_pendingTab = false;
+    m_focus = nullptr;
+    if (!onLoad)
+        return;
+    try {
+        onLoad();
+    } catch (...) {
+        m_loaded = false;
+        throw;
+    }
+}
+
+void Window::unload() {
+    if (!m_loaded)
+        return;
+    m_loaded = false;
+    m_open = false;
+    m_focus = nullptr;
+    WindowView* const view = std::exchange(m_view, nullptr);
+    if (onUnload)
+        onUnload();
+    if (view != nullptr)
+        view->closed();
+}
+
+void Window::opened(WindowView& view) {
+    m_view = &view;
+    m_open = true;
+    Control* const wanted = std::exchange(m_focus, nullptr);
+    handle([&] { giveFocus(wanted != nullptr && wanted->canTakeFocus() ? wanted : neighbour(false)); });
+}
+
+void Window::setFocus(Control& target) {
+    if (!target.canTakeFocus())
+        return;
+    m_pendingTab = false;
+    m_focusSetByProgram = true;
+    if (m_open)
+        giveFocus(&target);
+    else
+        m_focus = &target;
+}
+
+Control* Window::find(const std::string& name) const {
+    std::vector<Control*> everything;
+    collect(everything);
+    const auto found =
+        std::find_if(everything.begin(), everything.end(), [&](const Control* control) { return control->name() == name; });
+    return found == everything.end() ? nullptr : *found;
+}
+
+char32_t Window::pressKey(char32_t code) {
+    if (m_handling)
+        return 0;
+    KeyPress press{code};
+    handle([&] {
+        Control* const target = m_focus;
+        if (code == key::escape && cancelButton != nullptr && cancelButton->isShown() && cancelButton->isUsable()) {
+            press.drop();
+            cancelButton->clicked();
+            return;
+        }
+        if (keyPreview && onKeyPress)
+            onKeyPress(press);
+        if (target == nullptr || press.code == 0)
+            return;
+        if (target->onKeyPress)
+            target->onKeyPress(press);
+        if (press.code != 0 && target->handleKey(press.code))
+            press.drop();
+        else if (press.code == key::enter && defaultButton != nullptr && defaultButton->isShown() &&
+                 defaultButton->isUsable() && target->kind() != Kind::Grid)
+            defaultButton->clicked();
+    });
+    return press.code;
+}
+
+void Window::pressTab(bool backward) {
+    if (m_handling)
+        return;
+    if (Control* target = neighbour(backward))
+        requestFocus(*target);
+}
+
+bool Window::pressAccessKey(char32_t character) {
+    if (m_handling)
+        return false;
+    std::vector<Control*> everything;
+    collect(everything);
+    const char32_t wanted = text::upper(character);
+    for (Control* control : everything) {
+        if (!control->isShown() || !control->canTakeFocus() || accessKeyOf(control->caption()) != wanted)
+            continue;
+        const Kind kind = control->kind();
+        if (kind == Kind::Button || kind == Kind::CheckBox || kind == Kind::OptionButton)
+            click(*control);
+        else
+            requestFocus(*control);
+        return true;
+    }
+    return false;
+}
+
+bool Window::pressArrow(bool backward) {
+    if (m_handling || m_focus == nullptr || m_focus->kind() != Kind::OptionButton)
+        return false;
+    std::vector<OptionButton*> group = static_cast<OptionButton*>(m_focus)->group();
+    if (backward)
+        std::reverse(group.begin(), group.end());
+    const auto here = std::find(group.begin(), group.end(), m_focus);
+    std::rotate(group.begin(), here, group.end());
+    const auto next =
+        std::find_if(group.begin() + 1, group.end(), [](const auto* option) { return option->canTakeFocus(); });
+    if (next != group.end())
+        click(**next);
+    return true;
+}
+
+void Window::turnPage(bool backward) {
+    std::vector<Control*> everything;
+    collect(everything);
+    const auto found =
+        std::find_if(everything.begin(), everything.end(), [](const auto* control) { return control->kind() == Kind::Tabs; });
+    if (found == everything.end())
+        return;
+    auto& tabs = static_cast<Tabs&>(**found);
+    const int count = static_cast<int>(tabs.pages().size());
+    for (int step = 1; step < count; ++step) {
+        const int index = (tabs.current() + (backward ? count - step : step)) % count;
+        const Page& page = *tabs.pages()[static_cast<std::size_t>(index)];
+        if (page.visible() && page.isUsable()) {
+            pickPage(tabs, index);
+            return;
+        }
+    }
+}
+
+void Window::pickPage(Tabs& tabs, int index) {
+    if (m_handling)
+        return;
+    std::vector<Control*> onPage;
+    tabs.pages().at(static_cast<std::size_t>(index))->collect(onPage);
+    const auto first = std::find_if(onPage.begin(), onPage.end(), [](const auto* control) { return isTabStop(*control); });
+    if (first != onPage.end())
+        requestFocus(**first);
+    else
+        handle([&] { tabs.show(index); });
+}
+
+bool Window::click(Control& control) {
+    if (m_handling || !control.isShown() || !control.isUsable())
+        return false;
+    if (control.canTakeFocus() && !requestFocus(control))
+        return false;
+    return handle([&] { control.clicked(); });
+}
+
+void Window::doubleClick(Grid& grid) {
+    if (m_handling || !grid.isShown() || !grid.isUsable())
+        return;
+    handle([&] {
+        if (grid.onDoubleClick)
+            grid.onDoubleClick();
+    });
+}
+
+bool Window::requestFocus(Control& target) {
+    if (m_handling || !target.canTakeFocus())
+        return false;
+    if (&target == m_focus)
+        return true;
+    bool moved = false;
+    handle([&] {
+        if (!mayLeaveFor(target) || !m_open)
+            return;
+        giveFocus(&target);
+        moved = m_focus == &target;
+    });
+    return moved;
+}
+
+bool Window::mayLeaveFor(const Control& target) {
+    if (m_focus == nullptr || !m_focus->onValidate || !target.causesValidation)
+        return true;
+    m_focusSetByProgram = false;
+    bool refuse = false;
+    m_focus->onValidate(refuse);
+    return !refuse && !m_focusSetByProgram;
+}
+
+void Window::giveFocus(Control* target) {
+    if (target == m_focus && target != nullptr) {
+        if (m_view != nullptr)
+            m_view->focusMoved(target);
+        return;
+    }
+    if (Control* left = std::exchange(m_focus, nullptr); left != nullptr && left->onLostFocus)
+        left->onLostFocus();
+    if (!m_open || m_focus != nullptr || target == nullptr)
+        return;
+    m_focus = target;
+    showPageOf(*target);
+    if (m_view != nullptr)
+        m_view->focusMoved(target);
+    if (target->onGotFocus)
+        target->onGotFocus();
+}
+
+Control* Window::neighbour(bool backward) const {
+    std::vector<Control*> order;
+    collect(order);
+    if (backward)
+        std::reverse(order.begin(), order.end());
+    const auto here = std::find(order.begin(), order.end(), m_focus);
+    if (here != order.end())
+        std::rotate(order.begin(), here, order.end());
+    for (Control* candidate : order)
+        if (candidate != m_focus && isTabStop(*candidate) &&
+            (m_focus == nullptr || !sameOptionGroup(*m_focus, *candidate)))
+            return candidate;
+    return nullptr;
+}
+
+void Window::edited(TextBox& box, const std::string& text) {
+    handle([&] { box.setText(text); });
+}
+
+void Window::edited(MaskedBox& box, const std::string& text) {
+    handle([&] { box.setText(text); });
+}
+
+void Window::edited(DatePicker& picker, const DateTime& value) {
+    handle([&] { picker.setValue(value); });
+}
+
+void Window::picked(ComboBox& box, int index) {
+    handle([&] { box.picked(index); });
+}
+
+void Window::pickedRow(Grid& grid, int row) {
+    handle([&] { grid.setCurrentRow(row); });
+}
+
+void Window::tick(Timer& timer) {
+    if (m_handling || !timer.running())
+        return;
+    handle([&] {
+        if (timer.onTick)
+            timer.onTick();
+    });
+}
+
+void Window::requestClose() {
+    if (m_handling)
+        return;
+    handle([&] {
+        if (onCloseRequest)
+            onCloseRequest();
+        else
+            unload();
+    });
+}
+
+void Window::tellView(Control& control, Aspect aspect) {
+    if (m_view != nullptr)
+        m_view->changed(control, aspect);
+}
+
+void Window::leaveUnusable() {
+    if (!m_open || m_focus == nullptr || m_focus->canTakeFocus())
+        return;
+    Control* const next = neighbour(false);
+    m_focus = nullptr;
+    giveFocus(next);
+}
+
+} // namespace opd::ui

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "platform/ui/controls.h"
+#include "platform/ui/grid.h"
+
+#include <exception>
+#include <functional>
+#include <string>
+
+namespace opd::ui {
+
+/// What shows a window on a desktop. It holds no rule: it forwards raw input to the window and shows what it is told.
+class WindowView {
+  public:
+    virtual ~WindowView() = default;
+
+    /// Something of a control (or of the window itself: caption) has changed.
+    virtual void changed(Control& control, Aspect aspect) = 0;
+
+    /// The focus is now at this control, or nowhere. A field that got it has its content selected.
+    virtual void focusMoved(Control* control) = 0;
+
+    /// The window is unloaded; the view disappears. The window does not use it any more.
+    virtual void closed() = 0;
+};
+
+/// The model of a window: its controls, who has the focus, and the rules by which keys and the focus move. Every
+/// desktop forwards the clerk's input to the members under "The clerk's input", so all desktops behave alike.
+///
+/// The rules: before the focus leaves a control by the clerk's doing, the control's validation is asked and may keep it;
+/// a target that causes no validation (Cancel, Close) is reached without. A move by program asks nobody. A window that
+/// previews keys sees every typed character before the control that has the focus. A failure in a handler goes to
+/// `onFailure` and ends that event; a validation that fails keeps the focus.
+class Window : public Container {
+  public:
+    Window(std::string name, std::string caption) : Container(Kind::Window, nullptr, std::move(name), std::move(caption)) {}
+
+    std::function<void()> onLoad;
+    std::function<void()> onUnload;
+    std::function<void(KeyPress&)> onKeyPress;           ///< previews every character while `keyPreview` is set
+    std::function<void()> onCloseRequest;                ///< the clerk closes the frame; unloads when there is none
+    std::function<void(const std::exception&)> onFailure; ///< a handler let a failure through
+    bool keyPreview = true;
+    Button* cancelButton = nullptr; ///< Esc presses it
+    Button* defaultButton = nullptr; ///< Enter presses it outside other buttons
+
+    // Life
+
+    /// Runs `onLoad` once until the window is unloaded. A failure passes to the caller and leaves it unloaded.
+    void load();
+    void unload();
+    bool isLoaded() const { return m_loaded; }
+
+    /// True while a desktop shows it.
+    bool isOpen() const { return m_open; }
+
+    /// For desktops: the window is shown by `view` from now on. Gives the focus to the control that asked for it while
+    /// loading, or to the first one.
+    void opened(WindowView& view);
+
+    // Focus and keys, by program
+
+    Control* focus() const { return m_focus; }
+
+    /// Moves the focus without asking anybody, and shows the page of the target. Before the window is shown, the last
+    /// request is kept until then. A target that cannot take the focus is ignored.
+    void setFocus(Control& target);
+
+    /// Moves the focus on, as the Tab key does, when the event being handled is done. A later setFocus in the same
+    /// event takes its place.
+    void sendTab() { m_pendingTab = true; }
+
+    /// The control of a name, or null.
+    Control* find(const std::string& name) const;
+
+    // The clerk's input, forwarded by desktops. Input that arrives while a handler of this window runs is ignored.
+
+    /// A typed character. Returns the character that the control is to take, 0 for none.
+    char32_t pressKey(char32_t code);
+
+    /// Tab, or Shift+Tab.
+    void pressTab(bool backward);
+
+    /// Alt with a character. False when no control that is shown has that access key.
+    bool pressAccessKey(char32_t character);
+
+    /// An arrow key in a group of options: selects the next one, or the one before. False elsewhere.
+    bool pressArrow(bool backward);
+
+    /// Shows the next or previous usable page, as Ctrl+Tab does, and moves the focus to its first field.
+    void turnPage(bool backward);
+
+    /// A click on a tab.
+    void pickPage(Tabs& tabs, int index);
+
+    /// A mouse click on a control. The focus moves there first; when that is refused, nothing is clicked.
+    bool click(Control& control);
+    void doubleClick(Grid& grid);
+
+    /// The clerk moves the focus to a control. False when the move was refused.
+    bool requestFocus(Control& target);
+
+    /// New content of a field, after every filter.
+    void edited(TextBox& box, const std::string& text);
+    void edited(MaskedBox& box, const std::string& text);
+    void edited(DatePicker& picker, const DateTime& value);
+    void picked(ComboBox& box, int index);
+    void pickedRow(Grid& grid, int row);
+    void tick(Timer& timer);
+
+    /// The clerk closes the window by its frame.
+    void requestClose();
+
+    // For controls
+
+    void tellView(Control& control, Aspect aspect);
+
+    /// Moves the focus on when its control has become hidden or disabled.
+    void leaveUnusable();
+
+  private:
+    template <class Handler>
+    bool handle(Handler&& handler);
+    bool mayLeaveFor(const Control& target);
+    void giveFocus(Control* target);
+    Control* neighbour(bool backward) const;
+
+    WindowView* m_view = nullptr;
+    Control* m_focus = nullptr;
+    bool m_loaded = false;
+    bool m_open = false;
+    bool m_handling = false;
+    bool m_pendingTab = false;
+    bool m_focusSetByProgram = false;
+};
+
+} // namespace opd::ui

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "platform/ui/controls.h"
+
+namespace opd::registration {
+
+/// Tab "Consultation Information": what the patient comes for, who attends, and the vital signs.
+struct ConsultationTab {
+    explicit ConsultationTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups,
+                             ui::ControlArray<ui::TextBox>& complaints)
+        : page(tabs, "pageConsultation", "Consultation Information"), cmdSearch(lookups), txtChiefComplaint(complaints) {}
+
+    ui::Page page;
+    ui::ControlArray<ui::Button>& cmdSearch;
+    ui::ControlArray<ui::TextBox>& txtChiefComplaint;
+
+    ui::Frame chiefComplaint{page, "fraChiefComplaint", "Cheif Complaint"};
+    ui::ControlArray<ui::TextBox> txtChiefComplaintID{"txtChiefComplaintID"};
+    ui::TextBox& chiefComplaintCode = txtChiefComplaintID.add(chiefComplaint, 0);
+    ui::ControlArray<ui::Button> cmdSearchChiefComplaint{"cmdSearchChiefComplaint"};
+    ui::Button& searchChiefComplaint = cmdSearchChiefComplaint.add(chiefComplaint, 0, "...");
+    ui::TextBox& chiefComplaintText = txtChiefComplaint.add(chiefComplaint, 0);
+
+    ui::Frame services{page, "fraServices", "Services"};
+    ui::ControlArray<ui::TextBox> txtService{"txtService"};
+    ui::TextBox& serviceCode1 = txtService.add(services, 0, "1");
+    ui::Button& searchService1 = cmdSearch.add(services, 0, "...");
+    ui::TextBox& serviceName1 = txtService.add(services, 1);
+    ui::TextBox& serviceCode2 = txtService.add(services, 2, "2");
+    ui::Button& searchService2 = cmdSearch.add(services, 1, "...");
+    ui::TextBox& serviceName2 = txtService.add(services, 3);
+    ui::TextBox& serviceCode3 = txtService.add(services, 4, "3");
+    ui::Button& searchService3 = cmdSearch.add(services, 2, "...");
+    ui::TextBox& serviceName3 = txtService.add(services, 5);
+
+    ui::Frame causes{page, "fraCauses", "Causes of Consultation"};
+    ui::TextBox txtCauseofConsultationID1{causes, "txtCauseofConsultationID1", "1"};
+    ui::Button cmdCauseofConsultation1{causes, "cmdCauseofConsultation1", "..."};
+    ui::TextBox txtCauseofConsultation1{causes, "txtCauseofConsultation1"};
+    ui::TextBox txtCauseofConsultationID2{causes, "txtCauseofConsultationID2", "2"};
+    ui::Button cmdCauseofConsultation2{causes, "cmdCauseofConsultation2", "..."};
+    ui::TextBox txtCauseofConsultation2{causes, "txtCauseofConsultation2"};
+    ui::TextBox txtCauseofConsultationID3{causes, "txtCauseofConsultationID3", "3"};
+    ui::Button cmdCauseofConsultation3{causes, "cmdCauseofConsultation3", "..."};
+    ui::TextBox txtCauseofConsultation3{causes, "txtCauseofConsultation3"};
+
+    ui::Frame doctors{page, "fraDoctors", "Attending Doctors"};
+    ui::ControlArray<ui::TextBox> txtDoctor{"txtDoctor"};
+    ui::TextBox& doctorCode1 = txtDoctor.add(doctors, 0, "1");
+    ui::Button& searchDoctor1 = cmdSearch.add(doctors, 6, "...");
+    ui::TextBox& doctorName1 = txtDoctor.add(doctors, 1);
+    ui::TextBox& doctorCode2 = txtDoctor.add(doctors, 2, "2");
+    ui::Button& searchDoctor2 = cmdSearch.add(doctors, 7, "...");
+    ui::TextBox& doctorName2 = txtDoctor.add(doctors, 3);
+    ui::ControlArray<ui::TextBox> txtAddDoctor{"txtAddDoctor"};
+    ui::TextBox& doctorCode3 = txtAddDoctor.add(doctors, 0, "3");
+    ui::Button& searchDoctor3 = cmdSearch.add(doctors, 15, "...");
+    ui::TextBox& doctorName3 = txtAddDoctor.add(doctors, 1);
+    ui::TextBox& doctorCode4 = txtAddDoctor.add(doctors, 2, "4");
+    ui::Button& searchDoctor4 = cmdSearch.add(doctors, 16, "...");
+    ui::TextBox& doctorName4 = txtAddDoctor.add(doctors, 3);
+    ui::TextBox& doctorCode5 = txtAddDoctor.add(doctors, 4, "5");
+    ui::Button& searchDoctor5 = cmdSearch.add(doctors, 17, "...");
+    ui::TextBox& doctorName5 = txtAddDoctor.add(doctors, 5);
+
+    ui::Frame vitalSigns{page, "fraVitalSign", "Vital Sign"};
+    ui::ControlArray<ui::TextBox> txtBP{"txtBP"};
+    ui::TextBox& systolic = txtBP.add(vitalSigns, 0, "B.P.", 3);
+    ui::TextBox& diastolic = txtBP.add(vitalSigns, 1, "/", 3);
+    ui::TextBox txtTemperature{vitalSigns, "txtTemperature", "Temperature"};
+    ui::TextBox txtPR{vitalSigns, "txtPR", "Pulse Rate"};
+    ui::TextBox txtRespRate{vitalSigns, "txtRespRate", "Resp. Rate"};
+    ui::TextBox txtHeight{vitalSigns, "txtHeight", "Height"};
+    ui::TextBox txtWeight{vitalSigns, "txtWeight", "Weight"};
+    ui::TextBox txtBloodType{vitalSigns, "txtBloodType", "Blood Type"};
+
+    ui::Frame unit{page, "fraUnit", "Unit"};
+    ui::OptionButton optLying{unit, "optLying", "Lying In"};
+    ui::OptionButton optEndoscopy{unit, "optEndoscopy", "Endoscopy"};
+    ui::OptionButton optMiniOR{unit, "optMiniOR", "Mini OR"};
+    ui::OptionButton optDiabetes{unit, "optDiabetes", "Diabetes Educ. Clinic"};
+
+    ui::Frame consultationType{page, "fraConsType", "Consultation Type"};
+    ui::ControlArray<ui::OptionButton> optConsType{"optConsType"};
+    ui::OptionButton& withBill = optConsType.add(consultationType, 1, "With Bill");
+    ui::OptionButton& withoutBill = optConsType.add(consultationType, 0, "Without Bill");
+
+    ui::Frame patientType{page, "fraPatientType", "Patient Type"};
+    ui::ControlArray<ui::OptionButton> optPatientType{"optPatientType"};
+    ui::OptionButton& corvaneType = optPatientType.add(patientType, 2, "CORVANE");
+    ui::OptionButton& regularType = optPatientType.add(patientType, 3, "Regular");
+
+    ui::Frame informant{page, "fraInformant", "Informant"};
+    ui::ControlArray<ui::TextBox> txtInformant{"txtInformant"};
+    ui::TextBox& informantName = txtInformant.add(informant, 0, "Name", 50);
+    ui::TextBox& informantAddress = txtInformant.add(informant, 1, "Address", 50);
+    ui::TextBox& informantTelephone = txtInformant.add(informant, 2, "Tel. #", 15);
+    ui::TextBox& informantRelation = txtInformant.add(informant, 3, "Rel.to Px", 30);
+
+    ui::Frame guarantor{page, "fraGuarantor", "Responsible for the Patient's Account "};
+    ui::ControlArray<ui::TextBox> txtGuarantor{"txtGuarantor"};
+    ui::TextBox& guarantorName = txtGuarantor.add(guarantor, 0, "Name", 50);
+    ui::TextBox& guarantorAddress = txtGuarantor.add(guarantor, 1, "Address", 50);
+    ui::TextBox& guarantorTelephone = txtGuarantor.add(guarantor, 3, "Tel. #", 50);
+    ui::TextBox& guarantorEmployer = txtGuarantor.add(guarantor, 2, "Employer", 15);
+    ui::TextBox& guarantorEmployerAddress = txtGuarantor.add(guarantor, 4, "Emp. Add.", 15);
+};
+
+} // namespace opd::registration

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/ui/controls.h"
+#include "platform/ui/grid.h"
+
+namespace opd::registration {
+
+/// Tab "Employment & Dependent".
+struct EmploymentTab {
+    explicit EmploymentTab(ui::Tabs& tabs) : page(tabs, "pageEmployment", "Employment && Dependent") {}
+
+    ui::Page page;
+
+    ui::Frame philHealth{page, "fraPHIC", "With Phil Health?"};
+    ui::ControlArray<ui::OptionButton> optPHIC{"optPHIC"};
+    ui::OptionButton& philHealthYes = optPHIC.add(philHealth, 0, "Yes");
+    ui::OptionButton& philHealthNo = optPHIC.add(philHealth, 1, "No");
+
+    ui::Frame employed{page, "fraEmployed", "Employed?"};
+    ui::ControlArray<ui::OptionButton> optEmployed{"optEmployed"};
+    ui::OptionButton& employedYes = optEmployed.add(employed, 0, "Yes");
+    ui::OptionButton& employedNo = optEmployed.add(employed, 1, "No");
+
+    ui::Frame type{page, "fraType", "Type"};
+    ui::ControlArray<ui::OptionButton> optType{"optType"};
+    ui::OptionButton& selfEmployed = optType.add(type, 0, "Self- Employed");
+    ui::OptionButton& privateSector = optType.add(type, 1, "Private");
+    ui::OptionButton& government = optType.add(type, 2, "Government");
+
+    ui::Frame location{page, "fraLocation", "Location"};
+    ui::ControlArray<ui::OptionButton> optLocation{"optLocation"};
+    ui::OptionButton& local = optLocation.add(location, 0, "Local");
+    ui::OptionButton& abroad = optLocation.add(location, 1, "Abroad");
+
+    ui::Frame employer{page, "fraEmployer", "Employer"};
+    ui::ControlArray<ui::TextBox> txtEmployer{"txtEmployer"};
+    ui::TextBox& employerName = txtEmployer.add(employer, 0, "Name", 50);
+    ui::TextBox& employerAddress = txtEmployer.add(employer, 1, "Address", 50);
+    ui::TextBox& employerTelephone = txtEmployer.add(employer, 2, "Tel. #", 15);
+    ui::TextBox& employerFax = txtEmployer.add(employer, 3, "Fax. #", 15);
+    ui::TextBox& position = txtEmployer.add(employer, 4, "Position", 50);
+    ui::TextBox txtEmployerEmail{employer, "txtEmployerEmail", "E-mail"};
+
+    ui::Frame dependents{page, "fraDependents", "Dependent/s"};
+    ui::Grid mshDependents{dependents, "mshDependents"};
+    ui::MaskedBox txtEntry{dependents, "txtEntry"};
+};
+
+} // namespace opd::registration

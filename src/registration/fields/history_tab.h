@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/ui/controls.h"
+
+namespace opd::registration {
+
+/// Tab "Diagnosis & History".
+struct HistoryTab {
+    explicit HistoryTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups, ui::ControlArray<ui::TextBox>& complaints)
+        : page(tabs, "pageHistory", "Diagnosis && History"), cmdSearch(lookups), txtChiefComplaint(complaints) {
+        for (ui::TextBox* box : {&complaint, &txtDiagnosis})
+            box->multiLine = true;
+    }
+
+    ui::Page page;
+    ui::ControlArray<ui::Button>& cmdSearch;
+    ui::ControlArray<ui::TextBox>& txtChiefComplaint;
+
+    ui::Frame complaintFrame{page, "fraComplaint", "Chief Complaint"};
+    ui::TextBox& complaint = txtChiefComplaint.add(complaintFrame, 1);
+
+    ui::Frame diagnosis{page, "fraDiagnosis", "Admitting Diagnosis"};
+    ui::TextBox txtDiagnosis{diagnosis, "txtDiagnosis"};
+
+    ui::Frame allergies{page, "fraAllergies", "Allergies"};
+    ui::ControlArray<ui::TextBox> txtAllergy{"txtAllergy"};
+    ui::TextBox& allergyCode1 = txtAllergy.add(allergies, 0, "1");
+    ui::Button& searchAllergy1 = cmdSearch.add(allergies, 10, "...");
+    ui::TextBox& allergyName1 = txtAllergy.add(allergies, 5);
+    ui::TextBox& allergyCode2 = txtAllergy.add(allergies, 1, "2");
+    ui::Button& searchAllergy2 = cmdSearch.add(allergies, 11, "...");
+    ui::TextBox& allergyName2 = txtAllergy.add(allergies, 6);
+    ui::TextBox& allergyCode3 = txtAllergy.add(allergies, 2, "3");
+    ui::Button& searchAllergy3 = cmdSearch.add(allergies, 12, "...");
+    ui::TextBox& allergyName3 = txtAllergy.add(allergies, 7);
+    ui::TextBox& allergyCode4 = txtAllergy.add(allergies, 3, "4");
+    ui::Button& searchAllergy4 = cmdSearch.add(allergies, 13, "...");
+    ui::TextBox& allergyName4 = txtAllergy.add(allergies, 8);
+    ui::TextBox& allergyCode5 = txtAllergy.add(allergies, 4, "5");
+    ui::Button& searchAllergy5 = cmdSearch.add(allergies, 14, "...");
+    ui::TextBox& allergyName5 = txtAllergy.add(allergies, 9);
+
+    ui::Frame lastMenstruation{page, "fraLMP", "Last Menstruation Period"};
+    ui::MaskedBox txtLMP{lastMenstruation, "txtLMP"};
+
+    ui::Frame medicalHistory{page, "fraMedHistory", "Medical History"};
+    ui::ControlArray<ui::CheckBox> MedHistory{"MedHistory"};
+    ui::CheckBox& hypertension = MedHistory.add(medicalHistory, 0, "Hypertension");
+    ui::CheckBox& diabetes = MedHistory.add(medicalHistory, 1, "Diabetes");
+    ui::CheckBox& hepatitis = MedHistory.add(medicalHistory, 2, "Hepatitis");
+    ui::CheckBox& allergic = MedHistory.add(medicalHistory, 3, "Allergies");
+    ui::CheckBox& tuberculosis = MedHistory.add(medicalHistory, 4, "Tuberculosis");
+    ui::CheckBox& pepticUlcer = MedHistory.add(medicalHistory, 5, "Peptic Ulcer");
+    ui::CheckBox& bloodDisease = MedHistory.add(medicalHistory, 6, "Blood Disease");
+    ui::CheckBox& bronchialAsthma = MedHistory.add(medicalHistory, 7, "Bronchial Asthma");
+    ui::CheckBox& others = MedHistory.add(medicalHistory, 8, "Others");
+    ui::TextBox txtMedHistory{medicalHistory, "txtMedHistory", "", 100};
+};
+
+} // namespace opd::registration

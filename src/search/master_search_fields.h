@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/ui/controls.h"
+#include "platform/ui/grid.h"
+
+namespace opd::search {
+
+/// Every control of the search window, a line each, in the order in which a clerk meets them.
+struct MasterSearchFields {
+    explicit MasterSearchFields(ui::Container& form) : window(form) {}
+
+    ui::Container& window;
+
+    ui::Frame scan{window, "fraScan", "SCAN"};
+    ui::TextBox txtHospNum{scan, "txtHospNum", "HOSPITAL CARD NO."};
+
+    ui::Frame criteria{window, "fraCriteria", "Patient"};
+    ui::ControlArray<ui::TextBox> txtName{"txtName"};
+    ui::TextBox& lastName = txtName.add(criteria, 0, "&Last Name :");
+    ui::Frame sex{criteria, "fraSex", "Sex"};
+    ui::ControlArray<ui::OptionButton> Option1{"Option1"};
+    ui::OptionButton& male = Option1.add(sex, 0, "&Male");
+    ui::OptionButton& female = Option1.add(sex, 1, "&Female");
+    ui::MaskedBox txtBirthDate{criteria, "txtBirthDate", "&Date of Birth :"};
+    ui::Label lblBirthDateHint{criteria, "lblBirthDateHint", "MM/DD/YYYY"};
+    ui::TextBox txtAge{criteria, "txtAge", "Age"};
+    ui::TextBox txtBirthYear{criteria, "txtBirthYear", "Year"};
+    ui::ComboBox cboBirthMonth{criteria, "cboBirthMonth", "Month"};
+    ui::ComboBox cboBirthDay{criteria, "cboBirthDay"};
+
+    ui::Frame otherNumbers{window, "fraOtherNumbers", "Search Other No. :"};
+    ui::TextBox txtPHICNum{otherNumbers, "txtPHICNum", "PHIC No. :"};
+    ui::TextBox txtGSISNum{otherNumbers, "txtGSISNum", "GSIS No. :"};
+    ui::TextBox txtSSSNum{otherNumbers, "txtSSSNum", "SSS No. :"};
+
+    ui::ControlArray<ui::Button> Command1{"Command1"};
+    ui::Button& search = Command1.add(window, 0, "&Search");
+    ui::Button& newSearch = Command1.add(window, 1, "&New Search");
+
+    ui::Grid gridPatientList{window, "gridPatientList"};
+
+    ui::Button& newPatient = Command1.add(window, 3, "New &Patient");
+    ui::Button& close = Command1.add(window, 2, "&Close");
+
+    ui::Frame guideline{window, "fraGuideline", "Guideline:"};
+    ui::Label lblGuide{
+        guideline, "lblGuide",
+        "Computer records indicate that the following patient may have been confined in this hospital. Please verify "
+        "this with the patient/guardian, be certain to check the name, date of birth and address. If the patient(s) "
+        "displayed does not match the current admission, press ESC or Click on the 'Close' botton to continue. If the "
+        "patient appears on the list,  highlight the name and press ENTER or double click..."};
+
+    ui::Timer tmrBarCode{window, "tmrBarCode", 500};
+};
+
+} // namespace opd::search

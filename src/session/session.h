@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/clock/clock.h"
+#include "platform/settings/store.h"
+#include "platform/ui/desktop.h"
+#include "session/globals.h"
+
+#include <functional>
+#include <string>
+
+namespace opd {
+
+/// What a window or procedure needs of the world around it. All referenced objects outlive every window.
+struct Session {
+    Globals& globals;
+    ui::Desktop& desktop;
+    const Clock& clock;
+    const settings::Store& settings;
+
+    /// Creates a component by its programmatic identifier. Throws com::Error when it cannot be created.
+    std::function<com::Object(const std::string& programId)> createObject;
+
+    /// The shared connection. Throws ado::Error when the host has handed over none.
+    ado::Connection& connection() const;
+};
+
+} // namespace opd

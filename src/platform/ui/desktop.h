@@ -13,11 +13,11 @@ enum class Answer { Ok, Cancel, Yes, No };
 
 /// A message that the clerk must answer before anything goes on.
 struct Message {
-    std::string text;
+    std::string text = {};
     std::string caption = "OPD Registration"; ///< the title of the box; the default is the module's own
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
-    std::optional<Answer> defaultAnswer; ///< what Enter answers; the first button when not set
+    std::optional<Answer> defaultAnswer = std::nullopt; ///< what Enter answers; the first button when not set
 };
 
 /// The screen, keyboard and loudspeaker of the workstation, or what stands in for them.

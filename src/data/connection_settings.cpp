@@ -1,0 +1,45 @@
+#include "data/connection_settings.h"
+
+#include <stdexcept>
+
+namespace opd::data {
+
+namespace {
+
+std::string connectionString(const std::string& user, const std::string& password, const std::string& server,
+                             const std::string& catalog) {
+    const std::string logOn =
+        user.empty() ? ";Integrated Security=SSPI" : ";User ID=" + user + ";Password =" + password;
+    return "Provider=SQLOLEDB.8" + logOn + ";Persist Security Info=False;Initial Catalog=" + catalog +
+           ";Data Source=" + server;
+}
+
+} // namespace
+
+std::string connStr(const settings::Store& settings, int kind, const std::string& catalog) {
+    const auto stored = [&](const char* key) { return settings.get(settingsApplication, connectionSection, key); };
+    switch (kind) {
+    case 1:
+        return stored("User");
+    case 2:
+        return stored("Password");
+    case 3:
+        return stored("Server");
+    case 4:
+        return connectionString(stored("User"), stored("Password"), stored("Server"), catalog);
+    case 5:
+        return {};
+    default:
+        throw std::out_of_range("Subscript out of range");
+    }
+}
+
+void LoadConnection(Session& session) {
+    ado::Connection& connection = session.connection();
+    if (connection.State() > 0)
+        connection.Close();
+    connection.ConnectionString = connStr(session.settings, 4, "LABORATORY");
+    connection.Open(connStr(session.settings, 4, "LABORATORY"));
+}
+
+} // namespace opd::data

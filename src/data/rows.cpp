@@ -1,0 +1,48 @@
+#include "data/rows.h"
+
+#include "platform/ado/error.h"
+
+namespace opd::data {
+
+namespace {
+
+ado::Recordset open(const Session& session, const Statement& statement, ado::CursorLocation location,
+                    ado::CursorType cursor, ado::LockType lock) {
+    ado::Recordset rows;
+    rows.CursorLocation = location;
+    rows.Open(statement.str(), session.connection(), cursor, lock);
+    return rows;
+}
+
+} // namespace
+
+ado::Recordset openClient(const Session& session, const Statement& statement, ado::CursorType cursor,
+                          ado::LockType lock) {
+    return open(session, statement, ado::CursorLocation::Client, cursor, lock);
+}
+
+ado::Recordset openPlain(const Session& session, const Statement& statement, ado::CursorType cursor,
+                         ado::LockType lock) {
+    return open(session, statement, ado::CursorLocation::Unspecified, cursor, lock);
+}
+
+ado::Recordset execute(const Session& session, const Statement& statement) {
+    return session.connection().Execute(statement.str());
+}
+
+std::string textOf(const ado::Recordset& rows, std::string_view column) {
+    return rows.Fields(column).asText();
+}
+
+void reportFailure(const Session& session, const std::exception& failure) {
+    if (session.globals.gConnection && session.globals.gConnection->inTransaction()) {
+        try {
+            session.globals.gConnection->RollbackTrans();
+        } catch (const ado::Error&) { // a connection that is lost has rolled back by itself
+        }
+    }
+    session.desktop.setBusy(false);
+    session.desktop.ask({.text = failure.what(), .icon = ui::Icon::Critical});
+}
+
+} // namespace opd::data

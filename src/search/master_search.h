@@ -2,6 +2,8 @@
 
 #include "platform/ui/window.h"
 #include "search/master_search_fields.h"
+#include "search/patient_finder.h"
+#include "search/patient_opener.h"
 #include "search/registration_opener.h"
 #include "session/session.h"
 
@@ -16,19 +18,29 @@ class frmMasterSearch {
     MasterSearchFields& fields() { return m_fields; }
 
     /// Shows the window and returns when it is closed for good.
-    void showModal();
+    void showModal() { m_session.desktop.showModal(m_window); }
 
     /// True when the clerk closed the window without anything having been opened since it was loaded.
     bool closedByOperator() const { return m_closedByOperator; }
 
   private:
-    void bind();
+    void bindKeys();
+    void bindCriteria();
+    void bindActions();
     void load();
+    void blankFields();
+    void search();
+    void newSearch();
+    void openChosen();
+    void openNew(bool matchesShown);
+    void showDuplicate();
+    void clearOthers(const ui::Control& kept);
 
     Session& m_session;
-    RegistrationOpener& m_registration;
     ui::Window m_window{"frmMasterSearch", "Master Patient Search"};
     MasterSearchFields m_fields{m_window};
+    PatientFinder m_finder{m_session, m_fields};
+    PatientOpener m_opener;
     bool m_closedByOperator = false;
 };
 

@@ -4,7 +4,7 @@
 
 namespace opd::registration {
 
-/// Tab "Consultation Information": what the patient comes for, who attends, and the vital signs.
+/// Tab "Consultation Information": who pays and who tells, what the patient comes for, who attends, and the vital signs.
 struct ConsultationTab {
     explicit ConsultationTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups,
                              ui::ControlArray<ui::TextBox>& complaints)
@@ -13,6 +13,21 @@ struct ConsultationTab {
     ui::Page page;
     ui::ControlArray<ui::Button>& cmdSearch;
     ui::ControlArray<ui::TextBox>& txtChiefComplaint;
+
+    ui::Frame guarantor{page, "fraGuarantor", "Responsible for the Patient's Account "};
+    ui::ControlArray<ui::TextBox> txtGuarantor{"txtGuarantor"};
+    ui::TextBox& guarantorName = txtGuarantor.add(guarantor, 0, "Name", 50);
+    ui::TextBox& guarantorAddress = txtGuarantor.add(guarantor, 1, "Address", 50);
+    ui::TextBox& guarantorTelephone = txtGuarantor.add(guarantor, 3, "Tel. #", 50);
+    ui::TextBox& guarantorEmployer = txtGuarantor.add(guarantor, 2, "Employer", 15);
+    ui::TextBox& guarantorEmployerAddress = txtGuarantor.add(guarantor, 4, "Emp. Add.", 15);
+
+    ui::Frame informant{page, "fraInformant", "Informant"};
+    ui::ControlArray<ui::TextBox> txtInformant{"txtInformant"};
+    ui::TextBox& informantName = txtInformant.add(informant, 0, "Name", 50);
+    ui::TextBox& informantAddress = txtInformant.add(informant, 1, "Address", 50);
+    ui::TextBox& informantTelephone = txtInformant.add(informant, 2, "Tel. #", 15);
+    ui::TextBox& informantRelation = txtInformant.add(informant, 3, "Rel.to Px", 30);
 
     ui::Frame chiefComplaint{page, "fraChiefComplaint", "Cheif Complaint"};
     ui::ControlArray<ui::TextBox> txtChiefComplaintID{"txtChiefComplaintID"};
@@ -33,17 +48,6 @@ struct ConsultationTab {
     ui::Button& searchService3 = cmdSearch.add(services, 2, "...");
     ui::TextBox& serviceName3 = txtService.add(services, 5);
 
-    ui::Frame causes{page, "fraCauses", "Causes of Consultation"};
-    ui::TextBox txtCauseofConsultationID1{causes, "txtCauseofConsultationID1", "1"};
-    ui::Button cmdCauseofConsultation1{causes, "cmdCauseofConsultation1", "..."};
-    ui::TextBox txtCauseofConsultation1{causes, "txtCauseofConsultation1"};
-    ui::TextBox txtCauseofConsultationID2{causes, "txtCauseofConsultationID2", "2"};
-    ui::Button cmdCauseofConsultation2{causes, "cmdCauseofConsultation2", "..."};
-    ui::TextBox txtCauseofConsultation2{causes, "txtCauseofConsultation2"};
-    ui::TextBox txtCauseofConsultationID3{causes, "txtCauseofConsultationID3", "3"};
-    ui::Button cmdCauseofConsultation3{causes, "cmdCauseofConsultation3", "..."};
-    ui::TextBox txtCauseofConsultation3{causes, "txtCauseofConsultation3"};
-
     ui::Frame doctors{page, "fraDoctors", "Attending Doctors"};
     ui::ControlArray<ui::TextBox> txtDoctor{"txtDoctor"};
     ui::TextBox& doctorCode1 = txtDoctor.add(doctors, 0, "1");
@@ -63,6 +67,17 @@ struct ConsultationTab {
     ui::Button& searchDoctor5 = cmdSearch.add(doctors, 17, "...");
     ui::TextBox& doctorName5 = txtAddDoctor.add(doctors, 5);
 
+    ui::Frame causes{page, "fraCauses", "Causes of Consultation"};
+    ui::TextBox txtCauseofConsultationID1{causes, "txtCauseofConsultationID1", "1"};
+    ui::Button cmdCauseofConsultation1{causes, "cmdCauseofConsultation1", "..."};
+    ui::TextBox txtCauseofConsultation1{causes, "txtCauseofConsultation1"};
+    ui::TextBox txtCauseofConsultationID2{causes, "txtCauseofConsultationID2", "2"};
+    ui::Button cmdCauseofConsultation2{causes, "cmdCauseofConsultation2", "..."};
+    ui::TextBox txtCauseofConsultation2{causes, "txtCauseofConsultation2"};
+    ui::TextBox txtCauseofConsultationID3{causes, "txtCauseofConsultationID3", "3"};
+    ui::Button cmdCauseofConsultation3{causes, "cmdCauseofConsultation3", "..."};
+    ui::TextBox txtCauseofConsultation3{causes, "txtCauseofConsultation3"};
+
     ui::Frame vitalSigns{page, "fraVitalSign", "Vital Sign"};
     ui::ControlArray<ui::TextBox> txtBP{"txtBP"};
     ui::TextBox& systolic = txtBP.add(vitalSigns, 0, "B.P.", 3);
@@ -80,30 +95,15 @@ struct ConsultationTab {
     ui::OptionButton optMiniOR{unit, "optMiniOR", "Mini OR"};
     ui::OptionButton optDiabetes{unit, "optDiabetes", "Diabetes Educ. Clinic"};
 
-    ui::Frame consultationType{page, "fraConsType", "Consultation Type"};
-    ui::ControlArray<ui::OptionButton> optConsType{"optConsType"};
-    ui::OptionButton& withBill = optConsType.add(consultationType, 1, "With Bill");
-    ui::OptionButton& withoutBill = optConsType.add(consultationType, 0, "Without Bill");
-
     ui::Frame patientType{page, "fraPatientType", "Patient Type"};
     ui::ControlArray<ui::OptionButton> optPatientType{"optPatientType"};
     ui::OptionButton& corvaneType = optPatientType.add(patientType, 2, "CORVANE");
     ui::OptionButton& regularType = optPatientType.add(patientType, 3, "Regular");
 
-    ui::Frame informant{page, "fraInformant", "Informant"};
-    ui::ControlArray<ui::TextBox> txtInformant{"txtInformant"};
-    ui::TextBox& informantName = txtInformant.add(informant, 0, "Name", 50);
-    ui::TextBox& informantAddress = txtInformant.add(informant, 1, "Address", 50);
-    ui::TextBox& informantTelephone = txtInformant.add(informant, 2, "Tel. #", 15);
-    ui::TextBox& informantRelation = txtInformant.add(informant, 3, "Rel.to Px", 30);
-
-    ui::Frame guarantor{page, "fraGuarantor", "Responsible for the Patient's Account "};
-    ui::ControlArray<ui::TextBox> txtGuarantor{"txtGuarantor"};
-    ui::TextBox& guarantorName = txtGuarantor.add(guarantor, 0, "Name", 50);
-    ui::TextBox& guarantorAddress = txtGuarantor.add(guarantor, 1, "Address", 50);
-    ui::TextBox& guarantorTelephone = txtGuarantor.add(guarantor, 3, "Tel. #", 50);
-    ui::TextBox& guarantorEmployer = txtGuarantor.add(guarantor, 2, "Employer", 15);
-    ui::TextBox& guarantorEmployerAddress = txtGuarantor.add(guarantor, 4, "Emp. Add.", 15);
+    ui::Frame consultationType{page, "fraConsType", "Consultation Type"};
+    ui::ControlArray<ui::OptionButton> optConsType{"optConsType"};
+    ui::OptionButton& withBill = optConsType.add(consultationType, 1, "With Bill");
+    ui::OptionButton& withoutBill = optConsType.add(consultationType, 0, "Without Bill");
 };
 
 } // namespace opd::registration

@@ -91,9 +91,10 @@ struct PersonalTab {
     ui::CheckBox chkHemo{programmes, "chkHemo", "Hemo Patient"};
     ui::DatePicker dtpExpiration{programmes, "dtpExpiration", "Expiration Period", ui::DatePicker::Format::Date};
 
-    ui::Frame fraSenior{page, "fraSenior", "Senior Citizen"};
-    ui::CheckBox chkSeniorCitizen{fraSenior, "chkSeniorCitizen", "Senior Citizen    No:"};
-    ui::TextBox txtSeniorCitizenID{fraSenior, "txtSeniorCitizenID"};
+    ui::Frame seniorCitizen{page, "fraSeniorCitizen", "Senior Citizen"};
+    ui::CheckBox chkSeniorCitizen{seniorCitizen, "chkSeniorCitizen", "Senior Citizen    No:"};
+    ui::TextBox txtSeniorCitizenID{seniorCitizen, "txtSeniorCitizenID"};
+    ui::Frame fraSenior{seniorCitizen, "fraSenior", ""};
     ui::CheckBox chkSenior{fraSenior, "chkSenior", "&Senior Citizen Discounted"};
     ui::TextBox txtSeniorID{fraSenior, "txtSeniorID"};
 

@@ -1,0 +1,213 @@
+#include "search/master_search.h"
+
+#include "data/hospital_settings.h"
+#include "data/procedures/dates.h"
+#include "data/procedures/key_filters.h"
+#include "data/rows.h"
+#include "platform/text/text.h"
+
+#include <utility>
+
+namespace opd::search {
+
+frmMasterSearch::frmMasterSearch(Session& session, RegistrationOpener& registration)
+    : m_session(session), m_opener(session, registration, m_window) {
+    m_window.onLoad = [this] { load(); };
+    m_window.onFailure = [this](const std::exception& failure) { data::reportFailure(m_session, failure); };
+    m_window.cancelButton = &m_fields.close;
+    m_fields.close.causesValidation = false;
+    // No search asks for year, month and day apart from the birth date.
+    for (ui::Control* unused : {static_cast<ui::Control*>(&m_fields.txtBirthYear),
+                                static_cast<ui::Control*>(&m_fields.cboBirthMonth),
+                                static_cast<ui::Control*>(&m_fields.cboBirthDay)})
+        unused->setVisible(false);
+    m_fields.txtAge.setEnabled(false);
+    bindKeys();
+    bindCriteria();
+    bindActions();
+}
+
+void frmMasterSearch::bindKeys() {
+    m_window.onKeyPress = [this](ui::KeyPress& press) {
+        if (press.code == ui::key::enter)
+            m_window.sendTab();
+        else if (press.code == U'\'')
+            press.drop();
+        else
+            press.code = text::upper(press.code);
+    };
+    m_fields.lastName.onKeyPress = [this](ui::KeyPress& press) {
+        if (press.code >= U'0' && press.code <= U'9')
+            press.drop();
+        data::FilterNameKey(press.code);
+        // Enter only walks through; it must not take a scanned card away before its search has begun.
+        if (press.code != 0 && press.code != ui::key::enter)
+            clearOthers(m_fields.lastName);
+    };
+    for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtSSSNum, &m_fields.txtGSISNum})
+        number->onKeyPress = [this, number](ui::KeyPress& press) {
+            if (press.code == ui::key::enter)
+                return;
+            press.code = data::FilterKeyInSet(m_session.desktop, press.code, "1234567890-", true);
+            if (press.code != 0)
+                clearOthers(*number);
+        };
+    m_fields.txtHospNum.onKeyPress = [this](ui::KeyPress& press) {
+        if (press.code == ui::key::enter)
+            return;
+        m_fields.search.setEnabled(true);
+        m_fields.tmrBarCode.start();
+    };
+    m_fields.txtBirthDate.onKeyPress = [this](ui::KeyPress& press) {
+        if (press.code != ui::key::enter || !m_fields.txtBirthDate.isBlank())
+            return;
+        m_session.desktop.ask({.text = "Please enter Patient's Birtdate!"});
+        m_window.setFocus(m_fields.txtBirthDate);
+    };
+    m_fields.gridPatientList.onKeyPress = [this](ui::KeyPress& press) {
+        if (press.code == ui::key::enter)
+            openChosen();
+    };
+}
+
+// One group of criteria at a time: what is typed into one empties the others.
+void frmMasterSearch::clearOthers(const ui::Control& kept) {
+    for (ui::TextBox* box : {&m_fields.txtSSSNum, &m_fields.txtGSISNum, &m_fields.txtPHICNum, &m_fields.txtHospNum,
+                             &m_fields.lastName})
+        if (box != &kept)
+            box->setText("");
+    if (&kept != &m_fields.lastName)
+        m_fields.txtBirthDate.clear();
+}
+
+void frmMasterSearch::bindCriteria() {
+    const auto enableSearch = [this] { m_fields.search.setEnabled(true); };
+    for (ui::Control* criterion :
+         {static_cast<ui::Control*>(&m_fields.lastName), static_cast<ui::Control*>(&m_fields.txtBirthDate),
+          static_cast<ui::Control*>(&m_fields.txtPHICNum), static_cast<ui::Control*>(&m_fields.txtSSSNum),
+          static_cast<ui::Control*>(&m_fields.txtGSISNum), static_cast<ui::Control*>(&m_fields.txtBirthYear),
+          static_cast<ui::Control*>(&m_fields.cboBirthMonth), static_cast<ui::Control*>(&m_fields.cboBirthDay)})
+        criterion->onChange = enableSearch;
+    m_fields.male.onClick = enableSearch;
+    m_fields.female.onClick = enableSearch;
+    m_fields.txtHospNum.onChange = [this] { clearOthers(m_fields.txtHospNum); };
+    m_fields.txtBirthDate.onValidate = [this](bool& refuse) { refuse = !m_finder.acceptBirthDate(m_window); };
+    for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtSSSNum, &m_fields.txtGSISNum})
+        number->onValidate = [this, number](bool&) {
+            // A number that was searched for already is not searched for again on every way through the field.
+            if (!text::isBlank(number->text()) && m_fields.search.enabled())
+                search();
+        };
+}
+
+void frmMasterSearch::bindActions() {
+    m_fields.search.onClick = [this] { search(); };
+    m_fields.newSearch.onClick = [this] { newSearch(); };
+    m_fields.newPatient.onClick = [this] { openNew(true); };
+    const auto close = [this] {
+        m_closedByOperator = true;
+        m_window.unload();
+    };
+    m_fields.close.onClick = close;
+    m_window.onCloseRequest = close;
+    m_fields.tmrBarCode.onTick = [this] {
+        m_fields.tmrBarCode.stop();
+        if (!text::isBlank(m_fields.txtHospNum.text()))
+            search();
+    };
+    const auto select = [this] {
+        const ui::Grid& grid = m_fields.gridPatientList;
+        m_session.globals.gSelectedHospNum = text::trimmed(grid.cell(grid.currentRow(), 3));
+    };
+    m_fields.gridPatientList.onClick = select;
+    m_fields.gridPatientList.onRowChange = select;
+    m_fields.gridPatientList.onDoubleClick = [this] { openChosen(); };
+}
+
+void frmMasterSearch::load() {
+    m_closedByOperator = true;
+    m_fields.tmrBarCode.stop();
+    m_session.globals.gSelectedHospNum.clear();
+    blankFields();
+    m_finder.showEmptyGrid();
+    m_fields.gridPatientList.setEnabled(false);
+    m_fields.newPatient.setEnabled(false);
+    m_fields.search.setEnabled(false);
+    data::LoadServerDate(m_session);
+    data::LoadHospitalInfo(m_session);
+}
+
+void frmMasterSearch::blankFields() {
+    for (ui::TextBox* box :
+         {&m_fields.lastName, &m_fields.txtHospNum, &m_fields.txtBirthYear, &m_fields.txtSSSNum, &m_fields.txtGSISNum,
+          &m_fields.txtPHICNum, &m_fields.txtAge})
+        box->setText("");
+    for (ui::ComboBox* box : {&m_fields.cboBirthMonth, &m_fields.cboBirthDay})
+        box->setText("");
+    m_fields.male.setSelected(false);
+    m_fields.female.setSelected(false);
+    m_fields.txtBirthDate.clear();
+}
+
+void frmMasterSearch::search() {
+    m_fields.tmrBarCode.stop();
+    m_fields.search.setEnabled(false);
+    PatientFinder::Outcome outcome{};
+    try {
+        outcome = m_finder.search(m_window);
+    } catch (...) {
+        m_fields.search.setEnabled(true); // the same search can be tried again with one key
+        throw;
+    }
+    if (outcome == PatientFinder::Outcome::Refused)
+        return;
+    m_fields.newPatient.setEnabled(true);
+    if (outcome == PatientFinder::Outcome::NothingFound) {
+        openNew(false);
+        return;
+    }
+    m_fields.gridPatientList.setEnabled(true);
+    m_window.setFocus(m_fields.gridPatientList);
+}
+
+void frmMasterSearch::newSearch() {
+    blankFields();
+    m_session.globals.gSelectedHospNum.clear();
+    m_fields.gridPatientList.clear();
+    m_fields.search.setEnabled(true);
+    m_window.setFocus(m_fields.txtHospNum);
+    m_fields.newPatient.setEnabled(false);
+}
+
+void frmMasterSearch::openChosen() {
+    m_closedByOperator = false;
+    m_opener.openChosen();
+    m_window.setFocus(m_fields.gridPatientList); // where the clerk declined, the row stays at hand
+}
+
+void frmMasterSearch::openNew(bool matchesShown) {
+    const std::string lastName = m_fields.lastName.text();
+    m_closedByOperator = false;
+    if (m_opener.openNew(lastName, matchesShown) && !m_session.globals.gDuplicateLastName.empty())
+        showDuplicate();
+}
+
+// The new patient turned out to be on file already: shows that patient in a fresh window.
+void frmMasterSearch::showDuplicate() {
+    Globals& globals = m_session.globals;
+    m_window.load();
+    m_fields.lastName.setText(std::exchange(globals.gDuplicateLastName, {}));
+    m_fields.txtBirthDate.setText(std::exchange(globals.gDuplicateBirthDate, {}));
+    const std::string sex = std::exchange(globals.gDuplicateSex, {});
+    m_fields.male.setSelected(sex == "M");
+    m_fields.female.setSelected(sex == "F");
+    try {
+        search();
+    } catch (const std::exception& failure) { // the window opens all the same, so that the clerk can try again
+        data::reportFailure(m_session, failure);
+    }
+    if (m_window.isLoaded())
+        showModal();
+}
+
+} // namespace opd::search

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/ado/recordset.h"
+#include "search/master_search_fields.h"
+#include "session/session.h"
+
+#include <string>
+
+namespace opd::search {
+
+/// Searches for patients by what stands in the search window's fields, and fills its grid.
+class PatientFinder {
+  public:
+    enum class Outcome { Refused, Found, NothingFound };
+
+    PatientFinder(Session& session, MasterSearchFields& fields) : m_session(session), m_fields(fields) {}
+
+    /// Chooses the search by the fields, checks its criteria and runs it; a search without a match runs the second try.
+    /// When criteria are refused the clerk was told and the focus stands on the mistake. Throws ado::Error.
+    Outcome search(ui::Window& window);
+
+    /// Checks the birth date and shows the age. False when it was refused: the clerk was told.
+    bool acceptBirthDate(ui::Window& window);
+
+    /// The grid before any search.
+    void showEmptyGrid();
+
+    /// "M", "F" or empty, by the chosen option.
+    std::string sex() const;
+
+  private:
+    bool acceptNameCriteria(ui::Window& window);
+    Outcome searchFurther(ui::Window& window);
+    ado::Recordset run() const;
+    void show(const ado::ResultSet& patients);
+    std::string dottedBirthDate() const;
+
+    Session& m_session;
+    MasterSearchFields& m_fields;
+};
+
+} // namespace opd::search

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "search/registration_opener.h"
+#include "session/session.h"
+
+#include <functional>
+#include <string>
+
+namespace opd::ui {
+class Window;
+}
+
+namespace opd::search {
+
+/// Leads from the search window to the registration form: for the chosen patient or for a new one.
+class PatientOpener {
+  public:
+    PatientOpener(Session& session, RegistrationOpener& registration, ui::Window& searchWindow)
+        : m_session(session), m_registration(registration), m_window(searchWindow) {}
+
+    /// Opens the patient of `gSelectedHospNum` for a new visit or for the visit still open, as the clerk answers. The
+    /// search window is unloaded unless the clerk declined. Throws ado::Error.
+    void openChosen();
+
+    /// Opens the form for a patient not yet on file and returns when it is closed. The clerk confirms first when
+    /// `matchesShown`. False when the clerk declined. Throws ado::Error.
+    bool openNew(const std::string& lastName, bool matchesShown);
+
+  private:
+    enum class Showing { Modal, Modeless };
+
+    void openNewVisit(Showing showing);
+    void openVisit(const std::string& opdNumber);
+    void prepare(const char* formType, const std::string& hospNum, const std::string& admissionNumber);
+    bool confirmed(const std::string& text, const std::string& caption, ui::Icon icon);
+
+    Session& m_session;
+    RegistrationOpener& m_registration;
+    ui::Window& m_window;
+};
+
+} // namespace opd::search

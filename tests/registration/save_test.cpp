@@ -115,5 +115,145 @@ TEST(Save, SendsTheDocumentedStatementsInTheirOrderForEveryShape) {
     }
 }
 
+/// Fills what a save needs and presses nothing yet.
+void fillRequired(FormFixture& desk) {
+    registration::Fields& fields = desk.form->fields();
+    fields.header.txtLastName.setText("DELA CRUZ");
+    fields.header.txtFirstName.setText("JUAN");
+    fields.header.txtBirthDate.setText("03/07/1980");
+    fields.personal.txtZipCode.setText("1000");
+    fields.personal.txtReligion.setText("1");
+}
+
+TEST(Save, AFailureInsideTheTransactionRollsBackAndKeepsEverythingTyped) {
+    FormFixture desk;
+    desk.openNewPatient();
+    fillRequired(desk);
+    desk.provider->failOn("Patient_Data..sp_aopd_Update_tbOutpatient", "The disk is full.");
+    desk.desktop.work([&](ui::Window& window) {
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_EQ(desk.desktop.messages.back().text, "The disk is full.");
+        EXPECT_TRUE(window.isOpen());
+        EXPECT_FALSE(desk.desktop.isBusy());
+        EXPECT_EQ(desk.form->fields().header.txtLastName.text(), "DELA CRUZ");
+        EXPECT_TRUE(desk.provider->log.ends_with("rollback\n")) << desk.provider->log;
+
+        // The next try uses the numbers that were drawn already, and closes the form.
+        desk.provider->forgetRules("Patient_Data..sp_aopd_Update_tbOutpatient");
+        desk.provider->log.clear();
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_FALSE(window.isOpen());
+        EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+        EXPECT_NE(desk.provider->log.find("commit\n"), std::string::npos);
+    });
+    desk.desktop.showModal(desk.form->window());
+}
+
+TEST(Save, AFailureBehindTheCommitWritesTheSameVisitAgainAndNoSecondOne) {
+    FormFixture desk;
+    desk.openNewPatient();
+    fillRequired(desk);
+    desk.provider->failOn("Patient_Data..sp_Adm_UpdateMaster2", "The connection is lost.");
+    desk.desktop.work([&](ui::Window& window) {
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_TRUE(window.isOpen());
+        EXPECT_EQ(desk.provider->log.find("rollback"), std::string::npos);
+        EXPECT_EQ(desk.form->fields().header.txtOPDNum.text(), "26A0000007B");
+
+        desk.provider->forgetRules("Patient_Data..sp_Adm_UpdateMaster2");
+        desk.provider->log.clear();
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+        EXPECT_NE(desk.provider->log.find("sp_aopd_Update_tbOutpatient '00000012','26A0000007B'"), std::string::npos);
+        EXPECT_TRUE(desk.desktop.messages.back().text.ends_with("Case # (26A0000007B)."));
+    });
+    desk.desktop.showModal(desk.form->window());
+}
+
+TEST(Save, AnApostropheNeverReachesTheDatabaseExceptAsAGraveAccent) {
+    FormFixture desk;
+    desk.openNewPatient();
+    fillRequired(desk);
+    ASSERT_TRUE(desk.validate());
+    desk.form->fields().personal.motherName.setText("ANA O'NEIL");
+    desk.desktop.answer(ui::Answer::Ok);
+    EXPECT_TRUE(registration::SaveData(desk.form->context(), false));
+    EXPECT_NE(desk.provider->log.find("'ANA O`NEIL'"), std::string::npos);
+
+    desk.form->fields().header.txtLastName.setText("O'NEIL', 'X");
+    desk.provider->log.clear();
+    EXPECT_THROW(registration::SaveData(desk.form->context(), false), ado::Error);
+    EXPECT_EQ(desk.provider->log.find("O'NEIL"), std::string::npos) << desk.provider->log;
+    EXPECT_EQ(desk.provider->log.find("commit"), std::string::npos);
+}
+
+TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
+    const ado::ResultSet someone = oneRow({{"HospNum", "00000001"}});
+    const struct {
+        const char* rule;
+        bool opensPatientClass;
+        std::vector<ui::Answer> answers;
+        const char* lastMessage;
+        bool closesForm;
+    } cases[] = {
+        {"PATIENT_DATA..sp_AOPD_SearchSimilarRecords", false, {ui::Answer::No, ui::Answer::Ok},
+         "Registration Cancelled.", true},
+        {"PATIENT_DATA..sp_AOPD_CheckIfAdmitted", false, {ui::Answer::Ok},
+         "Cannot register currently confined patients", true},
+        {"nothing", true, {ui::Answer::Ok}, "Cannot register patient! Please provide patient classification.", false},
+    };
+    for (const auto& refusal : cases) {
+        SCOPED_TRACE(refusal.lastMessage);
+        FormFixture desk;
+        desk.globals.IsAllowOPDPatientClass = refusal.opensPatientClass;
+        desk.openNewPatient();
+        fillRequired(desk);
+        desk.provider->answer(refusal.rule, someone);
+        desk.provider->log.clear();
+        desk.desktop.work([&](ui::Window& window) {
+            for (const ui::Answer answer : refusal.answers)
+                desk.desktop.answer(answer);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_EQ(desk.desktop.messages.back().text, refusal.lastMessage);
+            EXPECT_EQ(window.isOpen(), !refusal.closesForm);
+        });
+        desk.desktop.showModal(desk.form->window());
+        EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+        EXPECT_EQ(desk.provider->log.find("begin"), std::string::npos);
+    }
+}
+
+TEST(Save, MarkersFollowTheFlagsTheClientAndTheBoxes) {
+    FormFixture desk;
+    desk.globals.gClientName = "TKWA";
+    desk.globals.isAllowCorvane = desk.globals.IsAllowOPDMABRate = desk.globals.isAllowOPFileNumbering = true;
+    desk.globals.isAllowOPDRegisterInpatient = true;
+    desk.openNewPatient();
+    fillRequired(desk);
+    ASSERT_TRUE(desk.validate());
+    registration::Fields& fields = desk.form->fields();
+    fields.personal.chkHemo.setChecked(true);
+    desk.form->record().HemoFlag = true;
+    fields.personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
+    fields.additional.corvanePatient.setSelected(true);
+    fields.history.txtLMP.setText("11/01/2026");
+    desk.desktop.answer(ui::Answer::Ok);
+    ASSERT_TRUE(registration::SaveData(desk.form->context(), false));
+    EXPECT_EQ(desk.provider->log.find("sp_AOPD_CheckIfAdmitted"), std::string::npos);
+    EXPECT_EQ(desk.provider->log.substr(desk.provider->log.find("Update Patient_data")),
+              "Update Patient_data..tbOutPatient set isChemo = '0', isHemodialysis = '1', isRadiotherapy = '0', "
+              "ExpirationDate = '01/31/2027 00:00:00', isForDeposit = '0' where IDnum = '26A0000007B'\n"
+              "Update Patient_data..tbOutPatient set isWalkIn = '0', OPDStatus = '' where IDnum = '26A0000007B'\n"
+              "Update Patient_data..tbOutPatient set Corvane = '1' where IDnum = '26A0000007B'\n"
+              "Update Patient_data..tbOutPatient set isMABRate = '0' where IDnum = '26A0000007B'\n"
+              "Patient_Data..sp_AOPD_InsertUpdateOutProfile '00000012','26A0000007B','', '', '', '', '', '', '', '', "
+              "'11/01/2026','2'\n"
+              "Patient_data..OPD_UpdateFileNum '00000012'\n");
+}
+
 } // namespace
 } // namespace opd::tests

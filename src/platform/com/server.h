@@ -22,7 +22,8 @@ struct ExportedNames {
 };
 inline constexpr ExportedNames exportedNames{};
 
-/// What stands behind those four functions in a library with one class. One static object per library.
+/// What stands behind those four functions in a library with one class. One static object per library, so that its
+/// address tells which library it is.
 class Server {
   public:
     /// Makes one object of the class, with one reference.

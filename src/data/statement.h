@@ -10,12 +10,10 @@ namespace opd::data {
 /// of the statement's structure. The quotes around a value belong to the literal pieces.
 class Statement {
   public:
-    template <std::size_t Length>
-    explicit Statement(const char (&literal)[Length]) : m_text(literal) {}
+    template <std::size_t Length> explicit Statement(const char (&literal)[Length]) : m_text(literal) {}
 
     /// Adds a piece of the statement itself; only a literal of the program can be one.
-    template <std::size_t Length>
-    Statement& text(const char (&literal)[Length]) {
+    template <std::size_t Length> Statement& text(const char (&literal)[Length]) {
         m_text += literal;
         return *this;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/registration_form.h"
 #include "search/registration_opener.h"
 #include "session/session.h"
 
@@ -7,19 +8,16 @@
 
 namespace opd::registration {
 
-class RegistrationForm;
-
 /// The one registration form of a session, as its opener sees it. Every opening makes the form afresh and every closing
 /// throws it away with all its values.
 class frmRegistration final : public search::RegistrationOpener {
   public:
-    explicit frmRegistration(Session& session);
-    ~frmRegistration() override;
+    explicit frmRegistration(Session& session) : m_session(session) {}
 
-    void setFormType(const std::string& type) override;
-    void setHospNum(const std::string& number) override;
-    void setAdmissionNumber(const std::string& number) override;
-    void setLastName(const std::string& name) override;
+    void setFormType(const std::string& type) override { m_opening.FormType = type; }
+    void setHospNum(const std::string& number) override { m_opening.HospNum = number; }
+    void setAdmissionNumber(const std::string& number) override { m_opening.AdmissionNumber = number; }
+    void setLastName(const std::string& name) override { m_opening.lastName = name; }
     void SetRegistrationMode() override;
     bool SearchPatient() override;
     void showModal() override;
@@ -31,6 +29,7 @@ class frmRegistration final : public search::RegistrationOpener {
 
   private:
     Session& m_session;
+    Opening m_opening;
     std::unique_ptr<RegistrationForm> m_form;
 };
 

@@ -17,9 +17,9 @@ frmMasterSearch::frmMasterSearch(Session& session, RegistrationOpener& registrat
     m_window.cancelButton = &m_fields.close;
     m_fields.close.causesValidation = false;
     // No search asks for year, month and day apart from the birth date.
-    for (ui::Control* unused : {static_cast<ui::Control*>(&m_fields.txtBirthYear),
-                                static_cast<ui::Control*>(&m_fields.cboBirthMonth),
-                                static_cast<ui::Control*>(&m_fields.cboBirthDay)})
+    for (ui::Control* unused :
+         {static_cast<ui::Control*>(&m_fields.txtBirthYear), static_cast<ui::Control*>(&m_fields.cboBirthMonth),
+          static_cast<ui::Control*>(&m_fields.cboBirthDay)})
         unused->setVisible(false);
     m_fields.txtAge.setEnabled(false);
     bindKeys();
@@ -72,8 +72,8 @@ void frmMasterSearch::bindKeys() {
 
 // One group of criteria at a time: what is typed into one empties the others.
 void frmMasterSearch::clearOthers(const ui::Control& kept) {
-    for (ui::TextBox* box : {&m_fields.txtSSSNum, &m_fields.txtGSISNum, &m_fields.txtPHICNum, &m_fields.txtHospNum,
-                             &m_fields.lastName})
+    for (ui::TextBox* box :
+         {&m_fields.txtSSSNum, &m_fields.txtGSISNum, &m_fields.txtPHICNum, &m_fields.txtHospNum, &m_fields.lastName})
         if (box != &kept)
             box->setText("");
     if (&kept != &m_fields.lastName)
@@ -138,9 +138,8 @@ void frmMasterSearch::load() {
 }
 
 void frmMasterSearch::blankFields() {
-    for (ui::TextBox* box :
-         {&m_fields.lastName, &m_fields.txtHospNum, &m_fields.txtBirthYear, &m_fields.txtSSSNum, &m_fields.txtGSISNum,
-          &m_fields.txtPHICNum, &m_fields.txtAge})
+    for (ui::TextBox* box : {&m_fields.lastName, &m_fields.txtHospNum, &m_fields.txtBirthYear, &m_fields.txtSSSNum,
+                             &m_fields.txtGSISNum, &m_fields.txtPHICNum, &m_fields.txtAge})
         box->setText("");
     for (ui::ComboBox* box : {&m_fields.cboBirthMonth, &m_fields.cboBirthDay})
         box->setText("");

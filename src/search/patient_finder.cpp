@@ -33,8 +33,7 @@ ui::Grid::Row cellsOf(const std::vector<ado::Value>& values) {
 } // namespace
 
 void PatientFinder::showEmptyGrid() {
-    std::vector<ui::Grid::Column> columns =
-        ui::gridColumns(emptyFormat, {0, 2000, 2000, 2000, 1000, 1100, 0, 6405, 0});
+    std::vector<ui::Grid::Column> columns = ui::gridColumns(emptyFormat, {0, 2000, 2000, 2000, 1000, 1100, 0, 6405, 0});
     m_fields.gridPatientList.show(std::move(columns), {});
 }
 

@@ -10,10 +10,10 @@ class RegistrationOpener {
   public:
     virtual ~RegistrationOpener() = default;
 
-    virtual void setFormType(const std::string& type) = 0;        ///< "New", "Edit" or "NEW"
-    virtual void setHospNum(const std::string& number) = 0;       ///< a hospital number, or "NEW"
+    virtual void setFormType(const std::string& type) = 0;          ///< "New", "Edit" or "NEW"
+    virtual void setHospNum(const std::string& number) = 0;         ///< a hospital number, or "NEW"
     virtual void setAdmissionNumber(const std::string& number) = 0; ///< an OPD number, or "(TO BE GENERATED)"
-    virtual void setLastName(const std::string& name) = 0;        ///< pre-fills the last name of a new patient
+    virtual void setLastName(const std::string& name) = 0;          ///< pre-fills the last name of a new patient
 
     /// Loads the form afresh and puts it in its full layout. Throws ado::Error when the database fails.
     virtual void SetRegistrationMode() = 0;

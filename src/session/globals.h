@@ -76,8 +76,8 @@ struct Globals : FeatureFlags {
     std::string gDBUser;                          ///< for the report's log-on, as are the next two
     std::string gDBPassword;
     std::string gDBServer;
-    com::Object gCodeSearch;                      ///< the code search component
-    com::Ref<com::IUnknown> gSearcherObject;      ///< kept for the host, used nowhere
+    com::Object gCodeSearch;                 ///< the code search component
+    com::Ref<com::IUnknown> gSearcherObject; ///< kept for the host, used nowhere
 
     DateTime gServerDate; ///< the reference date of ages and date rules; set when a window loads
 
@@ -90,6 +90,7 @@ struct Globals : FeatureFlags {
     std::string gDuplicateLastName; ///< the patient on file that a new registration turned out to be; empty when none
     std::string gDuplicateBirthDate;
     std::string gDuplicateSex;
+    std::string duplicateLedBackTo; ///< the last of these patients, so that a twin can be registered the second time
 
     bool gForceSearch = false;   ///< a lookup button asks the next lookup to list everything
     std::string AccountTypeCode; ///< "P" patient pays, "C" company; set when a registration is checked

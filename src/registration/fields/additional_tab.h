@@ -45,10 +45,12 @@ struct AdditionalTab {
     ui::ControlArray<ui::Frame> Frame5{"Frame5"};
     ui::Frame& letterOfAuthorization = Frame5.add(page, 9, "Insurance");
     ui::TextBox txtApprovalNo{letterOfAuthorization, "txtApprovalNo", "Approval No:"};
-    ui::DatePicker DateLOAInformed{letterOfAuthorization, "DateLOAInformed", "Informed :", ui::DatePicker::Format::Date};
+    ui::DatePicker DateLOAInformed{letterOfAuthorization, "DateLOAInformed",
+                                   "Informed :", ui::DatePicker::Format::Date};
     ui::DatePicker TimeLOAInformed{letterOfAuthorization, "TimeLOAInformed", "", ui::DatePicker::Format::Time};
     ui::TextBox txtLOAReceiver{letterOfAuthorization, "txtLOAReceiver", "Receiver :"};
-    ui::DatePicker DateLOAReceived{letterOfAuthorization, "DateLOAReceived", "Received :", ui::DatePicker::Format::Date};
+    ui::DatePicker DateLOAReceived{letterOfAuthorization, "DateLOAReceived",
+                                   "Received :", ui::DatePicker::Format::Date};
     ui::DatePicker TimeLOAReceived{letterOfAuthorization, "TimeLOAReceived", "", ui::DatePicker::Format::Time};
     ui::TextBox txtLOAAmount{letterOfAuthorization, "txtLOAAmount", "LOA Amount :"};
     ui::ComboBox cmbLOAStatus{letterOfAuthorization, "cmbLOAStatus", "Status :", {"Covered", "Uncovered"}};

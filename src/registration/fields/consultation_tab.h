@@ -4,11 +4,13 @@
 
 namespace opd::registration {
 
-/// Tab "Consultation Information": who pays and who tells, what the patient comes for, who attends, and the vital signs.
+/// Tab "Consultation Information": who pays and who tells, what the patient comes for, who attends, and the vital
+/// signs.
 struct ConsultationTab {
     explicit ConsultationTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups,
                              ui::ControlArray<ui::TextBox>& complaints)
-        : page(tabs, "pageConsultation", "Consultation Information"), cmdSearch(lookups), txtChiefComplaint(complaints) {}
+        : page(tabs, "pageConsultation", "Consultation Information"), cmdSearch(lookups),
+          txtChiefComplaint(complaints) {}
 
     ui::Page page;
     ui::ControlArray<ui::Button>& cmdSearch;

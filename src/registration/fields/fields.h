@@ -15,9 +15,9 @@ struct Fields {
     explicit Fields(ui::Container& form) : header(form), tabOPD(form, "tabOPD"), buttons(form) {
         // The road of Enter and Tab leads through what is typed; lookup buttons are pressed from their code field.
         cmdSearch.forEach([](int, ui::Button& lookup) { lookup.tabStop = false; });
-        for (ui::Button* lookup : {&additional.cmdPatientClass, &consultation.searchChiefComplaint,
-                                   &consultation.cmdCauseofConsultation1, &consultation.cmdCauseofConsultation2,
-                                   &consultation.cmdCauseofConsultation3})
+        for (ui::Button* lookup :
+             {&additional.cmdPatientClass, &consultation.searchChiefComplaint, &consultation.cmdCauseofConsultation1,
+              &consultation.cmdCauseofConsultation2, &consultation.cmdCauseofConsultation3})
             lookup->tabStop = false;
     }
 

@@ -6,7 +6,8 @@ namespace opd::registration {
 
 /// Tab "Diagnosis & History".
 struct HistoryTab {
-    explicit HistoryTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups, ui::ControlArray<ui::TextBox>& complaints)
+    explicit HistoryTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups,
+                        ui::ControlArray<ui::TextBox>& complaints)
         : page(tabs, "pageHistory", "Diagnosis && History"), cmdSearch(lookups), txtChiefComplaint(complaints) {
         for (ui::TextBox* box : {&complaint, &txtDiagnosis})
             box->multiLine = true;

@@ -28,8 +28,10 @@ struct PersonalTab {
 
     ui::Frame particulars{page, "fraParticulars", "Personal"};
     ui::TextBox& birthPlace = txtPersonal.add(particulars, 0, "Birth Place", 30);
-    ui::ComboBox cboCivilStatus{
-        particulars, "cboCivilStatus", "Civil Status", {"Child", "Single", "Married", "Widow", "Separated", "Divorced"}};
+    ui::ComboBox cboCivilStatus{particulars,
+                                "cboCivilStatus",
+                                "Civil Status",
+                                {"Child", "Single", "Married", "Widow", "Separated", "Divorced"}};
     ui::TextBox& occupation = txtPersonal.add(particulars, 5, "Occupation", 30);
     ui::TextBox txtNationality{particulars, "txtNationality", "Nationality"};
     ui::Button& searchNationality = cmdSearch.add(particulars, 3, "...");

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "registration/form_context.h"
+
+#include <string>
+
+namespace opd::registration {
+
+/// Fills the two pay code lists with the active pay codes, each at the same place in both. Throws ado::Error.
+void LoadPayCode(FormContext& form);
+
+/// The description of a pay code, empty when there is none. Throws ado::Error.
+std::string GetPayCode(const Session& session, const std::string& id);
+
+/// The name of an admission type, empty when there is none. Throws ado::Error.
+std::string GetAdmissionType(const Session& session, const std::string& id);
+
+/// Sets `CompanyClass` to the class of the company account, when there is such an account. Throws ado::Error.
+void LoadAccountClass(FormContext& form, const std::string& account);
+
+} // namespace opd::registration

@@ -1,0 +1,153 @@
+#include "registration/load/form_load.h"
+
+#include "data/procedures/dates.h"
+#include "data/rows.h"
+#include "platform/text/text.h"
+#include "platform/ui/window.h"
+#include "registration/load/account_loader.h"
+#include "registration/load/master_loader.h"
+#include "registration/load/visit_loader.h"
+#include "registration/rules/code_lookups.h"
+
+namespace opd::registration {
+
+namespace {
+
+using data::Statement;
+
+/// What is hidden in every form until something shows it.
+void hideUntilNeeded(Fields& fields) {
+    for (ui::Control* control :
+         {static_cast<ui::Control*>(&fields.header.lblAdmissionStatus),
+          static_cast<ui::Control*>(&fields.header.fraMasterFileRegistrationOnly),
+          static_cast<ui::Control*>(&fields.buttons.cmdRevoke), static_cast<ui::Control*>(&fields.buttons.cmdUnRevoke),
+          static_cast<ui::Control*>(&fields.buttons.cmdEndConsultation),
+          static_cast<ui::Control*>(&fields.history.lastMenstruation),
+          static_cast<ui::Control*>(&fields.employment.txtEntry)})
+        control->setVisible(false);
+    fields.personal.dtpExpiration.setEnabled(false);
+    fields.history.txtMedHistory.setEnabled(false);
+}
+
+void layOutAuthorization(FormContext& form) {
+    AdditionalTab& additional = form.fields.additional;
+    const bool used = form.session.globals.IsAllowOPDUpdateHMOLOA;
+    additional.letterOfAuthorization.setVisible(used);
+    if (!used)
+        return;
+    const DateTime now = form.session.clock.now();
+    for (ui::DatePicker* picker : {&additional.DateLOAInformed, &additional.TimeLOAInformed,
+                                   &additional.DateLOAReceived, &additional.TimeLOAReceived})
+        picker->setValue(now);
+    additional.cmbLOAStatus.select(0);
+    form.record.CompanyClass.clear();
+}
+
+/// Shows the parts that the hospital's settings and client code ask for.
+void layOutOptionalParts(FormContext& form) {
+    const Globals& globals = form.session.globals;
+    PersonalTab& personal = form.fields.personal;
+    const bool usesPayCodes = globals.gClientName == "RVT";
+    for (ui::Control* payCode :
+         {static_cast<ui::Control*>(&personal.lblPaycode), static_cast<ui::Control*>(&personal.cmbPaycode),
+          static_cast<ui::Control*>(&personal.cmbPaycodeID)})
+        payCode->setVisible(usesPayCodes);
+    const bool codedBarangay = globals.isAllowOPDSearchBarangay;
+    personal.txtBarangay.setVisible(!codedBarangay);
+    personal.txtBarangayID.setVisible(codedBarangay);
+    personal.txtBarangayName.setVisible(codedBarangay);
+    personal.searchBarangay.setVisible(codedBarangay);
+    layOutAuthorization(form);
+    form.fields.additional.txtPictureLocation.setText("\\");
+    form.fields.additional.txtPictureFileName.setText("(TO BE GENERATED)");
+    form.record.PhotoTaken = false;
+    personal.dtpExpiration.setValue(data::GetServerDate(form.session).date());
+    form.fields.additional.frmPatientType.setVisible(globals.isAllowCorvane);
+    form.fields.additional.fraMAB.setVisible(globals.IsAllowOPDMABRate);
+    form.fields.additional.FraPatientClass.setVisible(globals.IsAllowOPDPatientClass);
+    if (globals.isAllowOPDPayCode)
+        LoadPayCode(form);
+}
+
+/// True when a patient's master was loaded.
+bool loadVisitAndPatient(FormContext& form) {
+    if (!SearchPatient(form) || !LoadData(form))
+        return false;
+    LoadData2(form);
+    form.fields.header.txtHospNum.setEnabled(false);
+    form.fields.header.txtOPDNum.setEnabled(false);
+    form.fields.buttons.cmdSave.setEnabled(true);
+    if (form.session.globals.gClientName == "TKWA") {
+        form.fields.history.lastMenstruation.setVisible(true);
+        loadOutProfile(form);
+    }
+    LoadAccountClass(form, text::trimmed(form.fields.personal.accountNumber.text()));
+    return true;
+}
+
+bool loadEdit(FormContext& form) {
+    const bool loaded = loadVisitAndPatient(form);
+    FormButtons& buttons = form.fields.buttons;
+    buttons.cmdSave.setVisible(true);
+    buttons.cmdSave.setCaption("&Update");
+    buttons.cmdCancel.setEnabled(true);
+    buttons.cmdEndConsultation.setVisible(form.session.globals.allowEndConsultation);
+    return loaded;
+}
+
+bool loadNew(FormContext& form) {
+    Fields& fields = form.fields;
+    Record& record = form.record;
+    fields.consultation.txtBloodType.setEnabled(true);
+    fields.header.txtHospNum.setText(record.HospNum);
+    fields.header.txtOPDNum.setText(record.AdmissionNumber);
+    fields.buttons.cmdCancel.setEnabled(true);
+    fields.buttons.cmdSave.setCaption("&Register");
+    data::LoadServerDate(form.session);
+    data::LoadServerDate(form.session);
+    fields.header.dtpAdmDate.setValue(form.session.globals.gServerDate);
+    fields.header.txtAdmTime.setValue(form.session.globals.gServerDate);
+    fields.buttons.cmdEndConsultation.setVisible(false);
+    if (!record.isNewPatient()) {
+        record.VisitKindCode = "O";
+        LoadData(form);
+        return true;
+    }
+    record.VisitKindCode = "N";
+    fields.header.male.setSelected(true);
+    fields.personal.cboCivilStatus.setText("Single");
+    return false;
+}
+
+bool loadByType(FormContext& form) {
+    if (form.record.isEdit())
+        return loadEdit(form);
+    return form.record.isNew() ? loadNew(form) : false;
+}
+
+void DisplayPatientAge(FormContext& form) {
+    const std::string& birthDate = form.fields.header.txtBirthDate.text();
+    constexpr std::size_t completeDate = 10;
+    if (text::trimmed(birthDate).size() < completeDate)
+        return;
+    const ado::Recordset age =
+        data::openClient(form.session, Statement("patient_data..sp_AOPD_ComputeAge '").value(birthDate).text("'"));
+    if (!age.EndOfFile())
+        form.fields.header.txtAge.setText(data::textOf(age, "Age"));
+}
+
+} // namespace
+
+void loadForm(FormContext& form) {
+    form.record.Findings.clear();
+    form.record.Medications.clear();
+    hideUntilNeeded(form.fields);
+    layOutOptionalParts(form);
+    if (!loadByType(form))
+        form.fields.personal.txtNationality.setText("1");
+    resolveNationality(form);
+    DisplayPatientAge(form);
+    form.fields.tabOPD.show(0);
+}
+
+} // namespace opd::registration

@@ -1,0 +1,205 @@
+#include "registration/load/visit_fields.h"
+
+#include "data/leading_number.h"
+#include "platform/text/text.h"
+#include "registration/load/account_loader.h"
+#include "registration/load/columns.h"
+
+namespace opd::registration {
+
+namespace {
+
+using data::textOf;
+
+void showTexts(Fields& fields, const ado::Recordset& visit) {
+    HeaderFields& header = fields.header;
+    ConsultationTab& consultation = fields.consultation;
+    fill(visit, {
+                    {"CardNumber", fields.personal.txtCardNum},
+                    {"Company", fields.personal.accountName},
+                    {"HospNum", header.txtHospNum},
+                    {"AccountNum", fields.personal.accountNumber},
+                    {"Remarks", fields.personal.txtRemarks},
+                    {"IdNum", header.txtOPDNum},
+                    {"LastName", header.txtLastName},
+                    {"MiddleName", header.txtMiddleName},
+                    {"FirstName", header.txtFirstName},
+                    {"CauseofConsultationid1", consultation.txtCauseofConsultationID1},
+                    {"CauseofConsultationid2", consultation.txtCauseofConsultationID2},
+                    {"CauseofConsultationid3", consultation.txtCauseofConsultationID3},
+                    {"CauseofConsultation1", consultation.txtCauseofConsultation1},
+                    {"CauseofConsultation2", consultation.txtCauseofConsultation2},
+                    {"CauseofConsultation3", consultation.txtCauseofConsultation3},
+                    {"Height", consultation.txtHeight},
+                    {"Weight", consultation.txtWeight},
+                    {"Temperature", consultation.txtTemperature},
+                    {"BloodType", consultation.txtBloodType},
+                    {"InformantName", consultation.informantName},
+                    {"InformantAddress", consultation.informantAddress},
+                    {"InformantRelation", consultation.informantRelation},
+                    {"InformantTelNum", consultation.informantTelephone},
+                    {"GuarantorName", consultation.guarantorName},
+                    {"GuarantorAddress", consultation.guarantorAddress},
+                    {"GuarantorTelnum", consultation.guarantorTelephone},
+                    {"GuarantorEmployer", consultation.guarantorEmployer},
+                    {"GuarantorEmployerAddress", consultation.guarantorEmployerAddress},
+                    {"SeniorCitizenID", fields.personal.txtSeniorID},
+                    {"SeniorCitizenIDNo", fields.personal.txtSeniorCitizenID},
+                    {"PulseRate", consultation.txtPR},
+                });
+    consultation.txtRespRate.setText(text::trimmed(textOf(visit, "RespiratoryRate")));
+    fields.history.complaint.setText(text::trimmed(textOf(visit, "ChiefComplaints")));
+}
+
+void showAccount(Fields& fields, const ado::Recordset& visit) {
+    PersonalTab& personal = fields.personal;
+    if (personal.accountNumber.text() == fields.header.txtHospNum.text()) {
+        personal.notInsured.setSelected(true);
+        personal.accountNumber.setText("");
+        personal.accountName.setText("PERSONAL");
+        return;
+    }
+    fields.additional.letterOfAuthorization.setEnabled(true);
+    personal.insured.setSelected(true);
+    fields.additional.txtApprovalNo.setText(textOf(visit, "HMOApprovalNum"));
+}
+
+/// Looks the object of each slot up and shows its code and name: slot n in boxes 2n and 2n + 1.
+template <class Object>
+void showPairs(FormContext& form, std::array<CodedSlot<Object>, 5>& slots, int firstSlot, int count,
+               const ui::ControlArray<ui::TextBox>& boxes) {
+    for (int n = 0; n < count; ++n) {
+        Object& object = slots.at(static_cast<std::size_t>(firstSlot + n)).get(form.session);
+        boxes(2 * n).setText(object.Code());
+        boxes(2 * n + 1).setText(object.Code().empty() ? std::string{} : object.name());
+    }
+}
+
+void showServicesAndDoctors(FormContext& form, const ado::Recordset& visit) {
+    Record& record = form.record;
+    const char* const services[] = {"ServiceID1", "ServiceID2", "ServiceID3"};
+    const char* const doctors[] = {"doctorid1", "DoctorID2", "doctorid3", "DoctorID4", "DoctorID5"};
+    for (std::size_t n = 0; n < std::size(services); ++n)
+        record.Service[n].id = textOf(visit, services[n]);
+    for (std::size_t n = 0; n < std::size(doctors); ++n)
+        record.AttendingDoctor[n].id = textOf(visit, doctors[n]);
+    showPairs(form, record.Service, 0, 3, form.fields.consultation.txtService);
+    showPairs(form, record.AttendingDoctor, 0, 2, form.fields.consultation.txtDoctor);
+    showPairs(form, record.AttendingDoctor, 2, 3, form.fields.consultation.txtAddDoctor);
+}
+
+/// "120/80" fills both boxes, "120" and "120/" the first one; a pressure that was never taken leaves both.
+void showBloodPressure(ConsultationTab& consultation, const std::string& pressure) {
+    if (text::isBlank(pressure))
+        return;
+    const std::size_t slash = pressure.find('/');
+    consultation.systolic.setText(pressure.substr(0, slash));
+    if (pressure == "0/" || pressure == "0" || pressure == "/")
+        return;
+    const std::string rest = slash == std::string::npos ? std::string{} : pressure.substr(slash + 1);
+    consultation.diastolic.setText(rest.substr(0, rest.find('/')));
+}
+
+void showConsultationKind(Fields& fields, const ado::Recordset& visit) {
+    const std::string type = textOf(visit, "ConsultationType");
+    selectOption(fields.consultation.optConsType, type == "W" ? 1 : 0);
+    fields.personal.purposeRicu.setChecked(type == "R");
+    fields.personal.purposeHema.setChecked(type == "H");
+    const std::string unit = textOf(visit, "PerUnit");
+    ui::OptionButton* const units[] = {&fields.consultation.optLying, &fields.consultation.optEndoscopy,
+                                       &fields.consultation.optMiniOR, &fields.consultation.optDiabetes};
+    for (std::size_t n = 0; n < std::size(units); ++n)
+        units[n]->setSelected(unit == std::to_string(n + 1));
+}
+
+void showAdmissionTime(FormContext& form, const ado::Recordset& visit) {
+    const DateTime admitted = visit.Fields("AdmDate").asDate();
+    const DateTime shown = admitted.isSet() ? admitted : form.session.globals.gServerDate;
+    form.fields.header.dtpAdmDate.setValue(shown);
+    form.fields.header.txtAdmTime.setValue(shown);
+}
+
+void showPayer(Fields& fields, const ado::Recordset& visit) {
+    PersonalTab& personal = fields.personal;
+    const std::string plan = textOf(visit, "HospPlan");
+    selectOption(personal.optHospPlan, plan == "I" ? 2 : plan == "C" ? 1 : 0);
+    const std::string senior = textOf(visit, "SeniorCitizenID");
+    const bool isSenior = data::leadingNumber(senior) != 0 || text::upper(text::trimmed(senior)) == "TRUE";
+    personal.chkSeniorCitizen.setChecked(isSenior);
+    personal.fraSenior.setEnabled(isSenior);
+    const std::string patientType = textOf(visit, "PatientType");
+    if (patientType == "C" || patientType == "W")
+        personal.chkPatientType.setChecked(patientType == "W");
+    personal.chkWalkIn.setChecked(visit.Fields("isWalkin").asFlag());
+}
+
+/// A visit that was revoked says so, and can be restored on its own day; any other can be revoked.
+void showStatus(FormContext& form, const ado::Recordset& visit) {
+    Fields& fields = form.fields;
+    if (textOf(visit, "opdstatus") != "R") {
+        fields.buttons.cmdRevoke.setVisible(true);
+        return;
+    }
+    fields.header.lblAdmissionStatus.setVisible(true);
+    if (visit.Fields("AdmDate").asDate().date() == form.session.globals.gServerDate.date())
+        fields.buttons.cmdUnRevoke.setVisible(true);
+}
+
+void showOptionalMarkers(FormContext& form, const ado::Recordset& visit) {
+    const Globals& globals = form.session.globals;
+    AdditionalTab& additional = form.fields.additional;
+    if (globals.gClientName == "RVT") {
+        const std::string payCode = textOf(visit, "PayCode");
+        if (!payCode.empty()) {
+            form.fields.personal.cmbPaycodeID.setText(payCode);
+            form.fields.personal.cmbPaycode.setText(GetPayCode(form.session, text::trimmed(payCode)));
+        }
+    }
+    if (globals.isAllowCorvane)
+        additional.corvanePatient.setSelected(visit.Fields("Corvane").asFlag());
+    if (globals.IsAllowOPDMABRate)
+        additional.chkMAB.setChecked(visit.Fields("isMabrate").asFlag());
+    if (globals.IsAllowOPDPatientClass) {
+        const std::string patientClass = textOf(visit, "patientclass");
+        if (!patientClass.empty()) {
+            additional.txtPatientClassID.setText(patientClass);
+            additional.txtPatientClass.setText(GetAdmissionType(form.session, text::trimmed(patientClass)));
+        }
+    }
+}
+
+void keepUnshown(Record& record, const ado::Recordset& visit) {
+    record.CauseofConsultationID = text::trimmed(textOf(visit, "CauseofConsultationID"));
+    record.Findings = textOf(visit, "Findings");
+    record.Medications = textOf(visit, "Medications");
+    record.DiagnosisID = {textOf(visit, "DiagnosisID1"), textOf(visit, "DiagnosisID2"), textOf(visit, "DiagnosisID3")};
+}
+
+} // namespace
+
+void showVisit(FormContext& form, const ado::Recordset& visit) {
+    showTexts(form.fields, visit);
+    showAccount(form.fields, visit);
+    showServicesAndDoctors(form, visit);
+    showBloodPressure(form.fields.consultation, textOf(visit, "BloodPressure"));
+    showConsultationKind(form.fields, visit);
+    showAdmissionTime(form, visit);
+    showPayer(form.fields, visit);
+    showStatus(form, visit);
+    keepUnshown(form.record, visit);
+    showOptionalMarkers(form, visit);
+}
+
+void showAllergies(FormContext& form, const ado::Recordset& row) {
+    const char* const columns[] = {"AllergyID1", "AllergyID2", "AllergyID3", "AllergyID4", "AllergyID5"};
+    const int nameOffset = 5;
+    for (int n = 0; n < nameOffset; ++n) {
+        CodedSlot<search::clsAllergy>& slot = form.record.Allergy[static_cast<std::size_t>(n)];
+        slot.id = textOf(row, columns[n]);
+        const search::clsAllergy& allergy = slot.get(form.session);
+        form.fields.history.txtAllergy(n).setText(allergy.Code());
+        form.fields.history.txtAllergy(n + nameOffset).setText(allergy.AllergyName());
+    }
+}
+
+} // namespace opd::registration

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/text/text.h"
+#include "search/coded_object.h"
+
+#include <array>
+#include <memory>
+#include <string>
+
+namespace opd::registration {
+
+/// An id text and the object that is looked up from it when it is first asked for.
+template <class Object> class CodedSlot {
+  public:
+    std::string id;
+
+    /// The object; made and looked up by the id when the slot is empty.
+    Object& get(const Session& session) {
+        if (!m_object) {
+            m_object = std::make_shared<Object>(session);
+            m_object->setCode(id);
+        }
+        return *m_object;
+    }
+
+    /// Puts an object in; the id stays as it is.
+    void set(std::shared_ptr<Object> object) { m_object = std::move(object); }
+
+    /// Takes the object out, so that the next `get` looks it up again.
+    void empty() { m_object.reset(); }
+
+  private:
+    std::shared_ptr<Object> m_object;
+};
+
+/// The values that the form works with behind its controls. Texts start empty, flags off.
+struct Record {
+    // What the opener sets.
+    std::string HospNum;         ///< a hospital number, or "NEW"
+    std::string AdmissionNumber; ///< an OPD number, or "(TO BE GENERATED)"
+    std::string FormType;        ///< "New" or "Edit", in any letter case
+
+    bool isNew() const { return text::upper(FormType) == "NEW"; }
+    bool isEdit() const { return text::upper(FormType) == "EDIT"; }
+    bool isNewPatient() const { return text::upper(HospNum) == "NEW"; }
+    bool isNewVisit() const { return AdmissionNumber == "(TO BE GENERATED)"; }
+
+    // What loading finds.
+    std::string VisitKindCode; ///< "N" new patient, "O" patient on file; set in a new registration only
+    std::string Findings;
+    std::string Medications;
+    std::array<std::string, 3> DiagnosisID;
+    std::string CauseofConsultationID;
+    std::string CompanyClass; ///< class of the chosen company account
+    bool ChemoFlag = false;
+    bool HemoFlag = false;
+    bool RadioFlag = false;
+    bool DepositFlag = false;
+    bool PhotoTaken = false;
+    std::array<CodedSlot<search::clsService>, 5> Service;
+    std::array<CodedSlot<search::clsAllergy>, 5> Allergy;
+    std::array<CodedSlot<search::clsDoctor>, 5> AttendingDoctor;
+
+    // What the check before a save computes.
+    std::string SexCode;              ///< "M" or "F"
+    std::string ConsultationTypeCode; ///< "W" with bill, else empty
+    std::string BirthDateText;        ///< mm/dd/yyyy
+    std::string CivilStatusCode;      ///< "0" child to "5" divorced, else empty
+
+    // What the save draws and keeps.
+    std::string SaveHospNum;
+    std::string SaveIDNum; ///< without the trailing "B"
+    std::string PatientTypeCode;
+    std::string CorvanePatientCode;
+    std::string HemoCode;
+};
+
+} // namespace opd::registration

@@ -1,0 +1,90 @@
+#include "registration/registration_form.h"
+
+#include "data/rows.h"
+#include "registration/load/form_load.h"
+#include "registration/rules/code_lookups.h"
+#include "registration/rules/key_rules.h"
+#include "registration/rules/patient_rules.h"
+#include "registration/rules/validate_data.h"
+#include "registration/save/save_data.h"
+
+namespace opd::registration {
+
+RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
+    : m_session(session), m_lastName(opening.lastName) {
+    m_record.FormType = opening.FormType;
+    m_record.HospNum = opening.HospNum;
+    m_record.AdmissionNumber = opening.AdmissionNumber;
+    m_window.onLoad = [this] { loadForm(m_context); };
+    m_window.onFailure = [this](const std::exception& failure) { data::reportFailure(m_session, failure); };
+    bindKeyRules(m_context);
+    bindPatientRules(m_context);
+    bindCodeLookups(m_context);
+    bindButtons();
+    disableIdleButtons();
+}
+
+RegistrationForm::~RegistrationForm() {
+    m_window.unload();
+}
+
+void RegistrationForm::SetRegistrationMode() {
+    m_window.load();
+    if (!m_lastName.empty())
+        m_fields.header.txtLastName.setText(m_lastName);
+    m_fields.header.fraMasterFileRegistrationOnly.setVisible(false);
+    m_fields.header.dtpAdmDate.setEnabled(true);
+    m_fields.header.txtAdmTime.setEnabled(true);
+    m_fields.additional.page.setEnabled(true);
+    m_fields.consultation.page.setEnabled(true);
+    m_fields.buttons.cmdPrint.setVisible(true);
+    m_fields.buttons.cmdUpdate.setVisible(false);
+    if (m_record.isNewPatient())
+        m_window.setFocus(m_fields.header.txtLastName);
+}
+
+void RegistrationForm::bindButtons() {
+    FormButtons& buttons = m_fields.buttons;
+    buttons.cmdSave.onClick = [this] { save(false); };
+    buttons.cmdUpdate.onClick = [this] { save(true); };
+    buttons.cmdEndConsultation.onClick = [this] { endConsultation(); };
+    buttons.cmdCancel.onClick = [this] { cancel(); };
+    buttons.cmdCancel.causesValidation = false;
+    m_window.cancelButton = &buttons.cmdCancel;
+    m_window.onCloseRequest = [this] { cancel(); };
+    ui::CheckBox& others = m_fields.history.others;
+    others.onClick = [this, &others] { m_fields.history.txtMedHistory.setEnabled(others.checked()); };
+}
+
+// A button that nothing is bound to is shown, and not offered.
+void RegistrationForm::disableIdleButtons() {
+    std::vector<ui::Control*> everything;
+    m_window.collect(everything);
+    for (ui::Control* control : everything)
+        if (control->kind() == ui::Kind::Button && !control->onClick)
+            control->setEnabled(false);
+}
+
+void RegistrationForm::save(bool updateOnly) {
+    if (ValidateData(m_context) && SaveData(m_context, updateOnly))
+        m_window.unload();
+}
+
+void RegistrationForm::cancel() {
+    const ui::Message question{.text = "Are you sure to close this program?",
+                               .caption = "OPD Registration System",
+                               .buttons = ui::Buttons::OkCancel,
+                               .icon = ui::Icon::Question};
+    if (m_session.desktop.ask(question) != ui::Answer::Cancel)
+        m_window.unload();
+}
+
+void RegistrationForm::endConsultation() {
+    const ui::BusyPointer busy(m_session.desktop);
+    data::execute(
+        m_session,
+        data::Statement("Patient_Data..OPD_updateConsultationDate '").value(m_record.AdmissionNumber).text("'"));
+    m_window.unload();
+}
+
+} // namespace opd::registration

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/ui/window.h"
+#include "registration/fields/fields.h"
+#include "registration/form_context.h"
+#include "registration/record.h"
+#include "session/session.h"
+
+#include <string>
+
+namespace opd::registration {
+
+/// What an opener wants the form to be.
+struct Opening {
+    std::string FormType;
+    std::string HospNum;
+    std::string AdmissionNumber;
+    std::string lastName; ///< pre-fills the last name when not empty
+};
+
+/// One opening of "Registration": a visit together with the editable part of the patient's master record, from loading
+/// to closing.
+class RegistrationForm {
+  public:
+    RegistrationForm(Session& session, const Opening& opening);
+    ~RegistrationForm();
+
+    ui::Window& window() { return m_window; }
+    Fields& fields() { return m_fields; }
+    Record& record() { return m_record; }
+    FormContext& context() { return m_context; }
+
+    /// Loads the form by its type, hospital number and OPD number, and lays it out in full. Throws ado::Error.
+    void SetRegistrationMode();
+
+  private:
+    void bindButtons();
+    void disableIdleButtons();
+    void save(bool updateOnly);
+    void cancel();
+    void endConsultation();
+
+    Session& m_session;
+    ui::Window m_window{"frmRegistration", "Registration"};
+    Fields m_fields{m_window};
+    Record m_record;
+    FormContext m_context{m_session, m_window, m_fields, m_record};
+    std::string m_lastName;
+};
+
+} // namespace opd::registration

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "registration/form_context.h"
+
+#include <string>
+
+namespace opd::registration {
+
+std::string purposeCode(const Fields& fields); ///< "R" RICU, "H" HEMA/ONCO, or empty
+std::string perUnitCode(const Fields& fields); ///< "1" lying in to "4" diabetes clinic, or empty
+std::string seniorCode(const Fields& fields);  ///< "1" or "0"
+std::string admDateTime(const Fields& fields); ///< "MM/dd/yyyy hh:mm AM"
+std::string savedVisit(const Record& record);  ///< the visit's key: the OPD number in upper case, then "B"
+
+/// Computes the codes that are kept on the form. A greyed cash patient box leaves its code as it was.
+void computeKeptCodes(FormContext& form);
+
+/// The position, counted from 1, of the first selected option among those of these indexes; 0 when none is.
+int selectedPosition(const ui::ControlArray<ui::OptionButton>& options, std::initializer_list<int> indexes);
+
+} // namespace opd::registration

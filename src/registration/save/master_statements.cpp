@@ -1,0 +1,128 @@
+#include "registration/save/master_statements.h"
+
+#include "platform/text/text.h"
+#include "registration/save/codes.h"
+
+namespace opd::registration {
+
+using data::Statement;
+using Values = std::vector<std::string>;
+
+namespace {
+
+std::string barangay(const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    const bool coded = form.session.globals.isAllowOPDSearchBarangay;
+    return text::upper(coded ? personal.txtBarangayID.text() : personal.txtBarangay.text());
+}
+
+/// The arguments that every client's list begins with.
+Values commonMaster(const FormContext& form) {
+    const HeaderFields& header = form.fields.header;
+    const PersonalTab& personal = form.fields.personal;
+    const ConsultationTab& consultation = form.fields.consultation;
+    const EmploymentTab& employment = form.fields.employment;
+    return {form.record.SaveHospNum,
+            text::upper(header.txtLastName.text()),
+            text::upper(header.txtFirstName.text()),
+            text::upper(header.txtMiddleName.text()),
+            text::upper(personal.txtHouseStreet.text()),
+            barangay(form),
+            personal.txtZipCode.text(),
+            text::trimmed(form.record.SexCode),
+            text::trimmed(form.record.BirthDateText),
+            text::upper(personal.telephone.text()),
+            text::trimmed(header.txtAge.text()),
+            employment.employerName.text(),
+            employment.employerAddress.text(),
+            employment.employerTelephone.text(),
+            savedVisit(form.record),
+            consultation.guarantorName.text(),
+            consultation.guarantorAddress.text(),
+            consultation.guarantorTelephone.text(),
+            consultation.guarantorEmployer.text(),
+            consultation.informantName.text(),
+            consultation.informantAddress.text(),
+            consultation.informantRelation.text(),
+            consultation.informantTelephone.text(),
+            form.record.CivilStatusCode,
+            consultation.guarantorEmployerAddress.text()};
+}
+
+/// The value as the extended master takes it.
+std::string graved(const ui::TextBox& box) {
+    return text::replaced(box.text(), "'", "`");
+}
+
+Values gravedTexts(std::initializer_list<const ui::TextBox*> boxes) {
+    Values texts;
+    for (const ui::TextBox* box : boxes)
+        texts.push_back(graved(*box));
+    return texts;
+}
+
+} // namespace
+
+Statement updateMaster(const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    const std::string senior = std::to_string(personal.chkSeniorCitizen.value());
+    Values values = commonMaster(form);
+    if (form.session.globals.gClientName == "RVT")
+        values.insert(values.end(), {personal.txtReligion.text(), senior});
+    values.insert(values.end(), {senior, personal.txtSeniorCitizenID.text(), personal.occupation.text(),
+                                 form.fields.consultation.txtBloodType.text(), form.fields.header.txtTitle.text()});
+    return Statement("Patient_Data..sp_aopd_Update_TbMaster  '").values(values, "', '").text("'");
+}
+
+Statement saveAllergies(const FormContext& form) {
+    Values values{form.record.SaveHospNum};
+    for (int n = 0; n < 5; ++n)
+        values.push_back(text::trimmed(form.fields.history.txtAllergy(n).text()));
+    return Statement("Patient_Data..sp_AOPD_Save_TbMasterAllergies '").values(values, "', '").text("'");
+}
+
+Statement updateExtendedMaster(const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    const AdditionalTab& additional = form.fields.additional;
+    const EmploymentTab& employment = form.fields.employment;
+    const std::string& shownHospNum = form.fields.header.txtHospNum.text();
+
+    Values first{shownHospNum == "NEW" ? form.record.SaveHospNum : shownHospNum};
+    const Values people =
+        gravedTexts({&personal.birthPlace,      &personal.txtNationality,      &personal.txtReligion,
+                     &additional.spouseName,    &personal.motherName,          &personal.fatherName,
+                     &employment.employerName,  &employment.employerTelephone, &employment.employerAddress,
+                     &personal.notifyName,      &personal.notifyAddress,       &personal.notifyRelation,
+                     &personal.notifyTelephone, &additional.spouseAddress,     &additional.spouseTelephone,
+                     &personal.fatherAddress,   &personal.fatherTelephone,     &personal.motherAddress,
+                     &personal.motherTelephone, &personal.barangayCaptain,     &employment.position});
+    first.insert(first.end(), people.begin(), people.end());
+
+    Values last = gravedTexts({&employment.employerFax, &employment.txtEmployerEmail, &additional.spouseEmployerName,
+                               &additional.spouseEmployerAddress, &additional.spouseEmployerTelephone,
+                               &additional.spouseEmployerFax, &additional.spouseEmployerEmail});
+    last.insert(last.end(), {employment.philHealthYes.selected() ? "1" : "0", "", graved(personal.household),
+                             graved(personal.txtEmail), personal.mobile.text()});
+
+    return Statement("Patient_Data..sp_Adm_UpdateMaster2 '")
+        .values(first, "','")
+        .text("',")
+        .number(selectedPosition(employment.optType, {0, 1, 2}))
+        .text(",")
+        .number(selectedPosition(employment.optLocation, {0, 1}))
+        .text(",'")
+        .values(last, "','")
+        .text("' ");
+}
+
+Statement updateMedicalHistory(const FormContext& form) {
+    const HistoryTab& history = form.fields.history;
+    Statement statement("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '");
+    statement.value(form.record.SaveHospNum).text("'");
+    constexpr int conditions = 8;
+    for (int n = 0; n < conditions; ++n)
+        statement.text(", ").number(history.MedHistory(n).checked() ? 1 : 0);
+    return statement.text(", '").value(history.others.checked() ? history.txtMedHistory.text() : "").text("'");
+}
+
+} // namespace opd::registration

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "registration/form_context.h"
+
+namespace opd::registration {
+
+/// Draw a number from the database into `SaveHospNum` or `SaveIDNum`. False when that failed: the clerk was told.
+bool drawHospNum(FormContext& form);
+bool drawOpdNumber(FormContext& form);
+
+} // namespace opd::registration

@@ -1,0 +1,204 @@
+#include "registration/save/visit_statements.h"
+
+#include "platform/clock/date_text.h"
+#include "platform/text/text.h"
+#include "registration/save/codes.h"
+
+namespace opd::registration {
+
+using data::Statement;
+using Values = std::vector<std::string>;
+
+namespace {
+
+std::string trimmedText(const ui::TextBox& box) {
+    return text::trimmed(box.text());
+}
+
+const char* oneIf(bool set) {
+    return set ? "1" : "0";
+}
+
+/// The arguments that every client's list begins with.
+Values commonVisit(const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    const ConsultationTab& consultation = form.fields.consultation;
+    return {form.record.SaveHospNum,
+            savedVisit(form.record),
+            personal.accountNumber.text(),
+            text::upper(personal.txtRemarks.text()),
+            consultation.serviceCode1.text(),
+            consultation.serviceCode2.text(),
+            consultation.serviceCode3.text(),
+            "",
+            "",
+            consultation.doctorCode1.text(),
+            consultation.doctorCode2.text() + " ",
+            form.session.globals.AccountTypeCode,
+            form.record.ConsultationTypeCode,
+            consultation.txtWeight.text(),
+            consultation.txtTemperature.text(),
+            trimmedText(consultation.systolic) + "/" + trimmedText(consultation.diastolic),
+            form.record.VisitKindCode,
+            form.session.globals.gUserID,
+            admDateTime(form.fields)};
+}
+
+void append(Values& values, const Values& more) {
+    values.insert(values.end(), more.begin(), more.end());
+}
+
+Values rvtVisit(const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    const ConsultationTab& consultation = form.fields.consultation;
+    return {consultation.txtCauseofConsultationID1.text(),
+            consultation.txtCauseofConsultationID2.text(),
+            consultation.txtCauseofConsultationID3.text(),
+            consultation.txtPR.text(),
+            text::trimmed(personal.cmbPaycodeID.text()),
+            personal.txtCardNum.text(),
+            form.record.PatientTypeCode,
+            purposeCode(form.fields),
+            personal.txtARemarks.text(),
+            trimmedText(consultation.txtHeight),
+            perUnitCode(form.fields),
+            "",
+            seniorCode(form.fields),
+            consultation.txtRespRate.text(),
+            form.fields.additional.txtApprovalNo.text()};
+}
+
+Values standardVisit(const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    const ConsultationTab& consultation = form.fields.consultation;
+    return {form.fields.history.complaint.text(),
+            consultation.txtPR.text(),
+            personal.txtCardNum.text(),
+            form.record.PatientTypeCode,
+            purposeCode(form.fields),
+            personal.txtARemarks.text(),
+            trimmedText(consultation.txtHeight),
+            perUnitCode(form.fields),
+            "",
+            seniorCode(form.fields),
+            consultation.txtRespRate.text(),
+            form.fields.additional.txtApprovalNo.text(),
+            form.record.CorvanePatientCode,
+            form.record.HemoCode};
+}
+
+/// An update of one column of the visit.
+template <std::size_t Length>
+Statement updateColumn(const FormContext& form, const char (&assignment)[Length], const std::string& value) {
+    return Statement("Update Patient_data..tbOutPatient set ")
+        .text(assignment)
+        .value(value)
+        .text("' where IDnum = '")
+        .value(savedVisit(form.record))
+        .text("'");
+}
+
+} // namespace
+
+Statement updateHistory(const FormContext& form) {
+    const ConsultationTab& consultation = form.fields.consultation;
+    const Record& record = form.record;
+    return Statement("Patient_Data..sp_AOPD_UpdateOPDHistory '")
+        .values({record.SaveHospNum, savedVisit(record), trimmedText(consultation.serviceCode1),
+                 trimmedText(consultation.doctorCode1), text::trimmed(record.DiagnosisID[0]),
+                 text::trimmed(record.DiagnosisID[1]), text::trimmed(record.DiagnosisID[2]), record.Findings,
+                 record.Medications, text::upper(form.fields.personal.txtRemarks.text()),
+                 trimmedText(consultation.txtCauseofConsultationID1),
+                 trimmedText(consultation.txtCauseofConsultationID2),
+                 trimmedText(consultation.txtCauseofConsultationID3), trimmedText(form.fields.history.complaint)},
+                "','")
+        .text("'");
+}
+
+Statement updateVisit(const FormContext& form) {
+    Values values = commonVisit(form);
+    append(values, form.session.globals.gClientName == "RVT" ? rvtVisit(form) : standardVisit(form));
+    return Statement("Patient_Data..sp_aopd_Update_tbOutpatient '").values(values, "','").text("'");
+}
+
+std::vector<Statement> countConsultations(const FormContext& form) {
+    const ConsultationTab& consultation = form.fields.consultation;
+    std::vector<Statement> statements;
+    for (const ui::TextBox* doctor : {&consultation.doctorCode1, &consultation.doctorCode2, &consultation.doctorCode3,
+                                      &consultation.doctorCode4, &consultation.doctorCode5})
+        statements.push_back(
+            Statement("Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation '").value(doctor->text()).text("'"));
+    return statements;
+}
+
+std::vector<Statement> updateAdditionalDoctors(const FormContext& form) {
+    const ConsultationTab& consultation = form.fields.consultation;
+    std::vector<Statement> statements;
+    int position = 0;
+    for (const ui::TextBox* doctor : {&consultation.doctorCode3, &consultation.doctorCode4, &consultation.doctorCode5})
+        statements.push_back(Statement("Patient_Data..OPD_Update_AdditionalDr '")
+                                 .values({savedVisit(form.record), doctor->text(), std::to_string(++position)}, "', '")
+                                 .text("'"));
+    return statements;
+}
+
+Statement updateTreatments(const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    const Record& record = form.record;
+    Statement statement("Update Patient_data..tbOutPatient set isChemo = '");
+    statement.value(oneIf(personal.chkChemo.checked()))
+        .text("', isHemodialysis = '")
+        .value(oneIf(personal.chkHemo.checked()))
+        .text("', isRadiotherapy = '")
+        .value(oneIf(personal.chkRTherapy.checked()));
+    if (record.ChemoFlag || record.HemoFlag || record.RadioFlag || record.DepositFlag)
+        statement.text("', ExpirationDate = '")
+            .value(dateTimeText(personal.dtpExpiration.value()))
+            .text("', isForDeposit = '");
+    else
+        statement.text("', ExpirationDate = null, isForDeposit = '");
+    return statement.value(oneIf(personal.chkforDeposit.checked()))
+        .text("' where IDnum = '")
+        .value(savedVisit(record))
+        .text("'");
+}
+
+Statement updateWalkIn(const FormContext& form) {
+    const bool walkIn = form.fields.personal.chkWalkIn.checked();
+    return Statement("Update Patient_data..tbOutPatient set isWalkIn = '")
+        .value(oneIf(walkIn))
+        .text("', OPDStatus = '")
+        .value(walkIn ? "W" : "")
+        .text("' where IDnum = '")
+        .value(savedVisit(form.record))
+        .text("'");
+}
+
+Statement updateCorvane(const FormContext& form) {
+    return updateColumn(form, "Corvane = '", oneIf(form.fields.additional.corvanePatient.selected()));
+}
+
+Statement updateMabRate(const FormContext& form) {
+    return updateColumn(form, "isMABRate = '", oneIf(form.fields.additional.chkMAB.checked()));
+}
+
+Statement updatePatientClass(const FormContext& form) {
+    return updateColumn(form, "PatientClass = '", trimmedText(form.fields.additional.txtPatientClassID));
+}
+
+Statement saveProfile(const FormContext& form) {
+    const ui::MaskedBox& period = form.fields.history.txtLMP;
+    return Statement("Patient_Data..sp_AOPD_InsertUpdateOutProfile '")
+        .values({text::trimmed(form.record.SaveHospNum), savedVisit(form.record)}, "','")
+        .text("','', '', '', '', '', '', '', '', '")
+        .value(period.isBlank() ? std::string{} : text::trimmed(period.text()))
+        .text("','2'");
+}
+
+Statement logEdit(const FormContext& form) {
+    return Statement("Patient_data..sp_AOPD_SaveOPD_UserLog '")
+        .values({text::upper(form.fields.header.txtOPDNum.text()), form.session.globals.gUserID}, "','")
+        .text("','Edited'");
+}
+
+} // namespace opd::registration

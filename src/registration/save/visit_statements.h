@@ -1,0 +1,33 @@
+#pragma once
+
+#include "data/statement.h"
+#include "registration/form_context.h"
+
+#include <vector>
+
+/// The statements that write the visit: form values in, text out. Each throws ado::Error when a value holds a quote.
+namespace opd::registration {
+
+/// What the patient came for, kept with the patient's history.
+data::Statement updateHistory(const FormContext& form);
+
+/// The visit itself, in the argument list of the session's client.
+data::Statement updateVisit(const FormContext& form);
+
+/// One statement for each of the five attending doctors, empty codes included.
+std::vector<data::Statement> countConsultations(const FormContext& form);
+
+/// One statement for each of the doctors 3 to 5.
+std::vector<data::Statement> updateAdditionalDoctors(const FormContext& form);
+
+data::Statement updateTreatments(const FormContext& form);
+data::Statement updateWalkIn(const FormContext& form);
+data::Statement updateCorvane(const FormContext& form);
+data::Statement updateMabRate(const FormContext& form);
+data::Statement updatePatientClass(const FormContext& form);
+data::Statement saveProfile(const FormContext& form);
+
+/// The log row of an edited visit.
+data::Statement logEdit(const FormContext& form);
+
+} // namespace opd::registration

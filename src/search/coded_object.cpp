@@ -1,0 +1,72 @@
+#include "search/coded_object.h"
+
+#include "data/rows.h"
+#include "platform/ado/error.h"
+#include "platform/text/text.h"
+
+namespace opd::search {
+
+using data::Statement;
+
+void CodedObject::setCode(const std::string& code) {
+    if (code == m_code)
+        return;
+    m_code = code;
+    if (text::isBlank(code)) {
+        m_code.clear();
+        reset();
+        return;
+    }
+    try {
+        ado::Recordset row;
+        row.Open(lookup(code).str(), m_session.connection());
+        if (!row.EndOfFile()) {
+            take(row);
+            return;
+        }
+        m_code.clear();
+        reset();
+    } catch (const ado::Error&) { // see the comment of the declaration
+    }
+}
+
+Statement clsService::lookup(const std::string& code) const {
+    return Statement("Patient_Data..sp_Adm_LoadService '").value(code).text("'");
+}
+
+void clsService::take(const ado::Recordset& row) {
+    m_name = data::textOf(row, "Service");
+}
+
+Statement clsAllergy::lookup(const std::string& code) const {
+    return Statement("Patient_Data..sp_Adm_LoadAllergy '").value(code).text("'");
+}
+
+void clsAllergy::take(const ado::Recordset& row) {
+    m_name = data::textOf(row, "Allergy");
+}
+
+Statement clsDoctor::lookup(const std::string& code) const {
+    return Statement("Patient_Data..sp_Adm_LoadDoctor '").value(code).text("'");
+}
+
+void clsDoctor::take(const ado::Recordset& row) {
+    m_lastName = data::textOf(row, "LastName");
+    m_firstName = data::textOf(row, "FirstName");
+    m_middleName = data::textOf(row, "MiddleName");
+}
+
+void clsDoctor::reset() {
+    m_lastName.clear();
+    m_firstName.clear();
+    m_middleName.clear();
+}
+
+std::string clsDoctor::CompleteName() const {
+    std::string complete = text::trimmed(m_lastName) + ", " + text::trimmed(m_firstName);
+    if (!text::isBlank(m_middleName))
+        complete += ", " + m_middleName;
+    return complete;
+}
+
+} // namespace opd::search

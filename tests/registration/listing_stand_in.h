@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/com/counted.h"
+#include "platform/com/object.h"
+#include "platform/text/text.h"
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace opd::tests {
+
+/// A record of the code search component: texts by member name.
+class RecordStandIn final : public com::Counted<com::ILateBound> {
+  public:
+    explicit RecordStandIn(std::map<std::string, std::string> members)
+        : Counted(com::iidLateBound), m_members(std::move(members)) {}
+
+    com::HResult Invoke(const char* member, com::InvokeKind, const com::Variant*, std::size_t,
+                        com::Variant* result) override {
+        const auto found = m_members.find(member);
+        if (found == m_members.end())
+            return com::errorMemberNotFound;
+        *result = found->second;
+        return com::ok;
+    }
+
+  private:
+    std::map<std::string, std::string> m_members;
+};
+
+/// The code search component as far as the form's three simple code fields need it: code "1000" of listing 0, "1" of
+/// listings 2 and 7 are known; every other search answers false. `fail` makes the next search fail.
+class ListingStandIn final : public com::Counted<com::ILateBound> {
+  public:
+    ListingStandIn() : Counted(com::iidLateBound) {}
+
+    com::HResult Invoke(const char* member, com::InvokeKind kind, const com::Variant* arguments, std::size_t,
+                        com::Variant* result) override {
+        if (kind == com::InvokeKind::Get)
+            return record(member, *result);
+        if (fail) {
+            com::setLastErrorText("The listing cannot be read.");
+            return com::errorFail;
+        }
+        const std::string wanted = std::get<std::string>(arguments[0]);
+        const std::int32_t listing = std::get<std::int32_t>(arguments[1]);
+        searches.emplace_back(wanted, listing);
+        *result = listing == 0 ? wanted == "1000" : (listing == 2 || listing == 7) && wanted == "1";
+        return com::ok;
+    }
+
+    std::vector<std::pair<std::string, std::int32_t>> searches;
+    bool fail = false;
+
+  private:
+    static com::HResult record(const std::string& name, com::Variant& result) {
+        static const std::map<std::string, std::map<std::string, std::string>> records{
+            {"AddressRecord", {{"ResultCode", "1000"}, {"Town", " MANILA "}, {"Province", "METRO MANILA"}}},
+            {"NationalityRecord", {{"ResultCode", "1"}, {"Nationality", "FILIPINO"}}},
+            {"ReligionRecord", {{"ResultCode", "1"}, {"Religion", "ROMAN CATHOLIC"}}}};
+        const auto found = records.find(name);
+        if (found == records.end())
+            return com::errorMemberNotFound;
+        result = com::Ref<com::IUnknown>::taking(new RecordStandIn(found->second));
+        return com::ok;
+    }
+};
+
+} // namespace opd::tests

@@ -1,0 +1,255 @@
+#include "registration/form_fixture.h"
+
+namespace opd::tests {
+
+namespace {
+
+using registration::Fields;
+
+/// Opens the form of a new patient and lets `work` be the clerk in it.
+void inNewForm(const std::function<void(FormFixture&, ui::Window&, Fields&)>& work) {
+    FormFixture desk;
+    desk.openNewPatient();
+    desk.desktop.work([&](ui::Window& window) { work(desk, window, desk.form->fields()); });
+    desk.desktop.showModal(desk.form->window());
+    EXPECT_TRUE(desk.desktop.allAnswersGiven());
+}
+
+TEST(Form, ANewPatientStartsMaleSingleAndFilipinoWithTheServersDate) {
+    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
+        EXPECT_TRUE(fields.header.male.selected());
+        EXPECT_EQ(fields.personal.cboCivilStatus.text(), "Single");
+        EXPECT_EQ(fields.personal.nationalityName.text(), "FILIPINO");
+        EXPECT_EQ(fields.header.dtpAdmDate.text() + " " + fields.header.txtAdmTime.text(), "11/24/2026 02:05 PM");
+        EXPECT_EQ(fields.header.txtHospNum.text(), "NEW");
+        EXPECT_EQ(fields.header.txtOPDNum.text(), "(TO BE GENERATED)");
+        EXPECT_EQ(fields.buttons.cmdSave.caption(), "&Register");
+        EXPECT_EQ(desk.form->record().VisitKindCode, "N");
+        EXPECT_EQ(window.focus(), &fields.header.txtLastName);
+        EXPECT_FALSE(fields.personal.cmbPaycode.visible());
+        EXPECT_FALSE(fields.additional.letterOfAuthorization.visible());
+    });
+}
+
+TEST(Form, TypedTextIsRaisedWithoutApostrophesExceptInEMailAddresses) {
+    inNewForm([](FormFixture&, ui::Window& window, Fields& fields) {
+        const auto typed = [&](ui::TextBox& box, const char* characters) {
+            window.setFocus(box);
+            TestDesktop::type(window, characters);
+            return box.text();
+        };
+        EXPECT_EQ(typed(fields.header.txtLastName, "o'neil3. ñ"), "ONEIL Ñ");
+        EXPECT_EQ(typed(fields.header.txtFirstName, "ma. luz-7a"), "MA. LUZ-A");
+        EXPECT_EQ(typed(fields.header.txtTitle, "jr'"), "JR");
+        EXPECT_EQ(typed(fields.personal.txtEmail, "juan@x.ph"), "juan@x.ph");
+        EXPECT_EQ(typed(fields.employment.txtEmployerEmail, "a'b"), "ab");
+    });
+}
+
+TEST(Form, EnterWalksOnAndTheRemarksLeadToTheConsultation) {
+    inNewForm([](FormFixture&, ui::Window& window, Fields& fields) {
+        window.pressKey(ui::key::enter);
+        EXPECT_EQ(window.focus(), &fields.header.txtFirstName);
+        window.setFocus(fields.personal.notifyName);
+        window.pressKey(ui::key::enter);
+        EXPECT_EQ(window.focus(), &fields.consultation.guarantorName);
+        EXPECT_EQ(fields.tabOPD.shownText(), "Consultation Information");
+        window.setFocus(fields.personal.txtRemarks);
+        EXPECT_EQ(fields.tabOPD.shownText(), "Personal Information");
+        EXPECT_FALSE(window.keyPreview);
+        window.pressKey(ui::key::enter);
+        EXPECT_EQ(window.focus(), &fields.consultation.guarantorName);
+        EXPECT_TRUE(window.keyPreview);
+        window.setFocus(fields.consultation.withBill);
+        EXPECT_FALSE(window.keyPreview);
+    });
+}
+
+TEST(Form, TheBirthDateKeepsTheFocusUntilItIsRightAndThenDecidesTheAge) {
+    const struct {
+        const char* birthDate;
+        const char* message; ///< null when accepted
+        const char* age;
+        const char* civilStatus;
+    } cases[] = {
+        {"", "Please enter the patient's Birthdate", "", "Single"},
+        {"02/30/2000", "Invalid date...", "", "Single"},
+        {"11/25/2026", "Invalid date...", "", "Single"},
+        {"11/24/2026", nullptr, "0", "Child"},
+        {"11/23/2012", nullptr, "14", "Single"},
+        {"03/07/1980", nullptr, "46", "Single"},
+        {"01/01/1850", "Invalid Age...", "176", "Single"},
+    };
+    for (const auto& entry : cases)
+        inNewForm([&](FormFixture& desk, ui::Window& window, Fields& fields) {
+            SCOPED_TRACE(entry.birthDate);
+            window.setFocus(fields.header.txtBirthDate);
+            window.edited(fields.header.txtBirthDate, entry.birthDate);
+            if (entry.message != nullptr)
+                desk.desktop.answer(ui::Answer::Ok);
+            window.pressTab(false);
+            EXPECT_EQ(window.focus() == &fields.header.txtBirthDate, entry.message != nullptr);
+            if (entry.message != nullptr) {
+                EXPECT_EQ(desk.desktop.messages.back().text, entry.message);
+            }
+            EXPECT_EQ(fields.header.txtAge.text(), entry.age);
+            EXPECT_EQ(fields.personal.cboCivilStatus.text(), entry.civilStatus);
+            EXPECT_FALSE(fields.header.txtAge.enabled());
+        });
+}
+
+TEST(Form, ABirthDateAfterTodayButNotAfterTheConsultationIsRefusedAsInTheFuture) {
+    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
+        fields.header.dtpAdmDate.setValue({2026, 12, 31, 0, 0, 0});
+        window.setFocus(fields.header.txtBirthDate);
+        window.edited(fields.header.txtBirthDate, "12/01/2026");
+        desk.desktop.answer(ui::Answer::Ok);
+        window.pressTab(false);
+        EXPECT_EQ(desk.desktop.messages.back().text, "Birthdate must not be greater than the date today!");
+        EXPECT_EQ(window.focus(), &fields.header.txtBirthDate);
+        // Cancel never asks the field; the form closes with the clerk's consent.
+        desk.desktop.answer(ui::Answer::Ok);
+        window.pressKey(ui::key::escape);
+        EXPECT_EQ(desk.desktop.messages.back().text, "Are you sure to close this program?");
+        EXPECT_FALSE(window.isOpen());
+    });
+}
+
+TEST(Form, CivilStatusMustFitTheAge) {
+    const struct {
+        const char* status;
+        const char* age;
+        const char* message;
+    } cases[] = {{"Child", "15", "Child is not allowed for patient's above pediatric age..."},
+                 {"Child", "14", nullptr},
+                 {"Married", "15", "Selected Status is not allowed for ages below 16."},
+                 {"Married", "16", nullptr},
+                 {"Single", "3", nullptr}};
+    for (const auto& entry : cases)
+        inNewForm([&](FormFixture& desk, ui::Window& window, Fields& fields) {
+            SCOPED_TRACE(std::string{entry.status} + entry.age);
+            fields.header.txtAge.setText(entry.age);
+            window.setFocus(fields.personal.cboCivilStatus);
+            fields.personal.cboCivilStatus.setText(entry.status);
+            if (entry.message != nullptr)
+                desk.desktop.answer(ui::Answer::Ok);
+            window.pressTab(false);
+            EXPECT_EQ(window.focus() == &fields.personal.cboCivilStatus, entry.message != nullptr);
+            if (entry.message != nullptr) {
+                EXPECT_EQ(desk.desktop.messages.back().text, entry.message);
+            }
+        });
+}
+
+TEST(Form, CodesResolveWhenTheirFieldIsLeftAndUnknownOnesStay) {
+    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
+        ui::TextBox& code = fields.personal.txtZipCode;
+        window.setFocus(code);
+        window.edited(code, "9999");
+        window.pressTab(false);
+        EXPECT_EQ(window.focus(), &code);
+        window.edited(code, "1000");
+        window.pressTab(false);
+        EXPECT_EQ(fields.personal.townName.text(), "MANILA, METRO MANILA");
+        EXPECT_NE(window.focus(), &code);
+
+        // The lookup button asks for the whole list, once; nothing is chosen here, so the field keeps what it had.
+        window.click(fields.personal.searchZipCode);
+        EXPECT_EQ(desk.listing.get()->searches.back(), (std::pair<std::string, std::int32_t>{"", 0}));
+        EXPECT_EQ(window.focus(), &code);
+        EXPECT_EQ(code.text(), "1000");
+        EXPECT_FALSE(desk.globals.gForceSearch);
+
+        // A lookup that fails says why and leaves everything as it was.
+        desk.listing.get()->fail = true;
+        desk.desktop.answer(ui::Answer::Ok);
+        window.pressTab(false);
+        EXPECT_EQ(desk.desktop.messages.back().text, "The listing cannot be read.");
+        EXPECT_EQ(window.focus(), &code);
+        desk.listing.get()->fail = false;
+
+        window.edited(code, "");
+        window.pressTab(false);
+        EXPECT_EQ(fields.personal.townName.text(), "");
+    });
+}
+
+TEST(Form, ANewPatientOnFileLeadsBackOnceAndATwinIsRegistered) {
+    FormFixture desk;
+    desk.provider->answer("Select hospnum from Patient_Data..tbMaster Where Lastname like 'REYES%' and BirthDate = "
+                          "'03/07/1980'",
+                          oneRow({{"hospnum", "00000003"}}));
+    const auto typeBirthDate = [&](ui::Window& window) {
+        Fields& fields = desk.form->fields();
+        fields.header.txtLastName.setText("REYES");
+        fields.header.female.setSelected(true);
+        window.setFocus(fields.header.txtBirthDate);
+        window.edited(fields.header.txtBirthDate, "03/07/1980");
+        window.pressTab(false);
+    };
+    desk.openNewPatient();
+    desk.desktop.answer(ui::Answer::Ok);
+    desk.desktop.work([&](ui::Window& window) {
+        typeBirthDate(window);
+        EXPECT_FALSE(window.isOpen());
+    });
+    desk.desktop.showModal(desk.form->window());
+    EXPECT_EQ(desk.globals.gDuplicateLastName, "REYES");
+    EXPECT_EQ(desk.globals.gDuplicateBirthDate, "03/07/1980");
+    EXPECT_EQ(desk.globals.gDuplicateSex, "F");
+
+    desk.globals.gDuplicateLastName.clear(); // as the search window does when it shows that patient
+    desk.openNewPatient();
+    desk.desktop.work([&](ui::Window& window) {
+        typeBirthDate(window);
+        EXPECT_TRUE(window.isOpen());
+    });
+    desk.desktop.showModal(desk.form->window());
+}
+
+TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
+    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
+        fields.personal.insured.setSelected(true);
+        fields.personal.txtNationality.setText("");
+        fields.header.male.setSelected(false);
+        window.setFocus(fields.history.hypertension); // on another tab than the mistakes
+        const struct {
+            const char* message;
+            ui::Control& mistake;
+            std::function<void()> mend;
+        } steps[] = {
+            {"Please enter Account Code", fields.personal.accountNumber,
+             [&] { fields.personal.accountNumber.setText("HMO-1"); }},
+            {"Invalid Patient Name", fields.header.txtLastName, [&] { fields.header.txtLastName.setText("CRUZ"); }},
+            {"Invalid Patient Name", fields.header.txtFirstName, [&] { fields.header.txtFirstName.setText("ANA"); }},
+            {"Please enter patient's zip code!", fields.personal.txtZipCode,
+             [&] { fields.personal.txtZipCode.setText("1000"); }},
+            {"Please enter patient's nationality!", fields.personal.txtNationality,
+             [&] { fields.personal.txtNationality.setText("1"); }},
+            {"Please enter patient's religion!", fields.personal.txtReligion,
+             [&] { fields.personal.txtReligion.setText("1"); }},
+            {"You must specify the out-patient's sex.", fields.header.male,
+             [&] { fields.header.female.setSelected(true); }},
+            {"Please enter the patient's Birthdate", fields.header.txtBirthDate,
+             [&] { fields.header.txtBirthDate.setText("02/30/2000"); }},
+            {"Invalid Birthdate", fields.header.txtBirthDate,
+             [&] { fields.header.txtBirthDate.setText("03/07/1980"); }},
+        };
+        for (const auto& step : steps) {
+            SCOPED_TRACE(step.message);
+            desk.desktop.answer(ui::Answer::Ok);
+            EXPECT_FALSE(desk.validate());
+            EXPECT_EQ(desk.desktop.messages.back().text, step.message);
+            EXPECT_EQ(window.focus(), &step.mistake);
+            EXPECT_TRUE(step.mistake.isShown());
+            step.mend();
+        }
+        EXPECT_TRUE(desk.validate());
+        EXPECT_EQ(desk.form->record().SexCode, "F");
+        EXPECT_EQ(desk.globals.AccountTypeCode, "C");
+        EXPECT_EQ(desk.form->record().CivilStatusCode, "1");
+    });
+}
+
+} // namespace
+} // namespace opd::tests

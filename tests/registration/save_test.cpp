@@ -1,0 +1,259 @@
+#include "registration/form_fixture.h"
+
+#include "platform/ado/error.h"
+#include "registration/save/save_data.h"
+
+namespace opd::tests {
+
+namespace {
+
+/// Every text box holds its own name, so that the statements below say which box each of their arguments comes from.
+/// Values that are raised to upper case show it.
+void fillWithNames(FormFixture& desk) {
+    std::vector<ui::Control*> everything;
+    desk.form->window().collect(everything);
+    registration::Fields& fields = desk.form->fields();
+    for (ui::Control* control : everything)
+        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && box != &fields.header.txtOPDNum &&
+                                                             box != &fields.header.txtHospNum)
+            box->setText(control->name());
+    fields.header.txtAge.setText("46");
+    fields.header.female.setSelected(true);
+    fields.header.txtBirthDate.setText("03/07/1980");
+    fields.header.dtpAdmDate.setValue({2026, 11, 24, 0, 0, 0});
+    fields.header.txtAdmTime.setValue({2026, 11, 24, 14, 5, 0});
+    fields.personal.cboCivilStatus.setText("Married");
+    fields.personal.chkSeniorCitizen.setChecked(true);
+    fields.personal.purposeHema.setChecked(true);
+    fields.personal.chkPatientType.setChecked(true);
+    fields.personal.notInsured.setSelected(true);
+    fields.personal.cmbPaycodeID.setText(" PC1 ");
+    fields.consultation.withBill.setSelected(true);
+    fields.consultation.optMiniOR.setSelected(true);
+    fields.history.hepatitis.setChecked(true);
+    fields.history.others.setChecked(true);
+    fields.employment.privateSector.setSelected(true);
+    fields.employment.abroad.setSelected(true);
+    fields.employment.philHealthYes.setSelected(true);
+}
+
+// The master list that every client but RVT has.
+constexpr const char* standardShape =
+    R"(Patient_Data..sp_aopd_Update_TbMaster  '00000012', 'TXTLASTNAME', 'TXTFIRSTNAME', 'TXTMIDDLENAME', 'TXTHOUSESTREET', 'TXTBARANGAY', 'txtZipCode', 'F', '03/07/1980', 'TXTTELNUM(2)', '46', 'txtEmployer(0)', 'txtEmployer(1)', 'txtEmployer(2)', '26A0000007B', 'txtGuarantor(0)', 'txtGuarantor(1)', 'txtGuarantor(3)', 'txtGuarantor(2)', 'txtInformant(0)', 'txtInformant(1)', 'txtInformant(3)', 'txtInformant(2)', '2', 'txtGuarantor(4)', '1', 'txtSeniorCitizenID', 'txtPersonal(5)', 'txtBloodType', 'txtTitle'
+Patient_Data..sp_AOPD_Save_TbMasterAllergies '00000012', 'txtAllergy(0)', 'txtAllergy(1)', 'txtAllergy(2)', 'txtAllergy(3)', 'txtAllergy(4)'
+Patient_Data..sp_AOPD_UpdateOPDHistory '00000012','26A0000007B','txtService(0)','txtDoctor(0)','','','','','','TXTREMARKS','txtCauseofConsultationID1','txtCauseofConsultationID2','txtCauseofConsultationID3','txtChiefComplaint(1)'
+)";
+
+constexpr const char* standardVisit =
+    R"(Patient_Data..sp_aopd_Update_tbOutpatient '00000012','26A0000007B','txtAccount(0)','TXTREMARKS','txtService(0)','txtService(2)','txtService(4)','','','txtDoctor(0)','txtDoctor(2) ','P','W','txtWeight','txtTemperature','txtBP(0)/txtBP(1)','N','CLERK','11/24/2026 02:05 PM','txtChiefComplaint(1)','txtPR','txtCardNum','W','H','txtARemarks','txtHeight','3','','1','txtRespRate','txtApprovalNo','0','0'
+)";
+
+constexpr const char* rvtMaster =
+    R"(Patient_Data..sp_aopd_Update_TbMaster  '00000012', 'TXTLASTNAME', 'TXTFIRSTNAME', 'TXTMIDDLENAME', 'TXTHOUSESTREET', 'TXTBARANGAY', 'txtZipCode', 'F', '03/07/1980', 'TXTTELNUM(2)', '46', 'txtEmployer(0)', 'txtEmployer(1)', 'txtEmployer(2)', '26A0000007B', 'txtGuarantor(0)', 'txtGuarantor(1)', 'txtGuarantor(3)', 'txtGuarantor(2)', 'txtInformant(0)', 'txtInformant(1)', 'txtInformant(3)', 'txtInformant(2)', '2', 'txtGuarantor(4)', 'txtReligion', '1', '1', 'txtSeniorCitizenID', 'txtPersonal(5)', 'txtBloodType', 'txtTitle'
+Patient_Data..sp_AOPD_Save_TbMasterAllergies '00000012', 'txtAllergy(0)', 'txtAllergy(1)', 'txtAllergy(2)', 'txtAllergy(3)', 'txtAllergy(4)'
+)";
+
+constexpr const char* rvtVisit =
+    R"(Patient_Data..sp_aopd_Update_tbOutpatient '00000012','26A0000007B','txtAccount(0)','TXTREMARKS','txtService(0)','txtService(2)','txtService(4)','','','txtDoctor(0)','txtDoctor(2) ','P','W','txtWeight','txtTemperature','txtBP(0)/txtBP(1)','N','CLERK','11/24/2026 02:05 PM','txtCauseofConsultationID1','txtCauseofConsultationID2','txtCauseofConsultationID3','txtPR','PC1','txtCardNum','W','H','txtARemarks','txtHeight','3','','1','txtRespRate','txtApprovalNo'
+)";
+
+constexpr const char* doctors =
+    R"(Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation 'txtDoctor(0)'
+Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation 'txtDoctor(2)'
+Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation 'txtAddDoctor(0)'
+Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation 'txtAddDoctor(2)'
+Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation 'txtAddDoctor(4)'
+Patient_Data..OPD_Update_AdditionalDr '26A0000007B', 'txtAddDoctor(0)', '1'
+Patient_Data..OPD_Update_AdditionalDr '26A0000007B', 'txtAddDoctor(2)', '2'
+Patient_Data..OPD_Update_AdditionalDr '26A0000007B', 'txtAddDoctor(4)', '3'
+)";
+
+constexpr const char* afterCommit =
+    R"(commit
+Patient_Data..sp_Adm_UpdateMaster2 '00000012','txtPersonal(0)','txtNationality','txtReligion','txtPersonal(8)','txtMother(0)','txtFather(0)','txtEmployer(0)','txtEmployer(2)','txtEmployer(1)','txtNotify(0)','txtNotify(1)','txtNotify(3)','txtNotify(2)','txtSpouse(4)','txtSpouse(3)','txtFather(1)','txtFather(2)','txtMother(1)','txtMother(2)','txtPersonal(9)','txtEmployer(4)',2,2,'txtEmployer(3)','txtEmployerEmail','txtSpouse(1)','txtSpouse(2)','txtSpouse(5)','txtSpouse(0)','txtSpouse(6)','1','','txtPersonal(13)','txtEmail','txtPersonal(11)' 
+Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '00000012', 0, 0, 1, 0, 0, 0, 0, 0, 'txtMedHistory'
+Update Patient_data..tbOutPatient set isChemo = '0', isHemodialysis = '0', isRadiotherapy = '0', ExpirationDate = null, isForDeposit = '0' where IDnum = '26A0000007B'
+Update Patient_data..tbOutPatient set isWalkIn = '0', OPDStatus = '' where IDnum = '26A0000007B'
+)";
+
+constexpr const char* similarRecords = "PATIENT_DATA..sp_AOPD_SearchSimilarRecords 'txtLastName','txtFirstName',46\n";
+constexpr const char* confinement = "PATIENT_DATA..sp_AOPD_CheckIfAdmitted 'NEW'\n";
+constexpr const char* numbers = "{call Patient_Data..sp_adm_GetNewHospNum(?)}\n{call "
+                                "Patient_Data..sp_aopd_GetNewOPDID(?)}\nbegin\n";
+
+TEST(Save, SendsTheDocumentedStatementsInTheirOrderForEveryShape) {
+    const struct {
+        const char* name;
+        const char* client;
+        bool updateOnly;
+        std::string expected;
+    } shapes[] = {
+        {"standard, full", "", false,
+         std::string{similarRecords} + confinement + numbers + standardShape + standardVisit + doctors + afterCommit},
+        {"standard, update only", "", true, std::string{similarRecords} + numbers + standardShape + afterCommit},
+        {"RVT, full", "RVT", false,
+         std::string{similarRecords} + confinement + numbers + rvtMaster + rvtVisit + doctors + afterCommit},
+        {"RVT, update only", "RVT", true, std::string{similarRecords} + numbers + rvtMaster + afterCommit},
+    };
+    for (const auto& shape : shapes) {
+        SCOPED_TRACE(shape.name);
+        FormFixture desk;
+        desk.globals.gClientName = shape.client;
+        desk.openNewPatient();
+        fillWithNames(desk);
+        ASSERT_TRUE(desk.validate());
+        desk.provider->log.clear();
+        desk.desktop.answer(ui::Answer::Ok);
+        EXPECT_TRUE(registration::SaveData(desk.form->context(), shape.updateOnly));
+        EXPECT_EQ(desk.provider->log, shape.expected);
+        EXPECT_EQ(desk.desktop.messages.back().text,
+                  shape.updateOnly
+                      ? "TXTLASTNAME, TXTFIRSTNAME TXTMIDDLENAME record was updated."
+                      : "TXTLASTNAME, TXTFIRSTNAME TXTMIDDLENAME was registered as Hosp. # (00000012) and Case # "
+                        "(26A0000007B).");
+        EXPECT_FALSE(desk.desktop.isBusy());
+    }
+}
+
+/// Fills what a save needs and presses nothing yet.
+void fillRequired(FormFixture& desk) {
+    registration::Fields& fields = desk.form->fields();
+    fields.header.txtLastName.setText("DELA CRUZ");
+    fields.header.txtFirstName.setText("JUAN");
+    fields.header.txtBirthDate.setText("03/07/1980");
+    fields.personal.txtZipCode.setText("1000");
+    fields.personal.txtReligion.setText("1");
+}
+
+TEST(Save, AFailureInsideTheTransactionRollsBackAndKeepsEverythingTyped) {
+    FormFixture desk;
+    desk.openNewPatient();
+    fillRequired(desk);
+    desk.provider->failOn("Patient_Data..sp_aopd_Update_tbOutpatient", "The disk is full.");
+    desk.desktop.work([&](ui::Window& window) {
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_EQ(desk.desktop.messages.back().text, "The disk is full.");
+        EXPECT_TRUE(window.isOpen());
+        EXPECT_FALSE(desk.desktop.isBusy());
+        EXPECT_EQ(desk.form->fields().header.txtLastName.text(), "DELA CRUZ");
+        EXPECT_TRUE(desk.provider->log.ends_with("rollback\n")) << desk.provider->log;
+
+        // The next try uses the numbers that were drawn already, and closes the form.
+        desk.provider->forgetRules("Patient_Data..sp_aopd_Update_tbOutpatient");
+        desk.provider->log.clear();
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_FALSE(window.isOpen());
+        EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+        EXPECT_NE(desk.provider->log.find("commit\n"), std::string::npos);
+    });
+    desk.desktop.showModal(desk.form->window());
+}
+
+TEST(Save, AFailureBehindTheCommitWritesTheSameVisitAgainAndNoSecondOne) {
+    FormFixture desk;
+    desk.openNewPatient();
+    fillRequired(desk);
+    desk.provider->failOn("Patient_Data..sp_Adm_UpdateMaster2", "The connection is lost.");
+    desk.desktop.work([&](ui::Window& window) {
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_TRUE(window.isOpen());
+        EXPECT_EQ(desk.provider->log.find("rollback"), std::string::npos);
+        EXPECT_EQ(desk.form->fields().header.txtOPDNum.text(), "26A0000007B");
+
+        desk.provider->forgetRules("Patient_Data..sp_Adm_UpdateMaster2");
+        desk.provider->log.clear();
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(desk.form->fields().buttons.cmdSave);
+        EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+        EXPECT_NE(desk.provider->log.find("sp_aopd_Update_tbOutpatient '00000012','26A0000007B'"), std::string::npos);
+        EXPECT_TRUE(desk.desktop.messages.back().text.ends_with("Case # (26A0000007B)."));
+    });
+    desk.desktop.showModal(desk.form->window());
+}
+
+TEST(Save, AnApostropheNeverReachesTheDatabaseExceptAsAGraveAccent) {
+    FormFixture desk;
+    desk.openNewPatient();
+    fillRequired(desk);
+    ASSERT_TRUE(desk.validate());
+    desk.form->fields().personal.motherName.setText("ANA O'NEIL");
+    desk.desktop.answer(ui::Answer::Ok);
+    EXPECT_TRUE(registration::SaveData(desk.form->context(), false));
+    EXPECT_NE(desk.provider->log.find("'ANA O`NEIL'"), std::string::npos);
+
+    desk.form->fields().header.txtLastName.setText("O'NEIL', 'X");
+    desk.provider->log.clear();
+    EXPECT_THROW(registration::SaveData(desk.form->context(), false), ado::Error);
+    EXPECT_EQ(desk.provider->log.find("O'NEIL"), std::string::npos) << desk.provider->log;
+    EXPECT_EQ(desk.provider->log.find("commit"), std::string::npos);
+}
+
+TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
+    const ado::ResultSet someone = oneRow({{"HospNum", "00000001"}});
+    const struct {
+        const char* rule;
+        bool opensPatientClass;
+        std::vector<ui::Answer> answers;
+        const char* lastMessage;
+        bool closesForm;
+    } cases[] = {
+        {"PATIENT_DATA..sp_AOPD_SearchSimilarRecords", false, {ui::Answer::No, ui::Answer::Ok},
+         "Registration Cancelled.", true},
+        {"PATIENT_DATA..sp_AOPD_CheckIfAdmitted", false, {ui::Answer::Ok},
+         "Cannot register currently confined patients", true},
+        {"nothing", true, {ui::Answer::Ok}, "Cannot register patient! Please provide patient classification.", false},
+    };
+    for (const auto& refusal : cases) {
+        SCOPED_TRACE(refusal.lastMessage);
+        FormFixture desk;
+        desk.globals.IsAllowOPDPatientClass = refusal.opensPatientClass;
+        desk.openNewPatient();
+        fillRequired(desk);
+        desk.provider->answer(refusal.rule, someone);
+        desk.provider->log.clear();
+        desk.desktop.work([&](ui::Window& window) {
+            for (const ui::Answer answer : refusal.answers)
+                desk.desktop.answer(answer);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_EQ(desk.desktop.messages.back().text, refusal.lastMessage);
+            EXPECT_EQ(window.isOpen(), !refusal.closesForm);
+        });
+        desk.desktop.showModal(desk.form->window());
+        EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+        EXPECT_EQ(desk.provider->log.find("begin"), std::string::npos);
+    }
+}
+
+TEST(Save, MarkersFollowTheFlagsTheClientAndTheBoxes) {
+    FormFixture desk;
+    desk.globals.gClientName = "TKWA";
+    desk.globals.isAllowCorvane = desk.globals.IsAllowOPDMABRate = desk.globals.isAllowOPFileNumbering = true;
+    desk.globals.isAllowOPDRegisterInpatient = true;
+    desk.openNewPatient();
+    fillRequired(desk);
+    ASSERT_TRUE(desk.validate());
+    registration::Fields& fields = desk.form->fields();
+    fields.personal.chkHemo.setChecked(true);
+    desk.form->record().HemoFlag = true;
+    fields.personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
+    fields.additional.corvanePatient.setSelected(true);
+    fields.history.txtLMP.setText("11/01/2026");
+    desk.desktop.answer(ui::Answer::Ok);
+    ASSERT_TRUE(registration::SaveData(desk.form->context(), false));
+    EXPECT_EQ(desk.provider->log.find("sp_AOPD_CheckIfAdmitted"), std::string::npos);
+    EXPECT_EQ(desk.provider->log.substr(desk.provider->log.find("Update Patient_data")),
+              "Update Patient_data..tbOutPatient set isChemo = '0', isHemodialysis = '1', isRadiotherapy = '0', "
+              "ExpirationDate = '01/31/2027 00:00:00', isForDeposit = '0' where IDnum = '26A0000007B'\n"
+              "Update Patient_data..tbOutPatient set isWalkIn = '0', OPDStatus = '' where IDnum = '26A0000007B'\n"
+              "Update Patient_data..tbOutPatient set Corvane = '1' where IDnum = '26A0000007B'\n"
+              "Update Patient_data..tbOutPatient set isMABRate = '0' where IDnum = '26A0000007B'\n"
+              "Patient_Data..sp_AOPD_InsertUpdateOutProfile '00000012','26A0000007B','', '', '', '', '', '', '', '', "
+              "'11/01/2026','2'\n"
+              "Patient_data..OPD_UpdateFileNum '00000012'\n");
+}
+
+} // namespace
+} // namespace opd::tests

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/ui/window.h"
+#include "platform/ui/desktop.h"
+
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace opd::tests {
+
+/// A desktop for one test: message boxes are answered from a queue, windows are worked by a queued function each, and
+/// closed when it is done.
+class TestDesktop final : public ui::Desktop {
+  public:
+    using Work = std::function<void(ui::Window&)>;
+
+    /// What the clerk does in the next window that is shown.
+    void work(Work work) { m_work.push_back(std::move(work)); }
+
+    /// The answer to the next message box.
+    void answer(ui::Answer answer) { m_answers.push_back(answer); }
+
+    std::vector<ui::Message> messages; ///< all that were shown
+    std::vector<std::string> shown;    ///< names of the windows that were shown; modeless ones end in "~"
+    int beeps = 0;
+
+    void showModal(ui::Window& window) override {
+        open(window, window.name());
+        window.unload();
+        m_views.clear();
+    }
+
+    void show(ui::Window& window) override { open(window, window.name() + "~"); }
+    void waitForWindows() override {}
+
+    ui::Answer ask(const ui::Message& message) override {
+        messages.push_back(message);
+        if (m_answers.empty()) {
+            ADD_FAILURE() << "An unexpected message: " << message.text;
+            return ui::Answer::Cancel;
+        }
+        const ui::Answer answer = m_answers.front();
+        m_answers.pop_front();
+        return answer;
+    }
+
+    void beep() override { ++beeps; }
+    void setBusy(bool busy) override { m_busy = busy; }
+    bool isBusy() const override { return m_busy; }
+
+    bool allAnswersGiven() const { return m_answers.empty(); }
+
+    /// Types characters into the control that has the focus, as far as the window lets them through.
+    static void type(ui::Window& window, const std::string& characters) {
+        for (const char32_t character : text::decode(characters))
+            if (const char32_t kept = window.pressKey(character); kept >= ui::key::space)
+                if (auto* box = dynamic_cast<ui::TextBox*>(window.focus()))
+                    window.edited(*box, box->text() + text::encode(kept));
+    }
+
+  private:
+    struct SilentView final : ui::WindowView {
+        void changed(ui::Control&, ui::Aspect) override {}
+        void focusMoved(ui::Control*) override {}
+        void closed() override {}
+    };
+
+    void open(ui::Window& window, const std::string& name) {
+        window.load();
+        shown.push_back(name);
+        m_views.push_back(std::make_unique<SilentView>());
+        window.opened(*m_views.back());
+        if (m_work.empty())
+            return;
+        const Work work = std::move(m_work.front());
+        m_work.pop_front();
+        work(window);
+    }
+
+    std::deque<Work> m_work;
+    std::deque<ui::Answer> m_answers;
+    std::vector<std::unique_ptr<SilentView>> m_views;
+    bool m_busy = false;
+};
+
+} // namespace opd::tests

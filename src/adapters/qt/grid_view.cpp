@@ -7,11 +7,14 @@
 #include <QScopedValueRollback>
 #include <QTableView>
 
+#include <algorithm>
+
 namespace opd::qt {
 
 namespace {
 
-constexpr int twipsPerPixel = 15;
+/// Widths are given for a small font whose characters were this many twips wide; they grow with the font that is used.
+constexpr int twipsPerCharacter = 84;
 
 Qt::Alignment alignmentOf(const ui::Grid::Column& column) {
     return (column.rightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
@@ -101,10 +104,11 @@ void GridView::showTable() {
     const QScopedValueRollback writing(m_writing, true);
     m_rows.replaced();
     for (int i = 0; i < m_rows.columnCount(); ++i) {
-        const int width = m_grid.columns()[static_cast<std::size_t>(i)].width;
-        m_table->setColumnHidden(i, width == 0);
-        if (width > 0)
-            m_table->setColumnWidth(i, width / twipsPerPixel);
+        const int twips = m_grid.columns()[static_cast<std::size_t>(i)].width;
+        const int width = twips * m_table->fontMetrics().averageCharWidth() / twipsPerCharacter;
+        m_table->setColumnHidden(i, twips == 0);
+        if (twips > 0)
+            m_table->setColumnWidth(i, std::max(width, m_table->horizontalHeader()->sectionSizeHint(i)));
     }
 }
 

@@ -31,7 +31,7 @@ void fillIn(qt::samples::SearchWindow& search, qt::samples::RegistrationWindow& 
         rows.push_back({"DELA CRUZ", "JOSEFINO", "VILLANUEVA", "000012" + std::to_string(10 + i), "03/07/1980", "44",
                         "123 MABINI ST., BARANGAY SAN ISIDRO, QUEZON CITY"});
     search.gridPatientList.show(
-        ui::gridColumns("|<Last Name |<FirstName |<Middle Name |<Hosp. No. |<Birth Date |<Age |<Address ",
+        ui::gridColumns("<Last Name |<FirstName |<Middle Name |<Hosp. No. |<Birth Date |<Age |<Address ",
                         {2000, 2000, 2000, 1000, 1100, 0, 6400}),
         std::move(rows));
     form.header.txtOPDNum.setText("(TO BE GENERATED)");

@@ -35,7 +35,7 @@ OwnedDesktop makeDesktop(script::Player* player) {
         throw std::runtime_error("There is no desktop \"" + kind + "\"; there are \"qt\" and \"scripted\".");
     if (player == nullptr)
         throw std::runtime_error("The scripted desktop needs an operator script.");
-    return {new ScriptedDesktop(player), std::default_delete<ui::Desktop>{}};
+    return {new adapters::ScriptedDesktop(player), std::default_delete<ui::Desktop>{}};
 }
 
 std::unique_ptr<script::Player> makePlayer() {

@@ -34,6 +34,9 @@ class ControlView {
     /// Puts text that passed every filter where the cursor is.
     virtual void insert(const QString&) {}
 
+    /// The mouse was clicked in it.
+    virtual void clickedInto() {}
+
     /// True when one more character can be typed.
     virtual bool hasRoom() const { return true; }
 

@@ -132,6 +132,12 @@ void MaskedView::insert(const QString& text) {
     m_edit->insert(text);
 }
 
+// Wherever an empty date is clicked, typing starts with the month.
+void MaskedView::clickedInto() {
+    if (m_box.isBlank())
+        m_edit->setCursorPosition(0);
+}
+
 QString MaskedView::shownText() const {
     return m_edit->displayText();
 }

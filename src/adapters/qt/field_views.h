@@ -48,6 +48,7 @@ class MaskedView final : public ControlView {
     void show(ui::Aspect aspect) override;
     void selectContent() override;
     void insert(const QString& text) override;
+    void clickedInto() override;
     QString shownText() const override;
 
   private:

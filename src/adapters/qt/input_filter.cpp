@@ -107,10 +107,14 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     case QEvent::InputMethod:
         return composed(shell, widget, static_cast<QInputMethodEvent&>(event));
     case QEvent::MouseButtonRelease: {
-        if (static_cast<QMouseEvent&>(event).button() != Qt::MiddleButton)
-            return false;
-        paste(shell, QClipboard::Selection);
-        return true;
+        ControlView* view = shell.viewAt(&widget);
+        if (static_cast<QMouseEvent&>(event).button() == Qt::MiddleButton) {
+            paste(shell, QClipboard::Selection);
+            return true;
+        }
+        if (view != nullptr)
+            view->clickedInto();
+        return false;
     }
     case QEvent::ContextMenu:
         return menuWanted(shell, widget, static_cast<QContextMenuEvent&>(event));

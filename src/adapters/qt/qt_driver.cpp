@@ -124,7 +124,7 @@ void QtDriver::setPicker(ui::DatePicker& picker, const DateTime& value) {
     type(digits);
     if (picker.format() == ui::DatePicker::Format::Time) {
         edit->setSelectedSection(QDateTimeEdit::AmPmSection);
-        type(value.hour < 12 ? "A" : "P");
+        type(value.hour < 12 ? "AM" : "PM");
     }
 }
 

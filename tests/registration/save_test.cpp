@@ -14,8 +14,8 @@ void fillWithNames(FormFixture& desk) {
     desk.form->window().collect(everything);
     registration::Fields& fields = desk.form->fields();
     for (ui::Control* control : everything)
-        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && box != &fields.header.txtOPDNum &&
-                                                             box != &fields.header.txtHospNum)
+        if (auto* box = dynamic_cast<ui::TextBox*>(control);
+            box != nullptr && box != &fields.header.txtOPDNum && box != &fields.header.txtHospNum)
             box->setText(control->name());
     fields.header.txtAge.setText("46");
     fields.header.female.setSelected(true);
@@ -200,10 +200,16 @@ TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
         const char* lastMessage;
         bool closesForm;
     } cases[] = {
-        {"PATIENT_DATA..sp_AOPD_SearchSimilarRecords", false, {ui::Answer::No, ui::Answer::Ok},
-         "Registration Cancelled.", true},
-        {"PATIENT_DATA..sp_AOPD_CheckIfAdmitted", false, {ui::Answer::Ok},
-         "Cannot register currently confined patients", true},
+        {"PATIENT_DATA..sp_AOPD_SearchSimilarRecords",
+         false,
+         {ui::Answer::No, ui::Answer::Ok},
+         "Registration Cancelled.",
+         true},
+        {"PATIENT_DATA..sp_AOPD_CheckIfAdmitted",
+         false,
+         {ui::Answer::Ok},
+         "Cannot register currently confined patients",
+         true},
         {"nothing", true, {ui::Answer::Ok}, "Cannot register patient! Please provide patient classification.", false},
     };
     for (const auto& refusal : cases) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ui/window.h"
 #include "platform/ui/desktop.h"
+#include "platform/ui/window.h"
 
 #include <deque>
 #include <functional>

@@ -11,7 +11,7 @@ namespace opd::script {
 
 /// One key stroke: a named key ("Enter", "Tab", "F4", "Down") or a character, with the keys held down meanwhile.
 struct KeyStroke {
-    std::string name;       ///< empty for a character
+    std::string name = {};  ///< empty for a character
     char32_t character = 0; ///< 0 for a named key
     bool shift = false;
     bool control = false;
@@ -28,6 +28,11 @@ class Driver {
     virtual ui::Window* currentWindow() = 0;
 
     virtual void press(const KeyStroke& key) = 0;
+
+    /// Asks for the focus as a mouse press on the control would, without clicking it. The control that has the focus
+    /// may keep it.
+    virtual void focus(ui::Control& control) = 0;
+
     virtual void click(ui::Control& control) = 0;
     virtual void doubleClick(ui::Grid& grid) = 0;
     virtual void pickEntry(ui::ComboBox& box, int index) = 0;

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/script/driver.h"
+
+#include <functional>
+
+namespace opd::adapters {
+
+/// A script's hands and eyes on the models themselves: input goes to the windows as an adapter with a screen would
+/// forward it, and what the models say is what the clerk sees.
+class ModelDriver final : public script::Driver {
+  public:
+    /// `currentWindow` gives the topmost open window or null, `advance` lets that many milliseconds pass.
+    ModelDriver(std::function<ui::Window*()> currentWindow, std::function<void(int)> advance)
+        : m_currentWindow(std::move(currentWindow)), m_advance(std::move(advance)) {}
+
+    ui::Window* currentWindow() override { return m_currentWindow(); }
+    void press(const script::KeyStroke& key) override;
+    void focus(ui::Control& control) override { control.window().requestFocus(control); }
+    void click(ui::Control& control) override { control.window().click(control); }
+    void doubleClick(ui::Grid& grid) override { grid.window().doubleClick(grid); }
+    void pickEntry(ui::ComboBox& box, int index) override { box.window().picked(box, index); }
+    void pickPage(ui::Tabs& tabs, int index) override { tabs.window().pickPage(tabs, index); }
+    void pickRow(ui::Grid& grid, int row) override;
+    void setPicker(ui::DatePicker& picker, const DateTime& value) override { picker.window().edited(picker, value); }
+    void selectContent() override { m_contentSelected = true; }
+    std::string shownText(ui::Control& control) override { return control.shownText(); }
+    bool isShown(ui::Control& control) override { return control.isShown(); }
+    bool isEnabled(ui::Control& control) override { return control.isUsable(); }
+    bool isChecked(ui::Control& control) override;
+    bool hasFocus(ui::Control& control) override { return control.window().focus() == &control; }
+    int rowCount(ui::Grid& grid) override { return grid.rowCount(); }
+    std::string cell(ui::Grid& grid, int row, int column) override { return grid.cell(row, column); }
+    void wait(int milliseconds) override { m_advance(milliseconds); }
+    void screenshot(const std::string&) override {}
+
+    /// The focus is at another control now, whose content is selected.
+    void focusMoved() {
+        m_contentSelected = true;
+        m_maskPlace = 0;
+    }
+
+  private:
+    void pressNamed(ui::Window& window, const std::string& name, bool shift);
+    void pressCharacter(ui::Window& window, char32_t character);
+    void pressArrow(ui::Window& window, bool backward);
+    void enter(ui::Window& window, char32_t character);
+    void erase(ui::Window& window);
+
+    std::function<ui::Window*()> m_currentWindow;
+    std::function<void(int)> m_advance;
+    bool m_contentSelected = true; ///< the next character replaces what the field holds
+    std::size_t m_maskPlace = 0;   ///< where the next digit of a masked box goes
+};
+
+} // namespace opd::adapters

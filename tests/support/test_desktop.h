@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/text/text.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/window.h"
 
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <vector>
 

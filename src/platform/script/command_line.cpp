@@ -1,5 +1,6 @@
 #include "platform/script/command_line.h"
 
+#include <optional>
 #include <stdexcept>
 
 namespace opd::script {
@@ -10,7 +11,9 @@ bool isBlank(char character) {
     return character == ' ' || character == '\t' || character == '\r';
 }
 
-char escaped(char character) {
+/// The character that a backslash before this one makes of it; nothing where the backslash stands for itself, as in a
+/// regular expression's "\d".
+std::optional<char> escaped(char character) {
     switch (character) {
     case 'n':
         return '\n';
@@ -18,8 +21,11 @@ char escaped(char character) {
         return '\r';
     case 't':
         return '\t';
-    default:
+    case '"':
+    case '\\':
         return character;
+    default:
+        return std::nullopt;
     }
 }
 
@@ -32,10 +38,10 @@ std::string quotedText(std::string_view line, std::size_t& at) {
             ++at;
             return text;
         }
-        if (quote == '"' && line[at] == '\\' && at + 1 < line.size())
-            text += escaped(line[++at]);
-        else
-            text += line[at];
+        const bool escapes = quote == '"' && line[at] == '\\' && at + 1 < line.size();
+        const std::optional<char> meant = escapes ? escaped(line[at + 1]) : std::nullopt;
+        text += meant.value_or(line[at]);
+        at += meant ? 1 : 0;
     }
     throw std::runtime_error(std::string{"a quote ("} + quote + ") is not closed");
 }

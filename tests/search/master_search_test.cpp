@@ -1,0 +1,393 @@
+#include "support/test_session.h"
+
+#include "search/master_search.h"
+
+#include <gtest/gtest.h>
+
+namespace opd::tests {
+
+namespace {
+
+using search::MasterSearchFields;
+
+/// Notes what the search window asks of the registration form.
+class OpenerLog final : public search::RegistrationOpener {
+  public:
+    void setFormType(const std::string& type) override { log += "type " + type + "; "; }
+    void setHospNum(const std::string& number) override { log += "hosp " + number + "; "; }
+    void setAdmissionNumber(const std::string& number) override { log += "opd " + number + "; "; }
+    void setLastName(const std::string& name) override { log += "name " + name + "; "; }
+    void SetRegistrationMode() override { log += "mode; "; }
+    bool SearchPatient() override {
+        log += "check; ";
+        return mayRegister;
+    }
+    void showModal() override {
+        log += "modal; ";
+        if (onShow)
+            onShow();
+    }
+    void show() override { log += "modeless; "; }
+    void discard() override { log += "discard; "; }
+
+    std::string log;
+    bool mayRegister = true;
+    std::function<void()> onShow;
+};
+
+struct SearchDesk : TestSession {
+    SearchDesk() {
+        provider->answer("Select GetDate() As CurDate", oneRow({{"CurDate", clock.moment}}));
+        provider->answer("select * from Patient_Data..tbHospitalInfo",
+                         oneRow({{"clientname", "X"}, {"Company", "HOSPITAL"}, {"Address1", ado::Value{}}}));
+    }
+
+    ado::ResultSet patients() const {
+        ado::ResultSet result;
+        result.columns = {"LastName", "FirstName", "MiddleName", "HospNum", "BirthDate", "Age", "Address"};
+        for (const char* number : {"00000007", "00000008"})
+            result.rows.push_back({"CRUZ", "ANA", ado::Value{}, number, DateTime{1980, 3, 7}, 46, "MANILA"});
+        return result;
+    }
+
+    /// Opens the search window with `work` as the clerk; afterwards the log holds what the clerk's work sent.
+    void open(const std::function<void(ui::Window&, MasterSearchFields&)>& work) {
+        desktop.work([&, work](ui::Window& window) {
+            provider->log.clear();
+            work(window, form.fields());
+        });
+        form.showModal();
+        EXPECT_TRUE(desktop.allAnswersGiven());
+    }
+
+    OpenerLog opener;
+    search::frmMasterSearch form{session, opener};
+};
+
+TEST(MasterSearch, LoadsTheServersDateAndTheHospitalAndOffersNothingYet) {
+    SearchDesk desk;
+    desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        EXPECT_EQ(desk.globals.gCompanyName, "HOSPITAL");
+        EXPECT_EQ(desk.globals.gCompanyAddress, "");
+        EXPECT_FALSE(fields.search.enabled());
+        EXPECT_FALSE(fields.newPatient.enabled());
+        EXPECT_EQ(window.focus(), &fields.txtHospNum);
+        window.pressKey(ui::key::escape);
+        EXPECT_FALSE(window.isOpen());
+    });
+    EXPECT_TRUE(desk.form.closedByOperator());
+    EXPECT_EQ(desk.opener.log, "");
+}
+
+TEST(MasterSearch, TheCriteriaChooseTheStatement) {
+    const struct {
+        const char* name;
+        std::function<void(MasterSearchFields&)> fill;
+        std::vector<ui::Answer> answers;
+        const char* statement;
+    } cases[] = {
+        {"a scanned card wins over every other criterion",
+         [](MasterSearchFields& fields) {
+             fields.txtHospNum.setText(" 00000007 ");
+             fields.lastName.setText("CRUZ");
+             fields.txtPHICNum.setText("1");
+         },
+         {},
+         "Patient_Data..proc_Bar_Search_Patient '00000007','5'\n"},
+        {"PHIC wins over GSIS and SSS",
+         [](MasterSearchFields& fields) {
+             fields.txtSSSNum.setText("3");
+             fields.txtGSISNum.setText("2");
+             fields.txtPHICNum.setText(" 12-1 ");
+         },
+         {},
+         "Patient_Data..sp_Adm_MasterPatientSearchNew '12-1','1'\n"},
+        {"GSIS wins over SSS",
+         [](MasterSearchFields& fields) {
+             fields.txtSSSNum.setText("3");
+             fields.txtGSISNum.setText("2");
+         },
+         {},
+         "Patient_Data..sp_Adm_MasterPatientSearchNew '2','2'\n"},
+        {"SSS",
+         [](MasterSearchFields& fields) { fields.txtSSSNum.setText("3"); },
+         {},
+         "Patient_Data..sp_Adm_MasterPatientSearchNew '3','3'\n"},
+        {"name, sex and birth date",
+         [](MasterSearchFields& fields) {
+             fields.lastName.setText(" DE LA CRUZ ");
+             fields.female.setSelected(true);
+             fields.txtBirthDate.setText("03/07/1980");
+         },
+         {},
+         "Patient_Data..sp_Adm_MasterPatientSearch 'DE LA CRUZ','','','F','','1980.03.07',0,0\n"},
+        {"without a birth date after asking",
+         [](MasterSearchFields& fields) {
+             fields.lastName.setText("CRUZ");
+             fields.male.setSelected(true);
+         },
+         {ui::Answer::Yes},
+         "Patient_Data..sp_Adm_MasterPatientSearch 'CRUZ','','','M','','',0,0\n"},
+    };
+    for (const auto& criteria : cases) {
+        SCOPED_TRACE(criteria.name);
+        SearchDesk desk;
+        desk.provider->answer("Patient_Data..", desk.patients());
+        desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+            criteria.fill(fields);
+            fields.search.setEnabled(true);
+            for (const ui::Answer answer : criteria.answers)
+                desk.desktop.answer(answer);
+            window.click(fields.search);
+            EXPECT_EQ(desk.provider->log, criteria.statement);
+            EXPECT_EQ(window.focus(), &fields.gridPatientList);
+            EXPECT_EQ(fields.gridPatientList.cell(1, 4), "03/07/1980");
+            EXPECT_EQ(desk.globals.gSelectedHospNum, "00000007");
+            EXPECT_TRUE(fields.newPatient.enabled());
+            EXPECT_FALSE(fields.search.enabled());
+        });
+    }
+}
+
+TEST(MasterSearch, RefusedCriteriaSearchNothingAndStandAtTheMistake) {
+    const struct {
+        const char* name;
+        const char* birthDate;
+        bool sex;
+        ui::Answer answer;
+        const char* message;
+        const char* focus;
+    } cases[] = {
+        {"", "", false, ui::Answer::Ok, "Please fill up the LastName!", "txtName(0)"},
+        {"CRUZ", "", false, ui::Answer::Ok, "Please fill up the Gender!", "Option1(0)"},
+        {"CRUZ", "", true, ui::Answer::No, "Incomplete criteria..Do you want to proceed on searching?", "txtBirthDate"},
+        {"CRUZ", "02/30/1980", true, ui::Answer::Ok, "Invalid date of birth...", "txtBirthDate"},
+        {"CRUZ", "01/01/1880", true, ui::Answer::Ok, "Invalid date of birth...", "txtBirthDate"},
+    };
+    for (const auto& criteria : cases) {
+        SCOPED_TRACE(criteria.message);
+        SearchDesk desk;
+        desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+            fields.lastName.setText(criteria.name);
+            fields.male.setSelected(criteria.sex);
+            fields.txtBirthDate.setText(criteria.birthDate);
+            fields.search.setEnabled(true);
+            desk.desktop.answer(criteria.answer);
+            window.click(fields.search);
+            EXPECT_EQ(desk.desktop.messages.back().text, criteria.message);
+            EXPECT_EQ(window.focus()->name(), criteria.focus);
+            EXPECT_EQ(desk.provider->log, "");
+        });
+    }
+}
+
+TEST(MasterSearch, TypingIntoOneGroupEmptiesTheOthersAndTheScanTimerSearches) {
+    SearchDesk desk;
+    desk.provider->answer("Patient_Data..", desk.patients());
+    desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        window.requestFocus(fields.lastName);
+        TestDesktop::type(window, "de 9la'. cruz-ñ");
+        EXPECT_EQ(fields.lastName.text(), "DE LA CRUZ-Ñ");
+        EXPECT_TRUE(fields.search.enabled());
+        fields.txtBirthDate.setText("03/07/1980");
+        window.requestFocus(fields.txtPHICNum);
+        TestDesktop::type(window, "1x2");
+        EXPECT_EQ(fields.txtPHICNum.text(), "12");
+        EXPECT_EQ(desk.desktop.beeps, 1);
+        EXPECT_EQ(fields.lastName.text(), "");
+        EXPECT_TRUE(fields.txtBirthDate.isBlank());
+
+        window.setFocus(fields.txtHospNum);
+        TestDesktop::type(window, "7");
+        EXPECT_EQ(fields.txtPHICNum.text(), "");
+        EXPECT_TRUE(fields.tmrBarCode.running());
+        window.pressKey(ui::key::enter); // a scanner's Enter moves on and takes nothing away
+        window.pressKey(ui::key::enter);
+        window.tick(fields.tmrBarCode);
+        EXPECT_EQ(desk.provider->log, "Patient_Data..proc_Bar_Search_Patient '7','5'\n");
+        EXPECT_FALSE(fields.tmrBarCode.running());
+    });
+}
+
+TEST(MasterSearch, LeavingAMemberNumberSearchesOnceAndAnEmptyOneNever) {
+    SearchDesk desk;
+    desk.provider->answer("Patient_Data..", desk.patients());
+    desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        window.setFocus(fields.txtPHICNum);
+        window.pressTab(false);
+        EXPECT_EQ(desk.provider->log, "");
+        TestDesktop::type(window, "55");
+        window.pressTab(false);
+        EXPECT_EQ(desk.provider->log, "Patient_Data..sp_Adm_MasterPatientSearchNew '55','2'\n");
+        EXPECT_EQ(window.focus(), &fields.gridPatientList);
+        window.setFocus(fields.txtGSISNum);
+        window.pressTab(false);
+        EXPECT_EQ(desk.provider->log, "Patient_Data..sp_Adm_MasterPatientSearchNew '55','2'\n");
+    });
+}
+
+TEST(MasterSearch, WithoutAnyMatchTheNewPatientOpensAtOnceAndAfterOneOnlyWhenConfirmed) {
+    SearchDesk nobody;
+    nobody.open([&](ui::Window& window, MasterSearchFields& fields) {
+        fields.lastName.setText("QUIZON");
+        fields.male.setSelected(true);
+        fields.txtBirthDate.setText("03/07/1980");
+        window.click(fields.search);
+        EXPECT_FALSE(window.isOpen());
+    });
+    EXPECT_EQ(nobody.provider->log, "Patient_Data..sp_Adm_MasterPatientSearch 'QUIZON','','','M','','1980.03.07',0,0\n"
+                                    "Patient_Data..sp_Adm_MasterPatientSubSearch 'QUIZON','M','1980.03.07'\n");
+    EXPECT_EQ(nobody.opener.log, "name QUIZON; type NEW; hosp NEW; opd (TO BE GENERATED); mode; modal; ");
+    EXPECT_FALSE(nobody.form.closedByOperator());
+
+    SearchDesk somebody;
+    somebody.provider->answer("Patient_Data..proc_Bar", somebody.patients());
+    somebody.open([&](ui::Window& window, MasterSearchFields& fields) {
+        fields.txtHospNum.setText("7");
+        fields.search.setEnabled(true);
+        window.click(fields.search);
+        somebody.desktop.answer(ui::Answer::No);
+        window.click(fields.newPatient);
+        const ui::Message& question = somebody.desktop.messages.back();
+        EXPECT_EQ(question.caption, "Verification");
+        EXPECT_EQ(question.defaultAnswer, ui::Answer::Cancel);
+        EXPECT_TRUE(window.isOpen());
+        EXPECT_EQ(somebody.opener.log, "");
+    });
+}
+
+TEST(MasterSearch, ChoosingAPatientLeadsWhereTheOpenVisitAndTheAnswersSay) {
+    const char* const registered = "The Patient is currently registered with an OPD number '26A1B'. Please use the "
+                                   "current account. ";
+    const char* const stillOpen = "The Patient is still registered! Do you want to register new OPD Number?";
+    const char* const employees = "Account is for employees medicine's. Do you wish to proceed? ";
+    const struct {
+        const char* name;
+        bool openVisit, mayHaveNewNumber, employeesAccount, mayRegister;
+        std::vector<ui::Answer> answers;
+        const char* lastMessage;
+        const char* opened;
+        bool windowStays;
+    } cases[] = {
+        {"no open visit",
+         false,
+         false,
+         false,
+         true,
+         {},
+         "",
+         "type New; hosp 00000007; opd (TO BE GENERATED); mode; check; modal; ",
+         false},
+        {"registered today already",
+         false,
+         false,
+         false,
+         false,
+         {},
+         "",
+         "type New; hosp 00000007; opd (TO BE GENERATED); mode; check; discard; ",
+         false},
+        {"an employees' account, declined",
+         false,
+         false,
+         true,
+         true,
+         {ui::Answer::No},
+         employees,
+         "type New; hosp 00000007; opd (TO BE GENERATED); mode; discard; ",
+         true},
+        {"an open visit", true, false, false, true, {ui::Answer::Ok}, registered, "", false},
+        {"an open visit, a new number",
+         true,
+         true,
+         false,
+         true,
+         {ui::Answer::Yes},
+         stillOpen,
+         "type New; hosp 00000007; opd (TO BE GENERATED); mode; check; modeless; ",
+         false},
+        {"an open visit, to be edited",
+         true,
+         true,
+         false,
+         true,
+         {ui::Answer::No},
+         stillOpen,
+         "type Edit; hosp 00000007; opd 26A1B; mode; modal; ",
+         false},
+    };
+    for (const auto& choice : cases) {
+        SCOPED_TRACE(choice.name);
+        SearchDesk desk;
+        desk.provider->answer("Patient_Data..proc_Bar", desk.patients());
+        if (choice.openVisit)
+            desk.provider->answer("Select IDNum from Patient_Data..tbOutPatient where Hospnum = '00000007' and "
+                                  "BillingDate is null and dcrDate is null and OPDStatus <> 'R' order by admdate desc",
+                                  oneRow({{"IDNum", "26A1B"}}));
+        if (choice.employeesAccount)
+            desk.provider->answer("Patient_Data..sp_AOPD_CheckPatientsMasterAccount '00000007'",
+                                  oneRow({{"HospNum", "00000007"}}));
+        desk.globals.isAllowCreateNewIDnum = choice.mayHaveNewNumber;
+        desk.opener.mayRegister = choice.mayRegister;
+        desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+            fields.txtHospNum.setText("7");
+            fields.search.setEnabled(true);
+            window.click(fields.search);
+            for (const ui::Answer answer : choice.answers)
+                desk.desktop.answer(answer);
+            window.pressKey(ui::key::enter);
+            EXPECT_EQ(desk.opener.log, choice.opened);
+            EXPECT_EQ(window.isOpen(), choice.windowStays);
+            if (choice.windowStays) {
+                EXPECT_EQ(window.focus(), &fields.gridPatientList);
+            }
+        });
+        if (!choice.answers.empty()) {
+            EXPECT_EQ(desk.desktop.messages.back().text, choice.lastMessage);
+        }
+        EXPECT_FALSE(desk.desktop.isBusy());
+    }
+}
+
+TEST(MasterSearch, APatientFoundOnFileWhileRegisteringIsSearchedForInAFreshWindow) {
+    SearchDesk desk;
+    desk.opener.onShow = [&] {
+        desk.globals.gDuplicateLastName = "REYES";
+        desk.globals.gDuplicateBirthDate = "08/15/1985";
+        desk.globals.gDuplicateSex = "F";
+        desk.provider->answer("Patient_Data..sp_Adm_MasterPatientSearch '", desk.patients());
+    };
+    desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        desk.desktop.work([&](ui::Window& again) {
+            EXPECT_EQ(again.focus(), &fields.gridPatientList);
+            EXPECT_EQ(fields.lastName.text(), "REYES");
+            EXPECT_EQ(fields.gridPatientList.rowCount(), 2);
+            EXPECT_TRUE(desk.globals.gDuplicateLastName.empty());
+            again.click(fields.close);
+        });
+        fields.lastName.setText("REYES");
+        fields.female.setSelected(true);
+        fields.txtBirthDate.setText("08/15/1985");
+        window.click(fields.search);
+    });
+    EXPECT_TRUE(desk.form.closedByOperator());
+}
+
+TEST(MasterSearch, AFailingDatabaseIsReportedAndTheSearchCanBeTriedAgain) {
+    SearchDesk desk;
+    desk.provider->failOn("Patient_Data..proc_Bar", "The server is gone.");
+    desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        fields.txtHospNum.setText("7");
+        fields.search.setEnabled(true);
+        desk.desktop.answer(ui::Answer::Ok);
+        window.click(fields.search);
+        EXPECT_EQ(desk.desktop.messages.back().text, "The server is gone.");
+        EXPECT_TRUE(window.isOpen());
+        EXPECT_TRUE(fields.search.enabled());
+        EXPECT_EQ(fields.txtHospNum.text(), "7");
+        EXPECT_FALSE(desk.desktop.isBusy());
+    });
+}
+
+} // namespace
+} // namespace opd::tests

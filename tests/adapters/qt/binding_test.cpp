@@ -2,7 +2,9 @@
 #include "adapters/qt/forms.h"
 #include "tests/adapters/qt/desk.h"
 
+#include <QElapsedTimer>
 #include <QFontInfo>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
@@ -58,6 +60,42 @@ TEST(QtBinding, CaptionsAndStatesComeFromTheModel) {
     EXPECT_FALSE(desk.hands.isEnabled(desk.form.personal.txtHouseStreet));
     EXPECT_FALSE(desk.widget<QTabWidget>("tabOPD")->isTabEnabled(1));
     EXPECT_FALSE(QFontInfo(desk.shell().font()).family().isEmpty());
+}
+
+/// The captions that do not fit into their widgets.
+std::string clippedIn(const QWidget& shell) {
+    std::string clipped;
+    for (const QWidget* widget : shell.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const auto* box = qobject_cast<const QGroupBox*>(widget);
+        const bool isButton = qobject_cast<const QAbstractButton*>(widget) != nullptr && !widget->objectName().isEmpty();
+        QFont bold = widget->font();
+        bold.setBold(true);
+        int needed = 0;
+        if (box != nullptr)
+            needed = QFontMetrics(bold).horizontalAdvance(box->title()) + 16;
+        else if ((label != nullptr && !label->wordWrap()) || isButton)
+            needed = widget->sizeHint().width();
+        if (widget->isVisible() && widget->width() < needed)
+            clipped += fromQt(widget->objectName()) + " ";
+    }
+    return clipped;
+}
+
+TEST(QtBinding, NoCaptionIsClippedOnASmallScreen) {
+    SearchDesk search;
+    search.shell().resize(1240, 700);
+    hands::settle();
+    EXPECT_EQ(clippedIn(search.shell()), "");
+    RegistrationDesk form;
+    EXPECT_LE(form.shell().minimumSizeHint().width(), 1260);
+    EXPECT_LE(form.shell().minimumSizeHint().height(), 720);
+    form.shell().resize(1240, 700);
+    for (const ui::Page* page : form.form.tabOPD.pages()) {
+        form.form.tabOPD.show(page->index());
+        hands::settle();
+        EXPECT_EQ(clippedIn(form.shell()), "") << page->name();
+    }
 }
 
 // Fifty thousand rows stand for a very common surname in a large hospital.

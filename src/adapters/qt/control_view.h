@@ -34,6 +34,12 @@ class ControlView {
     /// Puts text that passed every filter where the cursor is.
     virtual void insert(const QString&) {}
 
+    /// Takes a character that passed every filter itself, in place of the widget. False when the widget is to take it.
+    virtual bool takes(char32_t) { return false; }
+
+    /// The mouse was clicked in it.
+    virtual void clickedInto() {}
+
     /// True when one more character can be typed.
     virtual bool hasRoom() const { return true; }
 

@@ -1,6 +1,7 @@
 #include "adapters/qt/field_views.h"
 
 #include "adapters/qt/qt_text.h"
+#include "platform/text/text.h"
 
 #include <QComboBox>
 #include <QDateTimeEdit>
@@ -132,6 +133,12 @@ void MaskedView::insert(const QString& text) {
     m_edit->insert(text);
 }
 
+// Wherever an empty date is clicked, typing starts with the month.
+void MaskedView::clickedInto() {
+    if (m_box.isBlank())
+        m_edit->setCursorPosition(0);
+}
+
 QString MaskedView::shownText() const {
     return m_edit->displayText();
 }
@@ -160,6 +167,19 @@ void PickerView::show(ui::Aspect aspect) {
 void PickerView::selectContent() {
     // The first part, so that typing digits fills part after part.
     m_edit->setSelectedSection(m_edit->sectionAt(0));
+}
+
+// One letter is enough to change between morning and afternoon.
+bool PickerView::takes(char32_t character) {
+    if (m_edit->currentSection() != QDateTimeEdit::AmPmSection)
+        return false;
+    const char32_t letter = text::upper(character);
+    const QTime time = m_edit->time();
+    if (letter == U'A' || letter == U'P') {
+        m_edit->setTime(QTime(time.hour() % 12 + (letter == U'P' ? 12 : 0), time.minute(), time.second()));
+        m_edit->setSelectedSection(QDateTimeEdit::AmPmSection);
+    }
+    return letter >= U'A' && letter <= U'Z';
 }
 
 QString PickerView::shownText() const {

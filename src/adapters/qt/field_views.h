@@ -48,6 +48,7 @@ class MaskedView final : public ControlView {
     void show(ui::Aspect aspect) override;
     void selectContent() override;
     void insert(const QString& text) override;
+    void clickedInto() override;
     QString shownText() const override;
 
   private:
@@ -62,6 +63,7 @@ class PickerView final : public ControlView {
 
     void show(ui::Aspect aspect) override;
     void selectContent() override;
+    bool takes(char32_t character) override;
     QString shownText() const override;
     QPoint clickPoint() const override;
 

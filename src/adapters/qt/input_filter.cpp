@@ -107,10 +107,14 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     case QEvent::InputMethod:
         return composed(shell, widget, static_cast<QInputMethodEvent&>(event));
     case QEvent::MouseButtonRelease: {
-        if (static_cast<QMouseEvent&>(event).button() != Qt::MiddleButton)
-            return false;
-        paste(shell, QClipboard::Selection);
-        return true;
+        ControlView* view = shell.viewAt(&widget);
+        if (static_cast<QMouseEvent&>(event).button() == Qt::MiddleButton) {
+            paste(shell, QClipboard::Selection);
+            return true;
+        }
+        if (view != nullptr)
+            view->clickedInto();
+        return false;
     }
     case QEvent::ContextMenu:
         return menuWanted(shell, widget, static_cast<QContextMenuEvent&>(event));
@@ -182,7 +186,8 @@ bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEven
         return false;
     ControlView* view = shell.focusView();
     const std::u32string taken = filtered(shell, text);
-    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom())
+    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom() ||
+        view->takes(taken.front()))
         return true;
     if (const QString changed = toText(taken); changed != text) {
         QKeyEvent another(QEvent::KeyPress, key.key(), key.modifiers(), changed, key.isAutoRepeat());

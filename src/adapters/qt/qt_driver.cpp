@@ -12,6 +12,7 @@
 #include <QDateTimeEdit>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QLineEdit>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
@@ -19,23 +20,6 @@
 #include <stdexcept>
 
 namespace opd::qt {
-
-namespace {
-
-script::KeyStroke named(const std::string& name, bool alt = false) {
-    script::KeyStroke key;
-    key.name = name;
-    key.alt = alt;
-    return key;
-}
-
-script::KeyStroke typed(char32_t character) {
-    script::KeyStroke key;
-    key.character = character;
-    return key;
-}
-
-} // namespace
 
 WindowShell* QtDriver::shell() const {
     return m_desktop.currentShell();
@@ -54,6 +38,16 @@ ui::Window* QtDriver::currentWindow() {
 void QtDriver::press(const script::KeyStroke& key) {
     if (WindowShell* current = shell())
         hands::press(*current, key);
+    hands::settle();
+}
+
+// A press on a button cannot be told from a click, so those are asked for as the press would ask.
+void QtDriver::focus(ui::Control& control) {
+    const ControlView* const target = view(control);
+    if (target != nullptr && qobject_cast<QLineEdit*>(target->widget()) != nullptr)
+        click(control);
+    else if (target != nullptr)
+        shell()->model().requestFocus(control);
     hands::settle();
 }
 
@@ -77,15 +71,15 @@ void QtDriver::pickEntry(ui::ComboBox& box, int index) {
     const ControlView* const target = view(box);
     if (target == nullptr || !shell()->model().requestFocus(box))
         return;
-    hands::press(*shell(), named("Down", true));
+    hands::press(*shell(), {.name = "Down", .alt = true});
     hands::settle();
     QWidget* const list = QApplication::activePopupWidget();
     if (list == nullptr)
         throw std::runtime_error("the list of " + box.name() + " does not open");
-    hands::press(*list, named("Home"));
+    hands::press(*list, {.name = "Home"});
     for (int i = 0; i < index; ++i)
-        hands::press(*list, named("Down"));
-    hands::press(*list, named("Enter"));
+        hands::press(*list, {.name = "Down"});
+    hands::press(*list, {.name = "Enter"});
     hands::settle();
 }
 
@@ -124,13 +118,13 @@ void QtDriver::setPicker(ui::DatePicker& picker, const DateTime& value) {
     type(digits);
     if (picker.format() == ui::DatePicker::Format::Time) {
         edit->setSelectedSection(QDateTimeEdit::AmPmSection);
-        type(value.hour < 12 ? "A" : "P");
+        type(value.hour < 12 ? "AM" : "PM");
     }
 }
 
 void QtDriver::type(const std::string& characters) {
     for (const char character : characters)
-        press(typed(static_cast<char32_t>(character)));
+        press({.character = static_cast<char32_t>(character)});
 }
 
 void QtDriver::selectContent() {

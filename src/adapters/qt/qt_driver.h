@@ -19,6 +19,7 @@ class QtDriver final : public script::Driver {
 
     ui::Window* currentWindow() override;
     void press(const script::KeyStroke& key) override;
+    void focus(ui::Control& control) override;
     void click(ui::Control& control) override;
     void doubleClick(ui::Grid& grid) override;
     void pickEntry(ui::ComboBox& box, int index) override;

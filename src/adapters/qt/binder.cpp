@@ -1,0 +1,88 @@
+#include "adapters/qt/binder.h"
+
+#include "adapters/qt/names.h"
+
+#include <QDebug>
+#include <QSet>
+
+namespace opd::qt {
+
+namespace {
+
+std::vector<ui::Control*> controlsOf(const ui::Window& window) {
+    std::vector<ui::Control*> controls;
+    window.collect(controls);
+    return controls;
+}
+
+/// The widgets of a form that have a name, without those that Qt names inside its own.
+QList<QWidget*> namedWidgets(const QWidget& form) {
+    QList<QWidget*> named;
+    for (QWidget* child : form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        const QString name = child->objectName();
+        if (name.startsWith("qt_tabwidget_stackedwidget"))
+            named += namedWidgets(*child);
+        if (name.isEmpty() || name.startsWith("qt_"))
+            continue;
+        named += child;
+        // Only these hold widgets of the form; whatever stands in another one is that one's own business.
+        if (child->inherits("QGroupBox") || child->inherits("QTabWidget") || child->inherits("QFrame") ||
+            child->metaObject()->className() == QByteArray("QWidget"))
+            named += namedWidgets(*child);
+    }
+    return named;
+}
+
+/// The widget that is to show a control; null, with the reason noted, when there is none that fits.
+QWidget* widgetFor(const ui::Control& control, const QWidget& form, QStringList& missing) {
+    const QString name = widgetName(control);
+    auto* widget = form.findChild<QWidget*>(name);
+    if (widget == nullptr)
+        missing += QStringLiteral("no widget %1").arg(name);
+    else if (!fits(control, *widget))
+        missing += QStringLiteral("%1 must not be a %2").arg(name, widget->metaObject()->className());
+    else
+        return widget;
+    return nullptr;
+}
+
+QLabel* labelFor(const ui::Control& control, const QWidget& form, QStringList& missing) {
+    if (!hasLabel(control))
+        return nullptr;
+    auto* label = form.findChild<QLabel*>(labelName(control));
+    if (label == nullptr)
+        missing += QStringLiteral("no label %1").arg(labelName(control));
+    return label;
+}
+
+} // namespace
+
+QStringList differences(const ui::Window& window, const QWidget& form) {
+    QStringList found;
+    QSet<const QWidget*> expected;
+    for (const ui::Control* control : controlsOf(window)) {
+        if (control->kind() == ui::Kind::Timer)
+            continue;
+        expected.insert(widgetFor(*control, form, found));
+        expected.insert(labelFor(*control, form, found));
+    }
+    for (const QWidget* widget : namedWidgets(form))
+        if (!expected.contains(widget))
+            found += QStringLiteral("%1 shows no control").arg(widget->objectName());
+    return found;
+}
+
+std::vector<std::unique_ptr<ControlView>> bind(ui::Window& window, QWidget& form) {
+    std::vector<std::unique_ptr<ControlView>> views;
+    QStringList missing;
+    for (ui::Control* control : controlsOf(window)) {
+        QWidget* widget = control->kind() == ui::Kind::Timer ? nullptr : widgetFor(*control, form, missing);
+        if (widget != nullptr || control->kind() == ui::Kind::Timer)
+            views.push_back(makeView(*control, widget, labelFor(*control, form, missing)));
+    }
+    for (const QString& difference : missing)
+        qWarning().noquote() << "window" << window.name().c_str() << "-" << difference;
+    return views;
+}
+
+} // namespace opd::qt

@@ -1,0 +1,76 @@
+#include "adapters/qt/container_views.h"
+
+#include "adapters/qt/qt_text.h"
+
+#include <QGroupBox>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace opd::qt {
+
+void FrameView::show(ui::Aspect aspect) {
+    ControlView::show(aspect);
+    auto* box = qobject_cast<QGroupBox*>(widget());
+    if (aspect == ui::Aspect::Caption && box != nullptr)
+        box->setTitle(toQt(control().caption()));
+}
+
+QString FrameView::shownText() const {
+    const auto* box = qobject_cast<QGroupBox*>(widget());
+    return box == nullptr ? QString() : box->title();
+}
+
+PageView::PageView(ui::Control& shown, QWidget* shownIn)
+    : ControlView(shown, shownIn, nullptr),
+      m_tabs(qobject_cast<QTabWidget*>(shownIn->parentWidget()->parentWidget())) {}
+
+void PageView::show(ui::Aspect aspect) {
+    const int tab = m_tabs->indexOf(widget());
+    if (aspect == ui::Aspect::Caption)
+        m_tabs->setTabText(tab, toQt(control().caption()));
+    else if (aspect == ui::Aspect::Enabled)
+        m_tabs->setTabEnabled(tab, control().enabled());
+    else if (aspect == ui::Aspect::Visible)
+        m_tabs->setTabVisible(tab, control().visible());
+}
+
+QString PageView::shownText() const {
+    return m_tabs->tabText(m_tabs->indexOf(widget()));
+}
+
+TabsView::TabsView(ui::Tabs& tabs, QWidget* widget)
+    : ControlView(tabs, widget, nullptr), m_pages(tabs), m_tabs(static_cast<QTabWidget*>(widget)) {
+    m_tabs->setFocusPolicy(Qt::NoFocus);
+    m_tabs->tabBar()->setFocusPolicy(Qt::NoFocus);
+}
+
+void TabsView::show(ui::Aspect aspect) {
+    ControlView::show(aspect);
+    if (aspect == ui::Aspect::CurrentPage)
+        m_tabs->setCurrentIndex(m_pages.current());
+}
+
+QString TabsView::shownText() const {
+    return m_tabs->tabText(m_tabs->currentIndex());
+}
+
+TimerView::TimerView(ui::Timer& timer) : ControlView(timer, nullptr, nullptr), m_timer(timer) {
+    QObject::connect(&m_clock, &QTimer::timeout, &m_clock, [this] { window().tick(m_timer); });
+}
+
+void TimerView::show(ui::Aspect aspect) {
+    if (aspect != ui::Aspect::Running)
+        return;
+    if (m_timer.running())
+        m_clock.start(m_timer.interval());
+    else
+        m_clock.stop();
+}
+
+void TimerView::release() {
+    ControlView::release();
+    m_clock.stop();
+}
+
+} // namespace opd::qt

@@ -1,0 +1,119 @@
+#include "adapters/qt/control_view.h"
+
+#include "adapters/qt/button_views.h"
+#include "adapters/qt/container_views.h"
+#include "adapters/qt/field_views.h"
+#include "adapters/qt/grid_view.h"
+#include "adapters/qt/qt_text.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTableView>
+
+namespace opd::qt {
+
+ControlView::ControlView(ui::Control& control, QWidget* widget, QLabel* label)
+    : m_control(control), m_widget(widget), m_label(label) {
+    if (m_label != nullptr)
+        m_label->setBuddy(m_widget);
+}
+
+void ControlView::show(ui::Aspect aspect) {
+    for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)}) {
+        if (part == nullptr)
+            continue;
+        if (aspect == ui::Aspect::Enabled)
+            part->setEnabled(m_control.enabled());
+        else if (aspect == ui::Aspect::Visible)
+            part->setVisible(m_control.visible());
+    }
+    if (aspect == ui::Aspect::Caption && m_label != nullptr)
+        m_label->setText(toQt(m_control.caption()));
+}
+
+void ControlView::release() {
+    m_released = true;
+    if (m_widget != nullptr)
+        m_widget->blockSignals(true);
+}
+
+std::unique_ptr<ControlView> makeView(ui::Control& control, QWidget* widget, QLabel* label) {
+    switch (control.kind()) {
+    case ui::Kind::TextBox:
+        if (qobject_cast<QPlainTextEdit*>(widget) != nullptr)
+            return std::make_unique<MemoView>(static_cast<ui::TextBox&>(control), widget, label);
+        return std::make_unique<TextView>(static_cast<ui::TextBox&>(control), widget, label);
+    case ui::Kind::MaskedBox:
+        return std::make_unique<MaskedView>(static_cast<ui::MaskedBox&>(control), widget, label);
+    case ui::Kind::DatePicker:
+        return std::make_unique<PickerView>(static_cast<ui::DatePicker&>(control), widget, label);
+    case ui::Kind::ComboBox:
+        return std::make_unique<ComboView>(static_cast<ui::ComboBox&>(control), widget, label);
+    case ui::Kind::OptionButton:
+    case ui::Kind::CheckBox:
+        return std::make_unique<ToggleView>(control, widget);
+    case ui::Kind::Button:
+        return std::make_unique<ButtonView>(control, widget);
+    case ui::Kind::Label:
+        return std::make_unique<LabelView>(control, widget);
+    case ui::Kind::Page:
+        return std::make_unique<PageView>(control, widget);
+    case ui::Kind::Tabs:
+        return std::make_unique<TabsView>(static_cast<ui::Tabs&>(control), widget);
+    case ui::Kind::Grid:
+        return std::make_unique<GridView>(static_cast<ui::Grid&>(control), widget);
+    case ui::Kind::Timer:
+        return std::make_unique<TimerView>(static_cast<ui::Timer&>(control));
+    case ui::Kind::Frame:
+        return std::make_unique<FrameView>(control, widget);
+    case ui::Kind::Picture:
+    case ui::Kind::Window:
+        break;
+    }
+    return std::make_unique<ControlView>(control, widget, label);
+}
+
+bool fits(const ui::Control& control, const QWidget& widget) {
+    switch (control.kind()) {
+    case ui::Kind::TextBox:
+        if (static_cast<const ui::TextBox&>(control).multiLine)
+            return qobject_cast<const QPlainTextEdit*>(&widget) != nullptr;
+        return qobject_cast<const QLineEdit*>(&widget) != nullptr;
+    case ui::Kind::MaskedBox:
+        return qobject_cast<const QLineEdit*>(&widget) != nullptr;
+    case ui::Kind::DatePicker:
+        return qobject_cast<const QDateTimeEdit*>(&widget) != nullptr;
+    case ui::Kind::ComboBox:
+        return qobject_cast<const QComboBox*>(&widget) != nullptr;
+    case ui::Kind::OptionButton:
+        return qobject_cast<const QRadioButton*>(&widget) != nullptr;
+    case ui::Kind::CheckBox:
+        return qobject_cast<const QCheckBox*>(&widget) != nullptr;
+    case ui::Kind::Button:
+        return qobject_cast<const QPushButton*>(&widget) != nullptr;
+    case ui::Kind::Label:
+    case ui::Kind::Picture:
+        return qobject_cast<const QLabel*>(&widget) != nullptr;
+    case ui::Kind::Frame:
+        return control.caption().empty() || qobject_cast<const QGroupBox*>(&widget) != nullptr;
+    case ui::Kind::Page:
+        return true;
+    case ui::Kind::Tabs:
+        return qobject_cast<const QTabWidget*>(&widget) != nullptr;
+    case ui::Kind::Grid:
+        return qobject_cast<const QTableView*>(&widget) != nullptr;
+    case ui::Kind::Timer:
+    case ui::Kind::Window:
+        break;
+    }
+    return false;
+}
+
+} // namespace opd::qt

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/ui/window.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+
+namespace opd::qt {
+
+/// Shows one control in its widget, forwards what the clerk does there, and tells what the clerk sees. One class for
+/// each kind of control; none knows a control by name.
+class ControlView {
+  public:
+    /// `widget` may be null for a control that shows nothing; `label` is the one beside a field, or null.
+    ControlView(ui::Control& control, QWidget* widget, QLabel* label);
+    virtual ~ControlView() = default;
+    ControlView(const ControlView&) = delete;
+    ControlView& operator=(const ControlView&) = delete;
+
+    ui::Control& control() const { return m_control; }
+    QWidget* widget() const { return m_widget; }
+
+    /// Brings one aspect of the model to the widget.
+    virtual void show(ui::Aspect aspect);
+
+    /// Selects what a field holds.
+    virtual void selectContent() {}
+
+    /// Puts text that passed every filter where the cursor is.
+    virtual void insert(const QString&) {}
+
+    /// Takes a character that passed every filter itself, in place of the widget. False when the widget is to take it.
+    virtual bool takes(char32_t) { return false; }
+
+    /// The mouse was clicked in it.
+    virtual void clickedInto() {}
+
+    /// True when one more character can be typed.
+    virtual bool hasRoom() const { return true; }
+
+    /// What the widget shows: the content of a field, the caption of anything else with "&" for its access key.
+    virtual QString shownText() const { return {}; }
+    virtual bool isChecked() const { return false; }
+
+    /// Where a clerk clicks it, in the coordinates of the widget.
+    virtual QPoint clickPoint() const { return m_widget->rect().center(); }
+
+    /// The window is gone: nothing is forwarded or read any more.
+    virtual void release();
+
+  protected:
+    ui::Window& window() const { return m_control.window(); }
+    bool isReleased() const { return m_released; }
+
+  private:
+    ui::Control& m_control;
+    QWidget* m_widget;
+    QLabel* m_label;
+    bool m_released = false;
+};
+
+/// The view of a control by its kind. The widget must be of the class that `fits` accepts.
+std::unique_ptr<ControlView> makeView(ui::Control& control, QWidget* widget, QLabel* label);
+
+/// True when a widget is of a class that can show this control.
+bool fits(const ui::Control& control, const QWidget& widget);
+
+} // namespace opd::qt

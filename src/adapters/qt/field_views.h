@@ -1,0 +1,89 @@
+#pragma once
+
+#include "adapters/qt/control_view.h"
+
+class QComboBox;
+class QDateTimeEdit;
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace opd::qt {
+
+/// A text in one line.
+class TextView final : public ControlView {
+  public:
+    TextView(ui::TextBox& box, QWidget* widget, QLabel* label);
+
+    void show(ui::Aspect aspect) override;
+    void selectContent() override;
+    void insert(const QString& text) override;
+    QString shownText() const override;
+
+  private:
+    ui::TextBox& m_box;
+    QLineEdit* m_edit;
+};
+
+/// A text over several lines.
+class MemoView final : public ControlView {
+  public:
+    MemoView(ui::TextBox& box, QWidget* widget, QLabel* label);
+
+    void show(ui::Aspect aspect) override;
+    void selectContent() override;
+    void insert(const QString& text) override;
+    bool hasRoom() const override;
+    QString shownText() const override;
+
+  private:
+    ui::TextBox& m_box;
+    QPlainTextEdit* m_edit;
+};
+
+/// A date typed into a mask: the separators stand, eight digits are typed or a whole date is pasted.
+class MaskedView final : public ControlView {
+  public:
+    MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label);
+
+    void show(ui::Aspect aspect) override;
+    void selectContent() override;
+    void insert(const QString& text) override;
+    void clickedInto() override;
+    QString shownText() const override;
+
+  private:
+    ui::MaskedBox& m_box;
+    QLineEdit* m_edit;
+};
+
+/// A date, with a calendar to pick it from, or a time of day.
+class PickerView final : public ControlView {
+  public:
+    PickerView(ui::DatePicker& picker, QWidget* widget, QLabel* label);
+
+    void show(ui::Aspect aspect) override;
+    void selectContent() override;
+    bool takes(char32_t character) override;
+    QString shownText() const override;
+    QPoint clickPoint() const override;
+
+  private:
+    ui::DatePicker& m_picker;
+    QDateTimeEdit* m_edit;
+};
+
+class ComboView final : public ControlView {
+  public:
+    ComboView(ui::ComboBox& box, QWidget* widget, QLabel* label);
+
+    void show(ui::Aspect aspect) override;
+    QString shownText() const override;
+
+  private:
+    void showChoice();
+
+    ui::ComboBox& m_box;
+    QComboBox* m_list;
+};
+
+} // namespace opd::qt

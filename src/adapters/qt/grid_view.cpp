@@ -1,0 +1,138 @@
+#include "adapters/qt/grid_view.h"
+
+#include "adapters/qt/qt_text.h"
+
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScopedValueRollback>
+#include <QTableView>
+
+#include <algorithm>
+
+namespace opd::qt {
+
+namespace {
+
+/// Widths are given for a small font whose characters were this many twips wide; they grow with the font that is used.
+constexpr int twipsPerCharacter = 84;
+
+Qt::Alignment alignmentOf(const ui::Grid::Column& column) {
+    return (column.rightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+} // namespace
+
+int GridTable::rowCount(const QModelIndex& parent) const {
+    return m_grid == nullptr || parent.isValid() ? 0 : m_grid->rowCount();
+}
+
+int GridTable::columnCount(const QModelIndex& parent) const {
+    return m_grid == nullptr || parent.isValid() ? 0 : static_cast<int>(m_grid->columns().size());
+}
+
+QVariant GridTable::data(const QModelIndex& index, int role) const {
+    if (m_grid == nullptr || !index.isValid())
+        return {};
+    const auto column = static_cast<std::size_t>(index.column());
+    if (role == Qt::TextAlignmentRole)
+        return static_cast<int>(alignmentOf(m_grid->columns().at(column)));
+    if (role != Qt::DisplayRole)
+        return {};
+    const ui::Grid::Row& row = m_grid->rows().at(static_cast<std::size_t>(index.row()));
+    return column < row.size() ? toQt(row[column]) : QString();
+}
+
+QVariant GridTable::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (m_grid == nullptr || orientation != Qt::Horizontal)
+        return {};
+    const ui::Grid::Column& column = m_grid->columns().at(static_cast<std::size_t>(section));
+    if (role == Qt::TextAlignmentRole)
+        return static_cast<int>(alignmentOf(column));
+    return role == Qt::DisplayRole ? toQt(column.title) : QVariant();
+}
+
+void GridTable::replaced() {
+    beginResetModel();
+    endResetModel();
+}
+
+void GridTable::detach() {
+    beginResetModel();
+    m_grid = nullptr;
+    endResetModel();
+}
+
+GridView::GridView(ui::Grid& grid, QWidget* widget)
+    : ControlView(grid, widget, nullptr), m_grid(grid), m_table(static_cast<QTableView*>(widget)), m_rows(grid) {
+    prepare();
+    QObject::connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, m_table,
+                     [this](const QModelIndex& current) {
+                         if (!m_writing && current.isValid())
+                             window().pickedRow(m_grid, current.row() + 1);
+                     });
+    QObject::connect(m_table, &QTableView::clicked, m_table, [this] { window().click(m_grid); });
+    QObject::connect(m_table, &QTableView::doubleClicked, m_table, [this] { window().doubleClick(m_grid); });
+}
+
+void GridView::prepare() {
+    m_table->setModel(&m_rows);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setTabKeyNavigation(false);
+    m_table->setAlternatingRowColors(true);
+    m_table->setWordWrap(false);
+    m_table->setShowGrid(false);
+    QHeaderView* rows = m_table->verticalHeader();
+    rows->hide();
+    rows->setSectionResizeMode(QHeaderView::Fixed);
+    rows->setDefaultSectionSize(m_table->fontMetrics().height() + 8);
+    QHeaderView* titles = m_table->horizontalHeader();
+    titles->setHighlightSections(false);
+    titles->setStretchLastSection(true);
+}
+
+void GridView::show(ui::Aspect aspect) {
+    ControlView::show(aspect);
+    if (aspect == ui::Aspect::Table)
+        showTable();
+    if (aspect == ui::Aspect::Table || aspect == ui::Aspect::CurrentRow)
+        showCurrentRow();
+}
+
+void GridView::showTable() {
+    const QScopedValueRollback writing(m_writing, true);
+    m_rows.replaced();
+    for (int i = 0; i < m_rows.columnCount(); ++i) {
+        const int twips = m_grid.columns()[static_cast<std::size_t>(i)].width;
+        const int width = twips * m_table->fontMetrics().averageCharWidth() / twipsPerCharacter;
+        m_table->setColumnHidden(i, twips == 0);
+        if (twips > 0)
+            m_table->setColumnWidth(i, std::max(width, m_table->horizontalHeader()->sectionSizeHint(i)));
+    }
+}
+
+void GridView::showCurrentRow() {
+    const QScopedValueRollback writing(m_writing, true);
+    int column = 0;
+    while (column < m_rows.columnCount() && m_table->isColumnHidden(column))
+        ++column;
+    const QModelIndex wanted = m_rows.index(m_grid.currentRow() - 1, column);
+    if (!wanted.isValid())
+        m_table->clearSelection();
+    else if (m_table->currentIndex().row() != wanted.row() || !m_table->selectionModel()->hasSelection())
+        m_table->setCurrentIndex(wanted);
+}
+
+QString GridView::shownText() const {
+    const QModelIndex current = m_table->currentIndex();
+    return current.isValid() ? m_rows.data(m_rows.index(current.row(), 0), Qt::DisplayRole).toString() : QString();
+}
+
+void GridView::release() {
+    ControlView::release();
+    m_writing = true;
+    m_rows.detach();
+}
+
+} // namespace opd::qt

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "adapters/qt/control_view.h"
+
+#include <QAbstractTableModel>
+
+class QTableView;
+
+namespace opd::qt {
+
+/// Reads the rows straight from the grid; nothing is copied, so any number of rows shows at once.
+class GridTable final : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    explicit GridTable(const ui::Grid& grid) : m_grid(&grid) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// The grid has other columns or rows.
+    void replaced();
+
+    /// The grid is gone: an empty table remains.
+    void detach();
+
+  private:
+    const ui::Grid* m_grid;
+};
+
+class GridView final : public ControlView {
+  public:
+    GridView(ui::Grid& grid, QWidget* widget);
+
+    void show(ui::Aspect aspect) override;
+    QString shownText() const override;
+    void release() override;
+
+  private:
+    void prepare();
+    void showTable();
+    void showCurrentRow();
+
+    ui::Grid& m_grid;
+    QTableView* m_table;
+    GridTable m_rows;
+    bool m_writing = false; // the selection follows the model and is no choice of the clerk
+};
+
+} // namespace opd::qt

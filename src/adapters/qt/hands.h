@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/script/driver.h"
+
+class QPoint;
+class QWidget;
+
+/// Raw input as a keyboard and a mouse give it, sent to the native window of a widget so that it takes the whole road.
+namespace opd::qt::hands {
+
+/// Presses and releases a key in a window. Throws std::invalid_argument for a key of unknown name.
+void press(QWidget& window, const script::KeyStroke& key);
+
+/// Clicks with the left button at a point of a widget.
+void click(QWidget& widget, const QPoint& point);
+void doubleClick(QWidget& widget, const QPoint& point);
+
+/// Handles what is waiting to be handled.
+void settle();
+
+} // namespace opd::qt::hands

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QClipboard>
+#include <QObject>
+
+#include <string>
+
+class QContextMenuEvent;
+class QInputMethodEvent;
+class QKeyEvent;
+class QMouseEvent;
+class QWidget;
+
+namespace opd::qt {
+
+class ControlView;
+class WindowShell;
+
+/// Sees every key, click and pasted text of the module's windows before the toolkit does and asks the window's model
+/// first. Message boxes, pop-up lists and windows that are not the module's are left alone.
+class InputFilter final : public QObject {
+    Q_OBJECT
+
+  public:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  private:
+    bool widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event);
+    bool keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& key);
+    bool navigated(WindowShell& shell, const QKeyEvent& key);
+    bool arrowPressed(WindowShell& shell, const QKeyEvent& key);
+    bool characterTyped(WindowShell& shell, QWidget& receiver, QKeyEvent& key);
+    bool composed(WindowShell& shell, QWidget& receiver, QInputMethodEvent& event);
+    bool mousePressed(WindowShell& shell, const QMouseEvent& press);
+    bool menuWanted(WindowShell& shell, QWidget& widget, const QContextMenuEvent& event);
+    void paste(WindowShell& shell, QClipboard::Mode mode);
+    std::u32string filtered(WindowShell& shell, const QString& text);
+    void resend(QWidget& receiver, QEvent& event);
+
+    const QEvent* m_resent = nullptr; // the one event that has passed the filter already
+};
+
+} // namespace opd::qt

@@ -1,0 +1,101 @@
+#include "adapters/qt/message_box.h"
+
+#include "adapters/qt/qt_text.h"
+
+namespace opd::qt {
+
+namespace {
+
+QMessageBox::Icon iconOf(ui::Icon icon) {
+    switch (icon) {
+    case ui::Icon::Critical:
+        return QMessageBox::Critical;
+    case ui::Icon::Question:
+        return QMessageBox::Question;
+    case ui::Icon::Exclamation:
+        return QMessageBox::Warning;
+    case ui::Icon::Information:
+        return QMessageBox::Information;
+    case ui::Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(ui::Buttons buttons) {
+    switch (buttons) {
+    case ui::Buttons::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case ui::Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case ui::Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case ui::Buttons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton standardButton(ui::Answer answer) {
+    switch (answer) {
+    case ui::Answer::Cancel:
+        return QMessageBox::Cancel;
+    case ui::Answer::Yes:
+        return QMessageBox::Yes;
+    case ui::Answer::No:
+        return QMessageBox::No;
+    case ui::Answer::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+ui::Answer firstAnswer(ui::Buttons buttons) {
+    return buttons == ui::Buttons::Ok || buttons == ui::Buttons::OkCancel ? ui::Answer::Ok : ui::Answer::Yes;
+}
+
+} // namespace
+
+void fill(QMessageBox& box, const ui::Message& message) {
+    box.setWindowTitle(toQt(message.caption));
+    box.setTextFormat(Qt::PlainText); // a name in a message is no markup
+    box.setText(toQt(message.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    box.setIcon(iconOf(message.icon));
+    box.setStandardButtons(buttonsOf(message.buttons));
+    box.setDefaultButton(standardButton(message.defaultAnswer.value_or(firstAnswer(message.buttons))));
+    box.setEscapeButton(standardButton(escapeAnswer(message.buttons)));
+    // The same order on every desktop environment: Yes, No, Cancel and OK, Cancel.
+    box.setStyleSheet(QStringLiteral("QDialogButtonBox { button-layout: 0; } QPushButton { min-width: 72px; }"));
+}
+
+QAbstractButton* buttonOf(const QMessageBox& box, ui::Answer answer) {
+    return box.button(standardButton(answer));
+}
+
+ui::Answer answerOf(int button) {
+    switch (button) {
+    case QMessageBox::Cancel:
+        return ui::Answer::Cancel;
+    case QMessageBox::Yes:
+        return ui::Answer::Yes;
+    case QMessageBox::No:
+        return ui::Answer::No;
+    default:
+        return ui::Answer::Ok;
+    }
+}
+
+ui::Answer escapeAnswer(ui::Buttons buttons) {
+    switch (buttons) {
+    case ui::Buttons::OkCancel:
+    case ui::Buttons::YesNoCancel:
+        return ui::Answer::Cancel;
+    case ui::Buttons::YesNo:
+        return ui::Answer::No;
+    case ui::Buttons::Ok:
+        break;
+    }
+    return ui::Answer::Ok;
+}
+
+} // namespace opd::qt

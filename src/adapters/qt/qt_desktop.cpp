@@ -1,0 +1,137 @@
+#include "adapters/qt/qt_desktop.h"
+
+#include "adapters/qt/hands.h"
+#include "adapters/qt/message_box.h"
+#include "adapters/qt/window_shell.h"
+
+#include <QEventLoop>
+
+#include <algorithm>
+#include <utility>
+
+namespace opd::qt {
+
+QtDesktop::QtDesktop(script::Player* player) : m_player(player) {
+    qApp->installEventFilter(&m_activation);
+    qApp->installEventFilter(&m_input); // installed last, asked first
+}
+
+QtDesktop::~QtDesktop() {
+    setBusy(false);
+    closeEverything();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void QtDesktop::showModal(ui::Window& window) {
+    if (open(window, true) == nullptr)
+        return;
+    while (window.isOpen())
+        handleInput();
+}
+
+void QtDesktop::show(ui::Window& window) {
+    open(window, false);
+}
+
+void QtDesktop::waitForWindows() {
+    while (!m_shells.empty())
+        handleInput();
+}
+
+WindowShell* QtDesktop::open(ui::Window& window, bool modal) {
+    if (m_over) {
+        window.unload();
+        return nullptr;
+    }
+    window.load();
+    auto owned = std::make_unique<WindowShell>(window);
+    WindowShell* const shell = owned.release(); // it deletes itself when the window is unloaded
+    m_shells.push_back(shell);
+    QObject::connect(shell, &WindowShell::gone, &m_activation, [this, shell] { std::erase(m_shells, shell); });
+    shell->present(modal);
+    return shell;
+}
+
+void QtDesktop::handleInput() {
+    if (m_player != nullptr)
+        playOn();
+    else
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void QtDesktop::playOn() {
+    hands::settle();
+    if (m_player->ended()) {
+        m_over = true;
+        closeEverything();
+    } else if (!m_shells.empty()) {
+        m_player->step(m_driver);
+    }
+}
+
+void QtDesktop::closeEverything() {
+    // Unloading one window may unload or open others, so the list is looked at anew each time.
+    while (!m_shells.empty())
+        m_shells.back()->model().unload();
+}
+
+ui::Answer QtDesktop::ask(const ui::Message& message) {
+    if (m_over)
+        return escapeAnswer(message.buttons);
+    const bool wasBusy = std::exchange(m_busy, false);
+    if (wasBusy)
+        QApplication::restoreOverrideCursor();
+    QMessageBox box(currentShell());
+    fill(box, message);
+    int answer = static_cast<int>(QMessageBox::NoButton);
+    if (m_player == nullptr) {
+        answer = box.exec();
+    } else {
+        if (answerByScript(box, message))
+            answer = box.standardButton(box.clickedButton());
+    }
+    if (wasBusy)
+        setBusy(true);
+    return answer == QMessageBox::NoButton ? escapeAnswer(message.buttons) : answerOf(answer);
+}
+
+bool QtDesktop::answerByScript(QMessageBox& box, const ui::Message& message) {
+    box.setWindowModality(Qt::ApplicationModal);
+    box.open();
+    hands::settle();
+    if (const std::optional<ui::Answer> answer = m_player->answerTo(message)) {
+        QAbstractButton* const button = buttonOf(box, *answer);
+        if (button != nullptr)
+            hands::click(*button, button->rect().center());
+        hands::settle();
+        return box.clickedButton() != nullptr;
+    }
+    box.done(QMessageBox::NoButton);
+    m_over = true;
+    closeEverything();
+    return false;
+}
+
+void QtDesktop::beep() {
+    QApplication::beep();
+}
+
+void QtDesktop::setBusy(bool busy) {
+    if (busy == m_busy)
+        return;
+    m_busy = busy;
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+std::optional<std::string> QtDesktop::failure() const {
+    return m_player == nullptr ? std::nullopt : m_player->failure();
+}
+
+WindowShell* QtDesktop::currentShell() const {
+    return m_shells.empty() ? nullptr : m_shells.back();
+}
+
+} // namespace opd::qt

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "adapters/qt/activation.h"
+#include "adapters/qt/input_filter.h"
+#include "adapters/qt/qt_driver.h"
+#include "platform/script/player.h"
+#include "platform/ui/desktop.h"
+
+#include <QApplication>
+
+#include <memory>
+#include <vector>
+
+class QMessageBox;
+
+namespace opd::qt {
+
+class WindowShell;
+
+/// Real windows, worked by a clerk, or by a script when there is one. A window is on the screen from the moment it is
+/// shown until its model is unloaded.
+class QtDesktop final : public ui::Desktop {
+  public:
+    /// Needs a QApplication. `player` may be null and must outlive the desktop.
+    explicit QtDesktop(script::Player* player = nullptr);
+    ~QtDesktop() override;
+
+    void showModal(ui::Window& window) override;
+    void show(ui::Window& window) override;
+    void waitForWindows() override;
+    ui::Answer ask(const ui::Message& message) override;
+    void beep() override;
+    void setBusy(bool busy) override;
+    bool isBusy() const override { return m_busy; }
+    std::optional<std::string> failure() const override;
+
+    /// The window opened last of those that are on the screen, or null.
+    WindowShell* currentShell() const;
+
+  private:
+    WindowShell* open(ui::Window& window, bool modal);
+    void handleInput();
+    void playOn();
+    bool answerByScript(QMessageBox& box, const ui::Message& message);
+    void closeEverything();
+
+    script::Player* m_player;
+    QtDriver m_driver{*this};
+    InputFilter m_input;
+    Activation m_activation;
+    std::vector<WindowShell*> m_shells;
+    bool m_busy = false;
+    bool m_over = false; // the script has ended or failed: nothing is shown any more
+};
+
+} // namespace opd::qt

@@ -1,0 +1,190 @@
+#include "adapters/qt/qt_driver.h"
+
+#include "adapters/qt/hands.h"
+#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/qt_text.h"
+#include "adapters/qt/window_shell.h"
+
+#include "platform/clock/date_text.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
+
+#include <stdexcept>
+
+namespace opd::qt {
+
+WindowShell* QtDriver::shell() const {
+    return m_desktop.currentShell();
+}
+
+ControlView* QtDriver::view(ui::Control& control) const {
+    WindowShell* const current = shell();
+    return current == nullptr ? nullptr : current->viewOf(control);
+}
+
+ui::Window* QtDriver::currentWindow() {
+    WindowShell* const current = shell();
+    return current == nullptr ? nullptr : &current->model();
+}
+
+void QtDriver::press(const script::KeyStroke& key) {
+    if (WindowShell* current = shell())
+        hands::press(*current, key);
+    hands::settle();
+}
+
+// A press on a button cannot be told from a click, so those are asked for as the press would ask.
+void QtDriver::focus(ui::Control& control) {
+    const ControlView* const target = view(control);
+    if (target != nullptr && qobject_cast<QLineEdit*>(target->widget()) != nullptr)
+        click(control);
+    else if (target != nullptr)
+        shell()->model().requestFocus(control);
+    hands::settle();
+}
+
+void QtDriver::click(ui::Control& control) {
+    if (const ControlView* target = view(control))
+        hands::click(*target->widget(), target->clickPoint());
+    hands::settle();
+}
+
+void QtDriver::doubleClick(ui::Grid& grid) {
+    if (const ControlView* target = view(grid)) {
+        auto* table = static_cast<QTableView*>(target->widget());
+        table->scrollTo(table->currentIndex());
+        hands::doubleClick(*table->viewport(), table->visualRect(table->currentIndex()).center());
+    }
+    hands::settle();
+}
+
+// Opens the list by keyboard and goes down to the entry, so that only the entry that is taken counts as picked.
+void QtDriver::pickEntry(ui::ComboBox& box, int index) {
+    const ControlView* const target = view(box);
+    if (target == nullptr || !shell()->model().requestFocus(box))
+        return;
+    hands::press(*shell(), {.name = "Down", .alt = true});
+    hands::settle();
+    QWidget* const list = QApplication::activePopupWidget();
+    if (list == nullptr)
+        throw std::runtime_error("the list of " + box.name() + " does not open");
+    hands::press(*list, {.name = "Home"});
+    for (int i = 0; i < index; ++i)
+        hands::press(*list, {.name = "Down"});
+    hands::press(*list, {.name = "Enter"});
+    hands::settle();
+}
+
+void QtDriver::pickPage(ui::Tabs& tabs, int index) {
+    if (const ControlView* target = view(tabs)) {
+        QTabBar* bar = static_cast<QTabWidget*>(target->widget())->tabBar();
+        hands::click(*bar, bar->tabRect(index).center());
+    }
+    hands::settle();
+}
+
+void QtDriver::pickRow(ui::Grid& grid, int row) {
+    if (const ControlView* target = view(grid)) {
+        auto* table = static_cast<QTableView*>(target->widget());
+        int column = 0;
+        while (table->isColumnHidden(column))
+            ++column;
+        const QModelIndex index = table->model()->index(row - 1, column);
+        table->scrollTo(index);
+        hands::click(*table->viewport(), table->visualRect(index).center());
+    }
+    hands::settle();
+}
+
+void QtDriver::setPicker(ui::DatePicker& picker, const DateTime& value) {
+    const ControlView* const target = view(picker);
+    if (target == nullptr)
+        return;
+    click(picker);
+    auto* edit = static_cast<QDateTimeEdit*>(target->widget());
+    edit->setSelectedSection(edit->sectionAt(0));
+    std::string digits;
+    for (const char character : picker.format() == ui::DatePicker::Format::Date ? dateText(value) : timeText(value))
+        if (character >= '0' && character <= '9')
+            digits += character;
+    type(digits);
+    if (picker.format() == ui::DatePicker::Format::Time) {
+        edit->setSelectedSection(QDateTimeEdit::AmPmSection);
+        type(value.hour < 12 ? "AM" : "PM");
+    }
+}
+
+void QtDriver::type(const std::string& characters) {
+    for (const char character : characters)
+        press({.character = static_cast<char32_t>(character)});
+}
+
+void QtDriver::selectContent() {
+    WindowShell* const current = shell();
+    if (ControlView* focused = current == nullptr ? nullptr : current->focusView())
+        focused->selectContent();
+}
+
+std::string QtDriver::shownText(ui::Control& control) {
+    const ControlView* const target = view(control);
+    return target == nullptr ? std::string() : fromQt(target->shownText());
+}
+
+bool QtDriver::isShown(ui::Control& control) {
+    const ControlView* const target = view(control);
+    return target != nullptr && target->widget() != nullptr && target->widget()->isVisible();
+}
+
+bool QtDriver::isEnabled(ui::Control& control) {
+    const ControlView* const target = view(control);
+    return target != nullptr && target->widget() != nullptr && target->widget()->isEnabled();
+}
+
+bool QtDriver::isChecked(ui::Control& control) {
+    const ControlView* const target = view(control);
+    return target != nullptr && target->isChecked();
+}
+
+bool QtDriver::hasFocus(ui::Control& control) {
+    const ControlView* const target = view(control);
+    return target != nullptr && target->widget() != nullptr && shell()->focusWidget() == target->widget();
+}
+
+int QtDriver::rowCount(ui::Grid& grid) {
+    const ControlView* const target = view(grid);
+    return target == nullptr ? 0 : static_cast<QTableView*>(target->widget())->model()->rowCount();
+}
+
+std::string QtDriver::cell(ui::Grid& grid, int row, int column) {
+    const ControlView* const target = view(grid);
+    if (target == nullptr)
+        return {};
+    const QAbstractItemModel* rows = static_cast<QTableView*>(target->widget())->model();
+    return fromQt(rows->index(row - 1, column).data().toString());
+}
+
+void QtDriver::wait(int milliseconds) {
+    QElapsedTimer passed;
+    passed.start();
+    while (passed.elapsed() < milliseconds)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+}
+
+void QtDriver::screenshot(const std::string& file) {
+    WindowShell* const current = shell();
+    if (current == nullptr)
+        return;
+    hands::settle();
+    if (!current->grab().save(toQt(file)))
+        throw std::runtime_error("the picture " + file + " cannot be written");
+}
+
+} // namespace opd::qt

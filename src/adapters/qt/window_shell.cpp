@@ -1,0 +1,112 @@
+#include "adapters/qt/window_shell.h"
+
+#include "adapters/qt/binder.h"
+#include "adapters/qt/forms.h"
+#include "adapters/qt/qt_text.h"
+#include "adapters/qt/style.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+
+#include <stdexcept>
+
+namespace opd::qt {
+
+WindowShell::WindowShell(ui::Window& window) : m_window(window) {
+    if (!buildForm(window.name(), *this))
+        throw std::logic_error("There is no form for the window " + window.name() + ".");
+    m_views = bind(window, *this);
+    for (const auto& view : m_views) {
+        m_byControl[&view->control()] = view.get();
+        if (view->widget() != nullptr)
+            m_byWidget[view->widget()] = view.get();
+    }
+    dress(*this, window);
+    showAll();
+}
+
+WindowShell::~WindowShell() = default;
+
+void WindowShell::showAll() {
+    setWindowTitle(toQt(m_window.caption()));
+    for (const auto& view : m_views)
+        for (const ui::Aspect aspect :
+             {ui::Aspect::Caption, ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Checked, ui::Aspect::Table,
+              ui::Aspect::CurrentPage, ui::Aspect::Enabled, ui::Aspect::Visible, ui::Aspect::Running})
+            view->show(aspect);
+}
+
+void WindowShell::present(bool modal) {
+    setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    fitScreen();
+    QWidget::show();
+    m_window.opened(*this);
+}
+
+void WindowShell::fitScreen() {
+    const QRect available = screen()->availableGeometry();
+    resize(size().expandedTo(minimumSizeHint()).boundedTo(available.size()));
+    move(available.center() - rect().center());
+}
+
+ControlView* WindowShell::viewOf(const ui::Control& control) const {
+    const auto found = m_byControl.find(&control);
+    return found == m_byControl.end() ? nullptr : found->second;
+}
+
+ControlView* WindowShell::viewAt(const QWidget* widget) const {
+    for (; widget != nullptr && widget != this; widget = widget->parentWidget())
+        if (const auto found = m_byWidget.find(widget); found != m_byWidget.end())
+            return found->second;
+    return nullptr;
+}
+
+ControlView* WindowShell::focusView() const {
+    return m_open && m_window.focus() != nullptr ? viewOf(*m_window.focus()) : nullptr;
+}
+
+void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
+    if (&control == &m_window)
+        setWindowTitle(toQt(m_window.caption()));
+    else if (ControlView* view = viewOf(control))
+        view->show(aspect);
+    if (aspect == ui::Aspect::CurrentPage)
+        followPage();
+}
+
+// Turning a page makes Qt look for a new focus; the model has the say.
+void WindowShell::followPage() {
+    const ControlView* view = focusView();
+    if (view != nullptr && view->widget()->isVisible())
+        view->widget()->setFocus(Qt::OtherFocusReason);
+    else
+        setFocus(Qt::OtherFocusReason);
+}
+
+void WindowShell::focusMoved(ui::Control* control) {
+    ControlView* view = control == nullptr ? nullptr : viewOf(*control);
+    if (view == nullptr) {
+        setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    view->widget()->setFocus(Qt::OtherFocusReason);
+    view->selectContent();
+}
+
+void WindowShell::closed() {
+    m_open = false;
+    for (const auto& view : m_views)
+        view->release();
+    hide();
+    emit gone();
+    // A handler of this very window may have unloaded it: its widgets must outlive the event being handled.
+    deleteLater();
+}
+
+void WindowShell::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (m_open)
+        m_window.requestClose();
+}
+
+} // namespace opd::qt

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "adapters/qt/control_view.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace opd::qt {
+
+/// One window on the screen: shows a model's controls in the widgets of its form until the model is unloaded, and then
+/// disappears and deletes itself.
+class WindowShell final : public QWidget, public ui::WindowView {
+    Q_OBJECT
+
+  public:
+    /// Throws std::logic_error when there is no form for the window.
+    explicit WindowShell(ui::Window& window);
+    ~WindowShell() override;
+
+    /// Shows it and tells the model. `modal` keeps the clerk from every other window meanwhile.
+    void present(bool modal);
+
+    /// False from the moment when the model is unloaded; the model may be gone then.
+    bool isOpen() const { return m_open; }
+    ui::Window& model() const { return m_window; }
+
+    /// The view of a control; null when its form has no widget for it.
+    ControlView* viewOf(const ui::Control& control) const;
+
+    /// The view whose widget is this one or has it inside; null outside of all.
+    ControlView* viewAt(const QWidget* widget) const;
+
+    /// The view of the control that has the focus, or null.
+    ControlView* focusView() const;
+
+    // ui::WindowView
+    void changed(ui::Control& control, ui::Aspect aspect) override;
+    void focusMoved(ui::Control* control) override;
+    void closed() override;
+
+  signals:
+    void gone();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void showAll();
+    void fitScreen();
+    void followPage();
+
+    ui::Window& m_window;
+    std::vector<std::unique_ptr<ControlView>> m_views;
+    std::unordered_map<const ui::Control*, ControlView*> m_byControl;
+    std::unordered_map<const QWidget*, ControlView*> m_byWidget;
+    bool m_open = true;
+};
+
+} // namespace opd::qt

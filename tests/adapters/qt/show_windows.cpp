@@ -1,0 +1,74 @@
+// Draws each window and page into a PNG file, for looking at: show_windows FOLDER [WIDTH HEIGHT]
+
+#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/style.h"
+#include "adapters/qt/window_shell.h"
+#include "tests/adapters/qt/sample_windows.h"
+
+#include <QTest>
+
+using namespace opd;
+
+namespace {
+
+/// What the forms hide for the usual hospital.
+void hideRareFields(qt::samples::SearchWindow& search, qt::samples::RegistrationWindow& form) {
+    for (ui::Control* rare : std::initializer_list<ui::Control*>{
+             &search.txtBirthYear, &search.cboBirthMonth, &search.cboBirthDay, &form.header.lblAdmissionStatus,
+             &form.header.fraMasterFileRegistrationOnly, &form.personal.lblPaycode, &form.personal.cmbPaycodeID,
+             &form.personal.cmbPaycode, &form.personal.txtBarangayID, &form.personal.searchBarangay,
+             &form.personal.txtBarangayName, &form.history.lastMenstruation, &form.buttons.cmdRevoke,
+             &form.buttons.cmdUnRevoke, &form.buttons.cmdUpdate, &form.buttons.cmdEndConsultation})
+        rare->setVisible(false);
+}
+
+void fillIn(qt::samples::SearchWindow& search, qt::samples::RegistrationWindow& form) {
+    search.lastName.setText("DELA CRUZ");
+    search.male.setSelected(true);
+    search.txtBirthDate.setText("03/07/1980");
+    std::vector<ui::Grid::Row> rows;
+    for (int i = 0; i < 40; ++i)
+        rows.push_back({"DELA CRUZ", "JOSEFINO", "VILLANUEVA", "000012" + std::to_string(10 + i), "03/07/1980", "44",
+                        "123 MABINI ST., BARANGAY SAN ISIDRO, QUEZON CITY"});
+    search.gridPatientList.show(
+        ui::gridColumns("<Last Name |<FirstName |<Middle Name |<Hosp. No. |<Birth Date |<Age |<Address ",
+                        {2000, 2000, 2000, 1000, 1100, 0, 6400}),
+        std::move(rows));
+    form.header.txtOPDNum.setText("(TO BE GENERATED)");
+    form.header.txtHospNum.setText("00001234");
+    form.header.txtLastName.setText("DELA CRUZ-VILLANUEVA");
+    form.header.txtFirstName.setText("MARIA CORAZON");
+    form.header.female.setSelected(true);
+    form.header.txtBirthDate.setText("03/07/1980");
+    form.header.txtAge.setText("44");
+    form.personal.townName.setText("QUEZON CITY, METRO MANILA");
+    form.personal.cboCivilStatus.setText("Single");
+    form.personal.planPersonal.setSelected(true);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    qt::dress(application);
+    const QString folder = argc > 1 ? argv[1] : ".";
+    qt::samples::SearchWindow search;
+    qt::samples::RegistrationWindow form;
+    if (argc <= 2 || QByteArray(argv[2]) != "all")
+        hideRareFields(search, form);
+    fillIn(search, form);
+    qt::QtDesktop desktop;
+    const auto shoot = [&](const std::string& name) {
+        QTest::qWait(50);
+        desktop.currentShell()->grab().save(folder + "/" + name.c_str() + ".png");
+    };
+    desktop.show(search);
+    shoot("search");
+    desktop.show(form);
+    qInfo() << "least size" << desktop.currentShell()->minimumSizeHint();
+    for (const ui::Page* page : form.tabOPD.pages()) {
+        form.tabOPD.show(page->index());
+        shoot(page->name());
+    }
+    return 0;
+}

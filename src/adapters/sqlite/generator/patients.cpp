@@ -1,0 +1,151 @@
+#include "adapters/sqlite/generator/patients.h"
+
+#include "adapters/sqlite/generator/names.h"
+#include "adapters/sqlite/generator/person.h"
+#include "adapters/sqlite/generator/reference.h"
+
+#include <cstdio>
+#include <initializer_list>
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+constexpr int confinedPerson = 7;
+constexpr int employeesAccount = 10;
+constexpr std::int64_t lastOpdNumberBefore = 2600000000;
+
+std::string hospNum(int number) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%08d", number);
+    return text;
+}
+
+/// Inserts the people of one hospital, keeping the statements prepared.
+class Writer {
+  public:
+    explicit Writer(Database& database)
+        : m_database(database),
+          m_master(database,
+                   "INSERT INTO Patient_Data_tbMaster (HospNum, LastName, FirstName, MiddleName, SearchName, Title, "
+                   "HouseStreet, Barangay, ZipCode, Sex, BirthDate, telnum, CivilStatus, BloodType, Occupation, Employer, "
+                   "PHICNum, GSISNum, SSSNum) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+          m_extended(database,
+                     "INSERT INTO Patient_Data_tbMaster2 (HospNum, NationalityID, ReligionID, Spouse, mother, Father, "
+                     "Employer, ContactName, ContactRelation, EmploymentType, EmploymentLocation, PhilHealth) VALUES (?, "
+                     "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+          m_visit(database,
+                  "INSERT INTO Patient_Data_tbOutPatient (IDNum, HospNum, AdmDate, AccountNum, HospPlan, PatientType, "
+                  "ConsultationType, VisitKind, ServiceID1, DoctorID1, ChiefComplaints, Height, Weight, Temperature, "
+                  "BloodPressure, PulseRate, RespiratoryRate, OPDStatus, isWalkIn, UserID, BillingDate) VALUES (?, ?, ?, "
+                  "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'DEMO', ?)") {}
+
+    void write(const std::string& number, const Person& person) {
+        insert(m_master, {number, person.lastName, person.firstName, person.middleName, searchName(person.lastName),
+                          person.title, person.street, person.barangay, person.townCode, person.male ? "M" : "F",
+                          person.birthDate, person.telephone, person.civilStatus, person.bloodType, person.occupation,
+                          person.employer, orNull(person.philHealth), orNull(person.gsis), orNull(person.sss)});
+        const bool employed = !person.employer.empty();
+        insert(m_extended, {number, person.nationality, person.religion, person.spouse, person.mother, person.father,
+                            person.employer, person.contact, person.contactRelation, employed ? 2 : 0, employed ? 1 : 0,
+                            person.philHealth.empty() ? 0 : 1});
+    }
+
+    void write(const std::string& number, const Visit& visit, Random& random) {
+        const bool billed = visit.state == Visit::State::Billed || visit.state == Visit::State::WalkIn;
+        const char* const status = visit.state == Visit::State::Revoked  ? "R"
+                                   : visit.state == Visit::State::WalkIn ? "W"
+                                                                         : "";
+        char doctor[8];
+        std::snprintf(doctor, sizeof doctor, "D%03d", random.between(1, doctorCount));
+        const std::string pressure =
+            std::to_string(random.between(95, 150)) + "/" + std::to_string(random.between(60, 95));
+        insert(m_visit,
+               {std::to_string(++m_lastVisit) + "B", number, visit.admitted, number, "P", "C", "W", "O",
+                std::string{random.pick(serviceCodes)}, std::string{doctor}, std::string{random.pick(complaints)},
+                std::to_string(random.between(145, 185)), std::to_string(random.between(45, 95)),
+                "36." + std::to_string(random.below(10)), pressure, std::to_string(random.between(60, 100)),
+                std::to_string(random.between(14, 22)), status, visit.state == Visit::State::WalkIn ? 1 : 0,
+                billed ? ado::Value{addDays(visit.admitted, 0)} : ado::Value{}});
+    }
+
+    void confine(const std::string& number) {
+        Query query(m_database, "INSERT INTO Patient_Data_tbPatient (IdNum, HospNum, AdmDate) VALUES (?, ?, ?)");
+        insert(query, {std::to_string(++m_lastAdmission), number, DateTime{2026, 6, 28, 20, 0, 0}});
+    }
+
+    void makeEmployeesAccount(const std::string& number) {
+        Query query(m_database, "INSERT INTO Patient_Data_tbMasterAccount VALUES (?)");
+        insert(query, {number});
+    }
+
+    void setCounters(int lastPatient) {
+        Query query(m_database, "INSERT INTO Patient_Data_tbCounter VALUES (?, ?)");
+        insert(query, {"HospNum", lastPatient});
+        insert(query, {"OPDID", m_lastVisit});
+    }
+
+  private:
+    static ado::Value orNull(const std::string& text) { return text.empty() ? ado::Value{} : ado::Value{text}; }
+
+    static void insert(Query& query, std::initializer_list<ado::Value> values) {
+        int position = 0;
+        for (const ado::Value& value : values)
+            query.bind(++position, value);
+        query.next();
+        query.reset();
+    }
+
+    Database& m_database;
+    Query m_master;
+    Query m_extended;
+    Query m_visit;
+    std::int64_t m_lastVisit = lastOpdNumberBefore;
+    int m_lastAdmission = 50000;
+};
+
+void writeDemonstrationPerson(Writer& writer, int number, Random& random) {
+    const std::string key = hospNum(number);
+    writer.write(key, demonstrationPerson(number, random));
+    if (Visit visit; demonstrationVisit(number, visit))
+        writer.write(key, visit, random);
+    if (number == confinedPerson)
+        writer.confine(key);
+    if (number == employeesAccount)
+        writer.makeEmployeesAccount(key);
+}
+
+void writeRandomPerson(Writer& writer, int number, Person& previous, Random& random) {
+    const std::string key = hospNum(number);
+    Person person = randomPerson(random);
+    if (random.chance(2)) { // a namesake of the same day
+        person.lastName = previous.lastName;
+        person.birthDate = previous.birthDate;
+    }
+    writer.write(key, person);
+    for (int visits = random.below(4) - 1; visits > 0; --visits)
+        writer.write(key, randomVisit(random), random);
+    if (random.chance(1))
+        writer.confine(key);
+    previous = std::move(person);
+}
+
+} // namespace
+
+void insertPatients(Database& database, int count, unsigned seed, const std::function<void(int, int)>& progress) {
+    Random random(seed);
+    Writer writer(database);
+    Person previous = demonstrationPerson(1, random);
+    constexpr int progressStep = 100;
+    for (int number = 1; number <= count; ++number) {
+        if (number <= demonstrationPeople)
+            writeDemonstrationPerson(writer, number, random);
+        else
+            writeRandomPerson(writer, number, previous, random);
+        if (progress && (number % progressStep == 0 || number == count))
+            progress(number, count);
+    }
+    writer.setCounters(count);
+}
+
+} // namespace opd::adapters::sqlite

@@ -85,6 +85,15 @@ void doubleClick(QWidget& widget, const QPoint& point) {
         QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, widget.mapTo(window, point));
 }
 
+void waitUntilActive(QWidget& window) {
+    settle();
+    if (window.isActiveWindow())
+        return;
+    window.activateWindow();
+    if (QTest::qWaitFor([&window] { return window.isActiveWindow(); }, 300))
+        settle();
+}
+
 void settle() {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();

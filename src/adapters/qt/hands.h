@@ -15,6 +15,9 @@ void press(QWidget& window, const script::KeyStroke& key);
 void click(QWidget& widget, const QPoint& point);
 void doubleClick(QWidget& widget, const QPoint& point);
 
+/// Returns when the window is the active one, or after a short time where nothing ever becomes active.
+void waitUntilActive(QWidget& window);
+
 /// Handles what is waiting to be handled.
 void settle();
 

@@ -109,17 +109,18 @@ void QtDriver::setPicker(ui::DatePicker& picker, const DateTime& value) {
     if (target == nullptr)
         return;
     click(picker);
-    auto* edit = static_cast<QDateTimeEdit*>(target->widget());
-    edit->setSelectedSection(edit->sectionAt(0));
-    std::string digits;
-    for (const char character : picker.format() == ui::DatePicker::Format::Date ? dateText(value) : timeText(value))
-        if (character >= '0' && character <= '9')
-            digits += character;
-    type(digits);
-    if (picker.format() == ui::DatePicker::Format::Time) {
-        edit->setSelectedSection(QDateTimeEdit::AmPmSection);
-        type(value.hour < 12 ? "AM" : "PM");
-    }
+    // A window that becomes active while a part is typed would start the field anew.
+    hands::waitUntilActive(*shell());
+    auto* const edit = static_cast<QDateTimeEdit*>(target->widget());
+    const auto enter = [&](QDateTimeEdit::Section section, const std::string& text) {
+        edit->setSelectedSection(section);
+        type(text);
+    };
+    const bool isDate = picker.format() == ui::DatePicker::Format::Date;
+    const std::string text = isDate ? dateText(value) : timeText(value);
+    enter(isDate ? QDateTimeEdit::MonthSection : QDateTimeEdit::HourSection, text.substr(0, 2));
+    enter(isDate ? QDateTimeEdit::DaySection : QDateTimeEdit::MinuteSection, text.substr(3, 2));
+    enter(isDate ? QDateTimeEdit::YearSection : QDateTimeEdit::AmPmSection, text.substr(6));
 }
 
 void QtDriver::type(const std::string& characters) {

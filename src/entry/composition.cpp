@@ -25,7 +25,7 @@ std::unique_ptr<settings::Store> makeStore() {
 }
 
 void addProviders() {
-    ado::Providers::ofProcess().add("sqlite", makeSqliteProvider(clock()));
+    ado::Providers::ofProcess().add("sqlite", adapters::sqlite::makeSqliteProvider(clock()));
 }
 
 void traceStatements(ado::Connection& connection) {

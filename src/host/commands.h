@@ -26,7 +26,7 @@ struct RunOptions {
 };
 
 /// Makes an embedded hospital in a folder that is new or empty. Shows its progress when standard error is a terminal.
-void createHospital(const std::filesystem::path& folder, const DatabaseOptions& options);
+void createHospital(const std::filesystem::path& folder, const adapters::sqlite::DatabaseOptions& options);
 
 /// Writes the workstation user's connection settings; the password is one line of standard input.
 void configure(const ConfigureOptions& options);

@@ -29,10 +29,10 @@ void showProgress(int done, int total) {
 
 } // namespace
 
-void createHospital(const std::filesystem::path& folder, const DatabaseOptions& options) {
+void createHospital(const std::filesystem::path& folder, const adapters::sqlite::DatabaseOptions& options) {
     refuseUsedFolder(folder);
     const bool onTerminal = ::isatty(STDERR_FILENO) == 1;
-    createDatabase(folder, options, [&](int done, int total) {
+    adapters::sqlite::createDatabase(folder, options, [&](int done, int total) {
         if (onTerminal)
             showProgress(done, total);
     });

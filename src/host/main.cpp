@@ -14,7 +14,7 @@ namespace {
 struct CommandLine {
     CLI::App app{"The registration desk of a hospital's out-patient department.", "opd-desk"};
     std::string folder;
-    DatabaseOptions hospital;
+    adapters::sqlite::DatabaseOptions hospital;
     host::ConfigureOptions settings;
     host::RunOptions session;
     std::function<void()> command;

@@ -1,5 +1,6 @@
 # What ./run and ./test share. Sourced by bash with `set -euo pipefail`, from the top of the tree.
 
+set -E # the trap holds inside functions too
 step="starting"
 trap 'echo "$0: failed while $step." >&2' ERR
 

@@ -5,29 +5,34 @@
 #include "platform/script/player.h"
 #include "platform/ui/desktop_module.h"
 
-#include <functional>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 
 namespace opd::composition {
 
 namespace {
 
-using OwnedDesktop = std::unique_ptr<ui::Desktop, std::function<void(ui::Desktop*)>>;
+/// Toolkits end the process when they find no display, so it is asked for before.
+void requireDisplay() {
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!environment::value(variable).empty())
+            return;
+    throw std::runtime_error("There is no display to show windows on.");
+}
 
-OwnedDesktop makeQtDesktop(script::Player* player) {
+ui::Desktop* makeQtDesktop(script::Player* player) {
+    requireDisplay();
     const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&makeQtDesktop));
-    const std::filesystem::path file = here.parent_path() / com::libraryFileName("opd-desktop-qt");
-    const com::Library module{file};
+    const com::Library module{here.parent_path() / com::libraryFileName("opd-desktop-qt")};
     const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
-    const auto destroy = module.function<std::remove_pointer_t<ui::DestroyDesktop>>(ui::destroyDesktopSymbol);
-    OwnedDesktop made{create(player), destroy};
-    if (!made)
+    ui::Desktop* made = create(player);
+    if (made == nullptr)
         throw std::runtime_error("There is no display to show windows on.");
     return made;
 }
 
-OwnedDesktop makeDesktop(script::Player* player) {
+ui::Desktop* makeDesktop(script::Player* player) {
     const std::string kind = environment::value(environment::desktop);
     if (kind.empty() || kind == "qt")
         return makeQtDesktop(player);
@@ -35,7 +40,7 @@ OwnedDesktop makeDesktop(script::Player* player) {
         throw std::runtime_error("There is no desktop \"" + kind + "\"; there are \"qt\" and \"scripted\".");
     if (player == nullptr)
         throw std::runtime_error("The scripted desktop needs an operator script.");
-    return {new adapters::ScriptedDesktop(player), std::default_delete<ui::Desktop>{}};
+    return std::make_unique<adapters::ScriptedDesktop>(player).release();
 }
 
 std::unique_ptr<script::Player> makePlayer() {
@@ -64,8 +69,10 @@ class DesktopOfProcess final : public ui::Desktop {
         return *m_real;
     }
 
-    std::unique_ptr<script::Player> m_player; ///< outlives the desktop
-    OwnedDesktop m_real;
+    std::unique_ptr<script::Player> m_player;
+
+    /// Never taken down: a toolkit cannot be at the end of a process, when parts of it have gone already.
+    ui::Desktop* m_real = nullptr;
 };
 
 } // namespace

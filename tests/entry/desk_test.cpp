@@ -128,16 +128,19 @@ TEST_F(Desk, AHospitalThatCannotBeOpenedIsOneClearLine) {
     std::filesystem::create_directories(m_folder / "unreadable" / "hospital.db");
     makeHospital("newer");
     { const Outsider later(at("newer/hospital.db"), "pragma user_version = 9999"); }
-    for (const char* folder : {"missing", "empty", "garbage", "unreadable", "newer"}) {
-        SCOPED_TRACE(folder);
-        expectOneLine(play(closeAtOnce, {"--database", at(folder)}), at(folder));
-    }
+    const std::vector<std::pair<const char*, std::string>> cases{{"missing", at("missing")},
+                                                                 {"empty", at("empty")},
+                                                                 {"garbage", "is no database"},
+                                                                 {"unreadable", "cannot be opened"},
+                                                                 {"newer", "belongs to another version"}};
+    for (const auto& [folder, part] : cases)
+        expectOneLine(play(closeAtOnce, {"--database", at(folder)}), part);
 }
 
 TEST_F(Desk, AHospitalThatAnotherProgramHoldsIsOneClearLine) {
     makeHospital("hospital");
     const Outsider holder(at("hospital/hospital.db"), "pragma locking_mode = exclusive; begin exclusive");
-    expectOneLine(play(closeAtOnce, {"--database", at("hospital")}), "");
+    expectOneLine(play(closeAtOnce, {"--database", at("hospital")}), "database");
 }
 
 } // namespace

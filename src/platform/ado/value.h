@@ -22,6 +22,12 @@ class Value {
 
     bool isNull() const { return std::holds_alternative<std::monostate>(m_value); }
 
+    /// The value when it is of this kind (bool, std::int64_t, double, std::string, DateTime), otherwise null.
+    template <class Kind>
+    const Kind* get() const {
+        return std::get_if<Kind>(&m_value);
+    }
+
     /// The value as text: null is empty, true is "True", a date is "mm/dd/yyyy" with a time of day when it has one.
     std::string asText() const;
 

@@ -1,0 +1,2 @@
+-- parameters: IDNum text
+UPDATE Patient_Data_tbOutPatient SET ConsultationDate = now() WHERE IDNum = :IDNum;

@@ -1,0 +1,2 @@
+-- parameters: BirthDate date
+SELECT age_on(:BirthDate, now()) AS Age;

@@ -1,0 +1,2 @@
+-- parameters: IDNum text, UserID text, Action text
+INSERT INTO Patient_Data_tbOPDRevokedLog (IDNum, UserID, Action, LoggedAt) VALUES (:IDNum, :UserID, :Action, now());

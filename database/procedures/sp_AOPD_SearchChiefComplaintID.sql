@@ -1,0 +1,2 @@
+-- parameters: ChiefComplaintID text
+SELECT ChiefComplaintID, ChiefComplaint FROM Build_File_tbCoChiefComplaint WHERE ChiefComplaintID = :ChiefComplaintID;

@@ -1,0 +1,2 @@
+-- parameters: IDNum text
+SELECT Amount AS HospitalBill FROM billing_tbBill WHERE IDNum = :IDNum;

@@ -1,0 +1,72 @@
+#include "adapters/codesearch/code_search.h"
+
+#include <utility>
+
+namespace opd::codesearch {
+
+namespace {
+
+/// A found row as the caller sees it: read-only members by name.
+class Record final : public com::LateBound {
+  public:
+    explicit Record(const Row& row) {
+        for (const auto& [member, text] : row)
+            onGet(member, [value = text] { return com::Variant{value}; });
+    }
+};
+
+com::Variant objectVariant(com::IUnknown* object) {
+    return com::Variant{com::Ref<com::IUnknown>::taking(object)};
+}
+
+} // namespace
+
+CodeSearch::CodeSearch(com::Server& server) : m_use(server) {
+    onCall("Initialize_Classes", [this](const Arguments&) {
+        m_found.clear();
+        return com::Variant{};
+    });
+    for (const char* member : {"CompanyName", "SearchMode", "OtherSectionID"})
+        keepProperty(member);
+    onSet("Connection", [this](const com::Variant& value) {
+        const auto* object = std::get_if<com::Ref<com::IUnknown>>(&value);
+        m_connection =
+            com::queried<com::IConnectionObject>(object != nullptr ? object->get() : nullptr, com::iidConnectionObject);
+        if (!m_connection)
+            throw com::Error(com::errorNoInterface, "Connection must be a database connection object.");
+    });
+    onCall("SearchListing", [this](const Arguments& arguments) {
+        return com::Variant{
+            search(com::argument<std::string>(arguments, 0), com::argument<std::int32_t>(arguments, 1))};
+    });
+    for (const Listing& listing : listings())
+        onGet(listing.record, [this, &listing] { return record(listing); });
+}
+
+void CodeSearch::keepProperty(const std::string& member) {
+    onSet(member, [this, member](const com::Variant& value) { m_properties[member] = value; });
+    onGet(member, [this, member] { return m_properties[member]; });
+}
+
+bool CodeSearch::search(const std::string& criteria, int number) {
+    const Listing* listing = findListing(number);
+    if (listing == nullptr)
+        return false;
+    if (!m_connection)
+        throw com::Error(com::errorFail, "The code search has not been given a database connection.");
+    std::optional<Row> row = lookUp(*m_connection->connection(), *listing, criteria);
+    if (row)
+        m_found[number] = std::move(*row);
+    return row.has_value();
+}
+
+com::Variant CodeSearch::record(const Listing& listing) const {
+    Row row;
+    for (const Listing::Field& field : listing.fields)
+        row[field.member];
+    if (const auto found = m_found.find(listing.number); found != m_found.end())
+        row = found->second;
+    return objectVariant(new Record(row));
+}
+
+} // namespace opd::codesearch

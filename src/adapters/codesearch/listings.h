@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/ado/connection.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace opd::codesearch {
+
+/// One kind of code: the table that lists its codes, and how a found row is handed out.
+struct Listing {
+    struct Field {
+        const char* member; ///< of the record
+        const char* column; ///< of the table
+    };
+    int number;
+    const char* record; ///< the member of the component that holds the last row found
+    const char* table;
+    std::vector<Field> fields; ///< the first one is the code
+};
+
+/// Every listing, a line each.
+const std::vector<Listing>& listings();
+
+/// The listing of a number, or null.
+const Listing* findListing(int number);
+
+/// A found row: the record's members with their texts.
+using Row = std::map<std::string, std::string>;
+
+/// The statement that looks up one code. The code must not hold a single quote.
+std::string statementFor(const Listing& listing, const std::string& code);
+
+/// The row of an exact code. Nothing when no row or several have it, when the code is blank, and when it holds a single
+/// quote, which no code has and which would end the text in the statement. Throws ado::Error.
+std::optional<Row> lookUp(ado::Connection& connection, const Listing& listing, const std::string& code);
+
+} // namespace opd::codesearch

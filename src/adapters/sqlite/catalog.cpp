@@ -1,0 +1,47 @@
+#include "adapters/sqlite/catalog.h"
+
+#include "adapters/sqlite/errors.h"
+#include "platform/clock/date_text.h"
+#include "platform/text/text.h"
+
+namespace opd::adapters::sqlite {
+
+const Column& Table::column(const std::string& wanted) const {
+    const auto found = columns.find(text::upper(std::string_view{wanted}));
+    if (found == columns.end())
+        throw serverError("Invalid column name '" + wanted + "'.", 207, "42S22");
+    return found->second;
+}
+
+const Table& Catalog::table(const std::string& databaseName, const std::string& tableName) {
+    const std::string key = text::upper(std::string_view{databaseName + "_" + tableName});
+    if (const auto known = m_tables.find(key); known != m_tables.end())
+        return known->second;
+    Query query(m_database,
+                "SELECT t.name, c.name, upper(c.type) FROM sqlite_schema t JOIN pragma_table_info(t.name) c "
+                "WHERE t.type = 'table' AND upper(t.name) = ?");
+    query.bind(1, key);
+    Table table;
+    while (query.next()) {
+        table.name = query.value(0).asText();
+        const std::string column = query.value(1).asText();
+        const std::string type = query.value(2).asText();
+        table.columns[text::upper(std::string_view{column})] = {column, type == "DATE", type == "DATETIME"};
+    }
+    if (table.columns.empty())
+        throw serverError("Invalid object name '" + databaseName + ".." + tableName + "'.", 208, "42S02");
+    return m_tables[key] = std::move(table);
+}
+
+std::string canonicalDate(const std::string& text, bool dateOnly) {
+    const std::optional<DateTime> moment = parseDate(text);
+    if (!moment)
+        throw serverError("Conversion failed when converting date and/or time from character string.", 241, "22007");
+    return isoDateText(dateOnly ? moment->date() : *moment);
+}
+
+std::string literalFor(const Column& column, const std::string& text) {
+    return column.isDate || column.isDateTime ? canonicalDate(text, column.isDate) : text;
+}
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "adapters/sqlite/database.h"
+
+#include <map>
+#include <string>
+
+namespace opd::adapters::sqlite {
+
+/// A column as the schema declares it.
+struct Column {
+    std::string name;
+    bool isDate = false;     ///< DATE
+    bool isDateTime = false; ///< DATETIME
+};
+
+/// A table of the file; columns by their upper-case names.
+struct Table {
+    std::string name;
+    std::map<std::string, Column> columns;
+
+    /// Throws ado::Error for a column that it does not have.
+    const Column& column(const std::string& name) const;
+};
+
+/// The tables of a database file, found by the server's names.
+class Catalog {
+  public:
+    explicit Catalog(const Database& database) : m_database(database) {}
+
+    /// The table of `database..table`, in any letter case. Throws ado::Error when there is none.
+    const Table& table(const std::string& databaseName, const std::string& tableName);
+
+  private:
+    const Database& m_database;
+    std::map<std::string, Table> m_tables; ///< those asked for before, by upper-case name
+};
+
+/// The text as the column takes it: a date in canonical form for a date column, anything else as it is. Throws
+/// ado::Error for a text that is no date.
+std::string literalFor(const Column& column, const std::string& text);
+
+/// The canonical form of a date text, with its time of day unless `dateOnly`. Throws ado::Error when it is no date.
+std::string canonicalDate(const std::string& text, bool dateOnly);
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,118 @@
+#include "adapters/sqlite/database.h"
+
+#include "adapters/sqlite/errors.h"
+#include "platform/clock/date_text.h"
+#include "platform/text/text.h"
+
+#include <variant>
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+constexpr int busyTimeoutMilliseconds = 5000;
+
+void check(const Database& database, int result) {
+    if (result != SQLITE_OK)
+        database.fail();
+}
+
+bool isDateType(const std::string& declared) {
+    return declared == "DATE" || declared == "DATETIME";
+}
+
+} // namespace
+
+std::filesystem::path databaseFile(const std::filesystem::path& folder) {
+    return folder / "hospital.db";
+}
+
+Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) {
+    sqlite3* handle = nullptr;
+    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+    const int result = sqlite3_open_v2(file.c_str(), &handle, flags, nullptr);
+    m_handle.reset(handle);
+    if (result != SQLITE_OK)
+        fail();
+    sqlite3_extended_result_codes(handle, 1);
+    sqlite3_busy_timeout(handle, busyTimeoutMilliseconds);
+    registerFunctions(handle, clock);
+}
+
+void Database::run(const std::string& sql) {
+    if (sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        fail();
+}
+
+void Database::fail() const {
+    throw errorOf(handle());
+}
+
+Query::Query(const Database& database, const char* sql, const char** rest) : m_database(database) {
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v2(database.handle(), sql, -1, &statement, rest);
+    m_statement.reset(statement);
+    check(database, result);
+}
+
+void Query::bind(int position, const ado::Value& value) {
+    sqlite3_stmt* const statement = m_statement.get();
+    if (value.isNull()) {
+        check(m_database, sqlite3_bind_null(statement, position));
+        return;
+    }
+    if (const auto* number = value.get<double>()) {
+        check(m_database, sqlite3_bind_double(statement, position, *number));
+        return;
+    }
+    if (const auto* number = value.get<std::int64_t>()) {
+        check(m_database, sqlite3_bind_int64(statement, position, *number));
+        return;
+    }
+    const auto* moment = value.get<DateTime>();
+    const std::string text = moment != nullptr ? isoDateText(*moment) : value.asText();
+    check(m_database,
+          sqlite3_bind_text(statement, position, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT));
+}
+
+void Query::bind(const std::string& name, const ado::Value& value) {
+    if (const int position = sqlite3_bind_parameter_index(m_statement.get(), name.c_str()); position > 0)
+        bind(position, value);
+}
+
+bool Query::next() {
+    const int result = sqlite3_step(m_statement.get());
+    if (result != SQLITE_ROW && result != SQLITE_DONE)
+        m_database.fail();
+    return result == SQLITE_ROW;
+}
+
+void Query::reset() {
+    sqlite3_reset(m_statement.get());
+}
+
+ado::Value Query::value(int column) const {
+    sqlite3_stmt* const statement = m_statement.get();
+    const char* const declaredType = sqlite3_column_decltype(statement, column);
+    const std::string declared = declaredType == nullptr ? "" : text::upper(std::string_view{declaredType});
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER: {
+        const std::int64_t number = sqlite3_column_int64(statement, column);
+        return declared == "BIT" ? ado::Value{number != 0} : ado::Value{number};
+    }
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(statement, column);
+    default:
+        break;
+    }
+    std::string text(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+                     static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+    if (isDateType(declared))
+        if (const std::optional<DateTime> moment = parseDate(text))
+            return *moment;
+    return text;
+}
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/ado/value.h"
+#include "platform/clock/clock.h"
+
+#include <filesystem>
+#include <memory>
+#include <sqlite3.h>
+#include <string>
+#include <vector>
+
+namespace opd::adapters::sqlite {
+
+/// The version of the schema, kept in the file's `user_version`.
+inline constexpr int schemaVersion = 1;
+
+/// The file of a database folder.
+std::filesystem::path databaseFile(const std::filesystem::path& folder);
+
+/// An open database file with the hospital's collation and functions.
+class Database {
+  public:
+    enum class Mode { Existing, Create };
+
+    /// Opens the file; "Existing" never makes one. Throws ado::Error.
+    Database(const std::filesystem::path& file, Mode mode, const Clock& clock);
+
+    sqlite3* handle() const { return m_handle.get(); }
+
+    /// Runs statements that answer no rows. Throws ado::Error.
+    void run(const std::string& sql);
+
+    /// Throws ado::Error with the handle's last failure.
+    [[noreturn]] void fail() const;
+
+  private:
+    struct Close {
+        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+    };
+    std::unique_ptr<sqlite3, Close> m_handle;
+};
+
+/// A prepared statement.
+class Query {
+  public:
+    /// Prepares the first statement of the text; `rest` becomes what stands behind it. Throws ado::Error.
+    Query(const Database& database, const char* sql, const char** rest = nullptr);
+
+    /// True when the text held nothing but blanks and comments.
+    bool isEmpty() const { return !m_statement; }
+    sqlite3_stmt* statement() const { return m_statement.get(); }
+
+    /// Binds a value to a parameter by its position from 1, or by its name with the colon; an unknown name is ignored.
+    void bind(int position, const ado::Value& value);
+    void bind(const std::string& name, const ado::Value& value);
+
+    /// Steps to the next row; false behind the last one. Throws ado::Error.
+    bool next();
+    void reset();
+
+    int columnCount() const { return sqlite3_column_count(m_statement.get()); }
+    std::string columnName(int column) const { return sqlite3_column_name(m_statement.get(), column); }
+
+    /// The value of a column of the current row, by the column's declared type where it has one.
+    ado::Value value(int column) const;
+
+  private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+    const Database& m_database;
+    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+};
+
+/// Registers the collation OPD and the functions that the procedures use on a connection.
+void registerFunctions(sqlite3* handle, const Clock& clock);
+
+/// How a last name is looked for: upper case, Ñ as N, without blanks, hyphens and full stops.
+std::string searchName(const std::string& name);
+
+} // namespace opd::adapters::sqlite

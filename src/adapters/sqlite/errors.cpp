@@ -1,0 +1,37 @@
+#include "adapters/sqlite/errors.h"
+
+namespace opd::adapters::sqlite {
+
+ado::Error serverError(const std::string& message, long number, const std::string& sqlState) {
+    return ado::Error(message, "Embedded database", number, sqlState);
+}
+
+ado::Error errorOf(sqlite3* handle) {
+    const std::string detail = handle == nullptr ? "out of memory" : sqlite3_errmsg(handle);
+    const int extended = handle == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(handle);
+    switch (extended & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return serverError("The hospital's database is in use by another program. Please try again.", 1222, "HYT00");
+    case SQLITE_FULL:
+        return serverError("The disk of the hospital's database is full. Nothing was saved.", 1105, "HY000");
+    case SQLITE_READONLY:
+        return serverError("The hospital's database is read-only.", 3906, "25000");
+    case SQLITE_IOERR:
+        return serverError("The disk of the hospital's database cannot be read or written (" + detail + ").", 823,
+                           "HY000");
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return serverError("The hospital's database file is damaged or is no database (" + detail + ").", 824, "HY000");
+    case SQLITE_CANTOPEN:
+        return serverError("The hospital's database file cannot be opened (" + detail + ").", 5120, "08001");
+    case SQLITE_CONSTRAINT:
+        if (extended == SQLITE_CONSTRAINT_PRIMARYKEY || extended == SQLITE_CONSTRAINT_UNIQUE)
+            return serverError("Violation of PRIMARY KEY constraint (" + detail + ").", 2627, "23000");
+        return serverError("The statement conflicts with a constraint (" + detail + ").", 547, "23000");
+    default:
+        return serverError("The hospital's database answers: " + detail, extended, "HY000");
+    }
+}
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,152 @@
+#include "adapters/sqlite/database.h"
+
+#include "platform/clock/date_text.h"
+#include "platform/text/text.h"
+
+#include <cmath>
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+std::string textOf(sqlite3_value* value) {
+    const unsigned char* const text = sqlite3_value_text(value);
+    return text == nullptr
+               ? std::string{}
+               : std::string(reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
+
+void answer(sqlite3_context* context, const std::string& text) {
+    sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+bool isAscii(std::string_view text) {
+    for (const char character : text)
+        if (static_cast<unsigned char>(character) >= 0x80)
+            return false;
+    return true;
+}
+
+char asciiUpper(char character) {
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
+}
+
+std::string_view withoutTrailingBlanks(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(' ');
+    return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+int compare(std::string_view left, std::string_view right) {
+    left = withoutTrailingBlanks(left);
+    right = withoutTrailingBlanks(right);
+    if (!isAscii(left) || !isAscii(right))
+        return text::upper(left).compare(text::upper(right));
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < common; ++i)
+        if (const int difference = asciiUpper(left[i]) - asciiUpper(right[i]); difference != 0)
+            return difference;
+    return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
+}
+
+int compareText(void*, int leftSize, const void* left, int rightSize, const void* right) {
+    return compare({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
+                   {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
+}
+
+/// The server's LIKE with "%" and "_", blind to letter case.
+bool isLike(std::u32string_view pattern, std::u32string_view text) {
+    if (pattern.empty())
+        return text.empty();
+    if (pattern.front() == U'%') {
+        for (std::size_t skipped = 0; skipped <= text.size(); ++skipped)
+            if (isLike(pattern.substr(1), text.substr(skipped)))
+                return true;
+        return false;
+    }
+    return !text.empty() && (pattern.front() == U'_' || pattern.front() == text.front()) &&
+           isLike(pattern.substr(1), text.substr(1));
+}
+
+void like(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
+        return;
+    sqlite3_result_int(context, isLike(text::decode(text::upper(textOf(arguments[0]))),
+                                       text::decode(text::upper(textOf(arguments[1]))))
+                                    ? 1
+                                    : 0);
+}
+
+void searchNameFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    answer(context, searchName(textOf(arguments[0])));
+}
+
+/// The smallest text that is greater than every text with this prefix.
+void prefixEnd(sqlite3_context* context, int, sqlite3_value** arguments) {
+    answer(context, textOf(arguments[0]) + "\xF4\x8F\xBF\xBF");
+}
+
+void beforeComma(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const std::string text = textOf(arguments[0]);
+    answer(context, text::trimmed(text.substr(0, text.find(','))));
+}
+
+void afterComma(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const std::string text = textOf(arguments[0]);
+    const std::size_t comma = text.find(',');
+    answer(context, comma == std::string::npos ? std::string{} : text::trimmed(text.substr(comma + 1)));
+}
+
+/// Whole years from a birth date to a day, as the desk counts them: days divided by 365.25.
+void ageOn(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const std::optional<DateTime> born = parseDate(textOf(arguments[0]));
+    const std::optional<DateTime> today = parseDate(textOf(arguments[1]));
+    if (born && today)
+        sqlite3_result_int(context,
+                           static_cast<int>(std::floor(static_cast<double>(daysBetween(*born, *today)) / 365.25)));
+}
+
+void addressText(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const std::string street = text::trimmed(textOf(arguments[0]));
+    const std::string barangay = text::trimmed(textOf(arguments[1]));
+    answer(context, street.empty() || barangay.empty() ? street + barangay : street + ", " + barangay);
+}
+
+void now(sqlite3_context* context, int, sqlite3_value**) {
+    answer(context, isoDateText(static_cast<const Clock*>(sqlite3_user_data(context))->now()));
+}
+
+} // namespace
+
+std::string searchName(const std::string& name) {
+    std::u32string kept;
+    for (const char32_t character : text::decode(text::upper(name)))
+        if (character != U' ' && character != U'-' && character != U'.')
+            kept += character == U'Ñ' ? U'N' : character;
+    return text::encode(kept);
+}
+
+void registerFunctions(sqlite3* handle, const Clock& clock) {
+    sqlite3_create_collation(handle, "OPD", SQLITE_UTF8, nullptr, compareText);
+    struct Function {
+        const char* name;
+        int arguments;
+        void (*function)(sqlite3_context*, int, sqlite3_value**);
+        bool deterministic;
+    };
+    const Function functions[] = {
+        {"like", 2, like, true},
+        {"search_name", 1, searchNameFunction, true},
+        {"prefix_end", 1, prefixEnd, true},
+        {"before_comma", 1, beforeComma, true},
+        {"after_comma", 1, afterComma, true},
+        {"age_on", 2, ageOn, true},
+        {"address_text", 2, addressText, true},
+        {"now", 0, now, false},
+    };
+    for (const Function& function : functions)
+        sqlite3_create_function_v2(handle, function.name, function.arguments,
+                                   SQLITE_UTF8 | (function.deterministic ? SQLITE_DETERMINISTIC : 0),
+                                   const_cast<Clock*>(&clock), function.function, nullptr, nullptr, nullptr);
+}
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,262 @@
+#include "adapters/sqlite/parser.h"
+
+#include "adapters/sqlite/errors.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+class Parser {
+  public:
+    Parser(std::string_view statement, Catalog& catalog) : m_tokens(tokensOf(statement)), m_catalog(catalog) {}
+
+    std::variant<Translation, ProcedureCall> batch() {
+        if (take("select"))
+            select();
+        else if (take("update"))
+            update();
+        else if (take("delete"))
+            remove();
+        else
+            return call();
+        expectEnd();
+        return std::move(m_translation);
+    }
+
+  private:
+    const Token& next(std::size_t ahead = 0) const { return m_tokens[std::min(m_at + ahead, m_tokens.size() - 1)]; }
+
+    bool isSymbol(std::string_view symbol) const { return next().kind == Token::Kind::Symbol && next().text == symbol; }
+
+    [[noreturn]] void refuse() const {
+        const std::string near = next().kind == Token::Kind::End ? "the end of the statement" : next().text;
+        throw serverError("Incorrect syntax near '" + near + "'.", 102, "42000");
+    }
+
+    bool take(std::string_view word) {
+        if (!isWord(next(), word))
+            return false;
+        ++m_at;
+        return true;
+    }
+
+    bool takeSymbol(std::string_view symbol) {
+        if (!isSymbol(symbol))
+            return false;
+        ++m_at;
+        return true;
+    }
+
+    void expect(std::string_view word) {
+        if (!take(word))
+            refuse();
+    }
+
+    void expectSymbol(std::string_view symbol) {
+        if (!takeSymbol(symbol))
+            refuse();
+    }
+
+    void expectEnd() const {
+        if (next().kind != Token::Kind::End)
+            refuse();
+    }
+
+    std::string word() {
+        if (next().kind != Token::Kind::Word)
+            refuse();
+        return m_tokens[m_at++].text;
+    }
+
+    /// A quoted text or a number.
+    std::string literal() {
+        if (next().kind != Token::Kind::Text && next().kind != Token::Kind::Number)
+            refuse();
+        return m_tokens[m_at++].text;
+    }
+
+    const Table& table() {
+        const std::string database = word();
+        expectSymbol("..");
+        return m_catalog.table(database, word());
+    }
+
+    static std::string quoted(const std::string& identifier) { return "\"" + identifier + "\""; }
+
+    std::string& sql() { return m_translation.sql; }
+
+    void bind(std::string value) {
+        sql() += "?";
+        m_translation.values.emplace_back(std::move(value));
+    }
+
+    // The list of a select stands before its table, whose columns it names: it is read when the table is known.
+    void select() {
+        std::string limit;
+        if (take("top"))
+            limit = " LIMIT " + std::to_string(std::stoi(literal()));
+        const std::size_t list = m_at;
+        while (next().kind != Token::Kind::End && !isWord(next(), "from"))
+            ++m_at;
+        const Table* const source = take("from") ? &table() : nullptr;
+        const std::size_t behind = std::exchange(m_at, list);
+        sql() = "SELECT ";
+        items(source);
+        if (source != nullptr) {
+            expect("from");
+            m_at = behind;
+            sql() += " FROM " + quoted(source->name);
+            where(*source);
+            orderBy(*source);
+        }
+        sql() += limit;
+    }
+
+    void items(const Table* source) {
+        if (source != nullptr && takeSymbol("*")) {
+            sql() += "*";
+            return;
+        }
+        do {
+            if (sql().back() != ' ')
+                sql() += ", ";
+            item(source);
+        } while (takeSymbol(","));
+    }
+
+    void item(const Table* source) {
+        std::string name;
+        if (take("getdate")) {
+            expectSymbol("(");
+            expectSymbol(")");
+            sql() += "now()";
+            name = "Date";
+        } else if (take("isnull")) {
+            expectSymbol("(");
+            name = column(source);
+            sql() += "ifnull(" + quoted(name) + ", ";
+            expectSymbol(",");
+            const bool isNumber = next().kind == Token::Kind::Number;
+            const std::string instead = literal();
+            if (isNumber)
+                sql() += std::to_string(std::stoi(instead));
+            else
+                bind(instead);
+            sql() += ")";
+            expectSymbol(")");
+        } else {
+            name = column(source);
+            sql() += quoted(name);
+        }
+        if (take("as") || (next().kind == Token::Kind::Word && !isWord(next(), "from")))
+            name = word();
+        sql() += " AS " + quoted(name);
+    }
+
+    std::string column(const Table* source) {
+        if (source == nullptr)
+            refuse();
+        return source->column(word()).name;
+    }
+
+    void where(const Table& source) {
+        if (!take("where"))
+            return;
+        sql() += " WHERE ";
+        condition(source);
+        while (take("and")) {
+            sql() += " AND ";
+            condition(source);
+        }
+    }
+
+    void condition(const Table& source) {
+        const Column& subject = source.column(word());
+        sql() += quoted(subject.name);
+        if (take("is")) {
+            sql() += take("not") ? " IS NOT NULL" : " IS NULL";
+            expect("null");
+        } else if (take("like")) {
+            sql() += " LIKE ";
+            bind(literal());
+        } else {
+            const bool equal = isSymbol("=");
+            if (!equal && !isSymbol("<>"))
+                refuse();
+            ++m_at;
+            sql() += equal ? " = " : " <> ";
+            bind(literalFor(subject, literal()));
+        }
+    }
+
+    void orderBy(const Table& source) {
+        if (!take("order"))
+            return;
+        expect("by");
+        sql() += " ORDER BY " + quoted(source.column(word()).name);
+        if (take("desc"))
+            sql() += " DESC";
+    }
+
+    void update() {
+        const Table& target = table();
+        expect("set");
+        sql() = "UPDATE " + quoted(target.name) + " SET ";
+        do {
+            if (sql().back() != ' ')
+                sql() += ", ";
+            const Column& assigned = target.column(word());
+            expectSymbol("=");
+            sql() += quoted(assigned.name) + " = ";
+            if (take("null"))
+                sql() += "NULL";
+            else
+                bind(literalFor(assigned, literal()));
+        } while (takeSymbol(","));
+        restrict(target);
+    }
+
+    void remove() {
+        take("from");
+        const Table& target = table();
+        sql() = "DELETE FROM " + quoted(target.name);
+        restrict(target);
+    }
+
+    /// A statement that writes names the rows it writes.
+    void restrict(const Table& target) {
+        if (!isWord(next(), "where"))
+            refuse();
+        where(target);
+    }
+
+    ProcedureCall call() {
+        ProcedureCall call;
+        word();
+        expectSymbol("..");
+        call.procedure = word();
+        if (next().kind != Token::Kind::End) {
+            do
+                call.arguments.push_back(literal());
+            while (takeSymbol(","));
+        }
+        expectEnd();
+        return call;
+    }
+
+    std::vector<Token> m_tokens;
+    std::size_t m_at = 0;
+    Catalog& m_catalog;
+    Translation m_translation;
+};
+
+} // namespace
+
+std::variant<Translation, ProcedureCall> parse(std::string_view statement, Catalog& catalog) {
+    return Parser(statement, catalog).batch();
+}
+
+} // namespace opd::adapters::sqlite

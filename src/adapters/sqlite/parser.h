@@ -1,0 +1,28 @@
+#pragma once
+
+#include "adapters/sqlite/catalog.h"
+#include "adapters/sqlite/tokens.h"
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace opd::adapters::sqlite {
+
+/// A statement in the embedded database's own SQL, its values bound to the "?" in their order.
+struct Translation {
+    std::string sql;
+    std::vector<ado::Value> values;
+};
+
+/// A call of a stored procedure.
+struct ProcedureCall {
+    std::string procedure; ///< without its database
+    std::vector<std::string> arguments;
+};
+
+/// Reads a statement text of the desk: a select, update or delete of one table in the shapes that the desk sends, or a
+/// call of a procedure, and nothing behind it. Everything else is refused with the error that a server would raise.
+std::variant<Translation, ProcedureCall> parse(std::string_view statement, Catalog& catalog);
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,114 @@
+#include "adapters/sqlite/procedures.h"
+
+#include "adapters/sqlite/embedded_sql.h"
+#include "adapters/sqlite/errors.h"
+#include "platform/text/text.h"
+
+#include <charconv>
+#include <map>
+#include <stdexcept>
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+constexpr std::string_view parametersHeading = "-- parameters:";
+
+/// Reads "Name kind"; "kind?" is optional.
+Procedure::Parameter parameterOf(const std::string& declaration) {
+    static const std::map<std::string, Procedure::Kind> kinds{{"text", Procedure::Kind::Text},
+                                                              {"number", Procedure::Kind::Number},
+                                                              {"bit", Procedure::Kind::Bit},
+                                                              {"date", Procedure::Kind::Date}};
+    const std::size_t blank = declaration.find(' ');
+    std::string kind = declaration.substr(blank + 1);
+    const bool optional = kind.ends_with("?");
+    if (optional)
+        kind.pop_back();
+    return {declaration.substr(0, blank), kinds.at(kind), optional};
+}
+
+Procedure procedureOf(const EmbeddedSql& file) {
+    Procedure procedure;
+    const std::string fileName = file.name;
+    procedure.name = fileName.substr(0, fileName.find('.'));
+    procedure.body = file.text;
+    const std::size_t start = procedure.body.find(parametersHeading);
+    if (start == std::string::npos)
+        throw std::logic_error(fileName + " declares no parameters");
+    const std::size_t list = start + parametersHeading.size();
+    std::string declarations = procedure.body.substr(list, procedure.body.find('\n', list) - list);
+    while (!text::isBlank(declarations)) {
+        const std::size_t comma = declarations.find(',');
+        procedure.parameters.push_back(parameterOf(text::trimmed(declarations.substr(0, comma))));
+        declarations = comma == std::string::npos ? std::string{} : declarations.substr(comma + 1);
+    }
+    return procedure;
+}
+
+using Procedures = std::multimap<std::string, Procedure>;
+
+const Procedures& procedures() {
+    static const Procedures all = [] {
+        Procedures read;
+        for (std::size_t i = 0; i < embeddedProcedureCount; ++i) {
+            Procedure procedure = procedureOf(embeddedProcedures[i]);
+            std::string key = text::upper(std::string_view{procedure.name});
+            read.emplace(std::move(key), std::move(procedure));
+        }
+        return read;
+    }();
+    return all;
+}
+
+double numberOf(const std::string& argument) {
+    const std::string digits = text::trimmed(argument);
+    double number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error != std::errc{} || end != digits.data() + digits.size())
+        throw serverError("Error converting data type varchar to numeric.", 8114, "42000");
+    return number;
+}
+
+} // namespace
+
+const Procedure& findProcedure(const std::string& name, std::size_t arguments) {
+    const auto [first, last] = procedures().equal_range(text::upper(std::string_view{name}));
+    if (first == last)
+        throw serverError("Could not find stored procedure '" + name + "'.", 2812, "42000");
+    std::size_t most = 0;
+    for (auto entry = first; entry != last; ++entry) {
+        const Procedure& procedure = entry->second;
+        most = std::max(most, procedure.parameters.size());
+        if (procedure.parameters.size() == arguments)
+            return procedure;
+    }
+    if (arguments > most)
+        throw serverError("Procedure or function " + name + " has too many arguments specified.", 8144, "42000");
+    throw serverError("Procedure or function '" + name + "' expects parameter '@" +
+                          first->second.parameters.at(std::min(arguments, first->second.parameters.size() - 1)).name +
+                          "', which was not supplied.",
+                      201, "42000");
+}
+
+ado::Value argumentFor(const Procedure::Parameter& parameter, const std::string& argument) {
+    if (parameter.optional && text::isBlank(argument))
+        return {};
+    switch (parameter.kind) {
+    case Procedure::Kind::Number:
+        return numberOf(argument);
+    case Procedure::Kind::Bit:
+        return std::int64_t{numberOf(argument) != 0 ? 1 : 0};
+    case Procedure::Kind::Date:
+        return canonicalDate(argument, false);
+    case Procedure::Kind::Text:
+        break;
+    }
+    return argument;
+}
+
+const char* schemaText() {
+    return embeddedSchema;
+}
+
+} // namespace opd::adapters::sqlite

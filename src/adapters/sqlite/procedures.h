@@ -1,0 +1,33 @@
+#pragma once
+
+#include "adapters/sqlite/parser.h"
+
+#include <string>
+#include <vector>
+
+namespace opd::adapters::sqlite {
+
+/// A stored procedure: a file of `database/procedures/`, whose first line declares its parameters.
+struct Procedure {
+    enum class Kind { Text, Number, Bit, Date };
+    struct Parameter {
+        std::string name;
+        Kind kind = Kind::Text;
+        bool optional = false; ///< an empty text is null
+    };
+
+    std::string name;
+    std::vector<Parameter> parameters;
+    std::string body;
+};
+
+/// The procedure of a name, in any letter case, that takes so many arguments. Throws ado::Error when there is none.
+const Procedure& findProcedure(const std::string& name, std::size_t arguments);
+
+/// The argument as the parameter takes it. Throws ado::Error when it cannot be converted.
+ado::Value argumentFor(const Procedure::Parameter& parameter, const std::string& argument);
+
+/// The text of the schema that a new database begins with.
+const char* schemaText();
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,169 @@
+#include "adapters/sqlite/provider.h"
+
+#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/procedures.h"
+#include "platform/text/text.h"
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+/// All rows of the query; the columns are known also when there are none.
+ado::ResultSet rowsOf(Query& query) {
+    ado::ResultSet result;
+    const int columns = query.columnCount();
+    for (int column = 0; column < columns; ++column)
+        result.columns.push_back(query.columnName(column));
+    while (query.next()) {
+        std::vector<ado::Value>& row = result.rows.emplace_back();
+        row.reserve(static_cast<std::size_t>(columns));
+        for (int column = 0; column < columns; ++column)
+            row.push_back(query.value(column));
+    }
+    return result;
+}
+
+/// Makes what a procedure writes one step: a transaction of its own, or a part of the one that is open.
+class WholeStep {
+  public:
+    explicit WholeStep(Database& database)
+        : m_database(database), m_outermost(sqlite3_get_autocommit(database.handle()) != 0) {
+        m_database.run(m_outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT step");
+    }
+    ~WholeStep() {
+        if (m_done || sqlite3_get_autocommit(m_database.handle()) != 0)
+            return;
+        sqlite3_exec(m_database.handle(), m_outermost ? "ROLLBACK" : "ROLLBACK TO step; RELEASE step", nullptr, nullptr,
+                     nullptr);
+    }
+    WholeStep(const WholeStep&) = delete;
+    WholeStep& operator=(const WholeStep&) = delete;
+
+    void done() {
+        m_database.run(m_outermost ? "COMMIT" : "RELEASE step");
+        m_done = true;
+    }
+
+  private:
+    Database& m_database;
+    bool m_outermost;
+    bool m_done = false;
+};
+
+class SqliteLink final : public ado::Link {
+  public:
+    SqliteLink(const std::filesystem::path& file, const Clock& clock)
+        : m_database(file, Database::Mode::Existing, clock), m_catalog(m_database) {
+        m_database.run("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL");
+    }
+
+    Database& database() { return m_database; }
+
+    ado::ResultSet run(const ado::Request& request) override {
+        const auto statement = parse(request.text, m_catalog);
+        if (const auto* call = std::get_if<ProcedureCall>(&statement))
+            return runProcedure(*call);
+        const auto& translation = std::get<Translation>(statement);
+        Query query(m_database, translation.sql.c_str());
+        int position = 0;
+        for (const ado::Value& value : translation.values)
+            query.bind(++position, value);
+        return rowsOf(query);
+    }
+
+    std::vector<ado::Value> call(const ado::Call& call) override {
+        const std::size_t dots = call.procedure.rfind('.');
+        const ado::ResultSet answer =
+            runProcedure({dots == std::string::npos ? call.procedure : call.procedure.substr(dots + 1), {}});
+        std::vector<ado::Value> outputs;
+        for (const ado::Call::Output& output : call.outputs)
+            outputs.push_back(outputOf(answer, output));
+        return outputs;
+    }
+
+    void begin() override { m_database.run("BEGIN IMMEDIATE"); }
+    void commit() override { m_database.run("COMMIT"); }
+    void rollback() override { m_database.run("ROLLBACK"); }
+
+  private:
+    ado::ResultSet runProcedure(const ProcedureCall& call) {
+        const Procedure& procedure = findProcedure(call.procedure, call.arguments.size());
+        std::vector<std::pair<std::string, ado::Value>> arguments;
+        for (std::size_t i = 0; i < call.arguments.size(); ++i)
+            arguments.emplace_back(":" + procedure.parameters[i].name,
+                                   argumentFor(procedure.parameters[i], call.arguments[i]));
+        const char* rest = procedure.body.c_str();
+        Query first(m_database, rest, &rest);
+        if (sqlite3_stmt_readonly(first.statement()) != 0)
+            return run(first, arguments);
+        WholeStep step(m_database);
+        ado::ResultSet answer = run(first, arguments);
+        while (true) {
+            Query query(m_database, rest, &rest);
+            if (query.isEmpty())
+                break;
+            answer = run(query, arguments);
+        }
+        step.done();
+        return answer;
+    }
+
+    static ado::ResultSet run(Query& query, const std::vector<std::pair<std::string, ado::Value>>& arguments) {
+        for (const auto& [name, value] : arguments)
+            query.bind(name, value);
+        return rowsOf(query);
+    }
+
+    static ado::Value outputOf(const ado::ResultSet& answer, const ado::Call::Output& output) {
+        const std::string_view wanted = std::string_view{output.name}.substr(output.name.starts_with("@") ? 1 : 0);
+        for (std::size_t column = 0; column < answer.columns.size(); ++column)
+            if (text::equalsIgnoringCase(answer.columns[column], wanted) && !answer.rows.empty())
+                return answer.rows.front()[column];
+        throw serverError("The procedure gave no value for " + output.name + ".", 8162, "42000");
+    }
+
+    Database m_database;
+    Catalog m_catalog;
+};
+
+/// Throws when the file is no database of this version.
+void checkVersion(Database& database, const std::string& folder) {
+    Query version(database, "PRAGMA user_version");
+    const bool read = version.next();
+    if (!read || version.value(0) != ado::Value{std::int64_t{schemaVersion}})
+        throw serverError("The database in \"" + folder +
+                              "\" belongs to another version of this program and cannot be used with this one.",
+                          948, "08001");
+}
+
+class SqliteProvider final : public ado::Provider {
+  public:
+    explicit SqliteProvider(const Clock& clock) : m_clock(clock) {}
+
+    bool serves(const ado::ConnectionString& settings) const override { return ado::isFolder(settings.dataSource()); }
+
+    std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings) override {
+        const std::string folder = settings.dataSource();
+        std::error_code unreadable;
+        if (!std::filesystem::is_directory(folder, unreadable))
+            throw serverError("The database folder \"" + folder + "\" does not exist or cannot be read.", 5133,
+                              "08001");
+        const std::filesystem::path file = databaseFile(folder);
+        if (!std::filesystem::exists(file, unreadable))
+            throw serverError("The folder \"" + folder + "\" holds no hospital database.", 5133, "08001");
+        auto link = std::make_unique<SqliteLink>(file, m_clock);
+        checkVersion(link->database(), folder);
+        return link;
+    }
+
+  private:
+    const Clock& m_clock;
+};
+
+} // namespace
+
+std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock) {
+    return std::make_shared<SqliteProvider>(clock);
+}
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,46 @@
+#include "entry/composition.h"
+
+#include "adapters/sqlite/provider.h"
+#include "entry/environment.h"
+#include "entry/trace_file.h"
+#include "platform/settings/ini_store.h"
+
+#include <cstdlib>
+
+namespace opd {
+
+std::string environment::value(const char* variable) {
+    const char* found = std::getenv(variable);
+    return found != nullptr ? found : std::string{};
+}
+
+namespace composition {
+
+std::unique_ptr<settings::Store> makeStore() {
+    if (const std::string folder = environment::value(environment::database); !folder.empty())
+        return std::make_unique<settings::FixedStore>(folder);
+    if (const std::string file = environment::value(environment::settings); !file.empty())
+        return std::make_unique<settings::IniStore>(file);
+    return std::make_unique<settings::IniStore>();
+}
+
+void addProviders() {
+    ado::Providers::ofProcess().add("sqlite", makeSqliteProvider(clock()));
+}
+
+void traceStatements(ado::Connection& connection) {
+    const std::string file = environment::value(environment::trace);
+    if (file.empty())
+        return;
+    static const auto trace = std::make_shared<TraceFile>(file);
+    connection.setTrace([shared = trace](const std::string& statement) { shared->write(statement); });
+}
+
+const Clock& clock() {
+    static const SystemClock ofMachine;
+    return ofMachine;
+}
+
+} // namespace composition
+
+} // namespace opd

@@ -1,0 +1,78 @@
+#include "adapters/scripted/scripted_desktop.h"
+#include "entry/composition.h"
+#include "entry/environment.h"
+#include "platform/com/library.h"
+#include "platform/script/player.h"
+#include "platform/ui/desktop_module.h"
+
+#include <functional>
+#include <iostream>
+#include <stdexcept>
+
+namespace opd::composition {
+
+namespace {
+
+using OwnedDesktop = std::unique_ptr<ui::Desktop, std::function<void(ui::Desktop*)>>;
+
+OwnedDesktop makeQtDesktop(script::Player* player) {
+    const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&makeQtDesktop));
+    const std::filesystem::path file = here.parent_path() / com::libraryFileName("opd-desktop-qt");
+    const com::Library module{file};
+    const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
+    const auto destroy = module.function<std::remove_pointer_t<ui::DestroyDesktop>>(ui::destroyDesktopSymbol);
+    OwnedDesktop made{create(player), destroy};
+    if (!made)
+        throw std::runtime_error("There is no display to show windows on.");
+    return made;
+}
+
+OwnedDesktop makeDesktop(script::Player* player) {
+    const std::string kind = environment::value(environment::desktop);
+    if (kind.empty() || kind == "qt")
+        return makeQtDesktop(player);
+    if (kind != "scripted")
+        throw std::runtime_error("There is no desktop \"" + kind + "\"; there are \"qt\" and \"scripted\".");
+    if (player == nullptr)
+        throw std::runtime_error("The scripted desktop needs an operator script.");
+    return {new adapters::ScriptedDesktop(player), std::default_delete<ui::Desktop>{}};
+}
+
+std::unique_ptr<script::Player> makePlayer() {
+    const std::string file = environment::value(environment::script);
+    return file.empty() ? nullptr : std::make_unique<script::Player>(file, std::cout);
+}
+
+/// Stands for the real desktop, which it makes when it is first needed and keeps.
+class DesktopOfProcess final : public ui::Desktop {
+  public:
+    void showModal(ui::Window& window) override { real().showModal(window); }
+    void show(ui::Window& window) override { real().show(window); }
+    void waitForWindows() override { real().waitForWindows(); }
+    ui::Answer ask(const ui::Message& message) override { return real().ask(message); }
+    void beep() override { real().beep(); }
+    void setBusy(bool busy) override { real().setBusy(busy); }
+    bool isBusy() const override { return m_real != nullptr && m_real->isBusy(); }
+    std::optional<std::string> failure() const override { return m_real != nullptr ? m_real->failure() : std::nullopt; }
+
+  private:
+    ui::Desktop& real() {
+        if (m_real == nullptr) {
+            m_player = makePlayer();
+            m_real = makeDesktop(m_player.get());
+        }
+        return *m_real;
+    }
+
+    std::unique_ptr<script::Player> m_player; ///< outlives the desktop
+    OwnedDesktop m_real;
+};
+
+} // namespace
+
+ui::Desktop& desktop() {
+    static DesktopOfProcess ofProcess;
+    return ofProcess;
+}
+
+} // namespace opd::composition

@@ -1,0 +1,97 @@
+#include "entry/init_dll_object.h"
+
+#include "data/connection_settings.h"
+#include "entry/composition.h"
+#include "entry/session_start.h"
+#include "platform/com/class_registry.h"
+#include "platform/com/connection_object.h"
+#include "platform/com/memory.h"
+#include "platform/com/object.h"
+
+#include <new>
+#include <string_view>
+
+namespace opd {
+
+// The public face names the store for hosts that include nothing else of the module.
+static_assert(std::string_view{connectionSettingsApplication} == data::settingsApplication);
+static_assert(std::string_view{connectionSettingsSection} == data::connectionSection);
+
+InitDLL::InitDLL(com::Server& server) : Counted(iidInitDLL), m_use(server), m_settings(composition::makeStore()) {
+    composition::addProviders();
+}
+
+Session InitDLL::session() const {
+    return {Globals::ofThread(), composition::desktop(), composition::clock(), *m_settings,
+            [](const std::string& programId) {
+                return com::Object{com::createInstance(programId, com::iidLateBound).get()};
+            }};
+}
+
+com::HResult InitDLL::InitSetup() {
+    return com::guarded([&] {
+        Session current = session();
+        return runSearch(current) == SearchEnd::ClosedByClerk ? com::okButFalse : com::ok;
+    });
+}
+
+com::HResult InitDLL::LoadConnection() {
+    return com::guarded([&] {
+        Session current = session();
+        data::LoadConnection(current);
+        return com::ok;
+    });
+}
+
+com::HResult InitDLL::connStr(const std::int32_t* kind, const char* const* databaseName, char** text) {
+    if (text == nullptr)
+        return com::errorPointer;
+    *text = nullptr;
+    if (kind == nullptr || databaseName == nullptr || *databaseName == nullptr)
+        return com::errorPointer;
+    return com::guarded([&] {
+        *text = com::allocateText(data::connStr(*m_settings, *kind, *databaseName));
+        if (*text == nullptr)
+            throw std::bad_alloc();
+        return com::ok;
+    });
+}
+
+com::HResult InitDLL::InitDLLConnection(com::IUnknown* connection) {
+    return com::guarded([&] {
+        const auto object = com::queried<com::IConnectionObject>(connection, com::iidConnectionObject);
+        if (!object)
+            throw com::Error(connection == nullptr ? com::errorPointer : com::errorNoInterface,
+                             "InitDLLConnection needs a database connection object.");
+        Globals::ofThread().gConnection = object->connection();
+        composition::traceStatements(*object->connection());
+        return LoadConnection();
+    });
+}
+
+com::HResult InitDLL::UserID(const char* user) {
+    if (user == nullptr)
+        return com::errorPointer;
+    return com::guarded([&] {
+        Globals::ofThread().gUserID = user;
+        return com::ok;
+    });
+}
+
+com::HResult InitDLL::SearchCriteria(const char* text) {
+    if (text == nullptr)
+        return com::errorPointer;
+    return com::guarded([&] {
+        Globals::ofThread().gSearchCriteria = text;
+        return com::ok;
+    });
+}
+
+com::HResult InitDLL::sSearcherObject(com::IUnknown* object) {
+    return com::guarded([&] {
+        Globals::ofThread().gSearcherObject = com::Ref<com::IUnknown>::sharing(object);
+        return com::ok;
+    });
+}
+
+} // namespace opd

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "adapters/sqlite/create_database.h"
+
+#include <filesystem>
+#include <string>
+
+/// The commands of the host program. Each throws std::runtime_error (or a descendant) with one clear message.
+namespace opd::host {
+
+struct ConfigureOptions {
+    std::string server;
+    std::string user;
+    bool passwordFromInput = false;
+    std::string settings; ///< file; the user's own store without it
+};
+
+struct RunOptions {
+    std::string database;
+    std::string settings;
+    std::string user;
+    std::string search;
+    std::string desktop = "qt";
+    std::string script;
+    std::string trace;
+};
+
+/// Makes an embedded hospital in a folder that is new or empty. Shows its progress when standard error is a terminal.
+void createHospital(const std::filesystem::path& folder, const DatabaseOptions& options);
+
+/// Writes the workstation user's connection settings; the password is one line of standard input.
+void configure(const ConfigureOptions& options);
+
+/// Plays the host of the component: shows the search again and again until the clerk closes it.
+void run(const RunOptions& options);
+
+} // namespace opd::host

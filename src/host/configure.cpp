@@ -1,0 +1,51 @@
+#include "host/commands.h"
+
+#include "entry/init_dll.h"
+#include "platform/ado/provider.h"
+#include "platform/settings/ini_store.h"
+
+#include <fmt/core.h>
+
+#include <iostream>
+#include <stdexcept>
+
+namespace opd::host {
+
+namespace {
+
+std::string passwordFromInput() {
+    std::string line;
+    if (!std::getline(std::cin, line))
+        throw std::runtime_error("There is no password on standard input.");
+    if (line.ends_with('\r'))
+        line.pop_back();
+    return line;
+}
+
+// A semicolon ends a value of the connection string, in which there is no way to quote one.
+void refuseSemicolon(const char* what, const std::string& text) {
+    if (text.find(';') != std::string::npos)
+        throw std::runtime_error(fmt::format("The {} must not hold a semicolon.", what));
+}
+
+} // namespace
+
+void configure(const ConfigureOptions& options) {
+    // A folder is found from wherever the desk is started.
+    const std::string server =
+        ado::isFolder(options.server) ? std::filesystem::absolute(options.server).string() : options.server;
+    const std::string password = options.passwordFromInput ? passwordFromInput() : std::string{};
+    refuseSemicolon("server", server);
+    refuseSemicolon("user", options.user);
+    refuseSemicolon("password", password);
+
+    settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
+    const auto set = [&](const char* key, const std::string& value) {
+        store.set(connectionSettingsApplication, connectionSettingsSection, key, value);
+    };
+    set("User", options.user);
+    set("Password", password);
+    set("Server", server);
+}
+
+} // namespace opd::host

@@ -1,0 +1,94 @@
+#include "host/commands.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/core.h>
+
+#include <cstdio>
+#include <functional>
+
+using namespace opd;
+
+namespace {
+
+/// What was asked for on the command line.
+struct CommandLine {
+    CLI::App app{"The registration desk of a hospital's out-patient department.", "opd-desk"};
+    std::string folder;
+    DatabaseOptions hospital;
+    host::ConfigureOptions settings;
+    host::RunOptions session;
+    std::function<void()> command;
+
+    CommandLine() {
+        app.set_version_flag("--version", "opd-desk " OPD_VERSION);
+        app.require_subcommand(1);
+        addCreateDatabase();
+        addConfigure();
+        addRun();
+    }
+
+    void addCreateDatabase() {
+        CLI::App* sub =
+            app.add_subcommand("create-database", "Make a hospital with synthetic patients in a new folder.");
+        sub->add_option("FOLDER", folder, "New or empty folder on a local disk")->required();
+        sub->add_option("--patients", hospital.patients, "How many patients are on file")
+            ->capture_default_str()
+            ->check(CLI::Range(0, 10'000'000));
+        sub->add_option("--seed", hospital.seed, "The same seed makes the same hospital")->capture_default_str();
+        sub->add_option("--client", hospital.clientCode, "Client code of the hospital");
+        sub->add_option("--name", hospital.hospitalName, "Name of the hospital");
+        sub->add_option("--address", hospital.address, "Address of the hospital");
+        sub->callback([this] { command = [this] { host::createHospital(folder, hospital); }; });
+    }
+
+    void addConfigure() {
+        CLI::App* sub = app.add_subcommand("configure", "Store where the hospital's database is, for this user.");
+        sub->add_option("--server", settings.server, "Name of a database server, or folder of a hospital")->required();
+        sub->add_option("--user", settings.user, "Login at the server; integrated security without it");
+        sub->add_flag("--password-stdin", settings.passwordFromInput,
+                      "Read the password from standard input, one line");
+        sub->add_option("--settings", settings.settings, "Settings file instead of the user's own");
+        sub->callback([this] { command = [this] { host::configure(settings); }; });
+    }
+
+    void addRun() {
+        CLI::App* sub = app.add_subcommand("run", "Open the desk.");
+        CLI::Option* database = sub->add_option("--database", session.database, "Folder of a hospital, for this run");
+        sub->add_option("--settings", session.settings, "Settings file instead of the user's own")->excludes(database);
+        sub->add_option("--user", session.user, "User stamped into visits; the login name without it");
+        sub->add_option("--search", session.search, "Last name to begin with");
+        sub->add_option("--desktop", session.desktop, "Real windows, or none")
+            ->capture_default_str()
+            ->check(CLI::IsMember({"qt", "scripted"}));
+        sub->add_option("--script", session.script, "Operator script that works the desk");
+        sub->add_option("--trace", session.trace, "File for every statement sent; may hold patient data");
+        sub->callback([this] { command = [this] { host::run(session); }; });
+    }
+};
+
+int fail(std::string message) {
+    for (char& character : message)
+        if (character == '\n' || character == '\r')
+            character = ' ';
+    fmt::print(stderr, "opd-desk: {}\n", message);
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        CommandLine line;
+        try {
+            line.app.parse(argc, argv);
+        } catch (const CLI::ParseError& error) {
+            if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
+                return line.app.exit(error); // help or version, on standard output
+            return fail(error.what());
+        }
+        line.command();
+        return 0;
+    } catch (const std::exception& error) {
+        return fail(error.what());
+    }
+}

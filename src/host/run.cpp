@@ -1,0 +1,101 @@
+#include "host/commands.h"
+
+#include "entry/environment.h"
+#include "entry/init_dll.h"
+#include "platform/com/class_registry.h"
+#include "platform/com/connection_object.h"
+#include "platform/com/library.h"
+#include "platform/com/memory.h"
+#include "platform/com/object.h"
+#include "platform/com/server.h"
+
+#include <fmt/core.h>
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace opd::host {
+
+namespace {
+
+void setEnvironment(const char* variable, const std::string& value) {
+    if (value.empty())
+        ::unsetenv(variable);
+    else
+        ::setenv(variable, value.c_str(), 1);
+}
+
+std::string absoluteFile(const std::string& file) {
+    return file.empty() ? file : std::filesystem::absolute(file).string();
+}
+
+void passOptions(const RunOptions& options) {
+    if (options.database.find(';') != std::string::npos)
+        throw std::runtime_error("The folder of the hospital must not hold a semicolon.");
+    setEnvironment(environment::database, absoluteFile(options.database));
+    setEnvironment(environment::settings, absoluteFile(options.settings));
+    setEnvironment(environment::desktop, options.desktop);
+    setEnvironment(environment::script, options.script);
+    setEnvironment(environment::trace, absoluteFile(options.trace));
+}
+
+void check(com::HResult result, const char* step) {
+    if (com::succeeded(result))
+        return;
+    const std::string& reason = com::lastErrorText();
+    throw std::runtime_error(
+        reason.empty() ? fmt::format("{} failed ({:#010x}).", step, static_cast<std::uint32_t>(result)) : reason);
+}
+
+/// Enters a component that lies beside this program, unless the class registry names one that is there.
+void ensureRegistered(const char* programId, const char* libraryName) {
+    const std::optional<com::ClassEntry> known = com::ClassRegistry{}.find(programId);
+    std::error_code ignored;
+    if (known && std::filesystem::exists(known->library, ignored))
+        return;
+    const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&ensureRegistered)).parent_path();
+    const com::Library library{here / com::libraryFileName(libraryName)};
+    com::setLastErrorText({});
+    check(library.function<com::RegisterServerExport>(com::exportedNames.registerServer)(), "DllRegisterServer");
+}
+
+void refuseMissingServer(IInitDLL& component) {
+    constexpr std::int32_t serverKind = 3;
+    const char* noDatabase = "";
+    char* server = nullptr;
+    check(component.connStr(&serverKind, &noDatabase, &server), "connStr");
+    const bool missing = *server == '\0';
+    com::freeText(server);
+    if (missing)
+        throw std::runtime_error(
+            "No database is configured. Store one with \"opd-desk configure --server NAME|FOLDER\" "
+            "or name a hospital's folder with \"opd-desk run --database FOLDER\".");
+}
+
+std::string userOf(const RunOptions& options) {
+    const char* login = std::getenv("USER");
+    return !options.user.empty() ? options.user : login != nullptr ? login : "OPD";
+}
+
+} // namespace
+
+void run(const RunOptions& options) {
+    passOptions(options);
+    ensureRegistered(initDllProgramId, "opd-registration");
+    ensureRegistered("Trellicode.clsCodeSearch", "opd-codesearch");
+
+    const auto component = com::createInstanceOf<IInitDLL>(initDllProgramId, iidInitDLL);
+    refuseMissingServer(*component.get());
+    check(component->UserID(userOf(options).c_str()), "UserID");
+    check(component->SearchCriteria(options.search.c_str()), "SearchCriteria");
+    const auto connection = com::makeConnectionObject(std::make_shared<ado::Connection>());
+    check(component->InitDLLConnection(connection.get()), "InitDLLConnection");
+
+    com::HResult outcome = com::ok;
+    while (outcome == com::ok) {
+        outcome = component->InitSetup();
+        check(outcome, "InitSetup");
+    }
+}
+
+} // namespace opd::host

@@ -1,0 +1,86 @@
+#include "platform/com/class_registry.h"
+
+#include "platform/com/guid.h"
+#include "platform/com/library.h"
+#include "platform/com/object.h"
+#include "platform/com/server.h"
+#include "platform/settings/ini_file.h"
+#include "platform/settings/private_file.h"
+
+#include <cstdlib>
+
+namespace opd::com {
+
+namespace {
+
+constexpr const char* classKey = "Class";
+constexpr const char* libraryKey = "Library";
+
+std::filesystem::path registryFile() {
+    const char* named = std::getenv("OPD_CLASS_REGISTRY");
+    return named != nullptr && *named != '\0' ? std::filesystem::path{named}
+                                              : settings::dataFolder() / "opd-registration" / "classes.ini";
+}
+
+void throwUnlessSucceeded(HResult result, const std::string& programId, const char* step) {
+    if (succeeded(result))
+        return;
+    const std::string reason = lastErrorText();
+    throw Error(result, "The component \"" + programId + "\" " + step + (reason.empty() ? "." : ": " + reason));
+}
+
+} // namespace
+
+ClassRegistry::ClassRegistry() : m_file(registryFile()) {}
+
+std::optional<ClassEntry> ClassRegistry::find(const std::string& programId) const {
+    const settings::IniFile file{m_file};
+    if (!file.hasSection(programId))
+        return std::nullopt;
+    const std::optional<Guid> classId = parseGuid(file.get(programId, classKey));
+    const std::string library = file.get(programId, libraryKey);
+    if (!classId || library.empty())
+        throw Error(errorClassNotRegistered,
+                    "The class registry \"" + m_file.string() + "\" holds a damaged entry for \"" + programId + "\".");
+    return ClassEntry{programId, *classId, library};
+}
+
+void ClassRegistry::add(const ClassEntry& entry) const {
+    settings::IniFile file{m_file};
+    file.set(entry.programId, classKey, toText(entry.classId));
+    file.set(entry.programId, libraryKey, entry.library.string());
+    file.save();
+}
+
+void ClassRegistry::remove(const std::string& programId) const {
+    settings::IniFile file{m_file};
+    if (!file.hasSection(programId))
+        return;
+    file.removeSection(programId);
+    file.save();
+}
+
+void registerClass(const ClassEntry& entry) {
+    ClassRegistry{}.add(entry);
+}
+
+void unregisterClass(const std::string& programId) {
+    ClassRegistry{}.remove(programId);
+}
+
+Ref<IUnknown> createInstance(const std::string& programId, const Guid& interfaceId) {
+    const std::optional<ClassEntry> entry = ClassRegistry{}.find(programId);
+    if (!entry)
+        throw Error(errorClassNotRegistered, "The component \"" + programId + "\" is not registered on this machine.");
+    const Library library{entry->library};
+    const auto getClassObject = library.function<GetClassObjectExport>(exportedNames.getClassObject);
+
+    setLastErrorText({});
+    void* found = nullptr;
+    throwUnlessSucceeded(getClassObject(entry->classId, iidClassFactory, &found), programId, "has no class factory");
+    const auto factory = Ref<IClassFactory>::taking(static_cast<IClassFactory*>(found));
+    throwUnlessSucceeded(factory->CreateInstance(nullptr, interfaceId, &found), programId, "cannot be created");
+    return Ref<IUnknown>::taking(static_cast<IUnknown*>(found));
+}
+
+} // namespace opd::com

@@ -12,8 +12,8 @@ namespace opd::qt {
 namespace {
 
 bool isOurs(const QWidget& widget) {
-    return widget.isWindow() &&
-           (qobject_cast<const WindowShell*>(&widget) != nullptr || qobject_cast<const QMessageBox*>(&widget) != nullptr);
+    return widget.isWindow() && (qobject_cast<const WindowShell*>(&widget) != nullptr ||
+                                 qobject_cast<const QMessageBox*>(&widget) != nullptr);
 }
 
 void activateTop() {

@@ -4,7 +4,8 @@
 
 namespace opd::qt {
 
-/// Keeps the window on top the active one. Without a window manager nobody else does that when a window opens or closes.
+/// Keeps the window on top the active one. Without a window manager nobody else does that when a window opens or
+/// closes.
 class Activation final : public QObject {
     Q_OBJECT
 

@@ -22,8 +22,8 @@ QString FrameView::shownText() const {
 }
 
 PageView::PageView(ui::Control& shown, QWidget* shownIn)
-    : ControlView(shown, shownIn, nullptr),
-      m_tabs(qobject_cast<QTabWidget*>(shownIn->parentWidget()->parentWidget())) {}
+    : ControlView(shown, shownIn, nullptr), m_tabs(qobject_cast<QTabWidget*>(shownIn->parentWidget()->parentWidget())) {
+}
 
 void PageView::show(ui::Aspect aspect) {
     const int tab = m_tabs->indexOf(widget());

@@ -9,8 +9,7 @@ namespace opd::qt {
 
 namespace {
 
-template <class Form>
-void build(QWidget& shell) {
+template <class Form> void build(QWidget& shell) {
     Form().setupUi(&shell);
 }
 

@@ -17,11 +17,14 @@ namespace {
 
 Qt::Key namedKey(const std::string& name) {
     static const std::map<std::string, Qt::Key> keys{
-        {"Enter", Qt::Key_Return},   {"Tab", Qt::Key_Tab},       {"Escape", Qt::Key_Escape},
-        {"Backspace", Qt::Key_Backspace}, {"Delete", Qt::Key_Delete}, {"Home", Qt::Key_Home},
-        {"End", Qt::Key_End},        {"Up", Qt::Key_Up},         {"Down", Qt::Key_Down},
-        {"Left", Qt::Key_Left},      {"Right", Qt::Key_Right},   {"PageUp", Qt::Key_PageUp},
-        {"PageDown", Qt::Key_PageDown},   {"Space", Qt::Key_Space},   {"Insert", Qt::Key_Insert},
+        {"Enter", Qt::Key_Return},      {"Tab", Qt::Key_Tab},
+        {"Escape", Qt::Key_Escape},     {"Backspace", Qt::Key_Backspace},
+        {"Delete", Qt::Key_Delete},     {"Home", Qt::Key_Home},
+        {"End", Qt::Key_End},           {"Up", Qt::Key_Up},
+        {"Down", Qt::Key_Down},         {"Left", Qt::Key_Left},
+        {"Right", Qt::Key_Right},       {"PageUp", Qt::Key_PageUp},
+        {"PageDown", Qt::Key_PageDown}, {"Space", Qt::Key_Space},
+        {"Insert", Qt::Key_Insert},
     };
     if (const auto found = keys.find(name); found != keys.end())
         return found->second;
@@ -62,8 +65,7 @@ QString textOf(const script::KeyStroke& key, Qt::Key code) {
 } // namespace
 
 void press(QWidget& window, const script::KeyStroke& key) {
-    const Qt::Key code =
-        key.name.empty() ? static_cast<Qt::Key>(text::upper(key.character)) : namedKey(key.name);
+    const Qt::Key code = key.name.empty() ? static_cast<Qt::Key>(text::upper(key.character)) : namedKey(key.name);
     QWindow* const native = window.windowHandle();
     if (native == nullptr)
         return;

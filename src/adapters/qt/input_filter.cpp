@@ -186,8 +186,7 @@ bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEven
         return false;
     ControlView* view = shell.focusView();
     const std::u32string taken = filtered(shell, text);
-    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom() ||
-        view->takes(taken.front()))
+    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom() || view->takes(taken.front()))
         return true;
     if (const QString changed = toText(taken); changed != text) {
         QKeyEvent another(QEvent::KeyPress, key.key(), key.modifiers(), changed, key.isAutoRepeat());

@@ -46,7 +46,19 @@ std::unique_ptr<QApplication> OwnDesktop::makeApplication() {
 
 } // namespace
 
+namespace {
+
+// Without a screen the toolkit would end the whole process instead of failing.
+bool hasScreen() {
+    return QCoreApplication::instance() != nullptr || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") ||
+           !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+} // namespace
+
 extern "C" opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player) {
+    if (!hasScreen())
+        return nullptr;
     return std::make_unique<OwnDesktop>(player).release();
 }
 

@@ -23,6 +23,8 @@ class QtDesktop final : public ui::Desktop {
   public:
     /// Needs a QApplication. `player` may be null and must outlive the desktop.
     explicit QtDesktop(script::Player* player = nullptr);
+
+    /// Unloads the windows that are still shown.
     ~QtDesktop() override;
 
     void showModal(ui::Window& window) override;

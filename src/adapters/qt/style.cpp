@@ -1,7 +1,5 @@
 #include "adapters/qt/style.h"
 
-#include "adapters/qt/names.h"
-
 #include <QApplication>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -54,7 +52,7 @@ void dress(QApplication& application) {
     QApplication::setPalette(palette);
 }
 
-void dress(QWidget& shell, const ui::Window&) {
+void dress(QWidget& shell) {
     shell.setStyleSheet(QString::fromLatin1(look));
 }
 

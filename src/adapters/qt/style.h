@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/ui/window.h"
-
 #include <QWidget>
 
 class QApplication;
@@ -11,7 +9,7 @@ namespace opd::qt {
 /// The look that all windows share; for an application that is this module's own.
 void dress(QApplication& application);
 
-/// The look of one window: colours, focus and read-only fields, the default button.
-void dress(QWidget& shell, const ui::Window& window);
+/// The look of one window: groups, fields with and without the focus, primary and lookup buttons.
+void dress(QWidget& shell);
 
 } // namespace opd::qt

@@ -21,7 +21,7 @@ WindowShell::WindowShell(ui::Window& window) : m_window(window) {
         if (view->widget() != nullptr)
             m_byWidget[view->widget()] = view.get();
     }
-    dress(*this, window);
+    dress(*this);
     showAll();
 }
 

@@ -12,8 +12,7 @@
 namespace opd::qt {
 namespace {
 
-template <class Form>
-std::string differencesOf() {
+template <class Form> std::string differencesOf() {
     const Form window;
     QWidget form;
     if (!buildForm(window.name(), form))
@@ -68,7 +67,8 @@ std::string clippedIn(const QWidget& shell) {
     for (const QWidget* widget : shell.findChildren<QWidget*>()) {
         const auto* label = qobject_cast<const QLabel*>(widget);
         const auto* box = qobject_cast<const QGroupBox*>(widget);
-        const bool isButton = qobject_cast<const QAbstractButton*>(widget) != nullptr && !widget->objectName().isEmpty();
+        const bool isButton =
+            qobject_cast<const QAbstractButton*>(widget) != nullptr && !widget->objectName().isEmpty();
         QFont bold = widget->font();
         bold.setBold(true);
         int needed = 0;

@@ -15,10 +15,9 @@
 namespace opd::qt {
 
 /// A desk with one window on it, and hands that work it by real keys and clicks.
-template <class Form>
-struct Desk {
-    QtDesktop desktop;
+template <class Form> struct Desk {
     Form form;
+    QtDesktop desktop;
     QtDriver hands{desktop};
 
     Desk() {
@@ -28,8 +27,7 @@ struct Desk {
 
     WindowShell& shell() { return *desktop.currentShell(); }
 
-    template <class Widget>
-    Widget* widget(const char* name) {
+    template <class Widget> Widget* widget(const char* name) {
         return shell().template findChild<Widget*>(QString::fromLatin1(name));
     }
 

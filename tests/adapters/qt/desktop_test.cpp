@@ -12,7 +12,8 @@ void soon(std::function<void()> act) {
     QTimer::singleShot(20, qApp, std::move(act));
 }
 
-ui::Answer answerAfter(QtDesktop& desktop, const ui::Message& message, const std::string& key, std::string* seen = nullptr) {
+ui::Answer answerAfter(QtDesktop& desktop, const ui::Message& message, const std::string& key,
+                       std::string* seen = nullptr) {
     soon([=] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(box, nullptr);

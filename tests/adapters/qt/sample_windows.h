@@ -7,7 +7,8 @@ namespace opd::qt::samples {
 
 /// The search window without its behaviour.
 struct SearchWindow : ui::Window, search::MasterSearchFields {
-    SearchWindow() : Window("frmMasterSearch", "Master Patient Search"), MasterSearchFields(static_cast<Window&>(*this)) {}
+    SearchWindow()
+        : Window("frmMasterSearch", "Master Patient Search"), MasterSearchFields(static_cast<Window&>(*this)) {}
 };
 
 /// The registration form without its behaviour.

@@ -76,14 +76,16 @@ key Alt+C
 
 TEST(QtScript, AnUnexpectedBoxOrAnUnmetExpectationClosesEverything) {
     const Play box("click Command1(3)\nexpect-window frmRegistration\n");
-    EXPECT_EQ(box.failure, "a.opd:1: expected no message box, but there is \"Are you sure?\r\nReally?\" (Yes, No, Cancel)");
+    EXPECT_EQ(box.failure,
+              "a.opd:1: expected no message box, but there is \"Are you sure?\r\nReally?\" (Yes, No, Cancel)");
     EXPECT_EQ(box.answer, ui::Answer::Cancel);
     const Play text("type txtName(0) \"CRUZ\"\nexpect txtName(0) \"REYES\"\nkey Escape\n");
     EXPECT_EQ(text.failure, "a.opd:2: expected txtName(0) to read \"REYES\", but it reads \"CRUZ\"");
 }
 
 TEST(QtScript, AScriptThatEndsClosesWhatIsStillOpen) {
-    const Play play("answer \"Yes\" like \"Are you sure.\\\\s+Really.\"\nclick Command1(3)\nscreenshot none/such/none.png\n");
+    const Play play(
+        "answer \"Yes\" like \"Are you sure.\\\\s+Really.\"\nclick Command1(3)\nscreenshot none/such/none.png\n");
     EXPECT_EQ(play.failure, "a.opd:3: the picture none/such/none.png cannot be written");
     const Play quiet("expect-window frmMasterSearch\n");
     EXPECT_EQ(quiet.failure, std::nullopt);

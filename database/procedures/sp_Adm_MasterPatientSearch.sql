@@ -3,7 +3,8 @@
 SELECT LastName, FirstName, MiddleName, HospNum, BirthDate, age_on(BirthDate, now()) AS Age,
        address_text(HouseStreet, Barangay) AS Address
 FROM Patient_Data_tbMaster
-WHERE SearchName >= search_name(before_comma(:LastName))
+WHERE search_name(before_comma(:LastName)) <> ''
+  AND SearchName >= search_name(before_comma(:LastName))
   AND SearchName < prefix_end(search_name(before_comma(:LastName)))
   AND search_name(FirstName) LIKE search_name(after_comma(:LastName)) || '%'
   AND (:FirstName = '' OR FirstName LIKE :FirstName || '%')

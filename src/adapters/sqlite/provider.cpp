@@ -68,13 +68,19 @@ class SqliteLink final : public ado::Link {
         int position = 0;
         for (const ado::Value& value : translation.values)
             query.bind(++position, value);
-        return rowsOf(query);
+        ado::ResultSet answer = rowsOf(query);
+        for (auto& row : answer.rows)
+            for (const std::size_t column : translation.moments)
+                row[column] = row[column].asDate();
+        return answer;
     }
 
     std::vector<ado::Value> call(const ado::Call& call) override {
-        const std::size_t dots = call.procedure.rfind('.');
+        const std::size_t dots = call.procedure.find("..");
+        if (dots == std::string::npos)
+            throw serverError("Could not find stored procedure '" + call.procedure + "'.", 2812, "42000");
         const ado::ResultSet answer =
-            runProcedure({dots == std::string::npos ? call.procedure : call.procedure.substr(dots + 1), {}});
+            runProcedure({call.procedure.substr(0, dots), call.procedure.substr(dots + 2), {}});
         std::vector<ado::Value> outputs;
         for (const ado::Call::Output& output : call.outputs)
             outputs.push_back(outputOf(answer, output));
@@ -87,7 +93,7 @@ class SqliteLink final : public ado::Link {
 
   private:
     ado::ResultSet runProcedure(const ProcedureCall& call) {
-        const Procedure& procedure = findProcedure(call.procedure, call.arguments.size());
+        const Procedure& procedure = findProcedure(call.database, call.procedure, call.arguments.size());
         std::vector<std::pair<std::string, ado::Value>> arguments;
         for (std::size_t i = 0; i < call.arguments.size(); ++i)
             arguments.emplace_back(":" + procedure.parameters[i].name,
@@ -126,8 +132,11 @@ class SqliteLink final : public ado::Link {
     Catalog m_catalog;
 };
 
-/// Throws when the file is no database of this version.
+/// Throws when the file is no hospital database, or one of another version.
 void checkVersion(Database& database, const std::string& folder) {
+    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
+    if (!hospital.next())
+        throw serverError("The file hospital.db in \"" + folder + "\" is not a hospital database.", 824, "08001");
     Query version(database, "PRAGMA user_version");
     const bool read = version.next();
     if (!read || version.value(0) != ado::Value{std::int64_t{schemaVersion}})

@@ -109,7 +109,7 @@ void Window::opened(WindowView& view) {
     m_view = &view;
     m_open = true;
     Control* const wanted = std::exchange(m_focus, nullptr);
-    handle([&] { giveFocus(wanted != nullptr && wanted->canTakeFocus() ? wanted : neighbour(false)); });
+    handle([&] { giveFocus(wanted != nullptr && wanted->canTakeFocus() ? wanted : neighbour(nullptr, false)); });
 }
 
 void Window::setFocus(Control& target) {
@@ -160,7 +160,7 @@ char32_t Window::pressKey(char32_t code) {
 void Window::pressTab(bool backward) {
     if (m_handling)
         return;
-    if (Control* target = neighbour(backward))
+    if (Control* target = neighbour(m_focus, backward))
         requestFocus(*target);
 }
 
@@ -255,7 +255,9 @@ bool Window::requestFocus(Control& target) {
     handle([&] {
         if (!mayLeaveFor(target) || !m_open)
             return;
-        giveFocus(&target);
+        // The validation may have put the target out of reach; the focus then goes to the one behind it.
+        Control* const reached = target.canTakeFocus() ? &target : neighbour(&target, false);
+        giveFocus(reached);
         moved = m_focus == &target;
     });
     return moved;
@@ -288,17 +290,16 @@ void Window::giveFocus(Control* target) {
         target->onGotFocus();
 }
 
-Control* Window::neighbour(bool backward) const {
+Control* Window::neighbour(const Control* from, bool backward) const {
     std::vector<Control*> order;
     collect(order);
     if (backward)
         std::reverse(order.begin(), order.end());
-    const auto here = std::find(order.begin(), order.end(), m_focus);
+    const auto here = std::find(order.begin(), order.end(), from);
     if (here != order.end())
         std::rotate(order.begin(), here, order.end());
     for (Control* candidate : order)
-        if (candidate != m_focus && isTabStop(*candidate) &&
-            (m_focus == nullptr || !sameOptionGroup(*m_focus, *candidate)))
+        if (candidate != from && isTabStop(*candidate) && (from == nullptr || !sameOptionGroup(*from, *candidate)))
             return candidate;
     return nullptr;
 }
@@ -351,7 +352,7 @@ void Window::tellView(Control& control, Aspect aspect) {
 void Window::leaveUnusable() {
     if (!m_open || m_focus == nullptr || m_focus->canTakeFocus())
         return;
-    Control* const next = neighbour(false);
+    Control* const next = neighbour(m_focus, false);
     m_focus = nullptr;
     giveFocus(next);
 }

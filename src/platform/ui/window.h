@@ -123,7 +123,7 @@ class Window : public Container {
     bool handle(Handler&& handler);
     bool mayLeaveFor(const Control& target);
     void giveFocus(Control* target);
-    Control* neighbour(bool backward) const;
+    Control* neighbour(const Control* from, bool backward) const;
 
     WindowView* m_view = nullptr;
     Control* m_focus = nullptr;

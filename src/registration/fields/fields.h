@@ -19,6 +19,12 @@ struct Fields {
              {&additional.cmdPatientClass, &consultation.searchChiefComplaint, &consultation.cmdCauseofConsultation1,
               &consultation.cmdCauseofConsultation2, &consultation.cmdCauseofConsultation3})
             lookup->tabStop = false;
+        for (ui::TextBox* name :
+             {&personal.txtBarangayName, &additional.txtPatientClass, &consultation.txtCauseofConsultation1,
+              &consultation.txtCauseofConsultation2, &consultation.txtCauseofConsultation3})
+            showOnly(*name);
+        for (ui::TextBox* name : namesOfCodes())
+            showOnly(*name);
     }
 
     ui::ControlArray<ui::Button> cmdSearch{"cmdSearch"};
@@ -33,6 +39,27 @@ struct Fields {
     HistoryTab history{tabOPD, cmdSearch, txtChiefComplaint};
     EmploymentTab employment{tabOPD};
     FormButtons buttons;
+
+  private:
+    static void showOnly(ui::TextBox& box) {
+        box.tabStop = false;
+        box.readOnly = true;
+    }
+
+    /// The boxes of control arrays that show what a code stands for; nobody types there.
+    std::vector<ui::TextBox*> namesOfCodes() const {
+        std::vector<ui::TextBox*> names{&personal.townName, &personal.nationalityName, &personal.religionName,
+                                        &personal.accountName};
+        for (const int index : {1, 3, 5}) {
+            names.push_back(&consultation.txtService(index));
+            names.push_back(&consultation.txtAddDoctor(index));
+        }
+        for (const int index : {1, 3})
+            names.push_back(&consultation.txtDoctor(index));
+        for (int index = 5; index <= 9; ++index)
+            names.push_back(&history.txtAllergy(index));
+        return names;
+    }
 };
 
 } // namespace opd::registration

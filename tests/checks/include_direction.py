@@ -1,0 +1,128 @@
+#!/usr/bin/env python3
+"""Fails when an include of the source tree points against the order of the layers.
+
+Usage: include_direction.py ROOT, where ROOT holds src/ and perhaps tests/. Prints one line per fault and exits with 1
+when there is any, so that the boundaries hold without anybody watching them.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+# What each layer may include besides itself, by the beginning of the path.
+ALLOWED = {
+    "platform": [],
+    "session": ["platform/"],
+    "data": ["session/", "platform/"],
+    "search": ["data/", "session/", "platform/"],
+    "reports": ["data/", "session/", "platform/"],
+    "registration": ["search/", "reports/", "data/", "session/", "platform/"],
+    "entry": ["registration/", "search/", "reports/", "data/", "session/", "platform/"],
+    "host": ["platform/", "entry/init_dll.h", "entry/environment.h", "adapters/sqlite/create_database.h"],
+}
+ADAPTER_MAY_INCLUDE = ["platform/"]
+LAYERS = [*ALLOWED, "adapters"]
+
+# Libraries that only some folders may know.
+LIBRARIES = [
+    ("Qt", re.compile(r"Q[A-Z]\w*|Qt\w*/.*"), ["src/adapters/qt/", "tests/adapters/qt/", "tests/host/"]),
+    ("SQLite", re.compile(r"sqlite3\w*\.h"), ["src/adapters/sqlite/", "tests/adapters/sqlite/", "tests/entry/"]),
+]
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
+SUFFIXES = {".h", ".hpp", ".cpp", ".inc"}
+
+
+def layer_of(path):
+    """The layer that a path below src/ belongs to; each adapter is one of its own."""
+    parts = path.split("/")
+    return "/".join(parts[:2]) if parts[0] == "adapters" else parts[0]
+
+
+def may_include(path, included):
+    layer = layer_of(path)
+    if layer_of(included) == layer:
+        return True
+    if layer.startswith("adapters/"):
+        allowed = ADAPTER_MAY_INCLUDE
+    else:
+        allowed = ALLOWED.get(layer, [])
+    if any(included.startswith(start) for start in allowed):
+        return True
+    # The composition root takes the adapters by their public headers, which stand directly in the adapter's folder.
+    return layer == "entry" and included.startswith("adapters/") and included.count("/") == 2
+
+
+def resolved(source, path, included):
+    """An include as a path below src/; one that is written relative to the file that holds it counts as well."""
+    beside = (source / path).parent / included
+    if not (source / included).exists() and beside.exists():
+        return beside.resolve().relative_to(source.resolve()).as_posix()
+    return included
+
+
+def includes_of(file):
+    for number, line in enumerate(file.read_text(encoding="utf-8").splitlines(), 1):
+        found = INCLUDE.match(line)
+        if found:
+            yield number, found.group(1)
+
+
+def files_below(folder):
+    return sorted(file for file in folder.rglob("*") if file.suffix in SUFFIXES)
+
+
+def library_faults(root):
+    for file in files_below(root / "src") + files_below(root / "tests"):
+        place = file.relative_to(root).as_posix()
+        for number, included in includes_of(file):
+            for name, header, homes in LIBRARIES:
+                if header.fullmatch(included) and not any(place.startswith(home) for home in homes):
+                    yield f"{place}:{number}: {name} is not for this folder: <{included}>"
+
+
+def direction_faults(source, graph):
+    for path in sorted(graph):
+        for number, included in graph[path]:
+            if included.split("/")[0] not in LAYERS or may_include(path, included):
+                continue
+            yield f"src/{path}:{number}: {layer_of(path)} must not include {included}"
+
+
+def cycle_faults(graph):
+    """Each cycle once, found by walking the includes in depth."""
+    done = set()
+
+    def walk(path, trail):
+        if path in trail:
+            yield "include cycle: " + " -> ".join(trail[trail.index(path):] + [path])
+            return
+        if path in done or path not in graph:
+            return
+        for _, included in graph[path]:
+            yield from walk(included, trail + [path])
+        done.add(path)
+
+    for path in sorted(graph):
+        yield from walk(path, [])
+
+
+def faults(root):
+    source = root / "src"
+    graph = {}
+    for file in files_below(source):
+        path = file.relative_to(source).as_posix()
+        graph[path] = [(number, resolved(source, path, included)) for number, included in includes_of(file)]
+        if layer_of(path) not in ALLOWED and not path.startswith("adapters/"):
+            yield f"src/{path}: the layer {layer_of(path)} is not known"
+    if not graph:
+        yield f"{source}: no sources found"
+    yield from direction_faults(source, graph)
+    yield from library_faults(root)
+    yield from cycle_faults(graph)
+
+
+if __name__ == "__main__":
+    found = list(faults(Path(sys.argv[1])))
+    print("\n".join(found))
+    sys.exit(1 if found else 0)

@@ -5,6 +5,7 @@
 #include "platform/text/text.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace opd::ado {
 
@@ -19,7 +20,7 @@ Overloaded(Functions...) -> Overloaded<Functions...>;
 
 /// The shortest decimal text that reads back as the same number.
 std::string decimalText(double number) {
-    char buffer[64];
+    char buffer[400]; // the longest one is 1.8e308 written out, with its sign
     const auto result = std::to_chars(std::begin(buffer), std::end(buffer), number, std::chars_format::fixed);
     return {buffer, result.ptr};
 }
@@ -30,7 +31,7 @@ double numberOf(const std::string& utf8) {
         return 0;
     double number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    if (error != std::errc{} || end != digits.data() + digits.size())
+    if (error != std::errc{} || end != digits.data() + digits.size() || !std::isfinite(number))
         throw Error("The text \"" + utf8 + "\" is no number.");
     return number;
 }

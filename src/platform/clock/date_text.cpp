@@ -50,8 +50,8 @@ std::optional<DateTime> dayOf(std::string_view text) {
         return std::nullopt;
     const bool yearFirst = at == 4;
     const DateTime day = yearFirst ? DateTime{parts[0], parts[1], parts[2]} : DateTime{parts[2], parts[0], parts[1]};
-    // Two-digit years are refused: a clerk's "80" may be 1980 or a slip, and a birth date must not be guessed.
-    return day.year >= 100 && isValid(day) ? std::optional{day} : std::nullopt;
+    // Shorter years are refused: a clerk's "80" may be 1980 or a slip, and a birth date must not be guessed.
+    return day.year >= 1000 && isValid(day) ? std::optional{day} : std::nullopt;
 }
 
 } // namespace

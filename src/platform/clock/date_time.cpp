@@ -14,7 +14,8 @@ std::chrono::year_month_day calendarDay(const DateTime& value) {
 } // namespace
 
 bool isValid(const DateTime& value) {
-    if (value.year < 1 || value.year > 9999 || value.month < 1 || value.day < 1)
+    // Bounded here, as the calendar's own types hold a byte of each and would take month 257 for January.
+    if (value.year < 1 || value.year > 9999 || value.month < 1 || value.month > 12 || value.day < 1 || value.day > 31)
         return false;
     if (value.hour < 0 || value.hour > 23 || value.minute < 0 || value.minute > 59 || value.second < 0 ||
         value.second > 59)

@@ -17,6 +17,13 @@ std::size_t sequenceLength(unsigned char lead) {
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
 }
 
+/// False for a character that fewer bytes would hold, a half of a pair, and one beyond the last.
+bool isInShortestForm(char32_t character, std::size_t bytes) {
+    if (bytes == 3)
+        return character >= 0x800 && (character < 0xD800 || character > 0xDFFF);
+    return bytes != 4 || (character >= 0x10000 && character <= 0x10FFFF);
+}
+
 /// The character at `at`, which moves behind it.
 char32_t next(std::string_view utf8, std::size_t& at) {
     const auto lead = static_cast<unsigned char>(utf8[at]);
@@ -37,6 +44,10 @@ char32_t next(std::string_view utf8, std::size_t& at) {
             return replacementCharacter;
         }
         character = (character << 6U) | (byte & 0x3FU);
+    }
+    if (!isInShortestForm(character, bytes)) {
+        ++at;
+        return replacementCharacter;
     }
     at += bytes;
     return character;

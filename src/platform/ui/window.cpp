@@ -45,32 +45,47 @@ bool sameOptionGroup(const Control& left, const Control& right) {
            left.container() == right.container();
 }
 
+bool canPress(const Button* button) {
+    return button != nullptr && button->isShown() && button->isUsable();
+}
+
+/// Marks that a handler runs, until the end of its scope however that comes.
+class Handling {
+  public:
+    explicit Handling(bool& handling) : m_handling(handling) { m_handling = true; }
+    ~Handling() { m_handling = false; }
+    Handling(const Handling&) = delete;
+    Handling& operator=(const Handling&) = delete;
+
+  private:
+    bool& m_handling;
+};
+
 } // namespace
 
 // Runs one event. What it throws is reported and ends it; a Tab that it asked for follows when it is done.
 template <class Handler>
 bool Window::handle(Handler&& handler) {
-    const bool outermost = !m_handling;
-    m_handling = true;
-    if (outermost)
-        m_pendingTab = false;
-    bool succeeded = true;
-    try {
+    if (m_handling) { // a part of the event that runs already, which reports for it
         handler();
-    } catch (const std::exception& failure) {
-        if (!outermost || !onFailure) {
-            m_handling = !outermost;
-            throw;
-        }
-        succeeded = false;
+        return true;
+    }
+    bool succeeded = true;
+    {
+        const Handling handling{m_handling};
         m_pendingTab = false;
-        onFailure(failure);
+        try {
+            handler();
+        } catch (const std::exception& failure) {
+            succeeded = false;
+            m_pendingTab = false;
+            if (!onFailure)
+                throw;
+            onFailure(failure);
+        }
     }
-    if (outermost) {
-        m_handling = false;
-        if (std::exchange(m_pendingTab, false) && m_open)
-            pressTab(false);
-    }
+    if (std::exchange(m_pendingTab, false) && m_open)
+        pressTab(false);
     return succeeded;
 }
 
@@ -98,9 +113,16 @@ void Window::unload() {
     m_loaded = false;
     m_open = false;
     m_focus = nullptr;
+    ++m_life;
     WindowView* const view = std::exchange(m_view, nullptr);
-    if (onUnload)
-        onUnload();
+    try {
+        if (onUnload)
+            onUnload();
+    } catch (...) { // the window is gone all the same, and its view must not stay behind
+        if (view != nullptr)
+            view->closed();
+        throw;
+    }
     if (view != nullptr)
         view->closed();
 }
@@ -135,26 +157,35 @@ char32_t Window::pressKey(char32_t code) {
     if (m_handling)
         return 0;
     KeyPress press{code};
-    handle([&] {
-        Control* const target = m_focus;
-        if (code == key::escape && cancelButton != nullptr && cancelButton->isShown() && cancelButton->isUsable()) {
-            press.drop();
-            cancelButton->clicked();
-            return;
-        }
-        if (keyPreview && onKeyPress)
-            onKeyPress(press);
-        if (target == nullptr || press.code == 0)
-            return;
-        if (target->onKeyPress)
-            target->onKeyPress(press);
-        if (press.code != 0 && target->handleKey(press.code))
-            press.drop();
-        else if (press.code == key::enter && defaultButton != nullptr && defaultButton->isShown() &&
-                 defaultButton->isUsable() && target->kind() != Kind::Grid)
-            defaultButton->clicked();
-    });
-    return press.code;
+    const int life = m_life;
+    const bool succeeded = handle([&] { passKey(press); });
+    return succeeded && life == m_life ? press.code : 0;
+}
+
+void Window::passKey(KeyPress& press) {
+    Control* const target = m_focus;
+    const int life = m_life;
+    // A handler may close the window or take the control away; the character then ends there.
+    const auto isGone = [&] { return life != m_life || !target->canTakeFocus(); };
+    if (press.code == key::escape && canPress(cancelButton)) {
+        press.drop();
+        cancelButton->clicked();
+        return;
+    }
+    if (keyPreview && onKeyPress)
+        onKeyPress(press);
+    if (target == nullptr || press.code == 0)
+        return;
+    if (!isGone() && target->onKeyPress)
+        target->onKeyPress(press);
+    if (isGone())
+        press.drop();
+    if (press.code == 0)
+        return;
+    if (target->handleKey(press.code))
+        press.drop();
+    else if (press.code == key::enter && canPress(defaultButton) && target->kind() != Kind::Grid)
+        defaultButton->clicked();
 }
 
 void Window::pressTab(bool backward) {
@@ -165,7 +196,7 @@ void Window::pressTab(bool backward) {
 }
 
 bool Window::pressAccessKey(char32_t character) {
-    if (m_handling)
+    if (m_handling || character == 0)
         return false;
     std::vector<Control*> everything;
     collect(everything);
@@ -226,7 +257,18 @@ void Window::pickPage(Tabs& tabs, int index) {
     if (first != onPage.end())
         requestFocus(**first);
     else
-        handle([&] { tabs.show(index); });
+        handle([&] { showEmptyPage(tabs, index); });
+}
+
+// A page without a field leaves the focus nowhere: what is typed must not reach a field that nobody sees.
+void Window::showEmptyPage(Tabs& tabs, int index) {
+    const Page& page = *tabs.pages().at(static_cast<std::size_t>(index));
+    const int life = m_life;
+    if (!page.visible() || !page.isUsable() || page.isCurrent() || !mayLeaveFor(page) || life != m_life)
+        return;
+    tabs.show(index);
+    if (m_focus != nullptr && !m_focus->isShown())
+        giveFocus(nullptr);
 }
 
 bool Window::click(Control& control) {
@@ -240,6 +282,8 @@ bool Window::click(Control& control) {
 void Window::doubleClick(Grid& grid) {
     if (m_handling || !grid.isShown() || !grid.isUsable())
         return;
+    if (grid.canTakeFocus() && !requestFocus(grid))
+        return;
     handle([&] {
         if (grid.onDoubleClick)
             grid.onDoubleClick();
@@ -252,12 +296,11 @@ bool Window::requestFocus(Control& target) {
     if (&target == m_focus)
         return true;
     bool moved = false;
+    const int life = m_life;
     handle([&] {
-        if (!mayLeaveFor(target) || !m_open)
+        if (!mayLeaveFor(target) || !m_open || life != m_life)
             return;
-        // The validation may have put the target out of reach; the focus then goes to the one behind it.
-        Control* const reached = target.canTakeFocus() ? &target : neighbour(&target, false);
-        giveFocus(reached);
+        giveFocus(&target);
         moved = m_focus == &target;
     });
     return moved;
@@ -278,16 +321,37 @@ void Window::giveFocus(Control* target) {
             m_view->focusMoved(target);
         return;
     }
-    if (Control* left = std::exchange(m_focus, nullptr); left != nullptr && left->onLostFocus)
-        left->onLostFocus();
-    if (!m_open || m_focus != nullptr || target == nullptr)
+    const int life = m_life;
+    loseFocus();
+    if (!m_open || life != m_life || m_focus != nullptr)
         return;
+    // What ran on the way may have put the target out of reach; the focus then goes to the one behind it.
+    if (target != nullptr && !target->canTakeFocus())
+        target = neighbour(target, false);
     m_focus = target;
-    showPageOf(*target);
+    if (target != nullptr)
+        showPageOf(*target);
+    if (m_focus != target || life != m_life) // the change of the page has moved the focus by itself
+        return;
     if (m_view != nullptr)
         m_view->focusMoved(target);
-    if (target->onGotFocus)
+    if (target != nullptr && target->onGotFocus)
         target->onGotFocus();
+}
+
+// While its handler runs the focus is nowhere; when that fails it stays where it was.
+void Window::loseFocus() {
+    Control* const left = std::exchange(m_focus, nullptr);
+    if (left == nullptr || !left->onLostFocus)
+        return;
+    const int life = m_life;
+    try {
+        left->onLostFocus();
+    } catch (...) {
+        if (life == m_life && m_focus == nullptr && left->canTakeFocus())
+            m_focus = left;
+        throw;
+    }
 }
 
 Control* Window::neighbour(const Control* from, bool backward) const {
@@ -352,9 +416,7 @@ void Window::tellView(Control& control, Aspect aspect) {
 void Window::leaveUnusable() {
     if (!m_open || m_focus == nullptr || m_focus->canTakeFocus())
         return;
-    Control* const next = neighbour(m_focus, false);
-    m_focus = nullptr;
-    giveFocus(next);
+    giveFocus(neighbour(m_focus, false));
 }
 
 } // namespace opd::ui

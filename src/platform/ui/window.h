@@ -75,7 +75,8 @@ class Window : public Container {
 
     // The clerk's input, forwarded by desktops. Input that arrives while a handler of this window runs is ignored.
 
-    /// A typed character. Returns the character that the control is to take, 0 for none.
+    /// A typed character. Returns the character that the control is to take, 0 for none. There is none either when a
+    /// handler failed, closed the window or took the control away.
     char32_t pressKey(char32_t code);
 
     /// Tab, or Shift+Tab.
@@ -90,11 +91,13 @@ class Window : public Container {
     /// Shows the next or previous usable page, as Ctrl+Tab does, and moves the focus to its first field.
     void turnPage(bool backward);
 
-    /// A click on a tab.
+    /// A click on a tab: shows the page and moves the focus to its first field, or to nowhere when it has none.
     void pickPage(Tabs& tabs, int index);
 
     /// A mouse click on a control. The focus moves there first; when that is refused, nothing is clicked.
     bool click(Control& control);
+
+    /// Likewise, a double click on a grid.
     void doubleClick(Grid& grid);
 
     /// The clerk moves the focus to a control. False when the move was refused.
@@ -121,12 +124,16 @@ class Window : public Container {
   private:
     template <class Handler>
     bool handle(Handler&& handler);
+    void passKey(KeyPress& press);
+    void showEmptyPage(Tabs& tabs, int index);
     bool mayLeaveFor(const Control& target);
     void giveFocus(Control* target);
+    void loseFocus();
     Control* neighbour(const Control* from, bool backward) const;
 
     WindowView* m_view = nullptr;
     Control* m_focus = nullptr;
+    int m_life = 0; ///< how often it was unloaded; tells an event that its window is another one by now
     bool m_loaded = false;
     bool m_open = false;
     bool m_handling = false;

@@ -1,0 +1,181 @@
+#include "form.h"
+
+#include <gtest/gtest.h>
+
+namespace opd::ui {
+namespace {
+
+using Names = std::vector<std::string>;
+
+struct Shown {
+    Window window{"w", "W"};
+    RecordingView view;
+    int changes = 0;
+    std::function<void()> count = [this] { ++changes; };
+
+    Shown() {
+        window.load();
+        window.opened(view);
+    }
+};
+
+TEST(MaskedBox, HoldsWhatFitsTheMaskAndIsBlankOtherwise) {
+    for (const char* fits : {"03/07/1980", "  /  /    ", "0 /  /198 ", " 3/ 7/1980", "99/99/9999"}) {
+        Shown shown;
+        MaskedBox box{shown.window, "date"};
+        box.setText("01/01/2000");
+        box.setText(fits);
+        EXPECT_EQ(box.text(), fits);
+        EXPECT_EQ(box.isBlank(), box.text() == blankDateText);
+    }
+    for (const char* fails :
+         {"", "3/7/1980", "03-07-1980", "03/07/19800", "0a/07/1980", "03/07/80", "03071980  ", "ñ3/07/198"}) {
+        Shown shown;
+        MaskedBox box{shown.window, "date"};
+        box.setText("01/01/2000");
+        box.setText(fails);
+        EXPECT_EQ(box.text(), "  /  /    ") << fails;
+    }
+}
+
+TEST(Fields, TellAChangeOnceAndNotWhenNothingChanges) {
+    Shown shown;
+    TextBox text{shown.window, "text", "", 3};
+    MaskedBox date{shown.window, "date"};
+    DatePicker time{shown.window, "time", "", DatePicker::Format::Time};
+    for (Control* control : std::vector<Control*>{&text, &date, &time})
+        control->onChange = shown.count;
+    text.setText("longer than typed");
+    EXPECT_EQ(text.text(), "longer than typed") << "a text set by program is never cut";
+    date.setText("03/07/1980");
+    time.setValue({2026, 1, 1, 14, 5, 0});
+    EXPECT_EQ(time.shownText(), "02:05 PM");
+    EXPECT_EQ(shown.changes, 3);
+    EXPECT_EQ(shown.view.aspects, std::vector<Aspect>(3, Aspect::Text));
+    text.setText("longer than typed");
+    date.setText("03/07/1980");
+    time.setValue({2026, 1, 1, 14, 5, 0});
+    date.clear();
+    date.setText("no date");
+    EXPECT_EQ(shown.changes, 4);
+}
+
+TEST(ComboBox, TextAndEntryFollowEachOther) {
+    Shown shown;
+    ComboBox box{shown.window, "box", "", {"", "MALE", "FEMALE", "MALE"}};
+    box.onChange = shown.count;
+    box.setText("FEMALE");
+    EXPECT_EQ(box.index(), 2);
+    box.setText("OTHER");
+    EXPECT_EQ(box.text(), "OTHER");
+    EXPECT_EQ(box.index(), -1) << "a text that is no entry is shown all the same";
+    box.select(3);
+    EXPECT_EQ(box.text(), "MALE");
+    EXPECT_EQ(box.index(), 3) << "entries that read alike keep their places";
+    box.setText("");
+    EXPECT_EQ(box.index(), 0);
+    EXPECT_EQ(shown.changes, 4);
+    EXPECT_THROW(box.select(4), std::out_of_range);
+    box.add("X");
+    box.onClick = shown.count;
+    shown.window.picked(box, 4);
+    EXPECT_EQ(box.text(), "X");
+    EXPECT_EQ(shown.changes, 6) << "a pick is a change and a click";
+    shown.window.picked(box, 4);
+    EXPECT_EQ(shown.changes, 7) << "picking the same entry is a click alone";
+}
+
+TEST(OptionButtons, OfOneContainerExcludeEachOther) {
+    Form form;
+    Frame other{form.window, "other", ""};
+    OptionButton yes{other, "yes", "Yes"};
+    yes.setSelected(true);
+    form.male.setSelected(true);
+    form.female.setSelected(true);
+    EXPECT_FALSE(form.male.selected());
+    EXPECT_TRUE(yes.selected());
+    form.female.setSelected(false);
+    EXPECT_FALSE(form.male.selected()) << "none may be selected";
+    form.male.onClick = [&] { EXPECT_TRUE(form.male.selected()) << "clicked before it was selected"; };
+    form.male.clicked();
+    form.male.clicked();
+    EXPECT_TRUE(form.male.selected()) << "a second click takes nothing back";
+}
+
+TEST(CheckBox, TogglesOnAClickAndLeavesTheGreyStateChecked) {
+    Shown shown;
+    CheckBox box{shown.window, "box", "Box"};
+    box.onClick = shown.count;
+    box.clicked();
+    EXPECT_EQ(box.value(), 1);
+    box.clicked();
+    EXPECT_EQ(box.value(), 0);
+    box.setValue(2);
+    EXPECT_FALSE(box.checked());
+    EXPECT_EQ(shown.changes, 2) << "a value set by program is no click";
+    box.clicked();
+    EXPECT_EQ(box.value(), 1);
+}
+
+TEST(Grid, ShowsRowsAndTellsWhichIsCurrent) {
+    Shown shown;
+    Grid grid{shown.window, "grid"};
+    Names rows;
+    grid.onRowChange = [&] { rows.push_back(grid.shownText()); };
+    grid.show(gridColumns("<Name|>Age", {}), {{"ANA", "30"}, {"BEN"}});
+    EXPECT_EQ(grid.currentRow(), 1);
+    shown.window.pickedRow(grid, 2);
+    shown.window.pickedRow(grid, 2);
+    shown.window.pickedRow(grid, 3);
+    shown.window.pickedRow(grid, -1);
+    EXPECT_EQ(rows, (Names{"ANA", "BEN"}));
+    EXPECT_EQ(grid.cell(1, 1), "30");
+    for (const auto& [row, column] : std::vector<std::pair<int, int>>{{0, 0}, {3, 0}, {2, 1}, {1, -1}, {-1, 0}})
+        EXPECT_EQ(grid.cell(row, column), "") << row << ", " << column;
+    grid.clear();
+    EXPECT_EQ(grid.currentRow(), 0);
+    EXPECT_EQ(grid.columns().size(), 2U);
+    grid.show(grid.columns(), {{"CARL"}});
+    EXPECT_EQ(rows.back(), "CARL") << "the first row of a new table is told although it was row 1 before";
+}
+
+TEST(Grid, AFormatDescribesItsColumns) {
+    const std::vector<Grid::Column> columns = gridColumns("<Name |>Age|Code||<", {3000, 0});
+    const std::vector<std::tuple<const char*, int, bool>> expected{
+        {"Name", 3000, false}, {"Age", 0, true}, {"Code", 1440, false}, {"", 1440, false}, {"", 1440, false}};
+    ASSERT_EQ(columns.size(), expected.size());
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        EXPECT_EQ(std::make_tuple(std::string_view{columns[i].title}, columns[i].width, columns[i].rightAligned),
+                  std::make_tuple(std::string_view{std::get<0>(expected[i])}, std::get<1>(expected[i]),
+                                  std::get<2>(expected[i])));
+}
+
+TEST(Tabs, ShowOnlyUsablePagesAndTellTheChange) {
+    Form form;
+    form.tabs.onChange = form.note("changed");
+    form.pageTwo.setEnabled(false);
+    form.tabs.show(1);
+    form.tabs.show(0);
+    EXPECT_TRUE(form.log.empty());
+    form.tabs.show(2);
+    EXPECT_EQ(form.log, Names{"changed"});
+    EXPECT_EQ(form.tabs.shownText(), "Three");
+    EXPECT_TRUE(form.three.isShown());
+    EXPECT_FALSE(form.one.isShown());
+    EXPECT_TRUE(form.one.canTakeFocus()) << "its page comes forward when it gets the focus";
+    EXPECT_FALSE(form.two.canTakeFocus());
+}
+
+TEST(ControlArray, IsFoundByItsIndexAndName) {
+    Window window{"w", "W"};
+    ControlArray<TextBox> boxes{"txtName"};
+    boxes.add(window, 0);
+    boxes.add(window, 5, "Label", 10);
+    EXPECT_EQ(window.find("txtName(5)"), &boxes(5));
+    EXPECT_EQ(boxes(5).maxLength(), 10);
+    EXPECT_EQ(window.find("txtName(1)"), nullptr);
+    EXPECT_THROW(boxes(1), std::out_of_range);
+}
+
+} // namespace
+} // namespace opd::ui

@@ -1,0 +1,182 @@
+#include "form.h"
+
+#include "platform/text/text.h"
+
+#include <gtest/gtest.h>
+
+namespace opd::ui {
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(Keys, ThePreviewComesFirstAndMayChangeOrDropWhatTheControlGets) {
+    Form form;
+    std::u32string atField;
+    form.window.onKeyPress = [](KeyPress& press) { press.code = press.code == U'\'' ? 0 : text::upper(press.code); };
+    form.first.onKeyPress = [&](KeyPress& press) {
+        atField += press.code;
+        if (press.code == U'7')
+            press.drop();
+    };
+    form.open();
+    EXPECT_EQ(form.window.pressKey(U'ñ'), U'Ñ');
+    EXPECT_EQ(form.window.pressKey(U'\''), 0U);
+    EXPECT_EQ(form.window.pressKey(U'7'), 0U);
+    EXPECT_EQ(atField, U"Ñ7") << "a dropped character goes no further";
+    form.window.keyPreview = false;
+    EXPECT_EQ(form.window.pressKey(U'a'), U'a');
+    EXPECT_EQ(form.window.pressKey(U'\''), U'\'');
+}
+
+TEST(Keys, ATabThatAHandlerSendsFollowsWhenTheEventIsDone) {
+    Form form;
+    form.window.onKeyPress = [&](KeyPress& press) {
+        if (press.code == key::enter)
+            form.window.sendTab();
+    };
+    form.first.onKeyPress = [&](KeyPress& press) {
+        EXPECT_EQ(form.focus(), "first");
+        EXPECT_EQ(press.code, key::enter) << "the character itself still reaches the control";
+    };
+    bool refuses = true;
+    form.first.onValidate = [&](bool& refuse) { refuse = refuses; };
+    form.open();
+    form.window.pressKey(key::enter);
+    EXPECT_EQ(form.focus(), "first") << "the sent Tab asks as a typed one does";
+    refuses = false;
+    form.window.pressKey(key::enter);
+    EXPECT_EQ(form.focus(), "second");
+    form.second.onKeyPress = [&](KeyPress&) { form.window.setFocus(form.three); };
+    form.window.pressKey(key::enter);
+    EXPECT_EQ(form.focus(), "three") << "a later setFocus takes the Tab's place";
+}
+
+TEST(Keys, EscapePressesTheCancelButtonUnseenByThePreviewAndWithoutValidation) {
+    Form form;
+    form.window.cancelButton = &form.cancel;
+    form.window.onKeyPress = [&](KeyPress&) { form.log.push_back("preview"); };
+    form.first.onValidate = [](bool&) { FAIL() << "asked"; };
+    form.open();
+    EXPECT_EQ(form.window.pressKey(key::escape), 0U);
+    EXPECT_EQ(form.log, Names{"cancel clicked"});
+    form.cancel.setEnabled(false);
+    EXPECT_EQ(form.window.pressKey(key::escape), key::escape);
+    EXPECT_EQ(form.log, (Names{"cancel clicked", "preview"}));
+}
+
+TEST(Keys, EnterPressesTheButtonThatHasTheFocusElseTheDefaultButton) {
+    Form form;
+    form.window.defaultButton = &form.ok;
+    form.open();
+    form.window.pressKey(key::enter);
+    EXPECT_EQ(form.log, Names{"ok clicked"});
+    form.window.setFocus(form.cancel);
+    EXPECT_EQ(form.window.pressKey(key::enter), 0U);
+    EXPECT_EQ(form.window.pressKey(key::space), 0U);
+    EXPECT_EQ(form.log, (Names{"ok clicked", "cancel clicked", "cancel clicked"}));
+    form.window.setFocus(form.first);
+    form.ok.setVisible(false);
+    EXPECT_EQ(form.window.pressKey(key::enter), key::enter);
+    EXPECT_EQ(form.log.size(), 3U);
+}
+
+TEST(Keys, EnterInAGridBelongsToTheGrid) {
+    Window window{"w", "W"};
+    Grid grid{window, "grid"};
+    Button ok{window, "ok", "OK"};
+    window.defaultButton = &ok;
+    int opened = 0;
+    grid.onKeyPress = [&](KeyPress&) { ++opened; };
+    ok.onClick = [] { FAIL() << "pressed"; };
+    RecordingView view;
+    window.load();
+    window.opened(view);
+    window.pressKey(key::enter);
+    EXPECT_EQ(opened, 1);
+}
+
+TEST(Keys, SpaceWorksBoxesAndOptions) {
+    Form form;
+    form.open();
+    form.window.setFocus(form.two);
+    EXPECT_EQ(form.window.pressKey(key::space), 0U);
+    EXPECT_TRUE(form.two.checked());
+    form.window.setFocus(form.female);
+    form.window.pressKey(key::space);
+    EXPECT_TRUE(form.female.selected());
+    form.window.setFocus(form.first);
+    EXPECT_EQ(form.window.pressKey(key::space), key::space);
+}
+
+TEST(Keys, AnAccessKeyReachesOnlyWhatIsShownAndUsable) {
+    Form form;
+    form.two.onClick = form.note("two clicked");
+    form.open();
+    EXPECT_TRUE(form.window.pressAccessKey(U'S')) << "the label beside a field";
+    EXPECT_EQ(form.focus(), "second");
+    EXPECT_TRUE(form.window.pressAccessKey(U'e'));
+    EXPECT_TRUE(form.female.selected());
+    EXPECT_FALSE(form.window.pressAccessKey(U't')) << "on a page that is not shown";
+    form.window.pickPage(form.tabs, 1);
+    EXPECT_TRUE(form.window.pressAccessKey(U't'));
+    EXPECT_TRUE(form.two.checked());
+    form.ok.setEnabled(false);
+    EXPECT_FALSE(form.window.pressAccessKey(U'o'));
+    EXPECT_FALSE(form.window.pressAccessKey(U'z'));
+    EXPECT_FALSE(form.window.pressAccessKey(0)) << "a control without an access key is no match for no key";
+    EXPECT_EQ(form.log, Names{"two clicked"});
+}
+
+TEST(Keys, ArrowsMoveThroughAGroupOfOptionsAndRoundItsEnds) {
+    Form form;
+    form.female.onClick = form.note("female clicked");
+    form.open();
+    EXPECT_FALSE(form.window.pressArrow(false)) << "a text box keeps its arrows";
+    form.window.setFocus(form.male);
+    EXPECT_TRUE(form.window.pressArrow(false));
+    EXPECT_EQ(form.focus(), "female");
+    EXPECT_TRUE(form.female.selected());
+    EXPECT_EQ(form.log, Names{"female clicked"});
+    form.window.pressArrow(false);
+    EXPECT_TRUE(form.male.selected());
+    form.window.pressArrow(true);
+    EXPECT_TRUE(form.female.selected());
+    EXPECT_FALSE(form.male.selected());
+    form.male.setEnabled(false);
+    EXPECT_TRUE(form.window.pressArrow(false));
+    EXPECT_EQ(form.focus(), "female");
+}
+
+TEST(Keys, ACharacterEndsWhereAHandlerTakesItsControlAway) {
+    Form form;
+    form.open();
+    form.window.setFocus(form.ok);
+    form.window.onKeyPress = [&](KeyPress&) { form.ok.setEnabled(false); };
+    EXPECT_EQ(form.window.pressKey(key::enter), 0U);
+    EXPECT_TRUE(form.log.empty());
+    form.cancel.onKeyPress = [&](KeyPress&) { form.window.unload(); };
+    form.window.onKeyPress = nullptr;
+    form.window.setFocus(form.cancel);
+    EXPECT_EQ(form.window.pressKey(key::enter), 0U);
+    EXPECT_TRUE(form.log.empty()) << "a button of a closed window was pressed";
+}
+
+TEST(Keys, CaptionsMarkTheirAccessKey) {
+    const std::vector<std::tuple<const char*, char32_t, const char*>> captions{
+        {"&Search", U'S', "Search"},
+        {"New &patient", U'P', "New patient"},
+        {"Diagnosis && History", 0, "Diagnosis & History"},
+        {"A && &b", U'B', "A & b"},
+        {"Ni&ño", U'Ñ', "Niño"},
+        {"Plain", 0, "Plain"},
+        {"", 0, ""},
+        {"ends &", 0, "ends &"},
+    };
+    for (const auto& [caption, accessKey, plain] : captions) {
+        EXPECT_EQ(accessKeyOf(caption), accessKey) << caption;
+        EXPECT_EQ(plainCaption(caption), plain);
+    }
+}
+
+} // namespace
+} // namespace opd::ui

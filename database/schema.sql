@@ -65,7 +65,6 @@ CREATE TABLE Patient_Data_tbMaster (
 CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (SearchName, Sex, BirthDate);
 CREATE INDEX Patient_Data_tbMaster_Name ON Patient_Data_tbMaster (LastName, FirstName, MiddleName, Sex, BirthDate);
 CREATE INDEX Patient_Data_tbMaster_BirthDate ON Patient_Data_tbMaster (BirthDate, LastName);
-CREATE INDEX Patient_Data_tbMaster_FileNum ON Patient_Data_tbMaster (FileNum) WHERE FileNum IS NOT NULL;
 CREATE INDEX Patient_Data_tbMaster_PHIC ON Patient_Data_tbMaster (PHICNum) WHERE PHICNum IS NOT NULL;
 CREATE INDEX Patient_Data_tbMaster_GSIS ON Patient_Data_tbMaster (GSISNum) WHERE GSISNum IS NOT NULL;
 CREATE INDEX Patient_Data_tbMaster_SSS ON Patient_Data_tbMaster (SSSNum) WHERE SSSNum IS NOT NULL;

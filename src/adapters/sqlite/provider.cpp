@@ -4,6 +4,8 @@
 #include "adapters/sqlite/procedures.h"
 #include "platform/text/text.h"
 
+#include <optional>
+
 namespace opd::adapters::sqlite {
 
 namespace {
@@ -98,19 +100,25 @@ class SqliteLink final : public ado::Link {
         for (std::size_t i = 0; i < call.arguments.size(); ++i)
             arguments.emplace_back(":" + procedure.parameters[i].name,
                                    argumentFor(procedure.parameters[i], call.arguments[i]));
-        const char* rest = procedure.body.c_str();
-        Query first(m_database, rest, &rest);
-        if (sqlite3_stmt_readonly(first.statement()) != 0)
-            return run(first, arguments);
-        WholeStep step(m_database);
-        ado::ResultSet answer = run(first, arguments);
-        while (true) {
+        std::vector<Query> queries;
+        bool writes = false;
+        for (const char* rest = procedure.body.c_str();;) {
             Query query(m_database, rest, &rest);
             if (query.isEmpty())
                 break;
-            answer = run(query, arguments);
+            writes = writes || sqlite3_stmt_readonly(query.statement()) == 0;
+            queries.push_back(std::move(query));
         }
-        step.done();
+        std::optional<WholeStep> step;
+        if (writes)
+            step.emplace(m_database);
+        ado::ResultSet answer;
+        for (Query& query : queries) {
+            answer = run(query, arguments);
+            query.reset(); // a statement that is not reset keeps its transaction open
+        }
+        if (step)
+            step->done();
         return answer;
     }
 
@@ -160,12 +168,24 @@ class SqliteProvider final : public ado::Provider {
         const std::filesystem::path file = databaseFile(folder);
         if (!std::filesystem::exists(file, unreadable))
             throw serverError("The folder \"" + folder + "\" holds no hospital database.", 5133, "08001");
-        auto link = std::make_unique<SqliteLink>(file, m_clock);
+        auto link = opened(file);
         checkVersion(link->database(), folder);
         return link;
     }
 
   private:
+    /// Opens the file and reads its first page; a failure says which folder it is about.
+    std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file) const {
+        try {
+            auto link = std::make_unique<SqliteLink>(file, m_clock);
+            Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();
+            return link;
+        } catch (const ado::Error& error) {
+            throw serverError("The database in \"" + file.parent_path().string() + "\" cannot be used. " + error.what(),
+                              error.number(), error.sqlState());
+        }
+    }
+
     const Clock& m_clock;
 };
 

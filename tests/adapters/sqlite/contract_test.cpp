@@ -122,6 +122,7 @@ TEST_P(Contract, TellsWhatIsWrongAsAServerDoes) {
         {"Select HospNum from Patient_Data..tbMaster where BirthDate = '02/30/1980'", "22007/241"},
         {"Patient_Data..sp_Adm_SaveDependents  1, 'CHILD', '13/13/2020' ", "22007/241"},
         {"Update Patient_Data..tbOutPatient set ExpirationDate = 'soon' where IDNum = 'x'", "22007/241"},
+        {"Update Patient_Data..tbOutPatient set isChemo = 'perhaps' where IDNum = 'x'", "22018/245"},
         {"Update Patient_Data..tbMaster set HospNum = '00000002' where HospNum = '00000001'", "23000/2627"},
     };
     for (const auto& [statement, expected] : cases)

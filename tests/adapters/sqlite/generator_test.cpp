@@ -1,9 +1,10 @@
 // A generated hospital depends on its options and on nothing else.
 #include "adapters/sqlite/hospital.h"
 
+#include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
+#include <set>
 
 using namespace opd;
 using namespace opd::tests;
@@ -43,6 +44,30 @@ TEST(Generator, GivesTheSameRowsForTheSameOptionsAndOthersForAnotherSeed) {
     EXPECT_GT(std::count(one.begin(), one.end(), '\n'), 400);
     EXPECT_EQ(one, make("again", 7));
     EXPECT_NE(one, make("other", 8));
+}
+
+TEST(Generator, UsesOnlyCodesThatTheReferenceFilesHave) {
+    EmbeddedHospital hospital(600);
+    const auto connection = hospital.connect();
+    const struct {
+        const char* used;
+        const char* file;
+    } references[] = {
+        {"Select ZipCode from Patient_Data..tbMaster", "Select ZipCode from Build_File..tbCoAddress"},
+        {"Select NationalityID from Patient_Data..tbMaster2", "Select NationalityID from Build_File..tbCoNationality"},
+        {"Select ReligionID from Patient_Data..tbMaster2", "Select ReligionID from Build_File..tbCoReligion"},
+        {"Select ServiceID1 from Patient_Data..tbOutPatient", "Select ServiceID from Build_File..tbCoService"},
+        {"Select DoctorID1 from Patient_Data..tbOutPatient", "Select DoctorID from Build_File..tbCoDoctor"},
+        {"Select HospNum from Patient_Data..tbOutPatient", "Select HospNum from Patient_Data..tbMaster"},
+        {"Select HospNum from Patient_Data..tbPatient", "Select HospNum from Patient_Data..tbMaster"},
+    };
+    for (const auto& [used, file] : references) {
+        const auto known = rowsOf(*connection, file);
+        const auto codes = rowsOf(*connection, used);
+        EXPECT_FALSE(codes.empty()) << used;
+        for (const std::string& code : std::set<std::string>(codes.begin(), codes.end()))
+            EXPECT_NE(std::find(known.begin(), known.end(), code), known.end()) << used << ": " << code;
+    }
 }
 
 TEST(Generator, TellsItsProgressAndLeavesOneWholeFile) {

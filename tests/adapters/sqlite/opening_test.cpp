@@ -35,8 +35,11 @@ void runShell(const std::filesystem::path& file, const char* sql, sqlite3** keep
         sqlite3_close(handle);
 }
 
+/// The message says what is wrong and which folder it is about.
 void expectMessage(const std::filesystem::path& folder, const std::string& part) {
-    EXPECT_NE(messageOf(folder).find(part), std::string::npos) << "\"" << messageOf(folder) << "\" lacks: " << part;
+    const std::string message = messageOf(folder);
+    EXPECT_NE(message.find(part), std::string::npos) << "\"" << message << "\" lacks: " << part;
+    EXPECT_NE(message.find(folder.string()), std::string::npos) << "\"" << message << "\" names no folder";
 }
 
 TEST(Opening, SaysWhatIsMissingAndMakesNothing) {
@@ -46,7 +49,7 @@ TEST(Opening, SaysWhatIsMissingAndMakesNothing) {
     expectMessage(folder.path(), "no hospital database");
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
     std::filesystem::create_directory(folder.path() / "hospital.db");
-    EXPECT_NE(messageOf(folder.path()), "");
+    expectMessage(folder.path(), "cannot be opened");
 }
 
 TEST(Opening, RefusesWhatIsNoDatabaseOfThisProgram) {
@@ -55,9 +58,9 @@ TEST(Opening, RefusesWhatIsNoDatabaseOfThisProgram) {
     expectMessage(folder.path(), "damaged or is no database");
     std::filesystem::remove(folder.path() / "hospital.db");
     std::ofstream(folder.path() / "hospital.db").flush();
-    EXPECT_NE(messageOf(folder.path()), "") << "an empty file";
+    expectMessage(folder.path(), "not a hospital database"); // an empty file
     runShell(folder.path() / "hospital.db", "CREATE TABLE notes (text); PRAGMA user_version = 1");
-    EXPECT_NE(messageOf(folder.path()), "") << "another program's database";
+    expectMessage(folder.path(), "not a hospital database");
 }
 
 TEST(Opening, RefusesAnotherVersion) {
@@ -81,7 +84,7 @@ TEST(Opening, RefusesAFileThatTheUserMayNotRead) {
         GTEST_SKIP() << "the superuser may read everything";
     const EmbeddedHospital hospital;
     std::filesystem::permissions(hospital.file(), std::filesystem::perms::none);
-    EXPECT_NE(messageOf(hospital.folder()), "");
+    expectMessage(hospital.folder(), "cannot be opened");
 }
 
 TEST(Opening, ShellWithoutTheCollationCanChangeTheSettingsRow) {

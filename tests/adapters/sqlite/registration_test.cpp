@@ -173,6 +173,18 @@ TEST_F(Registration, DependentsAreReplacedAsAList) {
     EXPECT_EQ(rowsOf(*connection, "Patient_Data..sp_Adm_LoadDependents '" + number + "'"), Rows{"CARA|01/02/2019"});
 }
 
+TEST_F(Registration, FileNumbersAreGivenOnceAndInOrder) {
+    const auto fileNumber = [&](const std::string& patient) {
+        connection->Execute("Patient_data..OPD_UpdateFileNum '" + patient + "'");
+        return rowsOf(*connection, "Select FileNum from Patient_Data..tbMaster where HospNum = '" + patient + "'");
+    };
+    EXPECT_EQ(fileNumber("00000003"), Rows{"1"});
+    EXPECT_EQ(fileNumber("00000001"), Rows{"2"});
+    EXPECT_EQ(fileNumber("00000003"), Rows{"1"});
+    EXPECT_EQ(fileNumber("nobody"), Rows{});
+    EXPECT_EQ(fileNumber("00000002"), Rows{"3"});
+}
+
 TEST_F(Registration, ExtendedRecordComesBackWithEveryArgument) {
     run("sp_aopd_Update_TbMaster", masterValues(number, visit));
     const char* const columns[] = {"BirthPlace",
@@ -242,6 +254,7 @@ TEST_F(Registration, ChecksAnswerForThePatientsTheyMean) {
         {"Patient_Data..sp_aopd_Check_if_admitted_today '00000002', '06/30/2026'", {}},
         {"Patient_Data..sp_aopd_Check_if_admitted_today '00000006', '06/12/2026'", {}},
         {"Patient_Data..sp_aopd_Check_if_admitted_today '00000007', '06/28/2026'", {"50001"}},
+        {"Patient_Data..sp_aopd_Check_if_admitted_today '00000007', '06/29/2026'", {}},
         {"Select IDNum from Patient_Data..tbOutPatient where Hospnum = '00000002' and BillingDate is null and dcrDate "
          "is "
          "null and OPDStatus <> 'R' order by admdate desc",

@@ -27,6 +27,9 @@ TEST(Statements, AreTakenInTheShapesOfTheDesk) {
              "billing..sp_OPD_ComputeHospitalBill'X'",
              "Patient_Data..sp_aopd_Check_if_admitted_today   '1'  ,   '07/01/2026'  ",
              "Build_file..global_SearchBarangay 'x','0'",
+             "Patient_Data..sp_Adm_SearchBarangay 'x'",
+             "PATIENT_DATA..sp_Adm_SearchAdmissionType ''",
+             "PATIENT_DATA..sp_AOPD_SearchChiefComplaint 'x'",
          })
         EXPECT_EQ(errorOf(*connection, statement), "") << statement;
 }

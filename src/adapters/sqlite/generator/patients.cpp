@@ -95,6 +95,7 @@ class Writer {
         Query query(m_database, "INSERT INTO Patient_Data_tbCounter VALUES (?, ?)");
         insert(query, {"HospNum", lastPatient});
         insert(query, {"OPDID", m_lastVisit});
+        insert(query, {"FileNum", 0});
     }
 
   private:

@@ -15,13 +15,15 @@ namespace {
 class Unfinished {
   public:
     explicit Unfinished(std::filesystem::path file) : m_file(std::move(file)) {}
-    ~Unfinished() {
+    ~Unfinished() { removeFiles(); }
+    Unfinished(const Unfinished&) = delete;
+    Unfinished& operator=(const Unfinished&) = delete;
+
+    void removeFiles() const {
         std::error_code ignored;
         for (const char* suffix : {"", "-wal", "-shm", "-journal"})
             std::filesystem::remove(m_file.string() + suffix, ignored);
     }
-    Unfinished(const Unfinished&) = delete;
-    Unfinished& operator=(const Unfinished&) = delete;
 
   private:
     std::filesystem::path m_file;
@@ -46,11 +48,12 @@ void fill(Database& database, const DatabaseOptions& options, const std::functio
 
 void createDatabase(const std::filesystem::path& folder, const DatabaseOptions& options,
                     const std::function<void(int, int)>& progress) {
+    const std::filesystem::path unfinished = folder / "hospital.db.unfinished";
+    const Unfinished cleanUp(unfinished);
+    cleanUp.removeFiles(); // what a run that was killed has left
     if (std::filesystem::exists(folder) && !std::filesystem::is_empty(folder))
         throw std::runtime_error("The folder \"" + folder.string() + "\" is not empty.");
     std::filesystem::create_directories(folder);
-    const std::filesystem::path unfinished = folder / "hospital.db.unfinished";
-    const Unfinished cleanUp(unfinished);
     const SystemClock clock;
     {
         Database database(unfinished, Database::Mode::Create, clock);

@@ -97,7 +97,10 @@ TEST(Generator, ThatIsInterruptedLeavesNoDatabase) {
     EXPECT_THROW(createDatabase(folder.path(), {}, [](int, int) { throw std::runtime_error("stop"); }),
                  std::runtime_error);
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+    std::ofstream(folder.path() / "hospital.db.unfinished") << "what a killed run leaves";
+    std::ofstream(folder.path() / "hospital.db.unfinished-journal") << "and its journal";
     EXPECT_NO_THROW(createDatabase(folder.path(), {}, {}));
+    EXPECT_FALSE(dumpOf(folder.path()).empty());
 }
 
 } // namespace

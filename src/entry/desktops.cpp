@@ -13,16 +13,7 @@ namespace opd::composition {
 
 namespace {
 
-/// Toolkits end the process when they find no display, so it is asked for before.
-void requireDisplay() {
-    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        if (!environment::value(variable).empty())
-            return;
-    throw std::runtime_error("There is no display to show windows on.");
-}
-
 ui::Desktop* makeQtDesktop(script::Player* player) {
-    requireDisplay();
     const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&makeQtDesktop));
     const com::Library module{here.parent_path() / com::libraryFileName("opd-desktop-qt")};
     const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);

@@ -6,6 +6,7 @@
 #include <QApplication>
 
 #include <memory>
+#include <xcb/xcb.h>
 
 namespace {
 
@@ -44,14 +45,22 @@ std::unique_ptr<QApplication> OwnDesktop::makeApplication() {
     return application;
 }
 
-} // namespace
-
-namespace {
+/// True when the X server that DISPLAY names answers.
+bool displayAnswers() {
+    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
+    const bool answers = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return answers;
+}
 
 // Without a screen the toolkit would end the whole process instead of failing.
 bool hasScreen() {
-    return QCoreApplication::instance() != nullptr || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") ||
-           !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (QCoreApplication::instance() != nullptr || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        return true;
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (!platform.isEmpty() && platform != "xcb")
+        return true;
+    return !qEnvironmentVariableIsEmpty("DISPLAY") && displayAnswers();
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "adapters/qt/style.h"
 
 #include <QCloseEvent>
+#include <QLayout>
 #include <QScreen>
 
 #include <stdexcept>
@@ -44,6 +45,10 @@ void WindowShell::present(bool modal) {
 }
 
 void WindowShell::fitScreen() {
+    // The style sheet makes widgets larger, and only those that it has reached tell their true size.
+    for (QWidget* widget : findChildren<QWidget*>())
+        widget->ensurePolished();
+    layout()->activate();
     const QRect available = screen()->availableGeometry();
     resize(size().expandedTo(minimumSizeHint()).boundedTo(available.size()));
     move(available.center() - rect().center());

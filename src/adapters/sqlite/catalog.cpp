@@ -26,7 +26,8 @@ const Table& Catalog::table(const std::string& databaseName, const std::string& 
         table.name = query.value(0).asText();
         const std::string column = query.value(1).asText();
         const std::string type = query.value(2).asText();
-        table.columns[text::upper(std::string_view{column})] = {column, type == "DATE", type == "DATETIME"};
+        table.columns[text::upper(std::string_view{column})] = {column, type == "DATE", type == "DATETIME",
+                                                                type == "BIT"};
     }
     if (table.columns.empty())
         throw serverError("Invalid object name '" + databaseName + ".." + tableName + "'.", 208, "42S02");
@@ -40,7 +41,25 @@ std::string canonicalDate(const std::string& text, bool dateOnly) {
     return isoDateText(dateOnly ? moment->date() : *moment);
 }
 
+namespace {
+
+/// A flag as the server reads it: a number, True or False; blank is 0.
+std::string flagOf(const std::string& written) {
+    const std::string word = text::upper(text::trimmed(written));
+    if (word == "TRUE")
+        return "1";
+    if (word.empty() || word == "FALSE")
+        return "0";
+    if (word.find_first_not_of("0123456789", word.front() == '-' ? 1 : 0) != std::string::npos || word == "-")
+        throw serverError("Conversion failed when converting the varchar value to data type bit.", 245, "22018");
+    return word.find_first_not_of("-0") == std::string::npos ? "0" : "1";
+}
+
+} // namespace
+
 std::string literalFor(const Column& column, const std::string& text) {
+    if (column.isBit)
+        return flagOf(text);
     return column.isDate || column.isDateTime ? canonicalDate(text, column.isDate) : text;
 }
 

@@ -12,6 +12,7 @@ struct Column {
     std::string name;
     bool isDate = false;     ///< DATE
     bool isDateTime = false; ///< DATETIME
+    bool isBit = false;      ///< BIT
 };
 
 /// A table of the file; columns by their upper-case names.
@@ -36,8 +37,8 @@ class Catalog {
     std::map<std::string, Table> m_tables; ///< those asked for before, by upper-case name
 };
 
-/// The text as the column takes it: a date in canonical form for a date column, anything else as it is. Throws
-/// ado::Error for a text that is no date.
+/// The text as the column takes it: a date in canonical form for a date column, "0" or "1" for a flag, anything else as
+/// it is. Throws ado::Error for a text that the column cannot hold.
 std::string literalFor(const Column& column, const std::string& text);
 
 /// The canonical form of a date text, with its time of day unless `dateOnly`. Throws ado::Error when it is no date.

@@ -28,10 +28,11 @@ class Unfinished {
 };
 
 void fill(Database& database, const DatabaseOptions& options, const std::function<void(int, int)>& progress) {
-    database.run("PRAGMA synchronous = OFF; BEGIN");
+    database.run("BEGIN");
     database.run(schemaText());
     insertReferenceData(database);
-    Query hospital(database, "INSERT INTO Patient_Data_tbHospitalInfo (ClientName, Company, Address1) VALUES (?, ?, ?)");
+    Query hospital(database,
+                   "INSERT INTO Patient_Data_tbHospitalInfo (ClientName, Company, Address1) VALUES (?, ?, ?)");
     hospital.bind(1, options.clientCode);
     hospital.bind(2, options.hospitalName);
     hospital.bind(3, options.address);

@@ -15,12 +15,12 @@ struct DatabaseOptions {
     std::string address = "128 MABINI STREET, MANILA";
 };
 
-/// Makes a folder with a hospital database full of synthetic patients. The same number of patients and the same seed give
-/// the same rows, whatever day it is. `progress` is told from time to time how many patients are done.
+/// Makes a folder with a hospital database full of synthetic patients. The same number of patients and the same seed
+/// give the same rows, whatever day it is. `progress` is told from time to time how many patients are done.
 ///
 /// The file gets its name when it is whole, so that a creation that is interrupted leaves no database. Throws
-/// std::runtime_error when the folder is not empty, and ado::Error or std::filesystem::filesystem_error when it cannot be
-/// written.
+/// std::runtime_error when the folder is not empty, and ado::Error or std::filesystem::filesystem_error when it cannot
+/// be written.
 void createDatabase(const std::filesystem::path& folder, const DatabaseOptions& options,
                     const std::function<void(int done, int total)>& progress);
 

@@ -1,4 +1,5 @@
-# Writes OUTPUT: the SQL files of FOLDER/procedures and FOLDER/schema.sql as texts of the program.
+# Writes OUTPUT: the SQL files of FOLDER/procedures and FOLDER/schema.sql as texts of the program. A line "-- include: NAME"
+# in a procedure stands for the text of FOLDER/procedures/NAME.
 file(GLOB procedures "${FOLDER}/procedures/*.sql")
 list(SORT procedures)
 set(content "#include \"adapters/sqlite/embedded_sql.h\"\n\nnamespace opd::adapters::sqlite {\n\n")
@@ -7,6 +8,11 @@ set(count 0)
 foreach(file ${procedures})
   get_filename_component(name "${file}" NAME)
   file(READ "${file}" text)
+  while(text MATCHES "-- include: ([^\n]+)\n")
+    set(line "${CMAKE_MATCH_0}")
+    file(READ "${FOLDER}/procedures/${CMAKE_MATCH_1}" part)
+    string(REPLACE "${line}" "${part}" text "${text}")
+  endwhile()
   string(APPEND content "    {\"${name}\", R\"sql(${text})sql\"},\n")
   math(EXPR count "${count} + 1")
 endforeach()

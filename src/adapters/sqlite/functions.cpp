@@ -53,18 +53,26 @@ int compareText(void*, int leftSize, const void* left, int rightSize, const void
                    {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
 }
 
-/// The server's LIKE with "%" and "_", blind to letter case.
+/// The server's LIKE with "%" and "_", both texts in one letter case. When a character does not fit, only the last "%"
+/// needs another try: what stands before it fits already, as early as it can. So no pattern takes long.
 bool isLike(std::u32string_view pattern, std::u32string_view text) {
-    if (pattern.empty())
-        return text.empty();
-    if (pattern.front() == U'%') {
-        for (std::size_t skipped = 0; skipped <= text.size(); ++skipped)
-            if (isLike(pattern.substr(1), text.substr(skipped)))
-                return true;
-        return false;
+    constexpr std::size_t none = std::u32string_view::npos;
+    std::size_t inPattern = 0, inText = 0, behindPercent = none, retry = 0;
+    while (inText < text.size()) {
+        if (inPattern < pattern.size() && pattern[inPattern] == U'%') {
+            behindPercent = ++inPattern;
+            retry = inText;
+        } else if (inPattern < pattern.size() && (pattern[inPattern] == U'_' || pattern[inPattern] == text[inText])) {
+            ++inPattern;
+            ++inText;
+        } else if (behindPercent != none) {
+            inPattern = behindPercent;
+            inText = ++retry;
+        } else {
+            return false;
+        }
     }
-    return !text.empty() && (pattern.front() == U'_' || pattern.front() == text.front()) &&
-           isLike(pattern.substr(1), text.substr(1));
+    return pattern.find_first_not_of(U'%', inPattern) == none;
 }
 
 void like(sqlite3_context* context, int, sqlite3_value** arguments) {

@@ -78,6 +78,15 @@ class Parser {
         return m_tokens[m_at++].text;
     }
 
+    /// Digits alone, few enough for any machine: they become a part of the statement.
+    std::string wholeNumber() {
+        constexpr std::size_t mostDigits = 9;
+        if (next().kind != Token::Kind::Number || next().text.size() > mostDigits ||
+            next().text.find_first_not_of("0123456789") != std::string::npos)
+            refuse();
+        return m_tokens[m_at++].text;
+    }
+
     const Table& table() {
         const std::string database = word();
         expectSymbol("..");
@@ -97,7 +106,7 @@ class Parser {
     void select() {
         std::string limit;
         if (take("top"))
-            limit = " LIMIT " + std::to_string(std::stoi(literal()));
+            limit = " LIMIT " + wholeNumber();
         const std::size_t list = m_at;
         while (next().kind != Token::Kind::End && !isWord(next(), "from"))
             ++m_at;
@@ -120,19 +129,21 @@ class Parser {
             sql() += "*";
             return;
         }
+        std::size_t position = 0;
         do {
-            if (sql().back() != ' ')
+            if (position > 0)
                 sql() += ", ";
-            item(source);
+            item(source, position++);
         } while (takeSymbol(","));
     }
 
-    void item(const Table* source) {
+    void item(const Table* source, std::size_t position) {
         std::string name;
         if (take("getdate")) {
             expectSymbol("(");
             expectSymbol(")");
             sql() += "now()";
+            m_translation.moments.push_back(position);
             name = "Date";
         } else if (take("isnull")) {
             expectSymbol("(");
@@ -140,11 +151,10 @@ class Parser {
             sql() += "ifnull(" + quoted(name) + ", ";
             expectSymbol(",");
             const bool isNumber = next().kind == Token::Kind::Number;
-            const std::string instead = literal();
             if (isNumber)
-                sql() += std::to_string(std::stoi(instead));
+                sql() += wholeNumber();
             else
-                bind(instead);
+                bind(literal());
             sql() += ")";
             expectSymbol(")");
         } else {
@@ -235,7 +245,7 @@ class Parser {
 
     ProcedureCall call() {
         ProcedureCall call;
-        word();
+        call.database = word();
         expectSymbol("..");
         call.procedure = word();
         if (next().kind != Token::Kind::End) {

@@ -13,11 +13,13 @@ namespace opd::adapters::sqlite {
 struct Translation {
     std::string sql;
     std::vector<ado::Value> values;
+    std::vector<std::size_t> moments; ///< result columns that are dates although no table declares them
 };
 
 /// A call of a stored procedure.
 struct ProcedureCall {
-    std::string procedure; ///< without its database
+    std::string database;
+    std::string procedure;
     std::vector<std::string> arguments;
 };
 

@@ -6,6 +6,7 @@
 
 #include <charconv>
 #include <map>
+#include <optional>
 #include <stdexcept>
 
 namespace opd::adapters::sqlite {
@@ -13,6 +14,16 @@ namespace opd::adapters::sqlite {
 namespace {
 
 constexpr std::string_view parametersHeading = "-- parameters:";
+constexpr std::string_view databaseHeading = "-- database:";
+
+/// What stands behind a heading up to the end of its line; nothing when the file has no such line.
+std::optional<std::string> declared(const std::string& file, std::string_view heading) {
+    const std::size_t start = file.find(heading);
+    if (start == std::string::npos)
+        return std::nullopt;
+    const std::size_t text = start + heading.size();
+    return text::trimmed(file.substr(text, file.find('\n', text) - text));
+}
 
 /// Reads "Name kind"; "kind?" is optional.
 Procedure::Parameter parameterOf(const std::string& declaration) {
@@ -31,13 +42,13 @@ Procedure::Parameter parameterOf(const std::string& declaration) {
 Procedure procedureOf(const EmbeddedSql& file) {
     Procedure procedure;
     const std::string fileName = file.name;
-    procedure.name = fileName.substr(0, fileName.find('.'));
+    procedure.name =
+        declared(file.text, databaseHeading).value_or("Patient_Data") + ".." + fileName.substr(0, fileName.find('.'));
     procedure.body = file.text;
-    const std::size_t start = procedure.body.find(parametersHeading);
-    if (start == std::string::npos)
+    std::optional<std::string> list = declared(procedure.body, parametersHeading);
+    if (!list)
         throw std::logic_error(fileName + " declares no parameters");
-    const std::size_t list = start + parametersHeading.size();
-    std::string declarations = procedure.body.substr(list, procedure.body.find('\n', list) - list);
+    std::string declarations = std::move(*list);
     while (!text::isBlank(declarations)) {
         const std::size_t comma = declarations.find(',');
         procedure.parameters.push_back(parameterOf(text::trimmed(declarations.substr(0, comma))));
@@ -72,10 +83,11 @@ double numberOf(const std::string& argument) {
 
 } // namespace
 
-const Procedure& findProcedure(const std::string& name, std::size_t arguments) {
-    const auto [first, last] = procedures().equal_range(text::upper(std::string_view{name}));
+const Procedure& findProcedure(const std::string& database, const std::string& name, std::size_t arguments) {
+    const std::string full = database + ".." + name;
+    const auto [first, last] = procedures().equal_range(text::upper(std::string_view{full}));
     if (first == last)
-        throw serverError("Could not find stored procedure '" + name + "'.", 2812, "42000");
+        throw serverError("Could not find stored procedure '" + full + "'.", 2812, "42000");
     std::size_t most = 0;
     for (auto entry = first; entry != last; ++entry) {
         const Procedure& procedure = entry->second;

@@ -7,7 +7,8 @@
 
 namespace opd::adapters::sqlite {
 
-/// A stored procedure: a file of `database/procedures/`, whose first line declares its parameters.
+/// A stored procedure: a file of `database/procedures/`, whose first lines declare its
+/// parameters and, where it does not belong to Patient_Data, its database.
 struct Procedure {
     enum class Kind { Text, Number, Bit, Date };
     struct Parameter {
@@ -16,13 +17,14 @@ struct Procedure {
         bool optional = false; ///< an empty text is null
     };
 
-    std::string name;
+    std::string name; ///< "database..name"
     std::vector<Parameter> parameters;
     std::string body;
 };
 
-/// The procedure of a name, in any letter case, that takes so many arguments. Throws ado::Error when there is none.
-const Procedure& findProcedure(const std::string& name, std::size_t arguments);
+/// The procedure of a database and a name, in any letter case, that takes so many arguments. Throws ado::Error when
+/// there is none.
+const Procedure& findProcedure(const std::string& database, const std::string& name, std::size_t arguments);
 
 /// The argument as the parameter takes it. Throws ado::Error when it cannot be converted.
 ado::Value argumentFor(const Procedure::Parameter& parameter, const std::string& argument);

@@ -4,6 +4,8 @@
 #include "adapters/sqlite/procedures.h"
 #include "platform/text/text.h"
 
+#include <optional>
+
 namespace opd::adapters::sqlite {
 
 namespace {
@@ -68,13 +70,19 @@ class SqliteLink final : public ado::Link {
         int position = 0;
         for (const ado::Value& value : translation.values)
             query.bind(++position, value);
-        return rowsOf(query);
+        ado::ResultSet answer = rowsOf(query);
+        for (auto& row : answer.rows)
+            for (const std::size_t column : translation.moments)
+                row[column] = row[column].asDate();
+        return answer;
     }
 
     std::vector<ado::Value> call(const ado::Call& call) override {
-        const std::size_t dots = call.procedure.rfind('.');
+        const std::size_t dots = call.procedure.find("..");
+        if (dots == std::string::npos)
+            throw serverError("Could not find stored procedure '" + call.procedure + "'.", 2812, "42000");
         const ado::ResultSet answer =
-            runProcedure({dots == std::string::npos ? call.procedure : call.procedure.substr(dots + 1), {}});
+            runProcedure({call.procedure.substr(0, dots), call.procedure.substr(dots + 2), {}});
         std::vector<ado::Value> outputs;
         for (const ado::Call::Output& output : call.outputs)
             outputs.push_back(outputOf(answer, output));
@@ -87,24 +95,30 @@ class SqliteLink final : public ado::Link {
 
   private:
     ado::ResultSet runProcedure(const ProcedureCall& call) {
-        const Procedure& procedure = findProcedure(call.procedure, call.arguments.size());
+        const Procedure& procedure = findProcedure(call.database, call.procedure, call.arguments.size());
         std::vector<std::pair<std::string, ado::Value>> arguments;
         for (std::size_t i = 0; i < call.arguments.size(); ++i)
             arguments.emplace_back(":" + procedure.parameters[i].name,
                                    argumentFor(procedure.parameters[i], call.arguments[i]));
-        const char* rest = procedure.body.c_str();
-        Query first(m_database, rest, &rest);
-        if (sqlite3_stmt_readonly(first.statement()) != 0)
-            return run(first, arguments);
-        WholeStep step(m_database);
-        ado::ResultSet answer = run(first, arguments);
-        while (true) {
+        std::vector<Query> queries;
+        bool writes = false;
+        for (const char* rest = procedure.body.c_str();;) {
             Query query(m_database, rest, &rest);
             if (query.isEmpty())
                 break;
-            answer = run(query, arguments);
+            writes = writes || sqlite3_stmt_readonly(query.statement()) == 0;
+            queries.push_back(std::move(query));
         }
-        step.done();
+        std::optional<WholeStep> step;
+        if (writes)
+            step.emplace(m_database);
+        ado::ResultSet answer;
+        for (Query& query : queries) {
+            answer = run(query, arguments);
+            query.reset(); // a statement that is not reset keeps its transaction open
+        }
+        if (step)
+            step->done();
         return answer;
     }
 
@@ -126,8 +140,11 @@ class SqliteLink final : public ado::Link {
     Catalog m_catalog;
 };
 
-/// Throws when the file is no database of this version.
+/// Throws when the file is no hospital database, or one of another version.
 void checkVersion(Database& database, const std::string& folder) {
+    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
+    if (!hospital.next())
+        throw serverError("The file hospital.db in \"" + folder + "\" is not a hospital database.", 824, "08001");
     Query version(database, "PRAGMA user_version");
     const bool read = version.next();
     if (!read || version.value(0) != ado::Value{std::int64_t{schemaVersion}})
@@ -151,12 +168,24 @@ class SqliteProvider final : public ado::Provider {
         const std::filesystem::path file = databaseFile(folder);
         if (!std::filesystem::exists(file, unreadable))
             throw serverError("The folder \"" + folder + "\" holds no hospital database.", 5133, "08001");
-        auto link = std::make_unique<SqliteLink>(file, m_clock);
+        auto link = opened(file);
         checkVersion(link->database(), folder);
         return link;
     }
 
   private:
+    /// Opens the file and reads its first page; a failure says which folder it is about.
+    std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file) const {
+        try {
+            auto link = std::make_unique<SqliteLink>(file, m_clock);
+            Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();
+            return link;
+        } catch (const ado::Error& error) {
+            throw serverError("The database in \"" + file.parent_path().string() + "\" cannot be used. " + error.what(),
+                              error.number(), error.sqlState());
+        }
+    }
+
     const Clock& m_clock;
 };
 

@@ -17,6 +17,8 @@ TEST(QtModule, OpensAtRunTimeAndBringsItsOwnApplication) {
     for (const char* screen : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
         unsetenv(screen);
     EXPECT_EQ(create(nullptr), nullptr) << "there is no screen";
+    setenv("DISPLAY", ":7654", 1);
+    EXPECT_EQ(create(nullptr), nullptr) << "the display does not answer";
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     for (int i = 0; i < 2; ++i) {
         Desktop* const desktop = create(nullptr);

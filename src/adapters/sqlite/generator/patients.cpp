@@ -4,7 +4,6 @@
 #include "adapters/sqlite/generator/person.h"
 #include "adapters/sqlite/generator/reference.h"
 
-#include <cstdio>
 #include <initializer_list>
 
 namespace opd::adapters::sqlite {
@@ -16,9 +15,7 @@ constexpr int employeesAccount = 10;
 constexpr std::int64_t lastOpdNumberBefore = 2600000000;
 
 std::string hospNum(int number) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%08d", number);
-    return text;
+    return numbered("", number, 8);
 }
 
 /// Inserts the people of one hospital, keeping the statements prepared.
@@ -26,19 +23,22 @@ class Writer {
   public:
     explicit Writer(Database& database)
         : m_database(database),
-          m_master(database,
-                   "INSERT INTO Patient_Data_tbMaster (HospNum, LastName, FirstName, MiddleName, SearchName, Title, "
-                   "HouseStreet, Barangay, ZipCode, Sex, BirthDate, telnum, CivilStatus, BloodType, Occupation, Employer, "
-                   "PHICNum, GSISNum, SSSNum) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-          m_extended(database,
-                     "INSERT INTO Patient_Data_tbMaster2 (HospNum, NationalityID, ReligionID, Spouse, mother, Father, "
-                     "Employer, ContactName, ContactRelation, EmploymentType, EmploymentLocation, PhilHealth) VALUES (?, "
-                     "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-          m_visit(database,
-                  "INSERT INTO Patient_Data_tbOutPatient (IDNum, HospNum, AdmDate, AccountNum, HospPlan, PatientType, "
-                  "ConsultationType, VisitKind, ServiceID1, DoctorID1, ChiefComplaints, Height, Weight, Temperature, "
-                  "BloodPressure, PulseRate, RespiratoryRate, OPDStatus, isWalkIn, UserID, BillingDate) VALUES (?, ?, ?, "
-                  "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'DEMO', ?)") {}
+          m_master(
+              database,
+              "INSERT INTO Patient_Data_tbMaster (HospNum, LastName, FirstName, MiddleName, SearchName, Title, "
+              "HouseStreet, Barangay, ZipCode, Sex, BirthDate, telnum, CivilStatus, BloodType, Occupation, Employer, "
+              "PHICNum, GSISNum, SSSNum) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+          m_extended(
+              database,
+              "INSERT INTO Patient_Data_tbMaster2 (HospNum, NationalityID, ReligionID, Spouse, mother, Father, "
+              "Employer, ContactName, ContactRelation, EmploymentType, EmploymentLocation, PhilHealth) VALUES (?, "
+              "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+          m_visit(
+              database,
+              "INSERT INTO Patient_Data_tbOutPatient (IDNum, HospNum, AdmDate, AccountNum, HospPlan, PatientType, "
+              "ConsultationType, VisitKind, ServiceID1, DoctorID1, ChiefComplaints, Height, Weight, Temperature, "
+              "BloodPressure, PulseRate, RespiratoryRate, OPDStatus, isWalkIn, UserID, BillingDate) VALUES (?, ?, ?, "
+              "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'DEMO', ?)") {}
 
     void write(const std::string& number, const Person& person) {
         insert(m_master, {number, person.lastName, person.firstName, person.middleName, searchName(person.lastName),
@@ -56,17 +56,29 @@ class Writer {
         const char* const status = visit.state == Visit::State::Revoked  ? "R"
                                    : visit.state == Visit::State::WalkIn ? "W"
                                                                          : "";
-        char doctor[8];
-        std::snprintf(doctor, sizeof doctor, "D%03d", random.between(1, doctorCount));
+        const std::string doctor = numbered("D", random.between(1, doctorCount), 3);
         const std::string pressure =
             std::to_string(random.between(95, 150)) + "/" + std::to_string(random.between(60, 95));
-        insert(m_visit,
-               {std::to_string(++m_lastVisit) + "B", number, visit.admitted, number, "P", "C", "W", "O",
-                std::string{random.pick(serviceCodes)}, std::string{doctor}, std::string{random.pick(complaints)},
-                std::to_string(random.between(145, 185)), std::to_string(random.between(45, 95)),
-                "36." + std::to_string(random.below(10)), pressure, std::to_string(random.between(60, 100)),
-                std::to_string(random.between(14, 22)), status, visit.state == Visit::State::WalkIn ? 1 : 0,
-                billed ? ado::Value{addDays(visit.admitted, 0)} : ado::Value{}});
+        insert(m_visit, {std::to_string(++m_lastVisit) + "B",
+                         number,
+                         visit.admitted,
+                         number,
+                         "P",
+                         "C",
+                         "W",
+                         "O",
+                         std::string{random.pick(serviceCodes)},
+                         doctor,
+                         std::string{random.pick(complaints)},
+                         std::to_string(random.between(145, 185)),
+                         std::to_string(random.between(45, 95)),
+                         "36." + std::to_string(random.below(10)),
+                         pressure,
+                         std::to_string(random.between(60, 100)),
+                         std::to_string(random.between(14, 22)),
+                         status,
+                         visit.state == Visit::State::WalkIn ? 1 : 0,
+                         billed ? ado::Value{addDays(visit.admitted, 0)} : ado::Value{}});
     }
 
     void confine(const std::string& number) {
@@ -83,6 +95,7 @@ class Writer {
         Query query(m_database, "INSERT INTO Patient_Data_tbCounter VALUES (?, ?)");
         insert(query, {"HospNum", lastPatient});
         insert(query, {"OPDID", m_lastVisit});
+        insert(query, {"FileNum", 0});
     }
 
   private:

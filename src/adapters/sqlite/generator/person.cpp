@@ -4,7 +4,6 @@
 #include "adapters/sqlite/generator/reference.h"
 
 #include <array>
-#include <cstdio>
 
 namespace opd::adapters::sqlite {
 
@@ -69,8 +68,8 @@ void giveWork(Random& random, Person& person) {
 
 void giveRest(Random& random, Person& person) {
     static constexpr std::array<std::string_view, 6> bloodTypes{"O+", "A+", "B+", "AB+", "O-", "A-"};
-    static constexpr std::array<std::string_view, 8> barangays{"POBLACION", "SAN ROQUE", "SAN ISIDRO",   "BAGUMBAYAN",
-                                                               "SANTA CRUZ", "MALANDAY", "BAGONG SILANG", "SANTO NIÑO"};
+    static constexpr std::array<std::string_view, 8> barangays{
+        "POBLACION", "SAN ROQUE", "SAN ISIDRO", "BAGUMBAYAN", "SANTA CRUZ", "MALANDAY", "BAGONG SILANG", "SANTO NIÑO"};
     person.street = std::to_string(random.between(1, 999)) + " " + std::string{random.pick(streets)};
     person.barangay = random.pick(barangays);
     person.townCode = random.pickCommon(townCodes);

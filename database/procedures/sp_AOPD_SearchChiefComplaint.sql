@@ -1,0 +1,3 @@
+-- parameters: Criteria text
+SELECT ChiefComplaintID, ChiefComplaint FROM Build_File_tbCoChiefComplaint
+WHERE ChiefComplaint LIKE '%' || :Criteria || '%' ORDER BY ChiefComplaint;

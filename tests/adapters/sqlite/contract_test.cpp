@@ -1,0 +1,178 @@
+// What every hospital's database answers, whichever provider serves it: connections, statements and errors alone.
+#include "adapters/sqlite/hospital.h"
+#include "adapters/sqlite/save_statements.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+using namespace opd;
+using namespace opd::tests;
+using Rows = std::vector<std::string>;
+
+namespace {
+
+struct Provided {
+    const char* name;
+    std::function<std::unique_ptr<Hospital>()> make;
+};
+
+void PrintTo(const Provided& provided, std::ostream* out) {
+    *out << provided.name;
+}
+
+class Contract : public testing::TestWithParam<Provided> {
+  protected:
+    std::unique_ptr<Hospital> hospital = GetParam().make();
+    std::unique_ptr<ado::Connection> connection = hospital->connect();
+
+    Rows rows(const std::string& statement) { return rowsOf(*connection, statement); }
+    std::string error(const std::string& statement) { return errorOf(*connection, statement); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Databases, Contract,
+                         testing::Values(Provided{"embedded", [] { return std::make_unique<EmbeddedHospital>(); }}),
+                         [](const auto& provided) { return std::string{provided.param.name}; });
+
+TEST_P(Contract, SearchesFindWhomTheyShould) {
+    const std::string juan = "00000001", isabel = "00000012", pedro = "00000003";
+    const auto byName = [&](const std::string& name, const std::string& sex, const std::string& birth) {
+        return "Patient_Data..sp_Adm_MasterPatientSearch '" + name + "','','','" + sex + "','','" + birth + "',0,0";
+    };
+    struct Case {
+        const char* what;
+        std::string statement;
+        std::vector<std::string> found;
+    };
+    const Case cases[] = {
+        {"the start of a name", byName("DELA", "M", "1980.03.07"), {juan}},
+        {"a compound name written otherwise", byName("de la cruz", "M", "1980.03.07"), {juan}},
+        {"a hyphen typed as a blank", byName("SANTOS CRUZ", "F", "1988.10.10"), {isabel}},
+        {"Ñ typed as N", byName("PENA", "M", "1990.06.12"), {pedro}},
+        {"Ñ in small letters", byName("peña", "M", ""), {pedro}},
+        {"last and first name", byName("SANTOS, MA", "F", ""), {"00000002"}},
+        {"last name with another first name", byName("SANTOS, ZENAIDA", "F", ""), {}},
+        {"namesakes born on one day", byName("REYES", "F", "1985.08.15"), {"00000004", "00000005"}},
+        {"another sex", byName("DELA CRUZ", "F", "1980.03.07"), {}},
+        {"another birth date", byName("DELA CRUZ", "M", "1980.03.08"), {}},
+        {"a name of signs alone", byName("-", "M", ""), {}},
+        {"an empty name", byName("", "M", ""), {}},
+        {"the second try, sex wrong",
+         "Patient_Data..sp_Adm_MasterPatientSubSearch 'DELA CRUZ','F','1980.03.07'",
+         {juan}},
+        {"the second try, no name", "Patient_Data..sp_Adm_MasterPatientSubSearch '','M','1980.03.07'", {}},
+        {"a card", "Patient_Data..proc_Bar_Search_Patient '00000001','5'", {juan}},
+        {"part of a card", "Patient_Data..proc_Bar_Search_Patient '0000000','5'", {}},
+        {"PHIC", "Patient_Data..sp_Adm_MasterPatientSearchNew '12-345678901-2','1'", {"00000009"}},
+        {"GSIS", "Patient_Data..sp_Adm_MasterPatientSearchNew '12345678901','2'", {"00000009"}},
+        {"SSS", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','3'", {"00000009"}},
+        {"an SSS number asked for as PHIC", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','1'", {}},
+        {"no number", "Patient_Data..sp_Adm_MasterPatientSearchNew '','1'", {}},
+    };
+    for (const Case& each : cases) {
+        std::vector<std::string> found;
+        ado::Recordset answer = connection->Execute(each.statement);
+        for (; !answer.EndOfFile(); answer.MoveNext()) {
+            ASSERT_EQ(answer.all().columns.size(), 7U) << each.what;
+            found.push_back(answer.all().rows[found.size()][3].asText()); // the grid reads this column by its place
+        }
+        EXPECT_EQ(found, each.found) << each.what;
+    }
+}
+
+TEST_P(Contract, ComparesTextInAnyLetterCaseAndBlindToBlanksAtTheEnd) {
+    const std::string select = "Select HospNum from patient_DATA..TBMASTER where ";
+    for (const char* condition :
+         {"LastName = 'PEÑA'", "lastname = 'peña'", "LASTNAME = 'Peña   '", "LastName like 'peñ%'",
+          "LastName like '%eñ_' and BirthDate = '06/12/1990'", "BirthDate = '1990.06.12' and HospNum <> '00000001'"})
+        EXPECT_EQ(rows(select + condition), Rows{"00000003"}) << condition;
+    for (const char* condition : {"LastName = 'PENA'", "LastName = ' PEÑA'", "LastName like 'eña%'",
+                                  "LastName = 'PEÑA' and MiddleName is null"})
+        EXPECT_EQ(rows(select + condition), Rows{}) << condition;
+}
+
+TEST_P(Contract, ReadsValuesByTheirKinds) {
+    ado::Recordset visit;
+    visit.Open("Select top 1 * from Patient_Data..tbOutPatient where HospNum = '00000002'", *connection);
+    ASSERT_EQ(visit.RecordCount(), 1);
+    EXPECT_EQ(visit.Fields("ADMDATE"), ado::Value(DateTime{2026, 6, 29, 9, 15, 0}));
+    EXPECT_TRUE(visit.Fields("BillingDate").isNull());
+    EXPECT_EQ(visit.Fields("iswalkin"), ado::Value(false));
+    EXPECT_THROW(visit.Fields("NoSuchColumn"), ado::Error);
+    for (const char* statement :
+         {"select GETDATE() AS Tdate", "Select GetDate() As TDate from patient_Data..tbHospitalInfo"})
+        EXPECT_EQ(connection->Execute(statement).Fields("tdate"), ado::Value(DateTime{2026, 7, 1, 10, 30, 15}))
+            << statement;
+    EXPECT_EQ(rows("Select BirthDate from Patient_Data..tbMaster where HospNum = '00000001'"), Rows{"03/07/1980"});
+    EXPECT_EQ(rows("patient_data..sp_AOPD_ComputeAge '03/07/1980'"), Rows{"46"});
+}
+
+TEST_P(Contract, TellsWhatIsWrongAsAServerDoes) {
+    const struct {
+        const char* statement;
+        const char* error;
+    } cases[] = {
+        {"Select * from Patient_Data..tbNothing", "42S02/208"},
+        {"Select * from Nowhere..tbMaster", "42S02/208"},
+        {"Select Nothing from Patient_Data..tbMaster", "42S22/207"},
+        {"Update Patient_Data..tbMaster set Nothing = 'x' where HospNum = '1'", "42S22/207"},
+        {"Patient_Data..sp_Nothing '1'", "42000/2812"},
+        {"Patient_Data..sp_aopd_LoadOutPatient '1','2'", "42000/8144"},
+        {"Patient_Data..sp_aopd_LoadOutPatient", "42000/201"},
+        {"Patient_Data..proc_Bar_Search_Patient '1'", "42000/201"},
+        {"Select HospNum from Patient_Data..tbMaster where BirthDate = '02/30/1980'", "22007/241"},
+        {"Patient_Data..sp_Adm_SaveDependents  1, 'CHILD', '13/13/2020' ", "22007/241"},
+        {"Update Patient_Data..tbOutPatient set ExpirationDate = 'soon' where IDNum = 'x'", "22007/241"},
+        {"Update Patient_Data..tbOutPatient set isChemo = 'perhaps' where IDNum = 'x'", "22018/245"},
+        {"Update Patient_Data..tbMaster set HospNum = '00000002' where HospNum = '00000001'", "23000/2627"},
+    };
+    for (const auto& [statement, expected] : cases)
+        EXPECT_EQ(error(statement), expected) << statement;
+}
+
+TEST_P(Contract, WritesOddCharactersAsTheyAreAndNothingElse) {
+    const Rows before = rows("Select HospNum, LastName from Patient_Data..tbMaster where HospNum <> '00000001'");
+    for (const std::string odd : {"`; Delete Patient_Data..tbMaster --", "a\"b", "/* c */ OR 1=1", "100%_[x]",
+                                  "??1 :a @b $c", "two\r\nlines", "\\", "ÑÄ€漢字🙂", " edge "}) {
+        connection->Execute("Update Patient_Data..tbMaster set HouseStreet = '" + odd + "' where HospNum = '00000001'");
+        EXPECT_EQ(rows("Select HouseStreet from Patient_Data..tbMaster where HouseStreet = '" + odd + "'"), Rows{odd});
+    }
+    EXPECT_EQ(rows("Select HospNum, LastName from Patient_Data..tbMaster where HospNum <> '00000001'"), before);
+    for (const char* broken :
+         {"O'HARA", "x''y", "x' or '1' = '1", "'; Delete Patient_Data..tbMaster where HospNum <> '"})
+        EXPECT_NE(
+            error(std::string{"Update Patient_Data..tbMaster set Title = '"} + broken + "' where HospNum = '00000001'"),
+            "")
+            << broken;
+    EXPECT_EQ(rows("Select HospNum, LastName from Patient_Data..tbMaster where HospNum <> '00000001'"), before);
+}
+
+TEST_P(Contract, KeepsACommittedRegistrationAndNothingOfOneRolledBack) {
+    const auto other = hospital->connect();
+    const auto masters = [&](const std::string& number) {
+        return rowsOf(*other, "Select HospNum from Patient_Data..tbMaster where HospNum = '" + number + "'").size();
+    };
+    const auto write = [&](const std::string& number, const std::string& visit) {
+        connection->Execute(callOf("sp_aopd_Update_TbMaster", masterValues(number, visit)));
+        connection->Execute(callOf("sp_aopd_Update_tbOutpatient", visitValues(number, visit)));
+    };
+    const std::string lost = newHospNum(*connection), kept = newHospNum(*connection);
+    {
+        ado::Transaction transaction(*connection);
+        write(lost, "2699999991B");
+        EXPECT_EQ(masters(lost), 0U) << "seen before it was committed";
+    }
+    EXPECT_EQ(masters(lost), 0U);
+    {
+        ado::Transaction transaction(*connection);
+        write(kept, "2699999992B");
+        EXPECT_NE(error("Patient_Data..sp_aopd_Update_tbOutpatient 'too few'"), "");
+        EXPECT_EQ(error(callOf("sp_aopd_Update_tbOutpatient", visitValues("no such patient", "2699999993B"))),
+                  "23000/547");
+        transaction.commit(); // a statement that failed leaves the transaction open, and no part of itself
+    }
+    EXPECT_EQ(masters(kept), 1U);
+    EXPECT_EQ(rowsOf(*other, "Select HospNum from Patient_Data..tbOutPatient where IDNum = '2699999993B'"), Rows{});
+    EXPECT_GT(newHospNum(*connection), kept) << "a number drawn stays used";
+}
+
+} // namespace

@@ -1,0 +1,122 @@
+#pragma once
+
+#include "adapters/sqlite/create_database.h"
+#include "adapters/sqlite/provider.h"
+#include "platform/ado/command.h"
+#include "platform/ado/error.h"
+#include "platform/ado/recordset.h"
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace opd::tests {
+
+/// A clock that stands still in the morning after the generated hospital's own day.
+class MorningClock final : public Clock {
+  public:
+    DateTime moment{2026, 7, 1, 10, 30, 15};
+    DateTime now() const override { return moment; }
+};
+
+/// A folder of its own that goes with its scope.
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "opd-test-XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr)
+            throw std::runtime_error("no temporary folder");
+        m_path = name;
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return m_path; }
+
+  private:
+    std::filesystem::path m_path;
+};
+
+/// A database that tests reach through connections alone. It holds the generator's fixed patients.
+class Hospital {
+  public:
+    virtual ~Hospital() = default;
+    virtual std::unique_ptr<ado::Connection> connect() = 0;
+};
+
+/// The embedded database in a temporary folder.
+class EmbeddedHospital final : public Hospital {
+  public:
+    explicit EmbeddedHospital(int patients = 12) {
+        adapters::sqlite::DatabaseOptions options;
+        options.patients = patients;
+        adapters::sqlite::createDatabase(folder(), options, {});
+        m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(m_clock));
+    }
+
+    std::filesystem::path folder() const { return m_folder.path() / "hospital"; }
+    std::filesystem::path file() const { return folder() / "hospital.db"; }
+
+    std::unique_ptr<ado::Connection> connect() override {
+        auto connection = std::make_unique<ado::Connection>(m_providers);
+        connection->Open("Initial Catalog=LABORATORY;Data Source=" + folder().string());
+        return connection;
+    }
+
+  private:
+    TemporaryFolder m_folder;
+    MorningClock m_clock;
+    ado::Providers m_providers;
+};
+
+/// The rows of a statement as texts, null as "-", columns parted by "|".
+inline std::vector<std::string> rowsOf(ado::Connection& connection, const std::string& statement) {
+    ado::Recordset recordset;
+    recordset.CursorLocation = ado::CursorLocation::Client;
+    recordset.Open(statement, connection, ado::CursorType::Dynamic, ado::LockType::ReadOnly);
+    std::vector<std::string> result;
+    for (const auto& row : recordset.all().rows) {
+        std::string line;
+        for (const ado::Value& value : row)
+            line += (line.empty() ? "" : "|") + (value.isNull() ? std::string{"-"} : value.asText());
+        result.push_back(line);
+    }
+    return result;
+}
+
+/// The error that a statement raises, as "SQLSTATE/number"; empty when it raises none.
+inline std::string errorOf(ado::Connection& connection, const std::string& statement) {
+    try {
+        connection.Execute(statement);
+    } catch (const ado::Error& error) {
+        return error.what() == std::string{} ? "no message" : error.sqlState() + "/" + std::to_string(error.number());
+    }
+    return {};
+}
+
+/// A number drawn through a command.
+inline std::string drawn(ado::Connection& connection, const std::string& procedure, const std::string& output,
+                         int size) {
+    ado::Command command(connection);
+    command.CommandText = procedure;
+    command.addOutput(output, size);
+    command.Execute();
+    return command.output(0).asText();
+}
+
+inline std::string newHospNum(ado::Connection& connection) {
+    return drawn(connection, "Patient_Data..sp_adm_GetNewHospNum", "@HospNum", 8);
+}
+
+inline std::string newOpdNumber(ado::Connection& connection) {
+    return drawn(connection, "Patient_Data..sp_aopd_GetNewOPDID", "@IdNum", 10);
+}
+
+} // namespace opd::tests

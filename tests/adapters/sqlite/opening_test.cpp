@@ -1,0 +1,99 @@
+// Every way in which a folder's database cannot be opened gives one clear message, and makes no file.
+#include "adapters/sqlite/hospital.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+using namespace opd;
+using namespace opd::tests;
+
+namespace {
+
+/// The message of opening a folder's database; empty when it opens.
+std::string messageOf(const std::filesystem::path& folder) {
+    const MorningClock clock;
+    ado::Providers providers;
+    providers.add("embedded", adapters::sqlite::makeSqliteProvider(clock));
+    ado::Connection connection(providers);
+    try {
+        connection.Open("Data Source=" + folder.string());
+        rowsOf(connection, "select * from Patient_Data..tbHospitalInfo");
+    } catch (const ado::Error& error) {
+        return error.what();
+    }
+    return {};
+}
+
+void runShell(const std::filesystem::path& file, const char* sql, sqlite3** keep = nullptr) {
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &handle), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+    if (keep != nullptr)
+        *keep = handle;
+    else
+        sqlite3_close(handle);
+}
+
+/// The message says what is wrong and which folder it is about.
+void expectMessage(const std::filesystem::path& folder, const std::string& part) {
+    const std::string message = messageOf(folder);
+    EXPECT_NE(message.find(part), std::string::npos) << "\"" << message << "\" lacks: " << part;
+    EXPECT_NE(message.find(folder.string()), std::string::npos) << "\"" << message << "\" names no folder";
+}
+
+TEST(Opening, SaysWhatIsMissingAndMakesNothing) {
+    const TemporaryFolder folder;
+    expectMessage(folder.path() / "nowhere", "does not exist");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "nowhere"));
+    expectMessage(folder.path(), "no hospital database");
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+    std::filesystem::create_directory(folder.path() / "hospital.db");
+    expectMessage(folder.path(), "cannot be opened");
+}
+
+TEST(Opening, RefusesWhatIsNoDatabaseOfThisProgram) {
+    const TemporaryFolder folder;
+    std::ofstream(folder.path() / "hospital.db") << std::string(5000, 'x');
+    expectMessage(folder.path(), "damaged or is no database");
+    std::filesystem::remove(folder.path() / "hospital.db");
+    std::ofstream(folder.path() / "hospital.db").flush();
+    expectMessage(folder.path(), "not a hospital database"); // an empty file
+    runShell(folder.path() / "hospital.db", "CREATE TABLE notes (text); PRAGMA user_version = 1");
+    expectMessage(folder.path(), "not a hospital database");
+}
+
+TEST(Opening, RefusesAnotherVersion) {
+    const EmbeddedHospital hospital;
+    EXPECT_EQ(messageOf(hospital.folder()), "");
+    runShell(hospital.file(), "PRAGMA user_version = 99");
+    expectMessage(hospital.folder(), "another version");
+}
+
+TEST(Opening, SaysThatAnotherProgramHoldsTheFile) {
+    const EmbeddedHospital hospital;
+    sqlite3* other = nullptr;
+    runShell(hospital.file(), "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", &other);
+    expectMessage(hospital.folder(), "in use by another program");
+    sqlite3_close(other);
+    EXPECT_EQ(messageOf(hospital.folder()), "");
+}
+
+TEST(Opening, RefusesAFileThatTheUserMayNotRead) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "the superuser may read everything";
+    const EmbeddedHospital hospital;
+    std::filesystem::permissions(hospital.file(), std::filesystem::perms::none);
+    expectMessage(hospital.folder(), "cannot be opened");
+}
+
+TEST(Opening, ShellWithoutTheCollationCanChangeTheSettingsRow) {
+    EmbeddedHospital hospital;
+    runShell(hospital.file(), "UPDATE Patient_Data_tbHospitalInfo SET isAllowCreateNewIDnum = 1, ClientName = 'RVT'");
+    EXPECT_EQ(rowsOf(*hospital.connect(),
+                     "Select isnull(isAllowCreateNewIDnum,0)isAllowCreateNewIDnum, ClientName from "
+                     "Patient_Data..tbHospitalInfo"),
+              std::vector<std::string>{"1|RVT"});
+}
+
+} // namespace

@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Plays an operator script on one desktop against a demonstration hospital of its own:
+#   play.sh DESK SCRIPT DESKTOP [SQL]      SQL switches the hospital's settings
+set -euo pipefail
+desk="$1" script="$2" desktop="$3" settings="${4:-}"
+folder="$(mktemp -d)"
+trap 'rm -rf "$folder"' EXIT
+export OPD_CLASS_REGISTRY="$folder/classes.ini" XDG_RUNTIME_DIR="$folder" QT_QPA_PLATFORM=offscreen
+cd "$folder"
+"$desk" create-database hospital --patients 200
+if [[ -n "$settings" ]]; then
+    sqlite3 hospital/hospital.db "update Patient_Data_tbHospitalInfo set $settings"
+fi
+"$desk" run --database hospital --user CLERK --desktop "$desktop" --script "$script"

@@ -103,7 +103,8 @@ class Window : public Container {
     /// The clerk moves the focus to a control. False when the move was refused.
     bool requestFocus(Control& target);
 
-    /// New content of a field, after every filter.
+    /// New content of a field, after every filter. Content that arrives while a handler of this window runs is taken as
+    /// a part of that event: the view shows it already.
     void edited(TextBox& box, const std::string& text);
     void edited(MaskedBox& box, const std::string& text);
     void edited(DatePicker& picker, const DateTime& value);

@@ -25,7 +25,7 @@ std::filesystem::path registryFile() {
 void throwUnlessSucceeded(HResult result, const std::string& programId, const char* step) {
     if (succeeded(result))
         return;
-    const std::string reason = lastErrorText();
+    const std::string& reason = lastErrorText();
     throw Error(result, "The component \"" + programId + "\" " + step + (reason.empty() ? "." : ": " + reason));
 }
 

@@ -66,10 +66,10 @@ void showAccount(Fields& fields, const ado::Recordset& visit) {
 
 /// Looks the object of each slot up and shows its code and name: slot n in boxes 2n and 2n + 1.
 template <class Object>
-void showPairs(FormContext& form, std::array<CodedSlot<Object>, 5>& slots, int firstSlot, int count,
+void showPairs(FormContext& form, std::array<CodedSlot<Object>, 5>& slots, std::size_t firstSlot, int count,
                const ui::ControlArray<ui::TextBox>& boxes) {
     for (int n = 0; n < count; ++n) {
-        Object& object = slots.at(static_cast<std::size_t>(firstSlot + n)).get(form.session);
+        Object& object = slots.at(firstSlot + static_cast<std::size_t>(n)).get(form.session);
         boxes(2 * n).setText(object.Code());
         boxes(2 * n + 1).setText(object.Code().empty() ? std::string{} : object.name());
     }

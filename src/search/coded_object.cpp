@@ -34,16 +34,12 @@ Statement clsService::lookup(const std::string& code) const {
     return Statement("Patient_Data..sp_Adm_LoadService '").value(code).text("'");
 }
 
-void clsService::take(const ado::Recordset& row) {
-    m_name = data::textOf(row, "Service");
+void NamedObject::take(const ado::Recordset& row) {
+    m_name = data::textOf(row, nameColumn());
 }
 
 Statement clsAllergy::lookup(const std::string& code) const {
     return Statement("Patient_Data..sp_Adm_LoadAllergy '").value(code).text("'");
-}
-
-void clsAllergy::take(const ado::Recordset& row) {
-    m_name = data::textOf(row, "Allergy");
 }
 
 Statement clsDoctor::lookup(const std::string& code) const {

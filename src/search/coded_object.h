@@ -36,32 +36,41 @@ class CodedObject {
     std::string m_code;
 };
 
-class clsService final : public CodedObject {
+/// An object whose reference file has one name for a code.
+class NamedObject : public CodedObject {
   public:
     using CodedObject::CodedObject;
-    const std::string& ServiceName() const { return m_name; }
     std::string name() const override { return m_name; }
 
+  protected:
+    /// The column that holds the name.
+    virtual const char* nameColumn() const = 0;
+
   private:
-    data::Statement lookup(const std::string& code) const override;
     void take(const ado::Recordset& row) override;
     void reset() override { m_name.clear(); }
 
     std::string m_name;
 };
 
-class clsAllergy final : public CodedObject {
+class clsService final : public NamedObject {
   public:
-    using CodedObject::CodedObject;
-    const std::string& AllergyName() const { return m_name; }
-    std::string name() const override { return m_name; }
+    using NamedObject::NamedObject;
+    std::string ServiceName() const { return name(); }
 
   private:
     data::Statement lookup(const std::string& code) const override;
-    void take(const ado::Recordset& row) override;
-    void reset() override { m_name.clear(); }
+    const char* nameColumn() const override { return "Service"; }
+};
 
-    std::string m_name;
+class clsAllergy final : public NamedObject {
+  public:
+    using NamedObject::NamedObject;
+    std::string AllergyName() const { return name(); }
+
+  private:
+    data::Statement lookup(const std::string& code) const override;
+    const char* nameColumn() const override { return "Allergy"; }
 };
 
 class clsDoctor final : public CodedObject {

@@ -221,14 +221,12 @@ class Timer final : public Control {
 };
 
 /// The controls that share a name and differ in their index, which need not be consecutive.
-template <class T>
-class ControlArray {
+template <class T> class ControlArray {
   public:
     explicit ControlArray(std::string name) : m_name(std::move(name)) {}
 
     /// Makes the control `name(index)` with the rest of its constructor's arguments.
-    template <class... Arguments>
-    T& add(Container& container, int index, Arguments&&... arguments) {
+    template <class... Arguments> T& add(Container& container, int index, Arguments&&... arguments) {
         auto control = std::make_unique<T>(container, m_name + "(" + std::to_string(index) + ")",
                                            std::forward<Arguments>(arguments)...);
         return *(m_controls[index] = std::move(control));
@@ -238,8 +236,7 @@ class ControlArray {
     T& operator()(int index) const { return *m_controls.at(index); }
 
     /// Calls `visit(index, control)` for each control in the order of the indexes.
-    template <class Visit>
-    void forEach(Visit&& visit) const {
+    template <class Visit> void forEach(Visit&& visit) const {
         for (const auto& [index, control] : m_controls)
             visit(index, *control);
     }

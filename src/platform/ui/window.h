@@ -27,21 +27,22 @@ class WindowView {
 /// The model of a window: its controls, who has the focus, and the rules by which keys and the focus move. Every
 /// desktop forwards the clerk's input to the members under "The clerk's input", so all desktops behave alike.
 ///
-/// The rules: before the focus leaves a control by the clerk's doing, the control's validation is asked and may keep it;
-/// a target that causes no validation (Cancel, Close) is reached without. A move by program asks nobody. A window that
-/// previews keys sees every typed character before the control that has the focus. A failure in a handler goes to
+/// The rules: before the focus leaves a control by the clerk's doing, the control's validation is asked and may keep
+/// it; a target that causes no validation (Cancel, Close) is reached without. A move by program asks nobody. A window
+/// that previews keys sees every typed character before the control that has the focus. A failure in a handler goes to
 /// `onFailure` and ends that event; a validation that fails keeps the focus.
 class Window : public Container {
   public:
-    Window(std::string name, std::string caption) : Container(Kind::Window, nullptr, std::move(name), std::move(caption)) {}
+    Window(std::string name, std::string caption)
+        : Container(Kind::Window, nullptr, std::move(name), std::move(caption)) {}
 
     std::function<void()> onLoad;
     std::function<void()> onUnload;
-    std::function<void(KeyPress&)> onKeyPress;           ///< previews every character while `keyPreview` is set
-    std::function<void()> onCloseRequest;                ///< the clerk closes the frame; unloads when there is none
+    std::function<void(KeyPress&)> onKeyPress;            ///< previews every character while `keyPreview` is set
+    std::function<void()> onCloseRequest;                 ///< the clerk closes the frame; unloads when there is none
     std::function<void(const std::exception&)> onFailure; ///< a handler let a failure through
     bool keyPreview = true;
-    Button* cancelButton = nullptr; ///< Esc presses it
+    Button* cancelButton = nullptr;  ///< Esc presses it
     Button* defaultButton = nullptr; ///< Enter presses it outside other buttons
 
     // Life
@@ -123,8 +124,7 @@ class Window : public Container {
     void leaveUnusable();
 
   private:
-    template <class Handler>
-    bool handle(Handler&& handler);
+    bool handle(const std::function<void()>& handler);
     void passKey(KeyPress& press);
     void showEmptyPage(Tabs& tabs, int index);
     bool mayLeaveFor(const Control& target);

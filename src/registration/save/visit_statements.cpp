@@ -48,15 +48,11 @@ void append(Values& values, const Values& more) {
     values.insert(values.end(), more.begin(), more.end());
 }
 
-Values rvtVisit(const FormContext& form) {
+/// The run of arguments from the card number to the approval number that every client's list has somewhere.
+Values cardToApproval(const FormContext& form) {
     const PersonalTab& personal = form.fields.personal;
     const ConsultationTab& consultation = form.fields.consultation;
-    return {consultation.txtCauseofConsultationID1.text(),
-            consultation.txtCauseofConsultationID2.text(),
-            consultation.txtCauseofConsultationID3.text(),
-            consultation.txtPR.text(),
-            text::trimmed(personal.cmbPaycodeID.text()),
-            personal.txtCardNum.text(),
+    return {personal.txtCardNum.text(),
             form.record.PatientTypeCode,
             purposeCode(form.fields),
             personal.txtARemarks.text(),
@@ -68,23 +64,20 @@ Values rvtVisit(const FormContext& form) {
             form.fields.additional.txtApprovalNo.text()};
 }
 
-Values standardVisit(const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
+Values rvtVisit(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
-    return {form.fields.history.complaint.text(),
-            consultation.txtPR.text(),
-            personal.txtCardNum.text(),
-            form.record.PatientTypeCode,
-            purposeCode(form.fields),
-            personal.txtARemarks.text(),
-            trimmedText(consultation.txtHeight),
-            perUnitCode(form.fields),
-            "",
-            seniorCode(form.fields),
-            consultation.txtRespRate.text(),
-            form.fields.additional.txtApprovalNo.text(),
-            form.record.CorvanePatientCode,
-            form.record.HemoCode};
+    Values values{consultation.txtCauseofConsultationID1.text(), consultation.txtCauseofConsultationID2.text(),
+                  consultation.txtCauseofConsultationID3.text(), consultation.txtPR.text(),
+                  text::trimmed(form.fields.personal.cmbPaycodeID.text())};
+    append(values, cardToApproval(form));
+    return values;
+}
+
+Values standardVisit(const FormContext& form) {
+    Values values{form.fields.history.complaint.text(), form.fields.consultation.txtPR.text()};
+    append(values, cardToApproval(form));
+    append(values, {form.record.CorvanePatientCode, form.record.HemoCode});
+    return values;
 }
 
 /// An update of one column of the visit.

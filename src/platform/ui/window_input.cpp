@@ -1,0 +1,125 @@
+#include "platform/ui/window.h"
+
+#include "platform/text/text.h"
+
+#include <algorithm>
+
+namespace opd::ui {
+
+namespace {
+
+bool canPress(const Button* button) {
+    return button != nullptr && button->isShown() && button->isUsable();
+}
+
+} // namespace
+
+char32_t Window::pressKey(char32_t code) {
+    if (m_handling)
+        return 0;
+    KeyPress press{code};
+    const int life = m_life;
+    const bool succeeded = handle([&] { passKey(press); });
+    return succeeded && life == m_life ? press.code : 0;
+}
+
+void Window::passKey(KeyPress& press) {
+    Control* const target = m_focus;
+    const int life = m_life;
+    // A handler may close the window or take the control away; the character then ends there.
+    const auto isGone = [&] { return life != m_life || !target->canTakeFocus(); };
+    if (press.code == key::escape && canPress(cancelButton)) {
+        press.drop();
+        cancelButton->clicked();
+        return;
+    }
+    if (keyPreview && onKeyPress)
+        onKeyPress(press);
+    if (target == nullptr || press.code == 0)
+        return;
+    if (!isGone() && target->onKeyPress)
+        target->onKeyPress(press);
+    if (isGone())
+        press.drop();
+    if (press.code == 0)
+        return;
+    if (target->handleKey(press.code))
+        press.drop();
+    else if (press.code == key::enter && canPress(defaultButton) && target->kind() != Kind::Grid)
+        defaultButton->clicked();
+}
+
+bool Window::pressAccessKey(char32_t character) {
+    if (m_handling || character == 0)
+        return false;
+    std::vector<Control*> everything;
+    collect(everything);
+    const char32_t wanted = text::upper(character);
+    for (Control* control : everything) {
+        if (!control->isShown() || !control->canTakeFocus() || accessKeyOf(control->caption()) != wanted)
+            continue;
+        const Kind kind = control->kind();
+        if (kind == Kind::Button || kind == Kind::CheckBox || kind == Kind::OptionButton)
+            click(*control);
+        else
+            requestFocus(*control);
+        return true;
+    }
+    return false;
+}
+
+bool Window::pressArrow(bool backward) {
+    if (m_handling || m_focus == nullptr || m_focus->kind() != Kind::OptionButton)
+        return false;
+    std::vector<OptionButton*> group = static_cast<OptionButton*>(m_focus)->group();
+    if (backward)
+        std::reverse(group.begin(), group.end());
+    const auto here = std::find(group.begin(), group.end(), m_focus);
+    std::rotate(group.begin(), here, group.end());
+    const auto next =
+        std::find_if(group.begin() + 1, group.end(), [](const auto* option) { return option->canTakeFocus(); });
+    if (next != group.end())
+        click(**next);
+    return true;
+}
+
+bool Window::click(Control& control) {
+    if (m_handling || !control.isShown() || !control.isUsable())
+        return false;
+    if (control.canTakeFocus() && !requestFocus(control))
+        return false;
+    return handle([&] { control.clicked(); });
+}
+
+void Window::doubleClick(Grid& grid) {
+    if (m_handling || !grid.isShown() || !grid.isUsable())
+        return;
+    if (grid.canTakeFocus() && !requestFocus(grid))
+        return;
+    handle([&] {
+        if (grid.onDoubleClick)
+            grid.onDoubleClick();
+    });
+}
+
+void Window::edited(TextBox& box, const std::string& text) {
+    handle([&] { box.setText(text); });
+}
+
+void Window::edited(MaskedBox& box, const std::string& text) {
+    handle([&] { box.setText(text); });
+}
+
+void Window::edited(DatePicker& picker, const DateTime& value) {
+    handle([&] { picker.setValue(value); });
+}
+
+void Window::picked(ComboBox& box, int index) {
+    handle([&] { box.picked(index); });
+}
+
+void Window::pickedRow(Grid& grid, int row) {
+    handle([&] { grid.setCurrentRow(row); });
+}
+
+} // namespace opd::ui

@@ -6,6 +6,7 @@ Usage: house.py ROOT. Prints one line per fault and exits with 1 when there is a
 
 import os
 import re
+import shutil
 import subprocess
 import sys
 from pathlib import Path
@@ -21,8 +22,8 @@ NOT_OURS = {"build"}
 
 def committed(root):
     """The files under version control, or all but the built ones where the tree came without its history."""
-    listing = subprocess.run(["git", "-C", root, "ls-files", "-z"], capture_output=True, check=False) if (
-        root / ".git").exists() else None
+    tracked = (root / ".git").exists() and shutil.which("git") is not None
+    listing = subprocess.run(["git", "-C", root, "ls-files", "-z"], capture_output=True, check=False) if tracked else None
     if listing is not None and listing.returncode == 0:
         return [root / name for name in listing.stdout.decode().split("\0") if name]
     found = []

@@ -71,7 +71,7 @@ struct Played {
 };
 
 std::filesystem::path scriptFile(const std::string& text) {
-    const std::filesystem::path file =
+    std::filesystem::path file =
         std::filesystem::temp_directory_path() / ("script-" + std::to_string(getpid()) + ".opd");
     std::ofstream(file) << text;
     return file;

@@ -45,6 +45,9 @@ void giveFamily(Random& random, Person& person) {
         person.spouse = std::string{random.pick(person.male ? femaleNames : maleNames)} + " " + person.lastName;
         person.contact = person.spouse;
         person.contactRelation = person.male ? "WIFE" : "HUSBAND";
+    } else if (yearsOld(person) > 50) {
+        person.contact = std::string{random.pick(femaleNames)} + " " + person.lastName;
+        person.contactRelation = "DAUGHTER";
     } else {
         person.contact = person.mother;
         person.contactRelation = "MOTHER";
@@ -53,10 +56,13 @@ void giveFamily(Random& random, Person& person) {
 
 void giveWork(Random& random, Person& person) {
     const int age = yearsOld(person);
-    person.occupation = age < 5 ? "" : age < 20 ? "STUDENT" : std::string{random.pick(occupations)};
+    person.occupation = age < 5    ? ""
+                        : age < 20 ? "STUDENT"
+                        : age > 65 ? "RETIRED"
+                                   : std::string{random.pick(occupations)};
     if (age < 20)
         return;
-    if (random.chance(40))
+    if (age <= 65 && random.chance(40))
         person.employer = random.chance(50) ? "TANGLAW FOODS" : "BUKID TEXTILE MILLS";
     if (random.chance(60))
         person.philHealth = digits(random, 2) + "-" + digits(random, 9) + "-" + digits(random, 1);

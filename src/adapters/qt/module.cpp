@@ -45,28 +45,37 @@ std::unique_ptr<QApplication> OwnDesktop::makeApplication() {
     return application;
 }
 
-/// True when the X server that DISPLAY names answers.
-bool displayAnswers() {
-    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-    const bool answers = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return answers;
-}
+/// Asks whether there is a screen: without one the toolkit would end the whole process instead of failing.
+class ScreenProbe {
+  public:
+    ScreenProbe() : m_connection(needsDisplay() ? xcb_connect(nullptr, nullptr) : nullptr) {}
+    ~ScreenProbe() {
+        if (m_connection != nullptr)
+            xcb_disconnect(m_connection);
+    }
+    ScreenProbe(const ScreenProbe&) = delete;
+    ScreenProbe& operator=(const ScreenProbe&) = delete;
 
-// Without a screen the toolkit would end the whole process instead of failing.
-bool hasScreen() {
-    if (QCoreApplication::instance() != nullptr || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        return true;
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    if (!platform.isEmpty() && platform != "xcb")
-        return true;
-    return !qEnvironmentVariableIsEmpty("DISPLAY") && displayAnswers();
-}
+    bool found() const { return m_connection == nullptr || xcb_connection_has_error(m_connection) == 0; }
+
+  private:
+    /// True when the toolkit will ask for an X display.
+    static bool needsDisplay() {
+        if (QCoreApplication::instance() != nullptr || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+            return false;
+        const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+        return platform.isEmpty() || platform == "xcb";
+    }
+
+    xcb_connection_t* m_connection;
+};
 
 } // namespace
 
 extern "C" opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player) {
-    if (!hasScreen())
+    // Open until the toolkit is connected too: some X servers start over when their only client leaves.
+    const ScreenProbe probe;
+    if (!probe.found())
         return nullptr;
     return std::make_unique<OwnDesktop>(player).release();
 }

@@ -187,7 +187,7 @@ void frmMasterSearch::openChosen() {
 void frmMasterSearch::openNew(bool matchesShown) {
     const std::string lastName = m_fields.lastName.text();
     m_closedByOperator = false;
-    if (m_opener.openNew(lastName, matchesShown) && !m_session.globals.gDuplicateLastName.empty())
+    if (m_opener.Proc_AdmitNewRecord(lastName, matchesShown) && !m_session.globals.gDuplicateLastName.empty())
         showDuplicate();
 }
 

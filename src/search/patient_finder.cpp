@@ -37,7 +37,7 @@ void PatientFinder::showEmptyGrid() {
     m_fields.gridPatientList.show(std::move(columns), {});
 }
 
-std::string PatientFinder::sex() const {
+std::string PatientFinder::Sex() const {
     if (m_fields.male.selected())
         return "M";
     return m_fields.female.selected() ? "F" : "";
@@ -74,7 +74,7 @@ bool PatientFinder::acceptNameCriteria(ui::Window& window) {
     };
     if (text::isBlank(m_fields.lastName.text()))
         return missing("Please fill up the LastName!", m_fields.lastName);
-    if (sex().empty())
+    if (Sex().empty())
         return missing("Please fill up the Gender!", m_fields.male);
     if (!m_fields.txtBirthDate.isBlank())
         return acceptBirthDate(window);
@@ -95,7 +95,7 @@ PatientFinder::Outcome PatientFinder::search(ui::Window& window) {
     const ado::Recordset patients = run();
     // A provider that cannot count has rows, as far as anybody knows.
     if (patients.RecordCount() == 0)
-        return searchFurther(window);
+        return Proc_PatientSubSearch(window);
     show(patients.all());
     return Outcome::Found;
 }
@@ -109,14 +109,13 @@ ado::Recordset PatientFinder::run() const {
         return data::execute(m_session, memberSearch(m_fields.txtGSISNum.text(), MemberNumber::Gsis));
     if (!m_fields.txtSSSNum.text().empty())
         return data::execute(m_session, memberSearch(m_fields.txtSSSNum.text(), MemberNumber::Sss));
-    return data::execute(m_session, nameSearch(m_fields.lastName.text(), sex(), dottedBirthDate()));
+    return data::execute(m_session, nameSearch(m_fields.lastName.text(), Sex(), BirthDate()));
 }
 
-PatientFinder::Outcome PatientFinder::searchFurther(ui::Window& window) {
+PatientFinder::Outcome PatientFinder::Proc_PatientSubSearch(ui::Window& window) {
     if (!acceptBirthDate(window))
         return Outcome::Refused;
-    const ado::Recordset patients =
-        data::execute(m_session, subSearch(m_fields.lastName.text(), sex(), dottedBirthDate()));
+    const ado::Recordset patients = data::execute(m_session, subSearch(m_fields.lastName.text(), Sex(), BirthDate()));
     show(patients.all());
     return patients.RecordCount() == 0 ? Outcome::NothingFound : Outcome::Found;
 }
@@ -130,7 +129,7 @@ void PatientFinder::show(const ado::ResultSet& patients) {
     m_fields.gridPatientList.show(resultColumns(), std::move(rows));
 }
 
-std::string PatientFinder::dottedBirthDate() const {
+std::string PatientFinder::BirthDate() const {
     const std::optional<DateTime> birthDate = parseDate(m_fields.txtBirthDate.text());
     return birthDate ? dottedDateText(*birthDate) : std::string{};
 }

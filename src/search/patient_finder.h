@@ -26,14 +26,14 @@ class PatientFinder {
     void showEmptyGrid();
 
     /// "M", "F" or empty, by the chosen option.
-    std::string sex() const;
+    std::string Sex() const;
 
   private:
     bool acceptNameCriteria(ui::Window& window);
-    Outcome searchFurther(ui::Window& window);
+    Outcome Proc_PatientSubSearch(ui::Window& window);
     ado::Recordset run() const;
     void show(const ado::ResultSet& patients);
-    std::string dottedBirthDate() const;
+    std::string BirthDate() const;
 
     Session& m_session;
     MasterSearchFields& m_fields;

@@ -92,7 +92,7 @@ void PatientOpener::openVisit(const std::string& opdNumber) {
     m_registration.showModal();
 }
 
-bool PatientOpener::openNew(const std::string& lastName, bool matchesShown) {
+bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, bool matchesShown) {
     const ui::Message question{
         .text = "There is at least one record that matches your search criteria.\r\nYou can choose to use that "
                 "registration by double-click on the person's name on the list.\r\nAre you sure you want to create a "

@@ -24,7 +24,7 @@ class PatientOpener {
 
     /// Opens the form for a patient not yet on file and returns when it is closed. The clerk confirms first when
     /// `matchesShown`. False when the clerk declined. Throws ado::Error.
-    bool openNew(const std::string& lastName, bool matchesShown);
+    bool Proc_AdmitNewRecord(const std::string& lastName, bool matchesShown);
 
   private:
     enum class Showing { Modal, Modeless };

@@ -101,6 +101,7 @@ class Control {
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
     std::function<void(KeyPress&)> onKeyPress;
+    std::function<void()> onArrowDown; ///< the Down arrow, where the control itself has no use for it
     std::function<void(bool& refuse)> onValidate; ///< asked before the focus leaves; `refuse` keeps it here
 
   protected:

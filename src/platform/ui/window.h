@@ -89,6 +89,9 @@ class Window : public Container {
     /// An arrow key in a group of options: selects the next one, or the one before. False elsewhere.
     bool pressArrow(bool backward);
 
+    /// The Down arrow on a control that raises `onArrowDown`. False elsewhere.
+    bool pressArrowDown();
+
     /// Shows the next or previous usable page, as Ctrl+Tab does, and moves the focus to its first field.
     void turnPage(bool backward);
 

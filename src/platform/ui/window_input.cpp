@@ -83,6 +83,13 @@ bool Window::pressArrow(bool backward) {
     return true;
 }
 
+bool Window::pressArrowDown() {
+    if (m_handling || m_focus == nullptr || !m_focus->onArrowDown)
+        return false;
+    handle([&] { m_focus->onArrowDown(); });
+    return true;
+}
+
 bool Window::click(Control& control) {
     if (m_handling || !control.isShown() || !control.isUsable())
         return false;

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "search/search_new.h"
+#include "session/session.h"
+
+#include <string>
+
+namespace opd::search {
+
+/// Resolves a typed code to exactly one row of a reference file; a code that matches none or several leads to the code
+/// search dialog. A failed search leaves the values of the last successful one. Each search throws ado::Error.
+class clsSearch {
+  public:
+    explicit clsSearch(Session& session) : m_session(session), m_dialog(session) {}
+
+    bool SearchBarangay(const std::string& code);
+    bool SearchDoctor(const std::string& criteria, const std::string& serviceCode);
+    bool SearchAdmittingType(const std::string& code);
+
+    /// The one doctor that is on duty for a service; never shows a window.
+    bool SearchAutoDoctor(const std::string& criteria, const std::string& serviceCode);
+
+    const std::string& Code() const { return m_code; }
+    const std::string& Description() const { return m_description; }
+
+    frmSearchNew& dialog() { return m_dialog; }
+
+  private:
+    bool takeOnly(const ado::Recordset& rows);
+    bool choose(const std::string& caption, const std::string& criteria, const std::string& query);
+
+    Session& m_session;
+    frmSearchNew m_dialog;
+    std::string m_code;
+    std::string m_description;
+};
+
+} // namespace opd::search

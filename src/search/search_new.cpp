@@ -1,0 +1,38 @@
+#include "search/search_new.h"
+
+#include "platform/ado/error.h"
+#include "platform/text/text.h"
+
+namespace opd::search {
+
+frmSearchNew::frmSearchNew(Session& session) : SearchDialog(session, "frmSearchNew", 1) {
+    window().onKeyPress = [this](ui::KeyPress& press) {
+        const ui::Control* const focus = window().focus();
+        if (focus == nullptr || (focus->kind() != ui::Kind::TextBox && focus->kind() != ui::Kind::Button))
+            return;
+        if (press.code == ui::key::enter)
+            window().sendTab();
+        else if (press.code == U'\'')
+            press.drop();
+        else
+            press.code = text::upper(press.code);
+    };
+}
+
+void frmSearchNew::load() {
+    if (Criteria.find('\'') != std::string::npos)
+        throw ado::Error("\"" + Criteria + "\" holds an apostrophe ('), which cannot be searched for.");
+    fields().txtSearchStr.setText("");
+    ado::Recordset rows;
+    rows.Open(text::replaced(Query, "##", Criteria), session().connection());
+    show(rows, {200, 4150, 2000});
+    setHeadings(SearchCaption);
+    fields().lblHospital.setCaption(session().globals.gCompanyName);
+}
+
+void frmSearchNew::take(const ui::Grid& grid, int row) {
+    m_description = grid.cell(row, 1);
+    m_code = grid.cell(row, 2);
+}
+
+} // namespace opd::search

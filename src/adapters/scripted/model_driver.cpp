@@ -31,6 +31,8 @@ void ModelDriver::pressNamed(ui::Window& window, const std::string& name, bool s
         pressCharacter(window, ui::key::backspace);
     else if (name == "Space")
         pressCharacter(window, ui::key::space);
+    else if (name == "F4")
+        window.pressLookup();
     else if (name == "Down" || name == "Right" || name == "Up" || name == "Left")
         pressArrow(window, name == "Up" || name == "Left");
 }

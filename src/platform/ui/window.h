@@ -89,6 +89,10 @@ class Window : public Container {
     /// An arrow key in a group of options: selects the next one, or the one before. False elsewhere.
     bool pressArrow(bool backward);
 
+    /// F4: clicks the lookup button of the text box that has the focus, the button "..." that comes next in its
+    /// container. False when there is none that is shown and usable.
+    bool pressLookup();
+
     /// Shows the next or previous usable page, as Ctrl+Tab does, and moves the focus to its first field.
     void turnPage(bool backward);
 

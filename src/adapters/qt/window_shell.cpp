@@ -22,6 +22,9 @@ WindowShell::WindowShell(ui::Window& window) : m_window(window) {
         if (view->widget() != nullptr)
             m_byWidget[view->widget()] = view.get();
     }
+    for (QLabel* label : findChildren<QLabel*>())
+        if (label->property("decoration") == QStringLiteral("statusLine"))
+            m_statusLine = label;
     dress(*this);
     showAll();
 }
@@ -31,9 +34,9 @@ WindowShell::~WindowShell() = default;
 void WindowShell::showAll() {
     setWindowTitle(toQt(m_window.caption()));
     for (const auto& view : m_views)
-        for (const ui::Aspect aspect :
-             {ui::Aspect::Caption, ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Checked, ui::Aspect::Table,
-              ui::Aspect::CurrentPage, ui::Aspect::Enabled, ui::Aspect::Visible, ui::Aspect::Running})
+        for (const ui::Aspect aspect : {ui::Aspect::Caption, ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Checked,
+                                        ui::Aspect::Table, ui::Aspect::CurrentPage, ui::Aspect::Enabled,
+                                        ui::Aspect::Visible, ui::Aspect::Running, ui::Aspect::Refusal})
             view->show(aspect);
 }
 
@@ -77,6 +80,14 @@ void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
         view->show(aspect);
     if (aspect == ui::Aspect::CurrentPage)
         followPage();
+    else if (aspect == ui::Aspect::Refusal)
+        showStatus();
+}
+
+void WindowShell::showStatus() {
+    const ui::Control* focus = m_window.focus();
+    if (m_statusLine != nullptr)
+        m_statusLine->setText(focus == nullptr ? QString() : toQt(focus->refusal()));
 }
 
 // Turning a page makes Qt look for a new focus; the model has the say.
@@ -89,6 +100,7 @@ void WindowShell::followPage() {
 }
 
 void WindowShell::focusMoved(ui::Control* control) {
+    showStatus();
     ControlView* view = control == nullptr ? nullptr : viewOf(*control);
     if (view == nullptr) {
         setFocus(Qt::OtherFocusReason);

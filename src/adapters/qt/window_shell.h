@@ -51,11 +51,13 @@ class WindowShell final : public QWidget, public ui::WindowView {
     void showAll();
     void fitScreen();
     void followPage();
+    void showStatus();
 
     ui::Window& m_window;
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::unordered_map<const ui::Control*, ControlView*> m_byControl;
     std::unordered_map<const QWidget*, ControlView*> m_byWidget;
+    QLabel* m_statusLine = nullptr; ///< says why the field that has the focus is refused; not every form has one
     bool m_open = true;
 };
 

@@ -4,6 +4,7 @@
 #include "adapters/qt/container_views.h"
 #include "adapters/qt/field_views.h"
 #include "adapters/qt/grid_view.h"
+#include "adapters/qt/picture_view.h"
 #include "adapters/qt/qt_text.h"
 
 #include <QCheckBox>
@@ -94,6 +95,7 @@ std::unique_ptr<ControlView> makeView(ui::Control& control, QWidget* widget, QLa
     case ui::Kind::Frame:
         return std::make_unique<FrameView>(control, widget);
     case ui::Kind::Picture:
+        return std::make_unique<PictureView>(static_cast<ui::Picture&>(control), widget);
     case ui::Kind::Window:
         break;
     }

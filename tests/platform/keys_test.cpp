@@ -147,6 +147,42 @@ TEST(Keys, ArrowsMoveThroughAGroupOfOptionsAndRoundItsEnds) {
     EXPECT_EQ(form.focus(), "female");
 }
 
+TEST(Keys, F4ClicksTheLookupButtonRightBehindTheTextBox) {
+    Window window{"w", "W"};
+    Frame frame{window, "frame", "Doctors"};
+    TextBox code{frame, "code"};
+    Button lookup{frame, "lookup", "..."};
+    TextBox name{frame, "name"};
+    Button save{frame, "save", "Save"};
+    ComboBox list{frame, "list"};
+    Button unlikely{frame, "unlikely", "..."};
+    TextBox last{frame, "last"};
+    Button outside{window, "outside", "..."};
+    Names clicked;
+    for (Button* button : {&lookup, &save, &unlikely, &outside})
+        button->onClick = [&clicked, button] { clicked.push_back(button->name()); };
+    RecordingView view;
+    window.load();
+    window.opened(view);
+    for (Control* elsewhere : std::vector<Control*>{&name, &list, &last, &lookup, &outside}) {
+        window.setFocus(*elsewhere);
+        EXPECT_FALSE(window.pressLookup()) << elsewhere->name();
+        EXPECT_EQ(window.focus(), elsewhere);
+    }
+    window.setFocus(code);
+    bool refuses = true;
+    code.onValidate = [&](bool& refuse) { refuse = refuses; };
+    EXPECT_FALSE(window.pressLookup()) << "the code must be right before anything else is done";
+    lookup.causesValidation = false;
+    EXPECT_TRUE(window.pressLookup());
+    EXPECT_EQ(clicked, Names{"lookup"});
+    window.setFocus(code);
+    lookup.setVisible(false);
+    EXPECT_FALSE(window.pressLookup());
+    EXPECT_EQ(window.focus(), &code);
+    EXPECT_EQ(clicked, Names{"lookup"});
+}
+
 TEST(Keys, ACharacterEndsWhereAHandlerTakesItsControlAway) {
     Form form;
     form.open();

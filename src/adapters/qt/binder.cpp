@@ -15,7 +15,12 @@ std::vector<ui::Control*> controlsOf(const ui::Window& window) {
     return controls;
 }
 
-/// The widgets of a form that have a name, without those that Qt names inside its own.
+/// True for a widget that shows no control and is not meant to: a heading's background, a status line.
+bool isDecoration(const QWidget& widget) {
+    return widget.property("decoration").isValid();
+}
+
+/// The widgets of a form that have a name, without those that Qt names inside its own and those that only adorn it.
 QList<QWidget*> namedWidgets(const QWidget& form) {
     QList<QWidget*> named;
     for (QWidget* child : form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
@@ -24,7 +29,8 @@ QList<QWidget*> namedWidgets(const QWidget& form) {
             named += namedWidgets(*child);
         if (name.isEmpty() || name.startsWith("qt_"))
             continue;
-        named += child;
+        if (!isDecoration(*child))
+            named += child;
         // Only these hold widgets of the form; whatever stands in another one is that one's own business.
         if (child->inherits("QGroupBox") || child->inherits("QTabWidget") || child->inherits("QFrame") ||
             child->metaObject()->className() == QByteArray("QWidget"))

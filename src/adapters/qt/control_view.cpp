@@ -4,6 +4,7 @@
 #include "adapters/qt/container_views.h"
 #include "adapters/qt/field_views.h"
 #include "adapters/qt/grid_view.h"
+#include "adapters/qt/picture_view.h"
 #include "adapters/qt/qt_text.h"
 
 #include <QCheckBox>
@@ -14,8 +15,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTextDocument>
 
 namespace opd::qt {
 
@@ -36,6 +39,24 @@ void ControlView::show(ui::Aspect aspect) {
     }
     if (aspect == ui::Aspect::Caption && m_label != nullptr)
         m_label->setText(toQt(m_control.caption()));
+    else if (aspect == ui::Aspect::Refusal)
+        showRefusal();
+}
+
+// A coloured frame for the eye, the reason for the mouse and for a screen reader.
+void ControlView::showRefusal() {
+    const QString reason = toQt(m_control.refusal());
+    if (m_widget == nullptr || m_widget->accessibleDescription() == reason)
+        return;
+    for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)}) {
+        if (part == nullptr)
+            continue;
+        part->setProperty("refused", !reason.isEmpty());
+        part->setToolTip(reason.isEmpty() ? QString() : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
+        part->setAccessibleDescription(reason);
+        part->style()->unpolish(part); // a style sheet looks at a property only then
+        part->style()->polish(part);
+    }
 }
 
 void ControlView::release() {
@@ -74,6 +95,7 @@ std::unique_ptr<ControlView> makeView(ui::Control& control, QWidget* widget, QLa
     case ui::Kind::Frame:
         return std::make_unique<FrameView>(control, widget);
     case ui::Kind::Picture:
+        return std::make_unique<PictureView>(static_cast<ui::Picture&>(control), widget);
     case ui::Kind::Window:
         break;
     }

@@ -58,6 +58,8 @@ class ControlView {
     bool isReleased() const { return m_released; }
 
   private:
+    void showRefusal();
+
     ui::Control& m_control;
     QWidget* m_widget;
     QLabel* m_label;

@@ -1,7 +1,10 @@
 #include "adapters/qt/forms.h"
 
+#include "ui_frmCodeSearch.h"
 #include "ui_frmMasterSearch.h"
+#include "ui_frmPickList.h"
 #include "ui_frmRegistration.h"
+#include "ui_frmSearchNew.h"
 
 #include <map>
 
@@ -17,8 +20,12 @@ template <class Form> void build(QWidget& shell) {
 
 bool buildForm(const std::string& windowName, QWidget& shell) {
     static const std::map<std::string, void (*)(QWidget&)> forms{
+        {"frmCodeSearch", build<Ui::frmCodeSearch>},
         {"frmMasterSearch", build<Ui::frmMasterSearch>},
+        {"frmPickList", build<Ui::frmPickList>},
         {"frmRegistration", build<Ui::frmRegistration>},
+        {"frmSearchChiefComplaint", build<Ui::frmSearchNew>}, // both search dialogs have the same controls
+        {"frmSearchNew", build<Ui::frmSearchNew>},
     };
     const auto form = forms.find(windowName);
     if (form == forms.end())

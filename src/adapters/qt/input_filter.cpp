@@ -132,6 +132,8 @@ bool InputFilter::keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& k
             shell.model().pressAccessKey(character);
         return character != 0;
     }
+    if (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier && shell.model().pressLookup())
+        return true;
     if (navigated(shell, key) || arrowPressed(shell, key))
         return true;
     if (key.matches(QKeySequence::Paste)) {

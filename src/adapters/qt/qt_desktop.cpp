@@ -45,10 +45,11 @@ WindowShell* QtDesktop::open(ui::Window& window, bool modal) {
     }
     window.load();
     auto owned = std::make_unique<WindowShell>(window);
+    WindowShell* const served = modal ? currentShell() : nullptr;
     WindowShell* const shell = owned.release(); // it deletes itself when the window is unloaded
     m_shells.push_back(shell);
     QObject::connect(shell, &WindowShell::gone, &m_activation, [this, shell] { std::erase(m_shells, shell); });
-    shell->present(modal);
+    shell->present(modal, served);
     return shell;
 }
 

@@ -22,11 +22,20 @@ QLineEdit[prominent="true"] { font-size: 15pt; font-weight: bold; }
 QAbstractSpinBox QLineEdit, QAbstractSpinBox QLineEdit:focus, QAbstractSpinBox QLineEdit:disabled {
   border: 0; padding: 0; background: transparent; min-height: 0; }
 QComboBox, QAbstractSpinBox { min-height: 19px; }
+QLineEdit[refused="true"], QPlainTextEdit[refused="true"], QComboBox[refused="true"], QAbstractSpinBox[refused="true"] {
+  border: 2px solid #b3261e; }
+QLineEdit[refused="true"], QPlainTextEdit[refused="true"] { padding: 0 3px; background: #fff1f0; }
+QLabel[refused="true"], QCheckBox[refused="true"], QRadioButton[refused="true"] { color: #b3261e; }
 QLabel[hint="true"] { color: #66747f; }
-QLabel[alert="true"] { color: #b3261e; font-weight: bold; }
-QTableView { background: #ffffff; alternate-background-color: #f2f6f9; border: 1px solid #9fb0bd;
+QLabel[alert="true"], QLabel[decoration="statusLine"] { color: #b3261e; font-weight: bold; }
+QFrame[decoration="heading"] { background: #e1e8ed; border: 0; border-bottom: 1px solid #c3ccd4; }
+QLabel[title="true"], QLabel[titleShadow="true"] { font-size: 14pt; font-weight: bold; }
+QLabel[title="true"] { color: #1f5a7a; padding: 0 1px 1px 0; }
+QLabel[titleShadow="true"] { color: #ffffff; padding: 1px 0 0 1px; }
+QTableView { background: #ffffff; alternate-background-color: #f2f6f9; border: 2px solid #c3ccd4; outline: 0;
   selection-background-color: #1b75a8; selection-color: #ffffff; }
-QTableView:focus { border: 2px solid #1b75a8; }
+QTableView:focus { border-color: #1b75a8; }
+QTableView[refused="true"] { border-color: #b3261e; }
 QHeaderView::section { background: #e1e8ed; border: 0; border-right: 1px solid #c3ccd4; border-bottom: 1px solid #c3ccd4;
   padding: 4px 3px; font-weight: bold; }
 QPushButton { background: #f7f9fa; border: 1px solid #8fa1af; border-radius: 3px; padding: 3px 14px; min-height: 20px; }

@@ -8,7 +8,9 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QScreen>
+#include <QWindow>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace opd::qt {
@@ -22,6 +24,9 @@ WindowShell::WindowShell(ui::Window& window) : m_window(window) {
         if (view->widget() != nullptr)
             m_byWidget[view->widget()] = view.get();
     }
+    for (QLabel* label : findChildren<QLabel*>())
+        if (label->property("decoration") == QStringLiteral("statusLine"))
+            m_statusLine = label;
     dress(*this);
     showAll();
 }
@@ -33,25 +38,40 @@ void WindowShell::showAll() {
     for (const auto& view : m_views)
         for (const ui::Aspect aspect :
              {ui::Aspect::Caption, ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Checked, ui::Aspect::Table,
-              ui::Aspect::CurrentPage, ui::Aspect::Enabled, ui::Aspect::Visible, ui::Aspect::Running})
+              ui::Aspect::CurrentPage, ui::Aspect::Enabled, ui::Aspect::Visible, ui::Aspect::Running, ui::Aspect::Image,
+              ui::Aspect::Refusal})
             view->show(aspect);
 }
 
-void WindowShell::present(bool modal) {
+void WindowShell::present(bool modal, WindowShell* served) {
     setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
-    fitScreen();
+    if (served != nullptr) {
+        setWindowFlag(Qt::Dialog);
+        create();
+        windowHandle()->setTransientParent(served->windowHandle()); // window managers keep it above that one
+    }
+    fitScreen(served);
     QWidget::show();
     m_window.opened(*this);
 }
 
-void WindowShell::fitScreen() {
+void WindowShell::fitScreen(const WindowShell* served) {
     // The style sheet makes widgets larger, and only those that it has reached tell their true size.
     for (QWidget* widget : findChildren<QWidget*>())
         widget->ensurePolished();
     layout()->activate();
-    const QRect available = screen()->availableGeometry();
+    const QRect available = (served == nullptr ? this : served)->screen()->availableGeometry();
     resize(size().expandedTo(minimumSizeHint()).boundedTo(available.size()));
-    move(available.center() - rect().center());
+    if (served == nullptr) {
+        move(available.center() - rect().center());
+        return;
+    }
+    // Before it is shown a window does not know how wide its frame is; the one of the other window tells.
+    QRect place(QPoint(), size() + served->frameGeometry().size() - served->size());
+    place.moveCenter(served->frameGeometry().center());
+    place.moveRight(std::min(place.right(), available.right()));
+    place.moveBottom(std::min(place.bottom(), available.bottom()));
+    move(std::max(place.left(), available.left()), std::max(place.top(), available.top()));
 }
 
 ControlView* WindowShell::viewOf(const ui::Control& control) const {
@@ -77,6 +97,14 @@ void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
         view->show(aspect);
     if (aspect == ui::Aspect::CurrentPage)
         followPage();
+    else if (aspect == ui::Aspect::Refusal)
+        showStatus();
+}
+
+void WindowShell::showStatus() {
+    const ui::Control* focus = m_window.focus();
+    if (m_statusLine != nullptr)
+        m_statusLine->setText(focus == nullptr ? QString() : toQt(focus->refusal()));
 }
 
 // Turning a page makes Qt look for a new focus; the model has the say.
@@ -89,6 +117,7 @@ void WindowShell::followPage() {
 }
 
 void WindowShell::focusMoved(ui::Control* control) {
+    showStatus();
     ControlView* view = control == nullptr ? nullptr : viewOf(*control);
     if (view == nullptr) {
         setFocus(Qt::OtherFocusReason);

@@ -20,8 +20,9 @@ class WindowShell final : public QWidget, public ui::WindowView {
     explicit WindowShell(ui::Window& window);
     ~WindowShell() override;
 
-    /// Shows it and tells the model. `modal` keeps the clerk from every other window meanwhile.
-    void present(bool modal);
+    /// Shows it and tells the model. `modal` keeps the clerk from every other window meanwhile. It stands in the middle
+    /// of the window it serves, or of the screen when there is none.
+    void present(bool modal, WindowShell* served);
 
     /// False from the moment when the model is unloaded; the model may be gone then.
     bool isOpen() const { return m_open; }
@@ -49,13 +50,15 @@ class WindowShell final : public QWidget, public ui::WindowView {
 
   private:
     void showAll();
-    void fitScreen();
+    void fitScreen(const WindowShell* served);
     void followPage();
+    void showStatus();
 
     ui::Window& m_window;
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::unordered_map<const ui::Control*, ControlView*> m_byControl;
     std::unordered_map<const QWidget*, ControlView*> m_byWidget;
+    QLabel* m_statusLine = nullptr; ///< says why the field that has the focus is refused; not every form has one
     bool m_open = true;
 };
 

@@ -33,6 +33,8 @@ void ModelDriver::pressNamed(ui::Window& window, const std::string& name, bool s
         pressCharacter(window, ui::key::space);
     else if (name == "Down" && window.pressArrowDown())
         return;
+    else if (name == "F4")
+        window.pressLookup();
     else if (name == "Down" || name == "Right" || name == "Up" || name == "Left")
         pressArrow(window, name == "Up" || name == "Left");
 }

@@ -62,6 +62,13 @@ void Control::setEnabled(bool enabled) {
     window().leaveUnusable();
 }
 
+void Control::setRefusal(const std::string& refusal) {
+    if (refusal == m_refusal)
+        return;
+    m_refusal = refusal;
+    tellView(Aspect::Refusal);
+}
+
 bool Control::isShown() const {
     if (!m_visible)
         return false;

@@ -41,7 +41,8 @@ enum class Aspect {
     CurrentRow,  ///< of a grid
     CurrentPage, ///< of tabs
     Running,     ///< interval or on/off of a timer
-    Image        ///< of a picture
+    Image,       ///< of a picture
+    Refusal      ///< why its content is refused
 };
 
 /// The model of one control: its state and its events, without any toolkit. Controls are members of the form that uses
@@ -73,6 +74,11 @@ class Control {
     void setVisible(bool visible);
     void setEnabled(bool enabled);
 
+    /// Why the content of a field is refused, for the clerk to read; empty when nothing is wrong with it. It is shown
+    /// until the one who found the fault takes it back, and keeps nobody from moving on.
+    const std::string& refusal() const { return m_refusal; }
+    void setRefusal(const std::string& refusal);
+
     /// True when the clerk can see it: it and all its containers are visible and its page is the current one.
     bool isShown() const;
 
@@ -93,7 +99,8 @@ class Control {
     virtual void clicked();
 
     bool tabStop = true;
-    bool causesValidation = true; ///< false: moving here never asks the control that is left
+    bool causesValidation = true;    ///< false: moving here never asks the control that is left
+    const Control* serves = nullptr; ///< moving here from this control does not ask it: a lookup button's code field
 
     std::function<void()> onClick;
     std::function<void()> onDoubleClick;
@@ -101,7 +108,7 @@ class Control {
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
     std::function<void(KeyPress&)> onKeyPress;
-    std::function<void()> onArrowDown; ///< the Down arrow, where the control itself has no use for it
+    std::function<void()> onArrowDown;            ///< the Down arrow, where the control itself has no use for it
     std::function<void(bool& refuse)> onValidate; ///< asked before the focus leaves; `refuse` keeps it here
 
   protected:
@@ -113,6 +120,7 @@ class Control {
     Container* m_container;
     std::string m_name;
     std::string m_caption;
+    std::string m_refusal;
     bool m_visible = true;
     bool m_enabled = true;
 };

@@ -161,6 +161,13 @@ std::string Tabs::shownText() const {
     return m_pages.at(static_cast<std::size_t>(m_current))->caption();
 }
 
+void Picture::setFrame(int frame) {
+    if (frame == m_frame)
+        return;
+    m_frame = frame;
+    tellView(Aspect::Image);
+}
+
 void Timer::start() {
     m_running = true;
     tellView(Aspect::Running);

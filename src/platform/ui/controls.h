@@ -195,9 +195,17 @@ class Tabs final : public Container {
     int m_current = 0;
 };
 
+/// An image, or one of several that take turns.
 class Picture final : public Control {
   public:
     Picture(Container& container, std::string name) : Control(Kind::Picture, &container, std::move(name), {}) {}
+
+    /// Which of its images it shows, counted from 0. What the images are is the view's affair.
+    int frame() const { return m_frame; }
+    void setFrame(int frame);
+
+  private:
+    int m_frame = 0;
 };
 
 /// Raises `onTick` once every interval while it is running.

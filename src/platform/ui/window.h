@@ -92,6 +92,10 @@ class Window : public Container {
     /// The Down arrow on a control that raises `onArrowDown`. False elsewhere.
     bool pressArrowDown();
 
+    /// F4: clicks the lookup button of the text box that has the focus, the button "..." that comes next in its
+    /// container. False when there is none that is shown and usable.
+    bool pressLookup();
+
     /// Shows the next or previous usable page, as Ctrl+Tab does, and moves the focus to its first field.
     void turnPage(bool backward);
 

@@ -72,7 +72,7 @@ bool Window::requestFocus(Control& target) {
 }
 
 bool Window::mayLeaveFor(const Control& target) {
-    if (m_focus == nullptr || !m_focus->onValidate || !target.causesValidation)
+    if (m_focus == nullptr || !m_focus->onValidate || !target.causesValidation || target.serves == m_focus)
         return true;
     m_focusSetByProgram = false;
     bool refuse = false;

@@ -90,6 +90,14 @@ bool Window::pressArrowDown() {
     return true;
 }
 
+bool Window::pressLookup() {
+    if (m_handling || m_focus == nullptr || m_focus->kind() != Kind::TextBox)
+        return false;
+    const std::vector<Control*>& members = m_focus->container()->members();
+    const auto next = std::find(members.begin(), members.end(), m_focus) + 1;
+    return next != members.end() && (*next)->kind() == Kind::Button && (*next)->caption() == "..." && click(**next);
+}
+
 bool Window::click(Control& control) {
     if (m_handling || !control.isShown() || !control.isUsable())
         return false;

@@ -23,6 +23,10 @@ template <class Form> std::string differencesOf() {
 TEST(QtBinding, EveryControlHasItsWidgetAndEveryWidgetItsControl) {
     EXPECT_EQ(differencesOf<samples::SearchWindow>(), "");
     EXPECT_EQ(differencesOf<samples::RegistrationWindow>(), "");
+    EXPECT_EQ(differencesOf<samples::SearchDialog>(), "");
+    EXPECT_EQ(differencesOf<samples::ChiefComplaintDialog>(), "");
+    EXPECT_EQ(differencesOf<samples::PickList>(), "");
+    EXPECT_EQ(differencesOf<samples::ListingWindow>(), "");
 }
 
 TEST(QtBinding, AMissingAStrangeAndASpareWidgetAreReported) {
@@ -87,7 +91,22 @@ TEST(QtBinding, NoCaptionIsClippedOnASmallScreen) {
     search.shell().resize(1240, 700);
     hands::settle();
     EXPECT_EQ(clippedIn(search.shell()), "");
+    Desk<samples::SearchDialog> dialog;
+    dialog.form.lblTitle.setCaption("Patient Classification");
+    dialog.form.lblSTitle.setCaption("Patient Classification");
+    dialog.form.lblHospital.setCaption("Our Lady of Perpetual Help General Hospital and Medical Center");
+    hands::settle();
+    EXPECT_EQ(clippedIn(dialog.shell()), "");
+    Desk<samples::PickList> pickList;
+    EXPECT_EQ(clippedIn(pickList.shell()), "");
+    Desk<samples::ListingWindow> listing;
+    listing.form.lblTitle.setCaption("Cause of Consultation");
+    listing.form.lblCompany.setCaption("Our Lady of Perpetual Help General Hospital and Medical Center");
+    listing.form.lblCount.setCaption("The first 1,000 of 12,345 entries are shown.");
+    hands::settle();
+    EXPECT_EQ(clippedIn(listing.shell()), "");
     RegistrationDesk form;
+    form.form.header.txtLastName.setRefusal("A last name is needed before the patient can be registered.");
     EXPECT_LE(form.shell().minimumSizeHint().width(), 1260);
     EXPECT_LE(form.shell().minimumSizeHint().height(), 720);
     form.shell().resize(1240, 700);

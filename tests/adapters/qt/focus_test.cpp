@@ -87,6 +87,20 @@ TEST(QtFocus, EnterMovesOnWhereTheWindowSaysSoAndSelectsWhatIsThere) {
     EXPECT_EQ(desk.form.lastName.text(), "REYES");
 }
 
+TEST(QtFocus, F4OpensTheLookupOfTheCodeThatHasTheFocus) {
+    RegistrationDesk desk;
+    int opened = 0;
+    desk.form.consultation.searchService2.onClick = [&] { ++opened; };
+    desk.form.setFocus(desk.form.consultation.serviceCode2);
+    desk.press("F4");
+    EXPECT_EQ(opened, 1);
+    EXPECT_TRUE(desk.hands.hasFocus(desk.form.consultation.searchService2));
+    desk.press("F4");
+    desk.form.setFocus(desk.form.consultation.serviceCode2);
+    desk.press("F4", true);
+    EXPECT_EQ(opened, 1);
+}
+
 TEST(QtFocus, PagesTurnByKeyAndByMouseAndTheFocusFollows) {
     RegistrationDesk desk;
     desk.press("Tab", false, true);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "adapters/codesearch/listing_fields.h"
 #include "registration/fields/fields.h"
+#include "search/lookup_fields.h"
 #include "search/master_search_fields.h"
 
 namespace opd::qt::samples {
@@ -14,6 +16,28 @@ struct SearchWindow : ui::Window, search::MasterSearchFields {
 /// The registration form without its behaviour.
 struct RegistrationWindow : ui::Window, registration::Fields {
     RegistrationWindow() : Window("frmRegistration", "Registration"), Fields(static_cast<Window&>(*this)) {}
+};
+
+/// Either search dialog without its behaviour.
+struct SearchDialog : ui::Window, search::SearchDialogFields {
+    explicit SearchDialog(const char* name = "frmSearchNew", const char* caption = "Barangay")
+        : Window(name, caption), SearchDialogFields(static_cast<Window&>(*this)) {}
+};
+
+struct ChiefComplaintDialog : SearchDialog {
+    ChiefComplaintDialog() : SearchDialog("frmSearchChiefComplaint", "Chief Complaints") {}
+};
+
+/// The doctor pick list without its behaviour.
+struct PickList : ui::Window, search::PickListFields {
+    PickList()
+        : Window("frmPickList", "Doctor List sorted from least to most consulted"),
+          PickListFields(static_cast<Window&>(*this)) {}
+};
+
+/// The listing window of the code search without its behaviour.
+struct ListingWindow : ui::Window, codesearch::ListingFields {
+    ListingWindow() : Window("frmCodeSearch", "Services"), ListingFields(static_cast<Window&>(*this)) {}
 };
 
 } // namespace opd::qt::samples

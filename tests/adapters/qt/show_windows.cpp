@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+#include <functional>
+
 using namespace opd;
 
 namespace {
@@ -46,6 +48,61 @@ void fillIn(qt::samples::SearchWindow& search, qt::samples::RegistrationWindow& 
     form.personal.planPersonal.setSelected(true);
 }
 
+/// The rows of a reference list.
+std::vector<ui::Grid::Row> entries(int count, const std::string& text, const std::string& code) {
+    std::vector<ui::Grid::Row> rows;
+    for (int i = 1; i <= count; ++i)
+        rows.push_back({"", text + " " + std::to_string(i), code + std::to_string(100 + i)});
+    return rows;
+}
+
+void fillIn(qt::samples::SearchDialog& dialog, const char* format, std::vector<int> widths,
+            std::vector<ui::Grid::Row> rows) {
+    dialog.lblTitle.setCaption(dialog.caption());
+    dialog.lblSTitle.setCaption(dialog.caption());
+    dialog.lblHospital.setCaption("San Isidro General Hospital");
+    dialog.grdDispWindow.show(ui::gridColumns(format, widths), std::move(rows));
+}
+
+void fillIn(qt::samples::PickList& list, qt::samples::ListingWindow& listing) {
+    list.grdMain.show(
+        ui::gridColumns("<Dumm|<Name of Doctor|>Code|<Specialization1|<Specialization 2|<Specialization 2",
+                        {0, 4000, 1000, 2500, 2500, 2500}),
+        {{"", "REYES, ANTONIO VILLANUEVA", "0012", "PEDIATRICS", "NEONATOLOGY", ""},
+         {"", "SANTOS, MARIA LOURDES", "0113", "PEDIATRICS", "", ""}});
+    listing.lblTitle.setCaption("Services");
+    listing.lblCompany.setCaption("San Isidro General Hospital");
+    listing.txtSearch.setText("CON");
+    listing.grdListing.show(ui::gridColumns("|<Service|<Code", {200, 4150, 2000}), entries(40, "CONSULTATION", "SV"));
+    listing.lblCount.setCaption("40 entries");
+}
+
+void showRefusals(qt::samples::RegistrationWindow& form) {
+    form.tabOPD.show(0);
+    form.header.txtBirthDate.setRefusal("The birth date lies in the future.");
+    form.header.dtpAdmDate.setRefusal("The admission date lies in the future.");
+    form.personal.cboCivilStatus.setRefusal("A civil status is needed.");
+    form.personal.chkWalkIn.setRefusal("Not for this patient.");
+    form.setFocus(form.header.txtBirthDate);
+}
+
+void showLookups(qt::QtDesktop& desktop, const std::function<void(const std::string&)>& shoot) {
+    qt::samples::SearchDialog dialog;
+    qt::samples::ChiefComplaintDialog complaints;
+    qt::samples::PickList list;
+    qt::samples::ListingWindow listing;
+    fillIn(dialog, "|<Description|<Code", {200, 4150, 2000}, entries(40, "SAN ISIDRO", "B"));
+    fillIn(complaints, "|<Code|<Description|", {200, 1000, 5000, 0},
+           {{"", "0001", "ABDOMINAL PAIN"}, {"", "0002", "COUGH AND COLDS"}});
+    complaints.imgTitle.setFrame(1);
+    fillIn(list, listing);
+    for (ui::Window* window : std::initializer_list<ui::Window*>{&dialog, &complaints, &list, &listing}) {
+        desktop.show(*window);
+        shoot(window->name());
+        window->unload();
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -70,5 +127,8 @@ int main(int argc, char** argv) {
         form.tabOPD.show(page->index());
         shoot(page->name());
     }
+    showRefusals(form);
+    shoot("refused");
+    showLookups(desktop, shoot);
     return 0;
 }

@@ -1,0 +1,42 @@
+#include "adapters/qt/picture_view.h"
+
+#include <QPainter>
+#include <QPixmap>
+
+namespace opd::qt {
+
+namespace {
+
+constexpr int glyphSize = 40; // in the pixels of a window, whatever the screen's scale
+
+/// A magnifying glass; every second frame has a gleam in its lens.
+QPixmap magnifier(int frame, qreal scale) {
+    QPixmap pixmap(QSize(glyphSize, glyphSize) * scale);
+    pixmap.setDevicePixelRatio(scale);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor rim(0x1f, 0x5a, 0x7a);
+    painter.setPen(QPen(rim, 6, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(25.5, 25.5), QPointF(34.5, 34.5));
+    const bool gleams = frame % 2 != 0;
+    painter.setPen(QPen(rim, 3));
+    painter.setBrush(gleams ? QColor(0xff, 0xf4, 0xcc) : QColor(0xff, 0xff, 0xff));
+    painter.drawEllipse(QPointF(16, 16), 11.5, 11.5);
+    painter.setPen(QPen(gleams ? QColor(0xf0, 0xb4, 0x29) : QColor(0xb8, 0xc8, 0xd3), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawArc(QRectF(9, 9, 14, 14), (gleams ? 20 : 110) * 16, 60 * 16);
+    return pixmap;
+}
+
+} // namespace
+
+PictureView::PictureView(ui::Picture& picture, QWidget* widget)
+    : ControlView(picture, widget, nullptr), m_picture(picture) {}
+
+void PictureView::show(ui::Aspect aspect) {
+    ControlView::show(aspect);
+    if (aspect == ui::Aspect::Image && widget()->property("glyph") == QStringLiteral("magnifier"))
+        static_cast<QLabel*>(widget())->setPixmap(magnifier(m_picture.frame(), widget()->devicePixelRatioF()));
+}
+
+} // namespace opd::qt

@@ -223,6 +223,7 @@ CREATE TABLE billing_tbBill (
   Amount REAL NOT NULL
 ) WITHOUT ROWID;
 
+-- The reference files, code first. The lists of database/reference fill them.
 CREATE TABLE Build_File_tbCoAddress (
   ZipCode TEXT COLLATE OPD PRIMARY KEY, Town TEXT COLLATE OPD, Province TEXT COLLATE OPD);
 CREATE TABLE Build_File_tbCoNationality (NationalityID TEXT COLLATE OPD PRIMARY KEY, Nationality TEXT COLLATE OPD);
@@ -232,13 +233,24 @@ CREATE TABLE Build_File_tbCoService (ServiceID TEXT COLLATE OPD PRIMARY KEY, Ser
 CREATE TABLE Build_File_tbCoAllergy (AllergyID TEXT COLLATE OPD PRIMARY KEY, Allergy TEXT COLLATE OPD);
 CREATE TABLE Build_File_tbCoDoctor (
   DoctorID TEXT COLLATE OPD PRIMARY KEY, LastName TEXT COLLATE OPD, FirstName TEXT COLLATE OPD, MiddleName TEXT,
-  ServiceID TEXT COLLATE OPD, Consultations INTEGER NOT NULL DEFAULT 0);
+  ServiceID1 TEXT COLLATE OPD, ServiceID2 TEXT COLLATE OPD, ServiceID3 TEXT COLLATE OPD, -- the specializations
+  DutyDays TEXT NOT NULL DEFAULT '', -- the weekdays on duty, Sunday 0 to Saturday 6, such as 135
+  Consultations INTEGER NOT NULL DEFAULT 0);
+-- A doctor as the lookups show one: by the full name.
+CREATE VIEW Build_File_vwDoctor AS
+SELECT DoctorID,
+       trim(LastName) || ', ' || trim(FirstName) || iif(trim(coalesce(MiddleName, '')) = '', '', ', ' || MiddleName)
+         AS FullName,
+       ServiceID1, ServiceID2, ServiceID3, DutyDays, Consultations
+FROM Build_File_tbCoDoctor;
 CREATE TABLE Build_File_tbCoCompany (
-  AccountNum TEXT COLLATE OPD PRIMARY KEY, Company TEXT COLLATE OPD, Class TEXT COLLATE OPD);
+  AccountNum TEXT COLLATE OPD PRIMARY KEY, Company TEXT COLLATE OPD,
+  Class TEXT COLLATE OPD); -- P insurance, H health plan, S employees' medicine, C company, G government, M members
 CREATE TABLE Build_File_tbCoPayCode (
   PayCodeID TEXT COLLATE OPD PRIMARY KEY, PayCode TEXT, Status TEXT COLLATE OPD DEFAULT 'A');
-CREATE TABLE Build_File_tbCoAdmissionType (AdmissionTypeID TEXT COLLATE OPD PRIMARY KEY, AdmissionType TEXT COLLATE OPD);
+CREATE TABLE Build_File_tbCoAdmissionType (
+  AdmissionTypeID TEXT COLLATE OPD PRIMARY KEY, AdmissionType TEXT COLLATE OPD);
 CREATE TABLE Build_File_tbCoChiefComplaint (
-  ChiefComplaintID TEXT COLLATE OPD PRIMARY KEY, ChiefComplaint TEXT COLLATE OPD);
+  ChiefComplaintID TEXT COLLATE OPD PRIMARY KEY, ChiefComplaint TEXT COLLATE OPD, BodySystem TEXT COLLATE OPD);
 CREATE TABLE Build_File_tbCoOtherRevenue (
   RevenueID TEXT COLLATE OPD PRIMARY KEY, SectionID TEXT COLLATE OPD, OtherRevenue TEXT COLLATE OPD);

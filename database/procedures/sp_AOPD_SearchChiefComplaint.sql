@@ -1,3 +1,4 @@
 -- parameters: Criteria text
-SELECT ChiefComplaintID, ChiefComplaint FROM Build_File_tbCoChiefComplaint
-WHERE ChiefComplaint LIKE '%' || :Criteria || '%' ORDER BY ChiefComplaint;
+SELECT ChiefComplaintID, ChiefComplaint, BodySystem FROM Build_File_tbCoChiefComplaint
+WHERE ChiefComplaintID LIKE '%' || :Criteria || '%' OR ChiefComplaint LIKE '%' || :Criteria || '%'
+ORDER BY ChiefComplaint, ChiefComplaintID;

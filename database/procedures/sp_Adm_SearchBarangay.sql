@@ -1,7 +1,7 @@
 -- parameters: Criteria text
--- An exact code gives one row; otherwise the names that begin with what was typed.
+-- An exact code gives one row; otherwise the codes and names that contain what was typed.
 SELECT Barangay AS Description, BarangayID AS Code FROM Build_File_tbCoBarangay
-WHERE BarangayID = :Criteria
-   OR (Barangay LIKE :Criteria || '%'
-       AND NOT EXISTS (SELECT 1 FROM Build_File_tbCoBarangay WHERE BarangayID = :Criteria))
-ORDER BY Barangay;
+WHERE CASE WHEN EXISTS (SELECT 1 FROM Build_File_tbCoBarangay WHERE BarangayID = :Criteria)
+      THEN BarangayID = :Criteria
+      ELSE BarangayID LIKE '%' || :Criteria || '%' OR Barangay LIKE '%' || :Criteria || '%' END
+ORDER BY Barangay, BarangayID;

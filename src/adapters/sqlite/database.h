@@ -12,7 +12,7 @@
 namespace opd::adapters::sqlite {
 
 /// The version of the schema, kept in the file's `user_version`.
-inline constexpr int schemaVersion = 1;
+inline constexpr int schemaVersion = 2;
 
 /// The file of a database folder.
 std::filesystem::path databaseFile(const std::filesystem::path& folder);

@@ -4,14 +4,16 @@
 
 namespace opd::adapters::sqlite {
 
-/// An SQL file that is compiled into the library.
-struct EmbeddedSql {
-    const char* name; ///< the file's name without its folder
+/// A file that is compiled into the library.
+struct EmbeddedText {
+    const char* name;
     const char* text;
 };
 
-extern const EmbeddedSql embeddedProcedures[];
+extern const EmbeddedText embeddedProcedures[]; ///< by the file's name without its folder
 extern const std::size_t embeddedProcedureCount;
+extern const EmbeddedText embeddedReference[]; ///< by the name of the table of Build_File that the list fills
+extern const std::size_t embeddedReferenceCount;
 extern const char* const embeddedSchema;
 
 } // namespace opd::adapters::sqlite

@@ -39,7 +39,7 @@ Procedure::Parameter parameterOf(const std::string& declaration) {
     return {declaration.substr(0, blank), kinds.at(kind), optional};
 }
 
-Procedure procedureOf(const EmbeddedSql& file) {
+Procedure procedureOf(const EmbeddedText& file) {
     Procedure procedure;
     const std::string fileName = file.name;
     procedure.name =

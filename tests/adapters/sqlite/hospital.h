@@ -63,6 +63,7 @@ class EmbeddedHospital final : public Hospital {
 
     std::filesystem::path folder() const { return m_folder.path() / "hospital"; }
     std::filesystem::path file() const { return folder() / "hospital.db"; }
+    MorningClock& clock() { return m_clock; }
 
     std::unique_ptr<ado::Connection> connect() override {
         auto connection = std::make_unique<ado::Connection>(m_providers);

@@ -7,13 +7,7 @@
 
 namespace opd::adapters::sqlite {
 
-/// A row of a simple reference file.
-struct CodeAndName {
-    std::string_view code;
-    std::string_view name;
-};
-
-/// Fills the reference files. Throws ado::Error.
+/// Fills the reference files from the lists of database/reference, the same in every hospital. Throws ado::Error.
 void insertReferenceData(Database& database);
 
 /// Codes that generated patients and visits draw from.

@@ -70,6 +70,7 @@ class DesktopOfProcess final : public ui::Desktop {
 
 ui::Desktop& desktop() {
     static DesktopOfProcess ofProcess;
+    ui::Desktop::setOfProcess(&ofProcess);
     return ofProcess;
 }
 

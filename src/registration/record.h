@@ -57,6 +57,8 @@ struct Record {
     bool RadioFlag = false;
     bool DepositFlag = false;
     bool PhotoTaken = false;
+    std::string chiefComplaintCode; ///< what the last search for a chief complaint found
+    std::string chiefComplaintText;
     std::array<CodedSlot<search::clsService>, 5> Service;
     std::array<CodedSlot<search::clsAllergy>, 5> Allergy;
     std::array<CodedSlot<search::clsDoctor>, 5> AttendingDoctor;

@@ -2,10 +2,13 @@
 
 #include "data/rows.h"
 #include "registration/load/form_load.h"
+#include "registration/rules/clinical_codes.h"
 #include "registration/rules/code_lookups.h"
 #include "registration/rules/key_rules.h"
 #include "registration/rules/patient_rules.h"
+#include "registration/rules/payer_rules.h"
 #include "registration/rules/validate_data.h"
+#include "registration/rules/visit_rules.h"
 #include "registration/save/save_data.h"
 
 namespace opd::registration {
@@ -20,6 +23,9 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     bindKeyRules(m_context);
     bindPatientRules(m_context);
     bindCodeLookups(m_context);
+    bindClinicalCodes(m_context);
+    bindPayerRules(m_context);
+    bindVisitRules(m_context);
     bindButtons();
     disableIdleButtons();
 }

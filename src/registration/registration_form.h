@@ -44,7 +44,9 @@ class RegistrationForm {
     ui::Window m_window{"frmRegistration", "Registration"};
     Fields m_fields{m_window};
     Record m_record;
-    FormContext m_context{m_session, m_window, m_fields, m_record};
+    search::clsSearch m_codes{m_session};
+    search::frmSearchChiefComplaint m_complaints{m_session};
+    FormContext m_context{m_session, m_window, m_fields, m_record, m_codes, m_complaints};
     std::string m_lastName;
 };
 

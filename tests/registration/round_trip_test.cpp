@@ -89,7 +89,7 @@ std::string entryFor(const ui::TextBox& box, int serial) {
         return "A0" + std::to_string(1 + serial % 9);
     if (is("txtCause"))
         return "C0" + std::to_string(1 + serial % 4);
-    if (is("txtBP"))
+    if (is("txtPR") || is("txtBP"))
         return std::to_string(100 - serial % 30);
     std::string text = "Ñ " + std::to_string(serial) + ". X, (Y) - %_[Z]";
     const auto limit = static_cast<std::size_t>(box.maxLength() > 0 ? box.maxLength() : 40);

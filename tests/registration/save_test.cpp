@@ -15,9 +15,10 @@ void fillWithNames(FormFixture& desk) {
     registration::Fields& fields = desk.form->fields();
     for (ui::Control* control : everything)
         if (auto* box = dynamic_cast<ui::TextBox*>(control);
-            box != nullptr && box != &fields.header.txtOPDNum && box != &fields.header.txtHospNum)
+            box != nullptr && box != &fields.header.txtOPDNum && box != &fields.header.txtHospNum && box != &fields.consultation.txtPR)
             box->setText(control->name());
     fields.header.txtAge.setText("46");
+    fields.consultation.txtPR.setText("72"); // the one box that takes numbers alone
     fields.header.female.setSelected(true);
     fields.header.txtBirthDate.setText("03/07/1980");
     fields.header.dtpAdmDate.setValue({2026, 11, 24, 0, 0, 0});
@@ -45,7 +46,7 @@ Patient_Data..sp_AOPD_UpdateOPDHistory '00000012','26A0000007B','txtService(0)',
 )";
 
 constexpr const char* standardVisit =
-    R"(Patient_Data..sp_aopd_Update_tbOutpatient '00000012','26A0000007B','txtAccount(0)','TXTREMARKS','txtService(0)','txtService(2)','txtService(4)','','','txtDoctor(0)','txtDoctor(2) ','P','W','txtWeight','txtTemperature','txtBP(0)/txtBP(1)','N','CLERK','11/24/2026 02:05 PM','txtChiefComplaint(1)','txtPR','txtCardNum','W','H','txtARemarks','txtHeight','3','','1','txtRespRate','txtApprovalNo','0','0'
+    R"(Patient_Data..sp_aopd_Update_tbOutpatient '00000012','26A0000007B','txtAccount(0)','TXTREMARKS','txtService(0)','txtService(2)','txtService(4)','','','txtDoctor(0)','txtDoctor(2) ','P','W','txtWeight','txtTemperature','txtBP(0)/txtBP(1)','N','CLERK','11/24/2026 02:05 PM','txtChiefComplaint(1)','72','txtCardNum','W','H','txtARemarks','txtHeight','3','','1','txtRespRate','txtApprovalNo','0','0'
 )";
 
 constexpr const char* rvtMaster =
@@ -54,7 +55,7 @@ Patient_Data..sp_AOPD_Save_TbMasterAllergies '00000012', 'txtAllergy(0)', 'txtAl
 )";
 
 constexpr const char* rvtVisit =
-    R"(Patient_Data..sp_aopd_Update_tbOutpatient '00000012','26A0000007B','txtAccount(0)','TXTREMARKS','txtService(0)','txtService(2)','txtService(4)','','','txtDoctor(0)','txtDoctor(2) ','P','W','txtWeight','txtTemperature','txtBP(0)/txtBP(1)','N','CLERK','11/24/2026 02:05 PM','txtCauseofConsultationID1','txtCauseofConsultationID2','txtCauseofConsultationID3','txtPR','PC1','txtCardNum','W','H','txtARemarks','txtHeight','3','','1','txtRespRate','txtApprovalNo'
+    R"(Patient_Data..sp_aopd_Update_tbOutpatient '00000012','26A0000007B','txtAccount(0)','TXTREMARKS','txtService(0)','txtService(2)','txtService(4)','','','txtDoctor(0)','txtDoctor(2) ','P','W','txtWeight','txtTemperature','txtBP(0)/txtBP(1)','N','CLERK','11/24/2026 02:05 PM','txtCauseofConsultationID1','txtCauseofConsultationID2','txtCauseofConsultationID3','72','PC1','txtCardNum','W','H','txtARemarks','txtHeight','3','','1','txtRespRate','txtApprovalNo'
 )";
 
 constexpr const char* doctors =

@@ -1,5 +1,7 @@
 #include "adapters/codesearch/code_search.h"
 
+#include "adapters/codesearch/listing_window.h"
+
 #include <utility>
 
 namespace opd::codesearch {
@@ -54,10 +56,33 @@ bool CodeSearch::search(const std::string& criteria, int number) {
         return false;
     if (!m_connection)
         throw com::Error(com::errorFail, "The code search has not been given a database connection.");
-    std::optional<Row> row = lookUp(*m_connection->connection(), *listing, criteria);
+    std::optional<Row> row = lookUp(*m_connection->connection(), *listing, text("OtherSectionID"), criteria);
+    if (!row)
+        row = pick(*listing, criteria);
     if (row)
         m_found[number] = std::move(*row);
     return row.has_value();
+}
+
+std::optional<Row> CodeSearch::pick(const Listing& listing, const std::string& criteria) {
+    ui::Desktop* const desktop = ui::Desktop::ofProcess();
+    if (desktop == nullptr)
+        return std::nullopt;
+    ListingWindow window(*desktop, listing, everyRow(*m_connection->connection(), listing, text("OtherSectionID")),
+                         text("CompanyName"));
+    if (!window.hasMatch(criteria)) {
+        desktop->ask({.text = "No record matches \"" + criteria + "\".",
+                      .caption = listing.title,
+                      .icon = ui::Icon::Information});
+        return std::nullopt;
+    }
+    return window.pick(criteria);
+}
+
+std::string CodeSearch::text(const char* property) const {
+    const auto kept = m_properties.find(property);
+    const auto* value = kept == m_properties.end() ? nullptr : std::get_if<std::string>(&kept->second);
+    return value == nullptr ? std::string{} : *value;
 }
 
 com::Variant CodeSearch::record(const Listing& listing) const {

@@ -11,12 +11,16 @@
 
 namespace opd::codesearch {
 
-/// The class "Trellicode.clsCodeSearch": finds the row of a reference file that has a code. After a successful
-/// `SearchListing` the record of that listing holds the row; a failed one leaves the record as it was.
+/// The class "Trellicode.clsCodeSearch": finds the row of a reference file that has a code, or lets the clerk pick one.
+/// After a successful `SearchListing` the record of that listing holds the row; a failed one leaves the record as it
+/// was.
 ///
-/// Members: Initialize_Classes(); CompanyName, SearchMode, OtherSectionID (texts and flags of the caller, kept);
+/// Members: Initialize_Classes(); CompanyName, SearchMode (kept for the caller); OtherSectionID (restricts listing 21);
 /// Connection (a connection object); SearchListing(criteria, listing) -> flag; a record for every listing.
-/// An exact code is found. An empty or unknown one, and a listing without a line in the table, answer false.
+///
+/// An exact code resolves at once. Anything else, the empty text included, leads to a window with the rows whose code
+/// or name holds the text; when there is none the clerk is told. Without a desktop in the process only exact codes
+/// resolve. A listing without a line in the table answers false.
 class CodeSearch final : public com::LateBound {
   public:
     explicit CodeSearch(com::Server& server);
@@ -24,6 +28,8 @@ class CodeSearch final : public com::LateBound {
   private:
     void keepProperty(const std::string& member);
     bool search(const std::string& criteria, int number);
+    std::optional<Row> pick(const Listing& listing, const std::string& criteria);
+    std::string text(const char* property) const;
     com::Variant record(const Listing& listing) const;
 
     com::Server::Use m_use;

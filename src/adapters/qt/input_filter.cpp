@@ -169,6 +169,8 @@ bool InputFilter::arrowPressed(WindowShell& shell, const QKeyEvent& key) {
     const bool backward = key.key() == Qt::Key_Up || key.key() == Qt::Key_Left;
     if (!backward && key.key() != Qt::Key_Down && key.key() != Qt::Key_Right)
         return false;
+    if (key.key() == Qt::Key_Down && shell.model().pressArrowDown())
+        return true;
     if (shell.model().pressArrow(backward))
         return true;
     // On other buttons the toolkit would move the focus by itself.

@@ -47,6 +47,10 @@ class Desktop {
     /// True while the busy pointer shows.
     virtual bool isBusy() const = 0;
 
+    /// The desktop on which components of this process show their windows, or null. It is set once, by whoever makes it.
+    static Desktop* ofProcess();
+    static void setOfProcess(Desktop* desktop);
+
     /// Why the desktop gave up (a script that failed), when it has; every window is closed then.
     virtual std::optional<std::string> failure() const { return std::nullopt; }
 };

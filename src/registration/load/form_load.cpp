@@ -5,6 +5,7 @@
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
 #include "registration/load/account_loader.h"
+#include "registration/load/authorization_loader.h"
 #include "registration/load/master_loader.h"
 #include "registration/load/visit_loader.h"
 #include "registration/rules/code_lookups.h"
@@ -82,6 +83,8 @@ bool loadVisitAndPatient(FormContext& form) {
         loadOutProfile(form);
     }
     LoadAccountClass(form, text::trimmed(form.fields.personal.accountNumber.text()));
+    if (form.session.globals.IsAllowOPDUpdateHMOLOA)
+        LoadHMOLOA(form, form.record.AdmissionNumber);
     return true;
 }
 

@@ -2,9 +2,9 @@
 
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
+#include "registration/rules/lookup_request.h"
 
 #include <array>
-#include <utility>
 
 namespace opd::registration {
 
@@ -26,7 +26,6 @@ std::string religionName(const com::Object& religion) {
 struct CodeLookup {
     ui::TextBox& code;
     ui::TextBox& name;
-    ui::Button& button;
     std::int32_t listing;
     const char* record;
     std::string (*nameOf)(const com::Object& record);
@@ -34,28 +33,25 @@ struct CodeLookup {
 
 CodeLookup nationalityLookup(Fields& fields) {
     PersonalTab& personal = fields.personal;
-    return {personal.txtNationality, personal.nationalityName, personal.searchNationality, 7,
-            "NationalityRecord",     nationalityName};
+    return {personal.txtNationality, personal.nationalityName, 7, "NationalityRecord", nationalityName};
 }
 
 std::array<CodeLookup, 3> lookupsOf(Fields& fields) {
     PersonalTab& personal = fields.personal;
-    return {
-        {{personal.txtZipCode, personal.townName, personal.searchZipCode, 0, "AddressRecord", townAndProvince},
-         nationalityLookup(fields),
-         {personal.txtReligion, personal.religionName, personal.searchReligion, 2, "ReligionRecord", religionName}}};
+    return {{{personal.txtZipCode, personal.townName, 0, "AddressRecord", townAndProvince},
+             nationalityLookup(fields),
+             {personal.txtReligion, personal.religionName, 2, "ReligionRecord", religionName}}};
 }
 
-/// Resolves the field's code; false when no record was found or chosen. The request of a lookup button holds for this
-/// one lookup, however it ends.
+/// Resolves the field's code; false when no record was found or chosen.
 bool resolve(Session& session, const CodeLookup& lookup) {
-    const bool forced = std::exchange(session.globals.gForceSearch, false);
-    if (lookup.code.text().empty() && !forced) {
+    const LookupRequest request = takeRequest(session, lookup.code);
+    if (request.isNone()) {
         lookup.name.setText("");
         return true;
     }
     const com::Object& codeSearch = session.globals.gCodeSearch;
-    if (!codeSearch.flag("SearchListing", {forced ? std::string{} : lookup.code.text(), lookup.listing}))
+    if (!codeSearch.flag("SearchListing", {request.text, lookup.listing}))
         return false;
     const com::Object record = codeSearch.object(lookup.record);
     lookup.code.setText(record.text("ResultCode"));
@@ -63,17 +59,59 @@ bool resolve(Session& session, const CodeLookup& lookup) {
     return true;
 }
 
+/// Barangay and patient classification are resolved by the form's own search; emptied, they change nothing.
+void bindSearchedCode(FormContext& form, ui::TextBox& code, ui::TextBox& name,
+                      bool (search::clsSearch::*search)(const std::string&), bool trims) {
+    code.onValidate = [&form, &code, &name, search, trims](bool& refuse) {
+        const LookupRequest request = takeRequest(form.session, code);
+        bool accepted = request.isNone();
+        if (!accepted && (form.codes.*search)(trims ? text::trimmed(request.text) : request.text)) {
+            code.setText(form.codes.Code());
+            name.setText(form.codes.Description());
+            accepted = true;
+        }
+        refuse = refusedUnless(accepted, code, "This code is unknown.");
+    };
+}
+
+/// A lookup button leaves its code field with the wish for the whole list.
+void bindLookupButton(FormContext& form, ui::Button& button, ui::TextBox& code) {
+    button.serves = &code;
+    button.onClick = [&form, &code] {
+        form.session.globals.gForceSearch = true;
+        form.window.setFocus(code);
+        form.window.sendTab();
+    };
+}
+
+void bindLookupButtons(FormContext& form) {
+    Fields& fields = form.fields;
+    ConsultationTab& consultation = fields.consultation;
+    const std::pair<int, ui::TextBox*> codeOfButton[] = {
+        {0, &consultation.txtService(0)},     {1, &consultation.txtService(2)},    {2, &consultation.txtService(4)},
+        {3, &fields.personal.txtNationality}, {4, &fields.personal.txtReligion},   {5, &fields.personal.accountNumber},
+        {6, &consultation.txtDoctor(0)},      {7, &consultation.txtDoctor(2)},     {8, &fields.personal.txtBarangayID},
+        {9, &fields.personal.txtZipCode},     {10, &fields.history.txtAllergy(0)}, {11, &fields.history.txtAllergy(1)},
+        {12, &fields.history.txtAllergy(2)},  {13, &fields.history.txtAllergy(3)}, {14, &fields.history.txtAllergy(4)},
+        {15, &consultation.txtAddDoctor(0)},  {16, &consultation.txtAddDoctor(2)}, {17, &consultation.txtAddDoctor(4)}};
+    for (const auto& [index, code] : codeOfButton)
+        bindLookupButton(form, fields.cmdSearch(index), *code);
+    bindLookupButton(form, fields.additional.cmdPatientClass, fields.additional.txtPatientClassID);
+}
+
 } // namespace
 
 void bindCodeLookups(FormContext& form) {
-    for (const CodeLookup& lookup : lookupsOf(form.fields)) {
-        lookup.code.onValidate = [&form, lookup](bool& refuse) { refuse = !resolve(form.session, lookup); };
-        lookup.button.onClick = [&form, lookup] {
-            form.session.globals.gForceSearch = true;
-            form.window.setFocus(lookup.code);
-            form.window.sendTab();
+    for (const CodeLookup& lookup : lookupsOf(form.fields))
+        lookup.code.onValidate = [&form, lookup](bool& refuse) {
+            refuse = refusedUnless(resolve(form.session, lookup), lookup.code, "This code is unknown.");
         };
-    }
+    PersonalTab& personal = form.fields.personal;
+    AdditionalTab& additional = form.fields.additional;
+    bindSearchedCode(form, personal.txtBarangayID, personal.txtBarangayName, &search::clsSearch::SearchBarangay, false);
+    bindSearchedCode(form, additional.txtPatientClassID, additional.txtPatientClass,
+                     &search::clsSearch::SearchAdmittingType, true);
+    bindLookupButtons(form);
 }
 
 void resolveNationality(FormContext& form) {

@@ -4,8 +4,8 @@
 
 namespace opd::registration {
 
-/// Binds the code fields that the code search component resolves when they are left, with their lookup buttons: town,
-/// nationality, religion.
+/// Binds the simple code fields (town, nationality, religion, barangay, patient classification), and the lookup buttons
+/// of every code field that is resolved when it is left.
 void bindCodeLookups(FormContext& form);
 
 /// Resolves the nationality code as leaving its field would; a code that is not found stays. Throws com::Error.

@@ -120,6 +120,9 @@ void writeMarkers(FormContext& form) {
         run(form, updateCorvane(form));
     if (globals.IsAllowOPDMABRate)
         run(form, updateMabRate(form));
+    const std::string& companyClass = form.record.CompanyClass;
+    if (globals.IsAllowOPDUpdateHMOLOA && (companyClass == "P" || companyClass == "H"))
+        run(form, saveAuthorization(form));
     if (globals.IsAllowOPDPatientClass)
         run(form, updatePatientClass(form));
     if (globals.gClientName == "TKWA")

@@ -1,7 +1,9 @@
 #include "registration/save/visit_statements.h"
 
+#include "data/leading_number.h"
 #include "platform/clock/date_text.h"
 #include "platform/text/text.h"
+#include "registration/amount_text.h"
 #include "registration/save/codes.h"
 
 namespace opd::registration {
@@ -177,6 +179,28 @@ Statement updateMabRate(const FormContext& form) {
 
 Statement updatePatientClass(const FormContext& form) {
     return updateColumn(form, "PatientClass = '", trimmedText(form.fields.additional.txtPatientClassID));
+}
+
+Statement saveAuthorization(const FormContext& form) {
+    const AdditionalTab& additional = form.fields.additional;
+    const auto moment = [](const ui::DatePicker& date, const ui::DatePicker& time) {
+        return dateText(date.value()) + " " + clockText(time.value());
+    };
+    return Statement("Patient_Data..sp_AOPD_SaveHMOLOA '")
+        .values({savedVisit(form.record), trimmedText(additional.txtApprovalNo)}, "', '")
+        .text("', '")
+        .values({amountText(data::leadingNumber(additional.txtLOAAmount.text())),
+                 moment(additional.DateLOAInformed, additional.TimeLOAInformed)},
+                "','")
+        .text("', '")
+        .value(trimmedText(additional.txtLOAReceiver))
+        .text("', '")
+        .values({moment(additional.DateLOAReceived, additional.TimeLOAReceived),
+                 text::trimmed(additional.cmbLOAStatus.text())},
+                "','")
+        .text("', '")
+        .value(trimmedText(additional.txtLOARemarks))
+        .text("'");
 }
 
 Statement saveProfile(const FormContext& form) {

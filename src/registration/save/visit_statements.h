@@ -25,6 +25,10 @@ data::Statement updateWalkIn(const FormContext& form);
 data::Statement updateCorvane(const FormContext& form);
 data::Statement updateMabRate(const FormContext& form);
 data::Statement updatePatientClass(const FormContext& form);
+
+/// The letter of authorization of an insurer or HMO.
+data::Statement saveAuthorization(const FormContext& form);
+
 data::Statement saveProfile(const FormContext& form);
 
 /// The log row of an edited visit.

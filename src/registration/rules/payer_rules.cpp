@@ -1,0 +1,121 @@
+#include "registration/rules/payer_rules.h"
+
+#include "data/leading_number.h"
+#include "platform/text/text.h"
+#include "platform/ui/window.h"
+#include "registration/rules/account_rules.h"
+
+namespace opd::registration {
+
+namespace {
+
+void bindInsurance(FormContext& form) {
+    PersonalTab& personal = form.fields.personal;
+    AdditionalTab& additional = form.fields.additional;
+    personal.insured.onClick = [&] {
+        personal.accountNumber.setEnabled(true);
+        personal.searchAccount.setEnabled(true);
+        additional.regularPatient.setSelected(true);
+    };
+    personal.notInsured.onClick = [&] {
+        personal.accountNumber.setText("");
+        personal.accountNumber.setEnabled(false);
+        personal.accountName.setText("PERSONAL");
+        personal.searchAccount.setEnabled(false);
+        additional.frmPatientType.setEnabled(true);
+        additional.fraMAB.setEnabled(true);
+        additional.letterOfAuthorization.setEnabled(false);
+    };
+    personal.optHospPlan.forEach([&](int, ui::OptionButton& plan) {
+        plan.onClick = [&] {
+            const bool paidByOthers = !personal.planPersonal.selected();
+            for (ui::Control* account :
+                 {static_cast<ui::Control*>(&personal.accountNumber), static_cast<ui::Control*>(&personal.accountName),
+                  static_cast<ui::Control*>(&personal.searchAccount)})
+                account->setEnabled(paidByOthers);
+            personal.lblCardNum.setVisible(paidByOthers);
+            personal.txtCardNum.setVisible(paidByOthers);
+        };
+    });
+}
+
+void bindPatientType(FormContext& form) {
+    AdditionalTab& additional = form.fields.additional;
+    for (ui::OptionButton* type : {&additional.regularPatient, &additional.corvanePatient})
+        type->onClick = [&additional] { additional.chkMAB.setChecked(false); };
+    additional.chkMAB.onClick = [&additional] {
+        additional.regularPatient.setSelected(false);
+        additional.corvanePatient.setSelected(false);
+    };
+}
+
+void bindPayCode(FormContext& form) {
+    PersonalTab& personal = form.fields.personal;
+    const auto follow = [&personal] {
+        if (const int index = personal.cmbPaycode.index();
+            index >= 0 && index < static_cast<int>(personal.cmbPaycodeID.items().size()))
+            personal.cmbPaycodeID.select(index);
+    };
+    personal.cmbPaycode.onClick = follow;
+    personal.cmbPaycode.onChange = follow;
+}
+
+/// A senior citizen's box opens its number for patients who are old enough.
+void bindSenior(FormContext& form, ui::CheckBox& box, ui::TextBox& number, int leastAge) {
+    box.onClick = [&form, &box, &number, leastAge] {
+        const std::string& age = form.fields.header.txtAge.text();
+        if (text::isBlank(age))
+            return;
+        if (data::leadingNumber(age) < leastAge)
+            form.session.desktop.ask({.text = "The patient is not yet senior citizen. \r\nCheck the age you entered.",
+                                      .icon = ui::Icon::Exclamation});
+        else
+            number.setEnabled(box.checked());
+    };
+}
+
+void bindPurposes(FormContext& form) {
+    PersonalTab& personal = form.fields.personal;
+    const auto exclude = [](ui::CheckBox& box, ui::CheckBox& other) {
+        box.onClick = [&box, &other] {
+            if (box.checked())
+                other.setChecked(false);
+        };
+    };
+    exclude(personal.purposeRicu, personal.purposeHema);
+    exclude(personal.purposeHema, personal.purposeRicu);
+}
+
+/// A programme has an expiration date while the patient is in any of them.
+void bindProgrammes(FormContext& form) {
+    PersonalTab& personal = form.fields.personal;
+    const auto inAny = [&form] {
+        const Record& record = form.record;
+        return record.ChemoFlag || record.RadioFlag || record.HemoFlag || record.DepositFlag;
+    };
+    const std::pair<ui::CheckBox*, bool*> programmes[] = {{&personal.chkChemo, &form.record.ChemoFlag},
+                                                          {&personal.chkRTherapy, &form.record.RadioFlag},
+                                                          {&personal.chkHemo, &form.record.HemoFlag},
+                                                          {&personal.chkforDeposit, &form.record.DepositFlag}};
+    for (const auto& [box, flag] : programmes)
+        box->onClick = [&personal, inAny, programme = box, memberOf = flag] {
+            *memberOf = programme->checked();
+            personal.dtpExpiration.setEnabled(inAny());
+        };
+}
+
+} // namespace
+
+void bindPayerRules(FormContext& form) {
+    PersonalTab& personal = form.fields.personal;
+    bindInsurance(form);
+    bindPatientType(form);
+    bindPayCode(form);
+    bindSenior(form, personal.chkSenior, personal.txtSeniorID, 59);
+    bindSenior(form, personal.chkSeniorCitizen, personal.txtSeniorCitizenID, 60);
+    bindPurposes(form);
+    bindProgrammes(form);
+    bindAccount(form);
+}
+
+} // namespace opd::registration

@@ -14,8 +14,9 @@ void fillWithNames(FormFixture& desk) {
     desk.form->window().collect(everything);
     registration::Fields& fields = desk.form->fields();
     for (ui::Control* control : everything)
-        if (auto* box = dynamic_cast<ui::TextBox*>(control);
-            box != nullptr && box != &fields.header.txtOPDNum && box != &fields.header.txtHospNum && box != &fields.consultation.txtPR)
+        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && box != &fields.header.txtOPDNum &&
+                                                             box != &fields.header.txtHospNum &&
+                                                             box != &fields.consultation.txtPR)
             box->setText(control->name());
     fields.header.txtAge.setText("46");
     fields.consultation.txtPR.setText("72"); // the one box that takes numbers alone
@@ -260,6 +261,33 @@ TEST(Save, MarkersFollowTheFlagsTheClientAndTheBoxes) {
               "Patient_Data..sp_AOPD_InsertUpdateOutProfile '00000012','26A0000007B','', '', '', '', '', '', '', '', "
               "'11/01/2026','2'\n"
               "Patient_data..OPD_UpdateFileNum '00000012'\n");
+}
+
+TEST(Save, TheLetterOfAuthorizationIsSavedForInsurersAndHmosAlone) {
+    for (const char* companyClass : {"P", "H", "S", ""}) {
+        SCOPED_TRACE(companyClass);
+        FormFixture desk;
+        desk.globals.IsAllowOPDUpdateHMOLOA = true;
+        desk.openNewPatient();
+        fillRequired(desk);
+        ASSERT_TRUE(desk.validate());
+        registration::AdditionalTab& additional = desk.form->fields().additional;
+        EXPECT_EQ(additional.cmbLOAStatus.text(), "Covered");
+        EXPECT_EQ(additional.DateLOAInformed.text() + " " + additional.TimeLOAInformed.text(), "11/24/2026 02:05 PM");
+        additional.txtApprovalNo.setText(" AP-1 ");
+        additional.txtLOAAmount.setText("1500");
+        additional.txtLOAReceiver.setText("LIZA");
+        additional.txtLOARemarks.setText("BY PHONE");
+        desk.form->record().CompanyClass = companyClass;
+        desk.desktop.answer(ui::Answer::Ok);
+        ASSERT_TRUE(registration::SaveData(desk.form->context(), false));
+        const bool insured = std::string{"PH"}.find(companyClass) != std::string::npos && *companyClass != '\0';
+        EXPECT_EQ(desk.provider->log.find(
+                      "Patient_Data..sp_AOPD_SaveHMOLOA '26A0000007B', 'AP-1', '1500.00','11/24/2026 "
+                      "14:05:00', 'LIZA', '11/24/2026 14:05:00','Covered', 'BY PHONE'\n") != std::string::npos,
+                  insured)
+            << desk.provider->log;
+    }
 }
 
 } // namespace

@@ -1,0 +1,177 @@
+#include "support/test_session.h"
+
+#include "search/code_search.h"
+#include "search/pick_list.h"
+#include "search/search_chief_complaint.h"
+
+#include <gtest/gtest.h>
+
+namespace opd::tests {
+
+namespace {
+
+ado::ResultSet rows(std::vector<std::string> columns, std::vector<std::vector<ado::Value>> values) {
+    return {std::move(columns), std::move(values)};
+}
+
+const ado::ResultSet oneCode = rows({"Description", "Code"}, {{"BAGONG SILANG", "BAG01"}});
+const ado::ResultSet twoCodes = rows({"Description", "Code"}, {{"BAGONG SILANG", "BAG01"}, {"BAGUMBAYAN", "BAG02"}});
+
+TEST(CodeSearch, OneRowIsTakenAndOthersLeadToTheDialogAsEachSearchSays) {
+    struct Case {
+        const char* name;
+        std::function<bool(search::clsSearch&)> search;
+        const char* first;  ///< statement
+        const char* listed; ///< statement of the dialog, null where there is none
+        const char* caption;
+        bool dialogWhenNone;
+    };
+    const Case cases[] = {
+        {"barangay", [](auto& codes) { return codes.SearchBarangay("BAG"); },
+         "Patient_Data..sp_Adm_SearchBarangay 'BAG'", "Patient_Data..sp_Adm_SearchBarangay 'BAG'", "Barangay", false},
+        {"doctor", [](auto& codes) { return codes.SearchDoctor("CRUZ", "3"); },
+         "BUILD_FILE..sp_Bui_Search_Doctor '3', 'CRUZ','','7'", "BUILD_FILE..sp_Bui_Search_Doctor '3', 'CRUZ','','6'",
+         "Doctor", true},
+        {"classification", [](auto& codes) { return codes.SearchAdmittingType("2"); },
+         "PATIENT_DATA..sp_Adm_SearchAdmissionType '2'", "PATIENT_DATA..sp_Adm_SearchAdmissionType '2'",
+         "Patient Classification", true},
+        {"doctor on duty", [](auto& codes) { return codes.SearchAutoDoctor("", "3"); },
+         "BUILD_FILE..sp_Bui_Search_Doctor '3', '','','5'", nullptr, "", false},
+    };
+    for (const Case& entry : cases) {
+        SCOPED_TRACE(entry.name);
+        TestSession desk;
+        search::clsSearch codes(desk.session);
+        desk.provider->answer(entry.first, oneCode);
+        EXPECT_TRUE(entry.search(codes));
+        EXPECT_EQ(codes.Code() + " " + codes.Description(), "BAG01 BAGONG SILANG");
+        EXPECT_EQ(desk.provider->log, std::string{entry.first} + "\n");
+        EXPECT_EQ(desk.provider->requests.back().cursorLocation, ado::CursorLocation::Client);
+
+        // Several rows: the dialog, of which the clerk picks the second row.
+        desk.provider->answer(entry.first, twoCodes);
+        desk.provider->log.clear();
+        if (entry.listed == nullptr) {
+            EXPECT_FALSE(entry.search(codes));
+            EXPECT_TRUE(desk.desktop.shown.empty());
+            continue;
+        }
+        desk.provider->answer(entry.listed, twoCodes);
+        desk.desktop.work([&](ui::Window& window) {
+            EXPECT_EQ(window.caption(), entry.caption);
+            window.setFocus(codes.dialog().fields().grdDispWindow);
+            window.pickedRow(codes.dialog().fields().grdDispWindow, 2);
+            EXPECT_EQ(codes.dialog().fields().txtSearchStr.text(), "BAGUMBAYAN");
+            window.pressKey(ui::key::enter);
+        });
+        EXPECT_TRUE(entry.search(codes));
+        EXPECT_EQ(codes.Code(), "BAG02");
+        EXPECT_EQ(desk.provider->log, std::string{entry.first} + "\n" + entry.listed + "\n");
+
+        // Cancelled: false, and the values of the last success stay.
+        desk.desktop.work([](ui::Window& window) { window.pressKey(ui::key::escape); });
+        EXPECT_FALSE(entry.search(codes));
+        EXPECT_EQ(codes.Code(), "BAG02");
+
+        // None.
+        desk.provider->answer(entry.first, rows({"Description", "Code"}, {}));
+        desk.provider->answer(entry.listed, rows({"Description", "Code"}, {}));
+        if (entry.dialogWhenNone)
+            desk.desktop.work([&](ui::Window&) { EXPECT_FALSE(codes.dialog().fields().cmdSelect.enabled()); });
+        else
+            desk.desktop.answer(ui::Answer::Ok);
+        EXPECT_FALSE(entry.search(codes));
+        if (!entry.dialogWhenNone) {
+            EXPECT_EQ(desk.desktop.messages.back().text, "Invalid Code!");
+        }
+    }
+}
+
+TEST(CodeSearch, AFailureReachesTheCallerAndAQuoteIsNeverSent) {
+    TestSession desk;
+    search::clsSearch codes(desk.session);
+    desk.provider->failOn("Patient_Data..sp_Adm_SearchBarangay 'X'", "No such procedure.");
+    EXPECT_THROW(codes.SearchBarangay("X"), ado::Error);
+    desk.provider->log.clear();
+    EXPECT_THROW(codes.SearchBarangay("O'NEIL"), ado::Error);
+    EXPECT_EQ(desk.provider->log, "");
+}
+
+TEST(ChiefComplaintDialog, SearchesWithEveryTypedKeyAndNotWhileWalkingTheList) {
+    TestSession desk;
+    const char* const statement = "PATIENT_DATA..sp_AOPD_SearchChiefComplaint '";
+    desk.provider->answer(
+        statement, rows({"Code", "ChiefComplaint", "Hidden"}, {{"CC001", "COUGH", "x"}, {"CC002", "COLDS", "x"}}));
+    search::frmSearchChiefComplaint dialog(desk.session);
+    dialog.SearchMode = "CHIEFCOMPLAINT";
+    dialog.SearchText = "CO";
+    desk.desktop.work([&](ui::Window& window) {
+        EXPECT_EQ(window.caption(), "Chief Complaints");
+        EXPECT_EQ(dialog.fields().lblHospital.caption(), "#Hospital#");
+        EXPECT_EQ(desk.provider->log, std::string{statement} + "CO'\n");
+        desk.provider->log.clear();
+        TestDesktop::type(window, "abc");
+        EXPECT_EQ(desk.provider->log, std::string{statement} + "A'\n" + statement + "AB'\n" + statement + "ABC'\n");
+        window.pressArrowDown();
+        EXPECT_EQ(window.focus(), &dialog.fields().grdDispWindow);
+        desk.provider->log.clear();
+        window.pickedRow(dialog.fields().grdDispWindow, 2);
+        EXPECT_EQ(dialog.fields().txtSearchStr.text(), "COLDS");
+        EXPECT_EQ(desk.provider->log, "");
+        window.pressKey(ui::key::enter);
+    });
+    dialog.showModal();
+    EXPECT_TRUE(dialog.Valid());
+    EXPECT_EQ(dialog.ResultCode() + " " + dialog.Result(), "CC002 COLDS");
+
+    // The next showing begins without a result; another mode searches nothing.
+    dialog.SearchMode = "OTHER";
+    desk.provider->log.clear();
+    desk.desktop.work([](ui::Window& window) { window.pressKey(ui::key::escape); });
+    dialog.showModal();
+    EXPECT_FALSE(dialog.Valid());
+    EXPECT_EQ(desk.provider->log, "");
+}
+
+TEST(PickList, TakesTheFirstDoctorOrAsksTheClerk) {
+    const char* const ofService = "Build_File..global_SearchDoctor_By_Specialization '3',0";
+    const char* const all = "Build_File..global_SearchDoctor_By_Specialization '',1";
+    const ado::ResultSet doctors = rows({"Name", "Code", "S1", "S2", "S3"},
+                                        {{"CRUZ, ANA", "D001", "A", "B", ""}, {"LIM, BEA", "D002", "A", "", ""}});
+    TestSession desk;
+    desk.provider->answer(ofService, doctors);
+    search::frmPickList automatic(desk.session);
+    automatic.InitializeForm("Doctors", "3", "CARDIOLOGY", false);
+    automatic.LoadForm();
+    EXPECT_TRUE(automatic.UserSelected());
+    EXPECT_EQ(automatic.ReturnID() + " " + automatic.ReturnDescription(), "D001 CRUZ, ANA");
+    EXPECT_TRUE(desk.desktop.shown.empty());
+
+    desk.provider->forgetRules(ofService);
+    search::frmPickList nobody(desk.session);
+    nobody.InitializeForm("Doctors", "3", "CARDIOLOGY", false);
+    nobody.LoadForm();
+    EXPECT_EQ(nobody.ReturnID(), "");
+
+    search::frmPickList asked(desk.session);
+    asked.InitializeForm("Doctors", "3", "CARDIOLOGY", true);
+    desk.desktop.answer(ui::Answer::No);
+    asked.LoadForm();
+    EXPECT_FALSE(asked.UserSelected());
+    EXPECT_EQ(
+        desk.desktop.messages.back().text,
+        "According to the build file, there is no doctor available that performs the CARDIOLOGY service.\r\nDo you "
+        "want to manually assign a doctor?");
+    desk.provider->answer(all, doctors);
+    desk.desktop.answer(ui::Answer::Yes);
+    desk.desktop.work([&](ui::Window& window) {
+        window.pickedRow(asked.fields().grdMain, 2);
+        window.click(asked.fields().cmdOK);
+    });
+    asked.LoadForm();
+    EXPECT_TRUE(asked.UserSelected());
+    EXPECT_EQ(asked.ReturnID(), "D002");
+}
+
+} // namespace
+} // namespace opd::tests

@@ -3,8 +3,11 @@
 #include "platform/text/text.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QKeySequence>
+#include <QPointer>
 #include <QTest>
+#include <QThread>
 #include <QWidget>
 #include <QWindow>
 
@@ -92,8 +95,12 @@ void waitUntilActive(QWidget& window) {
     if (window.isActiveWindow())
         return;
     window.activateWindow();
-    if (QTest::qWaitFor([&window] { return window.isActiveWindow(); }, 300))
-        settle();
+    // The toolkit's own waiting would delete windows that are unloaded while a handler of theirs still runs.
+    const QPointer<QWidget> awaited(&window);
+    for (QDeadlineTimer patience(300); awaited && !awaited->isActiveWindow() && !patience.hasExpired();
+         QThread::msleep(5))
+        QCoreApplication::processEvents();
+    settle();
 }
 
 void settle() {

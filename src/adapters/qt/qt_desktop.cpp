@@ -50,6 +50,8 @@ WindowShell* QtDesktop::open(ui::Window& window, bool modal) {
     m_shells.push_back(shell);
     QObject::connect(shell, &WindowShell::gone, &m_activation, [this, shell] { std::erase(m_shells, shell); });
     shell->present(modal, served);
+    if (m_player != nullptr && shell->isOpen())
+        hands::waitUntilActive(*shell); // a display moves and sizes a window a while after it was asked to
     return shell;
 }
 

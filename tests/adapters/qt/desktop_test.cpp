@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 
 namespace opd::qt {
@@ -79,6 +80,21 @@ TEST(QtDesktopTest, AWindowMayBeUnloadedAndShownAgainInsideItsOwnHandler) {
     const std::vector<std::string> expected{"search 1", "search gone", "form gone", "back", "search 2", "search gone"};
     EXPECT_EQ(story, expected);
     EXPECT_EQ(desktop.currentShell(), nullptr);
+}
+
+// A script waits for the next window inside the click that closed this one, whose button is still at work then.
+TEST(QtDesktopTest, WaitingForAWindowLeavesAClosedOneToItsRunningHandler) {
+    SearchDesk desk;
+    bool outlived = false;
+    desk.form.newPatient.onClick = [&] {
+        const QPointer<QWidget> shell = &desk.shell();
+        desk.form.unload();
+        QWidget neverShown;
+        hands::waitUntilActive(neverShown);
+        outlived = shell != nullptr;
+    };
+    desk.hands.click(desk.form.newPatient);
+    EXPECT_TRUE(outlived);
 }
 
 TEST(QtDesktopTest, TheFrameAndEscAskTheWindowAndTimersTick) {

@@ -1,0 +1,45 @@
+#include "hospital.h"
+
+#include "platform/ado/recordset.h"
+#include "search/patient_statements.h"
+
+#include <benchmark/benchmark.h>
+#include <map>
+
+namespace opd::bench {
+
+namespace {
+
+Hospital& hospitalOf(int patients) {
+    static std::map<int, std::unique_ptr<Hospital>> made;
+    std::unique_ptr<Hospital>& hospital = made[patients];
+    if (!hospital)
+        hospital = std::make_unique<Hospital>(patients);
+    return *hospital;
+}
+
+void measure(benchmark::State& state, const data::Statement& statement) {
+    ado::Connection& connection = hospitalOf(static_cast<int>(state.range(0))).connection();
+    std::size_t rows = 0;
+    for (auto _ : state)
+        rows = connection.Execute(statement.str()).all().rows.size();
+    state.counters["rows"] = static_cast<double>(rows);
+}
+
+void searchByNameAndBirthDate(benchmark::State& state) {
+    measure(state, search::nameSearch("DELA CRUZ", "M", "1980.03.07"));
+}
+BENCHMARK(searchByNameAndBirthDate)->Arg(500)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+void searchByCommonName(benchmark::State& state) {
+    measure(state, search::nameSearch("DELA CRUZ", "M", ""));
+}
+BENCHMARK(searchByCommonName)->Arg(500)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+void searchByCard(benchmark::State& state) {
+    measure(state, search::cardSearch("00000009"));
+}
+BENCHMARK(searchByCard)->Arg(500)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace opd::bench

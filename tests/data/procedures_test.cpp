@@ -1,0 +1,171 @@
+#include "support/test_session.h"
+
+#include "data/connection_settings.h"
+#include "data/hospital_settings.h"
+#include "data/leading_number.h"
+#include "data/procedures/dates.h"
+#include "data/procedures/eligibility.h"
+#include "data/procedures/key_filters.h"
+#include "data/statement.h"
+
+#include <gtest/gtest.h>
+
+namespace opd::tests {
+
+namespace {
+
+TEST(Statement, KeepsValuesOutOfItsStructure) {
+    EXPECT_EQ(data::Statement("p '").values({"A", "%_[x];--", "Ñ"}, "', '").text("',").number(-3).str(),
+              "p 'A', '%_[x];--', 'Ñ',-3");
+    for (const char* value : {"'", "O'NEIL", "x' or '1'='1", "''"})
+        EXPECT_THROW(data::Statement("p '").value(value), ado::Error) << value;
+    EXPECT_EQ(data::Statement("p ").bareWord("00000012").str(), "p 00000012");
+    for (const char* word : {"", "1 2", "1,2", "1'", "a;b"})
+        EXPECT_THROW(data::Statement("p ").bareWord(word), ado::Error) << word;
+}
+
+TEST(ConnectionSettings, TheStringFollowsTheUserAndOtherKindsAreRefused) {
+    MemoryStore store;
+    store.values = {{"Server", "HIS1"}, {"Password", "s3cret"}, {"Database", "ignored"}};
+    EXPECT_EQ(data::connStr(store, 4, "LABORATORY"),
+              "Provider=SQLOLEDB.8;Integrated Security=SSPI;Persist Security Info=False;Initial "
+              "Catalog=LABORATORY;Data Source=HIS1");
+    store.values["User"] = "opd";
+    store.values["Password"] = "";
+    EXPECT_EQ(data::connStr(store, 4, "X"), "Provider=SQLOLEDB.8;User ID=opd;Password =;Persist Security "
+                                            "Info=False;Initial Catalog=X;Data Source=HIS1");
+    EXPECT_EQ(data::connStr(store, 1, ""), "opd");
+    EXPECT_EQ(data::connStr(store, 3, ""), "HIS1");
+    EXPECT_EQ(data::connStr(store, 5, ""), "");
+    for (const int kind : {0, 6, -1})
+        EXPECT_THROW(data::connStr(store, kind, ""), std::out_of_range);
+}
+
+TEST(HospitalSettings, EveryFlagIsReadByNameAndAnEmptyTableChangesNone) {
+    for (std::size_t on = 0; on < featureFlags.size(); ++on) {
+        TestSession desk;
+        ado::ResultSet row = oneRow({{"ClientName", "X"}});
+        for (std::size_t i = 0; i < featureFlags.size(); ++i) {
+            row.columns.push_back(text::upper(std::string_view{featureFlags[i].column}));
+            row.rows.front().push_back(i == on ? ado::Value{-1} : ado::Value{0});
+        }
+        desk.provider->answer("Select top 1", row);
+        data::loadFeatureFlags(desk.session);
+        for (std::size_t i = 0; i < featureFlags.size(); ++i)
+            EXPECT_EQ(desk.globals.*featureFlags[i].flag, i == on) << featureFlags[i].column;
+        EXPECT_EQ(desk.provider->requests.back().cursorLocation, ado::CursorLocation::Client);
+        EXPECT_EQ(desk.provider->requests.back().cursorType, ado::CursorType::Dynamic);
+
+        desk.provider->forgetRules("Select top 1");
+        data::loadFeatureFlags(desk.session);
+        EXPECT_TRUE(desk.globals.*featureFlags[on].flag) << "no row, no change";
+    }
+}
+
+TEST(KeyFilters, KeepWhatBelongsAndDropTheRest) {
+    const auto name = [](char32_t key) {
+        data::FilterNameKey(key);
+        return key;
+    };
+    for (const auto& [typed, kept] : std::vector<std::pair<char32_t, char32_t>>{{U'a', U'A'},
+                                                                                {U'ñ', U'Ñ'},
+                                                                                {U'-', U'-'},
+                                                                                {U',', U','},
+                                                                                {U' ', U' '},
+                                                                                {U'1', 0},
+                                                                                {U'.', 0},
+                                                                                {U'é', 0},
+                                                                                {8, 8},
+                                                                                {13, 13}})
+        EXPECT_EQ(name(typed), kept) << static_cast<unsigned>(typed);
+    for (const auto& [typed, kept] : std::vector<std::pair<char32_t, char32_t>>{
+             {U'z', U'Z'}, {U'Ñ', U'Ñ'}, {U'.', U'.'}, {U' ', 0}, {U'-', 0}, {8, 8}, {9, 9}, {27, 27}, {1, 0}})
+        EXPECT_EQ(data::FilterKeyByChars(data::NameCharacters(), typed), kept) << static_cast<unsigned>(typed);
+    TestDesktop desktop;
+    EXPECT_EQ(data::FilterKeyInSet(desktop, U'7', "1234567890-", true), U'7');
+    EXPECT_EQ(data::FilterKeyInSet(desktop, ui::key::backspace, "1234567890-", true), ui::key::backspace);
+    EXPECT_EQ(desktop.beeps, 0);
+    EXPECT_EQ(data::FilterKeyInSet(desktop, ui::key::backspace, "1234567890-", false), 0U);
+    EXPECT_EQ(data::FilterKeyInSet(desktop, U'x', "1234567890-", true), 0U);
+    EXPECT_EQ(desktop.beeps, 2);
+}
+
+TEST(Dates, RangesAndAgesFollowTheServer) {
+    const struct {
+        const char* date;
+        const char* lower;
+        const char* upper;
+        bool blankAllowed;
+        bool expected;
+    } ranges[] = {{"  /  /    ", "", "", true, true},
+                  {"  /  /    ", "", "", false, false},
+                  {"", "", "", true, true},
+                  {"02/30/2000", "", "True", true, false},
+                  {"03/07/1980", "", "True", true, true},
+                  {"03/07/1980", "03/08/1980", "", false, false},
+                  {"03/07/1980", "no date", "03/07/1980", false, true},
+                  {"03/08/1980", "", "03/07/1980", false, false}};
+    for (const auto& range : ranges)
+        EXPECT_EQ(data::IsDateInRange(range.date, range.lower, range.upper, range.blankAllowed), range.expected)
+            << range.date << " " << range.lower << " " << range.upper;
+
+    TestSession desk; // the server stands at 11/24/2026
+    const std::pair<const char*, int> ages[] = {{"11/24/2025", 0},  {"11/23/2025", 1}, {"11/24/2026", 0},
+                                                {"11/25/2026", -1}, {"", 0},           {"x", 0}};
+    for (const auto& [born, age] : ages)
+        EXPECT_EQ(data::ComputeAge(desk.session, born, "01/01/1900"), age) << born;
+
+    // An empty settings table leads to the second question; a failing server keeps the date of before.
+    desk.globals.gServerDate = {2020, 1, 1, 0, 0, 0};
+    desk.provider->answer("select GETDATE() AS Tdate", oneRow({{"Tdate", DateTime{2026, 5, 6, 7, 8, 9}}}));
+    data::LoadServerDate(desk.session);
+    EXPECT_EQ(desk.globals.gServerDate, (DateTime{2026, 5, 6, 7, 8, 9}));
+    desk.provider->failOn("Select GetDate()", "gone");
+    data::LoadServerDate(desk.session);
+    EXPECT_EQ(desk.globals.gServerDate, (DateTime{2026, 5, 6, 7, 8, 9}));
+}
+
+TEST(Eligibility, SexGoesBeforeAgeAndOnlyTheYoungMotherIsAskedAbout) {
+    const char* const male = "Cannot use this service for male patient...";
+    const char* const newborn = "Patient's age indicates that Newborn is not a valid service...";
+    const char* const pediatrics = "Patient's age indicates that Pediatrics is not a valid service...";
+    const char* const obstetrics =
+        "Patient's age indicates that this is a Pediatric case. Are you sure this is an obsteric case?";
+    const struct {
+        const char* service;
+        const char* sex;
+        const char* age;
+        const char* message;
+        ui::Answer answer;
+        bool expected;
+    } cases[] = {
+        {"9", "M", "30", male, ui::Answer::Ok, false},        {"16", "M", "3", male, ui::Answer::Ok, false},
+        {"9", "F", "30", nullptr, ui::Answer::Ok, true},      {"13", "F", "0", nullptr, ui::Answer::Ok, true},
+        {"13", "F", "1", newborn, ui::Answer::Ok, false},     {"14", "M", "15", nullptr, ui::Answer::Ok, true},
+        {"14", "M", "16", pediatrics, ui::Answer::Ok, false}, {"16", "F", "15", nullptr, ui::Answer::Ok, true},
+        {"16", "F", "14", obstetrics, ui::Answer::Yes, true}, {"16", "F", "14", obstetrics, ui::Answer::No, false},
+        {"ABC", "M", "", nullptr, ui::Answer::Ok, true}};
+    for (const auto& entry : cases) {
+        TestDesktop desktop;
+        if (entry.message != nullptr)
+            desktop.answer(entry.answer);
+        EXPECT_EQ(data::CheckServiceEligibility(desktop, entry.service, entry.sex, entry.age), entry.expected)
+            << entry.service << entry.sex << entry.age;
+        EXPECT_EQ(desktop.messages.empty() ? std::string{"none"} : desktop.messages.back().text,
+                  entry.message == nullptr ? "none" : entry.message);
+    }
+    std::string text = "  ";
+    data::AppendMessageLine(text, "one");
+    data::AppendMessageLine(text, "two");
+    EXPECT_EQ(text, "one\r\ntwo");
+}
+
+TEST(LeadingNumber, ReadsTheStartAndNothingElse) {
+    const std::pair<const char*, double> cases[] = {{"120/80", 120}, {" 36.5 C", 36.5}, {"", 0},    {"abc", 0},
+                                                    {"-4", -4},      {"+7", 7},         {"inf", 0}, {"1e3", 1}};
+    for (const auto& [text, number] : cases)
+        EXPECT_DOUBLE_EQ(data::leadingNumber(text), number) << text;
+}
+
+} // namespace
+} // namespace opd::tests

@@ -2,6 +2,7 @@
 
 #include "data/rows.h"
 #include "registration/load/form_load.h"
+#include "registration/revoke/revoke.h"
 #include "registration/rules/clinical_codes.h"
 #include "registration/rules/code_lookups.h"
 #include "registration/rules/key_rules.h"
@@ -26,6 +27,7 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     bindClinicalCodes(m_context);
     bindPayerRules(m_context);
     bindVisitRules(m_context);
+    bindRevoke(m_context);
     bindButtons();
     disableIdleButtons();
 }

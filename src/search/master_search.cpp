@@ -18,8 +18,7 @@ frmMasterSearch::frmMasterSearch(Session& session, RegistrationOpener& registrat
     m_fields.close.causesValidation = false;
     // No search asks for year, month and day apart from the birth date.
     for (ui::Control* unused :
-         {static_cast<ui::Control*>(&m_fields.txtBirthYear), static_cast<ui::Control*>(&m_fields.cboBirthMonth),
-          static_cast<ui::Control*>(&m_fields.cboBirthDay)})
+         std::initializer_list<ui::Control*>{&m_fields.txtBirthYear, &m_fields.cboBirthMonth, &m_fields.cboBirthDay})
         unused->setVisible(false);
     m_fields.txtAge.setEnabled(false);
     bindKeys();
@@ -82,11 +81,9 @@ void frmMasterSearch::clearOthers(const ui::Control& kept) {
 
 void frmMasterSearch::bindCriteria() {
     const auto enableSearch = [this] { m_fields.search.setEnabled(true); };
-    for (ui::Control* criterion :
-         {static_cast<ui::Control*>(&m_fields.lastName), static_cast<ui::Control*>(&m_fields.txtBirthDate),
-          static_cast<ui::Control*>(&m_fields.txtPHICNum), static_cast<ui::Control*>(&m_fields.txtSSSNum),
-          static_cast<ui::Control*>(&m_fields.txtGSISNum), static_cast<ui::Control*>(&m_fields.txtBirthYear),
-          static_cast<ui::Control*>(&m_fields.cboBirthMonth), static_cast<ui::Control*>(&m_fields.cboBirthDay)})
+    for (ui::Control* criterion : std::initializer_list<ui::Control*>{
+             &m_fields.lastName, &m_fields.txtBirthDate, &m_fields.txtPHICNum, &m_fields.txtSSSNum,
+             &m_fields.txtGSISNum, &m_fields.txtBirthYear, &m_fields.cboBirthMonth, &m_fields.cboBirthDay})
         criterion->onChange = enableSearch;
     m_fields.male.onClick = enableSearch;
     m_fields.female.onClick = enableSearch;

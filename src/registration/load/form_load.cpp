@@ -18,13 +18,10 @@ using data::Statement;
 
 /// What is hidden in every form until something shows it.
 void hideUntilNeeded(Fields& fields) {
-    for (ui::Control* control :
-         {static_cast<ui::Control*>(&fields.header.lblAdmissionStatus),
-          static_cast<ui::Control*>(&fields.header.fraMasterFileRegistrationOnly),
-          static_cast<ui::Control*>(&fields.buttons.cmdRevoke), static_cast<ui::Control*>(&fields.buttons.cmdUnRevoke),
-          static_cast<ui::Control*>(&fields.buttons.cmdEndConsultation),
-          static_cast<ui::Control*>(&fields.history.lastMenstruation),
-          static_cast<ui::Control*>(&fields.employment.txtEntry)})
+    for (ui::Control* control : std::initializer_list<ui::Control*>{
+             &fields.header.lblAdmissionStatus, &fields.header.fraMasterFileRegistrationOnly, &fields.buttons.cmdRevoke,
+             &fields.buttons.cmdUnRevoke, &fields.buttons.cmdEndConsultation, &fields.history.lastMenstruation,
+             &fields.employment.txtEntry})
         control->setVisible(false);
     fields.personal.dtpExpiration.setEnabled(false);
     fields.history.txtMedHistory.setEnabled(false);
@@ -50,8 +47,7 @@ void layOutOptionalParts(FormContext& form) {
     PersonalTab& personal = form.fields.personal;
     const bool usesPayCodes = globals.gClientName == "RVT";
     for (ui::Control* payCode :
-         {static_cast<ui::Control*>(&personal.lblPaycode), static_cast<ui::Control*>(&personal.cmbPaycode),
-          static_cast<ui::Control*>(&personal.cmbPaycodeID)})
+         std::initializer_list<ui::Control*>{&personal.lblPaycode, &personal.cmbPaycode, &personal.cmbPaycodeID})
         payCode->setVisible(usesPayCodes);
     const bool codedBarangay = globals.isAllowOPDSearchBarangay;
     personal.txtBarangay.setVisible(!codedBarangay);

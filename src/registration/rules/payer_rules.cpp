@@ -29,9 +29,8 @@ void bindInsurance(FormContext& form) {
     personal.optHospPlan.forEach([&](int, ui::OptionButton& plan) {
         plan.onClick = [&] {
             const bool paidByOthers = !personal.planPersonal.selected();
-            for (ui::Control* account :
-                 {static_cast<ui::Control*>(&personal.accountNumber), static_cast<ui::Control*>(&personal.accountName),
-                  static_cast<ui::Control*>(&personal.searchAccount)})
+            for (ui::Control* account : std::initializer_list<ui::Control*>{
+                     &personal.accountNumber, &personal.accountName, &personal.searchAccount})
                 account->setEnabled(paidByOthers);
             personal.lblCardNum.setVisible(paidByOthers);
             personal.txtCardNum.setVisible(paidByOthers);

@@ -109,16 +109,10 @@ bool acceptTemperature(FormContext& form) {
 
 void bindTemperature(FormContext& form) {
     ui::TextBox& temperature = form.fields.consultation.txtTemperature;
-    temperature.onKeyPress = [&form, &temperature](ui::KeyPress& press) {
-        if (press.code != ui::key::enter) {
-            if (!isTemperatureKey(press.code))
-                press.drop();
-            return;
-        }
-        if (text::isBlank(temperature.text()))
-            return;
-        // The question is asked when the field is left, which Enter does next.
-        press.drop();
+    // Enter leads on, and what is unusual is asked about when the field is left.
+    temperature.onKeyPress = [](ui::KeyPress& press) {
+        if (press.code != ui::key::enter && !isTemperatureKey(press.code))
+            press.drop();
     };
     temperature.onValidate = [&form, &temperature](bool&) {
         if (!text::isBlank(temperature.text()) && !acceptTemperature(form))

@@ -1,9 +1,13 @@
 #include "entry/composition.h"
 
+#include "adapters/image/picture_files.h"
+#include "adapters/report/engine.h"
 #include "adapters/sqlite/provider.h"
 #include "entry/environment.h"
 #include "entry/trace_file.h"
+#include "platform/com/library.h"
 #include "platform/settings/ini_store.h"
+#include "reports/photograph.h"
 
 #include <cstdlib>
 
@@ -39,6 +43,27 @@ void traceStatements(ado::Connection& connection) {
 const Clock& clock() {
     static const SystemClock ofMachine;
     return ofMachine;
+}
+
+const ImageCodec& images() {
+    static const adapters::PictureFiles files;
+    return files;
+}
+
+std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings) {
+    return std::make_unique<adapters::ReportEngine>(adapters::ReportEngine::Surroundings{
+        .clock = clock(),
+        .photograph =
+            [&settings](const std::string& hospNum) {
+                const std::string location = reports::pictureLocation(reports::pictureFolder(settings));
+                return reports::storedPhotograph(images(), reports::photographFile(location, hospNum));
+            },
+        .onConnect = traceStatements,
+    });
+}
+
+std::filesystem::path moduleFolder() {
+    return com::libraryOf(reinterpret_cast<const void*>(&moduleFolder)).parent_path();
 }
 
 } // namespace composition

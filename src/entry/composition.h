@@ -1,10 +1,14 @@
 #pragma once
 
 #include "platform/ado/connection.h"
+#include "platform/camera/camera.h"
 #include "platform/clock/clock.h"
+#include "platform/image/image.h"
+#include "platform/report/engine.h"
 #include "platform/settings/store.h"
 #include "platform/ui/desktop.h"
 
+#include <filesystem>
 #include <memory>
 
 /// Which adapter stands behind which port, as the environment says (see entry/environment.h).
@@ -22,6 +26,19 @@ void addProviders();
 void traceStatements(ado::Connection& connection);
 
 const Clock& clock();
+
+/// What reads and writes picture files.
+const ImageCodec& images();
+
+/// Makes documents from report files, with the photographs of the folder that the settings name.
+std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings);
+
+/// The camera of the process: the file that stands in for one, or else the workstation's, which is looked for when it
+/// is first used. A desktop without a screen has none.
+Camera& camera();
+
+/// The folder that the component lies in.
+std::filesystem::path moduleFolder();
 
 /// The desktop of the process. It is made when a window or message is first shown on it, and lives as long as the
 /// process; until then neither toolkit nor display is needed. Showing throws std::runtime_error when it cannot be made.

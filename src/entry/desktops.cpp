@@ -14,8 +14,7 @@ namespace opd::composition {
 namespace {
 
 ui::Desktop* makeQtDesktop(script::Player* player) {
-    const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&makeQtDesktop));
-    const com::Library module{here.parent_path() / com::libraryFileName("opd-desktop-qt")};
+    const com::Library module{moduleFolder() / com::libraryFileName("opd-desktop-qt")};
     const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
     ui::Desktop* made = create(player);
     if (made == nullptr)
@@ -46,6 +45,10 @@ class DesktopOfProcess final : public ui::Desktop {
     void show(ui::Window& window) override { real().show(window); }
     void waitForWindows() override { real().waitForWindows(); }
     ui::Answer ask(const ui::Message& message) override { return real().ask(message); }
+    std::optional<std::filesystem::path> askFile(const ui::FileQuestion& question) override {
+        return real().askFile(question);
+    }
+    report::Output& output() override { return real().output(); }
     void beep() override { real().beep(); }
     void setBusy(bool busy) override { real().setBusy(busy); }
     bool isBusy() const override { return m_real != nullptr && m_real->isBusy(); }

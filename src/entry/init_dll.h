@@ -20,10 +20,13 @@ inline constexpr const char* initDllProgramId = "OPDRegistration.InitDLL";
 inline constexpr com::Guid classIdInitDLL{0xA9D6F7B0, 0x1C42, 0x4E6E, {0x8B, 0x5D, 0x03, 0xF2, 0x6A, 0x97, 0x41, 0xCE}};
 inline constexpr com::Guid iidInitDLL{0x00CB8F23, 0x5680, 0x49CB, {0x9C, 0xB9, 0xC4, 0x63, 0xD4, 0xD9, 0xA2, 0x27}};
 
-/// Where the workstation user's connection settings are kept: the keys "User", "Password" and "Server" of this section of
-/// this application's settings. An empty user asks for integrated security.
+/// Where the workstation user's connection settings are kept: the keys "User", "Password" and "Server" of this section
+/// of this application's settings. An empty user asks for integrated security.
 inline constexpr const char* connectionSettingsApplication = "QUORIN Current User";
 inline constexpr const char* connectionSettingsSection = "Connection";
+
+/// The section of the same settings that names, under the key "Folder", where the patients' photographs are kept.
+inline constexpr const char* pictureSettingsSection = "Pictures";
 
 class IInitDLL : public com::IUnknown {
   public:

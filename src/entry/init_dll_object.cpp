@@ -7,6 +7,7 @@
 #include "platform/com/connection_object.h"
 #include "platform/com/memory.h"
 #include "platform/com/object.h"
+#include "reports/photograph.h"
 
 #include <new>
 #include <string_view>
@@ -16,16 +17,23 @@ namespace opd {
 // The public face names the store for hosts that include nothing else of the module.
 static_assert(std::string_view{connectionSettingsApplication} == data::settingsApplication);
 static_assert(std::string_view{connectionSettingsSection} == data::connectionSection);
+static_assert(std::string_view{pictureSettingsSection} == reports::pictureSection);
 
-InitDLL::InitDLL(com::Server& server) : Counted(iidInitDLL), m_use(server), m_settings(composition::makeStore()) {
+InitDLL::InitDLL(com::Server& server)
+    : Counted(iidInitDLL), m_use(server), m_settings(composition::makeStore()),
+      m_reports(composition::makeReportEngine(*m_settings)) {
     composition::addProviders();
 }
 
 Session InitDLL::session() const {
-    return {Globals::ofThread(), composition::desktop(), composition::clock(), *m_settings,
+    return {Globals::ofThread(),
+            composition::desktop(),
+            composition::clock(),
+            *m_settings,
             [](const std::string& programId) {
                 return com::Object{com::createInstance(programId, com::iidLateBound).get()};
-            }};
+            },
+            {*m_reports, composition::camera(), composition::images(), composition::moduleFolder()}};
 }
 
 com::HResult InitDLL::InitSetup() {

@@ -29,6 +29,7 @@ class InitDLL final : public com::Counted<IInitDLL> {
 
     com::Server::Use m_use;
     std::unique_ptr<settings::Store> m_settings;
+    std::unique_ptr<report::Engine> m_reports;
 };
 
 } // namespace opd

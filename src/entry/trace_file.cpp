@@ -1,6 +1,6 @@
 #include "entry/trace_file.h"
 
-#include "platform/settings/private_file.h"
+#include "platform/settings/safe_file.h"
 #include "platform/text/text.h"
 
 #include <stdexcept>

@@ -12,6 +12,7 @@ struct ConfigureOptions {
     std::string server;
     std::string user;
     bool passwordFromInput = false;
+    std::string pictures; ///< folder of the patients' photographs
     std::string settings; ///< file; the user's own store without it
 };
 
@@ -23,6 +24,7 @@ struct RunOptions {
     std::string desktop = "qt";
     std::string script;
     std::string trace;
+    std::string cameraFile;
 };
 
 /// Makes an embedded hospital in a folder that is new or empty. Shows its progress when standard error is a terminal.

@@ -46,6 +46,9 @@ void configure(const ConfigureOptions& options) {
     set("User", options.user);
     set("Password", password);
     set("Server", server);
+    if (!options.pictures.empty())
+        store.set(connectionSettingsApplication, pictureSettingsSection, "Folder",
+                  std::filesystem::absolute(options.pictures).string());
 }
 
 } // namespace opd::host

@@ -47,6 +47,8 @@ struct CommandLine {
         sub->add_option("--user", settings.user, "Login at the server; integrated security without it");
         sub->add_flag("--password-stdin", settings.passwordFromInput,
                       "Read the password from standard input, one line");
+        sub->add_option("--pictures", settings.pictures,
+                        "Folder of the patients' photographs; beside a hospital's database without it");
         sub->add_option("--settings", settings.settings, "Settings file instead of the user's own");
         sub->callback([this] { command = [this] { host::configure(settings); }; });
     }
@@ -62,6 +64,7 @@ struct CommandLine {
             ->check(CLI::IsMember({"qt", "scripted"}));
         sub->add_option("--script", session.script, "Operator script that works the desk");
         sub->add_option("--trace", session.trace, "File for every statement sent; may hold patient data");
+        sub->add_option("--camera-file", session.cameraFile, "Picture that stands in for the camera");
         sub->callback([this] { command = [this] { host::run(session); }; });
     }
 };

@@ -37,6 +37,7 @@ void passOptions(const RunOptions& options) {
     setEnvironment(environment::desktop, options.desktop);
     setEnvironment(environment::script, options.script);
     setEnvironment(environment::trace, absoluteFile(options.trace));
+    setEnvironment(environment::cameraFile, absoluteFile(options.cameraFile));
 }
 
 void check(com::HResult result, const char* step) {
@@ -47,14 +48,15 @@ void check(com::HResult result, const char* step) {
         reason.empty() ? fmt::format("{} failed ({:#010x}).", step, static_cast<std::uint32_t>(result)) : reason);
 }
 
-/// Enters the component that lies beside this program into the class registry, unless it stands there already: a program
-/// runs with the components it came with. Where none lies beside it, the registered one serves.
+/// Enters the component that lies beside this program into the class registry, unless it stands there already: a
+/// program runs with the components it came with. Where none lies beside it, the registered one serves.
 void ensureRegistered(const char* programId, const char* libraryName) {
     const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&ensureRegistered)).parent_path();
     const std::filesystem::path file = here / com::libraryFileName(libraryName);
     const std::optional<com::ClassEntry> known = com::ClassRegistry{}.find(programId);
     std::error_code missing;
-    if (known && (!std::filesystem::exists(file, missing) || std::filesystem::equivalent(file, known->library, missing)))
+    if (known &&
+        (!std::filesystem::exists(file, missing) || std::filesystem::equivalent(file, known->library, missing)))
         return;
     const com::Library library{file};
     com::setLastErrorText({});

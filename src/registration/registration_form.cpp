@@ -2,6 +2,7 @@
 
 #include "data/rows.h"
 #include "registration/load/form_load.h"
+#include "registration/photo/photo.h"
 #include "registration/revoke/revoke.h"
 #include "registration/rules/clinical_codes.h"
 #include "registration/rules/code_lookups.h"
@@ -10,7 +11,9 @@
 #include "registration/rules/payer_rules.h"
 #include "registration/rules/validate_data.h"
 #include "registration/rules/visit_rules.h"
+#include "registration/save/codes.h"
 #include "registration/save/save_data.h"
+#include "reports/prepare_report.h"
 
 namespace opd::registration {
 
@@ -28,6 +31,7 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     bindPayerRules(m_context);
     bindVisitRules(m_context);
     bindRevoke(m_context);
+    bindCapture(m_context);
     bindButtons();
     disableIdleButtons();
 }
@@ -54,6 +58,7 @@ void RegistrationForm::SetRegistrationMode() {
 void RegistrationForm::bindButtons() {
     FormButtons& buttons = m_fields.buttons;
     buttons.cmdSave.onClick = [this] { save(false); };
+    buttons.cmdPrint.onClick = [this] { saveAndPrint(); };
     buttons.cmdUpdate.onClick = [this] { save(true); };
     buttons.cmdEndConsultation.onClick = [this] { endConsultation(); };
     buttons.cmdCancel.onClick = [this] { cancel(); };
@@ -76,6 +81,19 @@ void RegistrationForm::disableIdleButtons() {
 void RegistrationForm::save(bool updateOnly) {
     if (ValidateData(m_context) && SaveData(m_context, updateOnly))
         m_window.unload();
+}
+
+void RegistrationForm::saveAndPrint() {
+    if (!ValidateData(m_context) || !SaveData(m_context, false))
+        return;
+    const bool wasWritten = !m_record.SaveIDNum.empty(); // not where no number could be drawn
+    if (wasWritten)
+        reports::PrepareReport(
+            m_session, m_session.devices.moduleFolder / "Reports" / "DataSheet.rpt",
+            {savedVisit(m_record), m_session.globals.gCompanyName, m_session.globals.gCompanyAddress});
+    m_window.unload();
+    if (wasWritten)
+        reports::ShowReport(m_session, false, "Out-Patient & Emergency Room Record", false);
 }
 
 void RegistrationForm::cancel() {

@@ -37,6 +37,7 @@ class RegistrationForm {
     void bindButtons();
     void disableIdleButtons();
     void save(bool updateOnly);
+    void saveAndPrint();
     void cancel();
     void endConsultation();
 

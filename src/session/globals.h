@@ -3,6 +3,7 @@
 #include "platform/ado/connection.h"
 #include "platform/clock/date_time.h"
 #include "platform/com/object.h"
+#include "platform/report/engine.h"
 
 #include <array>
 #include <memory>
@@ -84,6 +85,8 @@ struct Globals : FeatureFlags {
     std::string gClientName;     ///< the client hospital's code: "RVT", "TKWA" or another
     std::string gCompanyName;    ///< the hospital's name
     std::string gCompanyAddress; ///< and address, for reports
+
+    std::unique_ptr<report::Report> gReport; ///< the prepared report, until its viewer closes
 
     std::string gSelectedHospNum; ///< hospital number of the highlighted row of the search window
 

@@ -1,14 +1,26 @@
 #pragma once
 
+#include "platform/camera/camera.h"
 #include "platform/clock/clock.h"
+#include "platform/image/image.h"
+#include "platform/report/engine.h"
 #include "platform/settings/store.h"
 #include "platform/ui/desktop.h"
 #include "session/globals.h"
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
 namespace opd {
+
+/// What the module brings along or finds at the workstation besides windows and database.
+struct Devices {
+    const report::Engine& reports;
+    Camera& camera;
+    const ImageCodec& images;
+    std::filesystem::path moduleFolder; ///< where the module lies, with its report files below
+};
 
 /// What a window or procedure needs of the world around it. All referenced objects outlive every window.
 struct Session {
@@ -19,6 +31,8 @@ struct Session {
 
     /// Creates a component by its programmatic identifier. Throws com::Error when it cannot be created.
     std::function<com::Object(const std::string& programId)> createObject;
+
+    Devices devices;
 
     /// The shared connection. Throws ado::Error when the host has handed over none.
     ado::Connection& connection() const;

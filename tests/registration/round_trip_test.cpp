@@ -47,7 +47,10 @@ struct HospitalSession {
     TestDesktop desktop;
     MemoryStore store;
     com::Ref<ListingStandIn> listing = com::Ref<ListingStandIn>::taking(new ListingStandIn);
-    Session session{globals, desktop, clock, store, {}};
+    StandInEngine reports;
+    StandInCamera camera;
+    StandInCodec images;
+    Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
 };
 
 /// What no save writes, or no load reads: they belong to fields whose lookups, pictures and letters of authorization

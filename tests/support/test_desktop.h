@@ -28,6 +28,20 @@ class TestDesktop final : public ui::Desktop {
     std::vector<ui::Message> messages; ///< all that were shown
     std::vector<std::string> shown;    ///< names of the windows that were shown; modeless ones end in "~"
     int beeps = 0;
+    std::vector<ui::FileQuestion> fileQuestions;
+    std::optional<std::filesystem::path> file; ///< the answer to a question for a file
+
+    /// Remembers what was printed and written.
+    struct Press final : report::Output {
+        report::Printed outcome = report::Printed::Done;
+        std::vector<std::string> printed; ///< the texts of the documents; those printed at once begin with "!"
+        std::vector<std::filesystem::path> files;
+        report::Printed print(const report::Document& document, bool atOnce) override {
+            printed.push_back((atOnce ? "!" : "") + document.text);
+            return outcome;
+        }
+        void writePdf(const report::Document&, const std::filesystem::path& to) override { files.push_back(to); }
+    } press;
 
     void showModal(ui::Window& window) override {
         open(window, window.name());
@@ -48,6 +62,12 @@ class TestDesktop final : public ui::Desktop {
         m_answers.pop_front();
         return answer;
     }
+
+    std::optional<std::filesystem::path> askFile(const ui::FileQuestion& question) override {
+        fileQuestions.push_back(question);
+        return file;
+    }
+    report::Output& output() override { return press; }
 
     void beep() override { ++beeps; }
     void setBusy(bool busy) override { m_busy = busy; }

@@ -24,6 +24,45 @@ class MemoryStore final : public settings::Store {
     }
 };
 
+/// A report that shows what it was given.
+class StandInReport final : public report::Report {
+  public:
+    StandInReport() {
+        tables = {{"visit"}, {"patient"}};
+        parameterFields = {{"Visit"}, {"Name"}, {"Address"}};
+    }
+    report::Document document() const override {
+        report::Document document;
+        document.text = parameterFields[0].value;
+        return document;
+    }
+};
+
+/// Opens any file as the stand-in report, and remembers which.
+struct StandInEngine final : report::Engine {
+    mutable std::filesystem::path opened;
+    std::unique_ptr<report::Report> open(const std::filesystem::path& file) const override {
+        opened = file;
+        return std::make_unique<StandInReport>();
+    }
+};
+
+/// A camera that gives the same frame every time, or none.
+struct StandInCamera final : Camera {
+    std::optional<Image> frame;
+    std::optional<Image> takeStill() override { return frame; }
+};
+
+/// Pictures that are one byte a pixel in their files.
+struct StandInCodec final : ImageCodec {
+    Image decode(const std::string& content) const override {
+        return {static_cast<int>(content.size()), 1, std::vector<std::uint8_t>(content.size() * 3)};
+    }
+    std::string encodeBitmap(const Image& image) const override {
+        return std::string(static_cast<std::size_t>(image.width * image.height), '#');
+    }
+};
+
 /// A session on a recording database, with the clock standing at 24 November 2026, 14:05.
 struct TestSession {
     TestSession() {
@@ -40,7 +79,10 @@ struct TestSession {
     TestDesktop desktop;
     FixedClock clock;
     MemoryStore store;
-    Session session{globals, desktop, clock, store, {}};
+    StandInEngine reports;
+    StandInCamera camera;
+    StandInCodec images;
+    Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
 };
 
 } // namespace opd::tests

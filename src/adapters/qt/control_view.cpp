@@ -6,6 +6,7 @@
 #include "adapters/qt/grid_view.h"
 #include "adapters/qt/picture_view.h"
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/report_pane_view.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -96,6 +97,8 @@ std::unique_ptr<ControlView> makeView(ui::Control& control, QWidget* widget, QLa
         return std::make_unique<FrameView>(control, widget);
     case ui::Kind::Picture:
         return std::make_unique<PictureView>(static_cast<ui::Picture&>(control), widget);
+    case ui::Kind::ReportPane:
+        return std::make_unique<ReportPaneView>(static_cast<ui::ReportPane&>(control), widget);
     case ui::Kind::Window:
         break;
     }
@@ -126,6 +129,7 @@ bool fits(const ui::Control& control, const QWidget& widget) {
     case ui::Kind::Frame:
         return control.caption().empty() || qobject_cast<const QGroupBox*>(&widget) != nullptr;
     case ui::Kind::Page:
+    case ui::Kind::ReportPane:
         return true;
     case ui::Kind::Tabs:
         return qobject_cast<const QTabWidget*>(&widget) != nullptr;

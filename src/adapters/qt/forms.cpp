@@ -4,7 +4,9 @@
 #include "ui_frmMasterSearch.h"
 #include "ui_frmPickList.h"
 #include "ui_frmRegistration.h"
+#include "ui_frmReportViewer.h"
 #include "ui_frmSearchNew.h"
+#include "ui_frmWebCamCapture.h"
 
 #include <map>
 
@@ -24,8 +26,10 @@ bool buildForm(const std::string& windowName, QWidget& shell) {
         {"frmMasterSearch", build<Ui::frmMasterSearch>},
         {"frmPickList", build<Ui::frmPickList>},
         {"frmRegistration", build<Ui::frmRegistration>},
+        {"frmReportViewer", build<Ui::frmReportViewer>},
         {"frmSearchChiefComplaint", build<Ui::frmSearchNew>}, // both search dialogs have the same controls
         {"frmSearchNew", build<Ui::frmSearchNew>},
+        {"frmWebCamCapture", build<Ui::frmWebCamCapture>},
     };
     const auto form = forms.find(windowName);
     if (form == forms.end())

@@ -19,6 +19,10 @@ class OwnDesktop final : public opd::ui::Desktop {
     void show(opd::ui::Window& window) override { m_desktop.show(window); }
     void waitForWindows() override { m_desktop.waitForWindows(); }
     opd::ui::Answer ask(const opd::ui::Message& message) override { return m_desktop.ask(message); }
+    std::optional<std::filesystem::path> askFile(const opd::ui::FileQuestion& question) override {
+        return m_desktop.askFile(question);
+    }
+    opd::report::Output& output() override { return m_desktop.output(); }
     void beep() override { m_desktop.beep(); }
     void setBusy(bool busy) override { m_desktop.setBusy(busy); }
     bool isBusy() const override { return m_desktop.isBusy(); }

@@ -1,5 +1,8 @@
 #include "adapters/qt/picture_view.h"
 
+#include "adapters/qt/qt_image.h"
+
+#include <QEvent>
 #include <QPainter>
 #include <QPixmap>
 
@@ -31,12 +34,43 @@ QPixmap magnifier(int frame, qreal scale) {
 } // namespace
 
 PictureView::PictureView(ui::Picture& picture, QWidget* widget)
-    : ControlView(picture, widget, nullptr), m_picture(picture) {}
+    : ControlView(picture, widget, nullptr), m_picture(picture) {
+    widget->installEventFilter(this);
+}
 
 void PictureView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
-    if (aspect == ui::Aspect::Image && widget()->property("glyph") == QStringLiteral("magnifier"))
+    if (aspect != ui::Aspect::Image)
+        return;
+    if (widget()->property("glyph") == QStringLiteral("magnifier"))
         static_cast<QLabel*>(widget())->setPixmap(magnifier(m_picture.frame(), widget()->devicePixelRatioF()));
+    else
+        showImage();
+}
+
+void PictureView::showImage() {
+    auto* place = static_cast<QLabel*>(widget());
+    if (!m_picture.image()) {
+        place->clear();
+        return;
+    }
+    const qreal scale = place->devicePixelRatioF();
+    QPixmap pixmap = QPixmap::fromImage(toQt(*m_picture.image()))
+                         .scaled(place->contentsRect().size() * scale, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    pixmap.setDevicePixelRatio(scale);
+    place->setAlignment(Qt::AlignCenter);
+    place->setPixmap(pixmap);
+}
+
+bool PictureView::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Resize && !isReleased() && m_picture.image())
+        showImage();
+    return false;
+}
+
+void PictureView::release() {
+    ControlView::release();
+    widget()->removeEventFilter(this);
 }
 
 } // namespace opd::qt

@@ -2,16 +2,36 @@
 
 #include "adapters/qt/hands.h"
 #include "adapters/qt/message_box.h"
+#include "adapters/qt/qt_text.h"
 #include "adapters/qt/window_shell.h"
 
 #include <QEventLoop>
+#include <QFileDialog>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
 
 namespace opd::qt {
 
-QtDesktop::QtDesktop(script::Player* player) : m_player(player) {
+namespace {
+
+std::optional<std::filesystem::path> fileChosenByClerk(const ui::FileQuestion& question, QWidget* window) {
+    QFileDialog dialog(window, toQt(question.caption),
+                       QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), toQt(question.kind));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const std::filesystem::path suggested = question.suggestedName;
+    dialog.setDefaultSuffix(toQt(suggested.extension().string()).remove('.'));
+    dialog.selectFile(toQt(question.suggestedName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return fromQt(dialog.selectedFiles().first());
+}
+
+} // namespace
+
+QtDesktop::QtDesktop(script::Player* player)
+    : m_player(player), m_output(player != nullptr, [this] { return currentShell(); }) {
     qApp->installEventFilter(&m_activation);
     qApp->installEventFilter(&m_input); // installed last, asked first
 }
@@ -113,6 +133,19 @@ bool QtDesktop::answerByScript(QMessageBox& box, const ui::Message& message) {
     m_over = true;
     closeEverything();
     return false;
+}
+
+std::optional<std::filesystem::path> QtDesktop::askFile(const ui::FileQuestion& question) {
+    if (m_over)
+        return std::nullopt;
+    if (m_player == nullptr)
+        return fileChosenByClerk(question, currentShell());
+    const std::optional<std::filesystem::path> file = m_player->fileFor(question);
+    if (!file) {
+        m_over = true;
+        closeEverything();
+    }
+    return file;
 }
 
 void QtDesktop::beep() {

@@ -3,6 +3,7 @@
 #include "adapters/qt/activation.h"
 #include "adapters/qt/input_filter.h"
 #include "adapters/qt/qt_driver.h"
+#include "adapters/qt/qt_output.h"
 #include "platform/script/player.h"
 #include "platform/ui/desktop.h"
 
@@ -31,6 +32,8 @@ class QtDesktop final : public ui::Desktop {
     void show(ui::Window& window) override;
     void waitForWindows() override;
     ui::Answer ask(const ui::Message& message) override;
+    std::optional<std::filesystem::path> askFile(const ui::FileQuestion& question) override;
+    report::Output& output() override { return m_output; }
     void beep() override;
     void setBusy(bool busy) override;
     bool isBusy() const override { return m_busy; }
@@ -48,6 +51,7 @@ class QtDesktop final : public ui::Desktop {
 
     script::Player* m_player;
     QtDriver m_driver{*this};
+    QtOutput m_output;
     InputFilter m_input;
     Activation m_activation;
     std::vector<WindowShell*> m_shells;

@@ -47,6 +47,9 @@ QPushButton[primary="true"] { background: #1b6a98; border-color: #14526f; color:
 QPushButton[primary="true"]:hover { background: #2079ad; }
 QPushButton[primary="true"]:focus { border: 2px solid #f0b429; }
 QPushButton[primary="true"]:disabled { background: #b8c8d3; border-color: #b8c8d3; color: #f4f7f9; }
+QPushButton[hospitalPrint="true"] { background: #38a4fc; border-color: #14526f; font-weight: bold; }
+QPushButton[hospitalPrint="true"]:hover { background: #9eaa79; }
+QPushButton[small="true"] { padding: 3px 8px; }
 QPushButton[lookup="true"] { padding: 0 4px; min-width: 18px; min-height: 18px; }
 QLabel:disabled, QCheckBox:disabled, QRadioButton:disabled { color: #7d8a95; }
 )";

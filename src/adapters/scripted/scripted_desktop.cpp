@@ -99,6 +99,10 @@ ui::Answer ScriptedDesktop::ask(const ui::Message& message) {
     return script::answersOf(message.buttons).back(); // as if the box were closed by its frame
 }
 
+std::optional<std::filesystem::path> ScriptedDesktop::askFile(const ui::FileQuestion& question) {
+    return m_player == nullptr ? std::nullopt : m_player->fileFor(question);
+}
+
 std::optional<std::string> ScriptedDesktop::failure() const {
     return m_player == nullptr ? std::nullopt : m_player->failure();
 }

@@ -22,6 +22,7 @@ class ScriptedDesktop final : public ui::Desktop {
     void show(ui::Window& window) override;
     void waitForWindows() override;
     ui::Answer ask(const ui::Message& message) override;
+    std::optional<std::filesystem::path> askFile(const ui::FileQuestion& question) override;
     void beep() override { ++m_beeps; }
     void setBusy(bool busy) override { m_busy = busy; }
     bool isBusy() const override { return m_busy; }

@@ -5,7 +5,7 @@
 #include "platform/com/object.h"
 #include "platform/com/server.h"
 #include "platform/settings/ini_file.h"
-#include "platform/settings/private_file.h"
+#include "platform/settings/safe_file.h"
 
 #include <cstdlib>
 

@@ -20,6 +20,7 @@ struct Step {
     const Command* command = nullptr; ///< null for an answer
     std::vector<std::string> words;
     QueuedAnswer answer;
+    std::string file = {}; ///< not empty: a file to queue
 };
 
 Step stepOf(std::size_t line, std::vector<std::string> words) {
@@ -27,6 +28,8 @@ Step stepOf(std::size_t line, std::vector<std::string> words) {
     words.erase(words.begin());
     if (name == "answer")
         return {line, nullptr, {}, queuedAnswer(line, words)};
+    if (name == "file" && words.size() == 1)
+        return {line, nullptr, {}, {}, words.front()};
     const Command* const command = findCommand(name);
     if (command == nullptr)
         throw std::runtime_error("there is no command " + name);
@@ -50,6 +53,7 @@ struct Player::State {
     std::ostream& output;
     std::deque<Step> steps = {};
     std::deque<QueuedAnswer> answers = {};
+    std::deque<std::pair<std::size_t, std::string>> files = {}; ///< with the lines that queued them
     std::optional<std::string> failure = {};
     std::size_t line = 0; ///< of the command that is being played
 
@@ -80,7 +84,7 @@ Player::Player(const std::filesystem::path& file, std::ostream& output)
 Player::~Player() = default;
 
 bool Player::ended() const {
-    return m_state->steps.empty() && m_state->answers.empty();
+    return m_state->steps.empty() && m_state->answers.empty() && m_state->files.empty();
 }
 
 const std::optional<std::string>& Player::failure() const {
@@ -92,11 +96,17 @@ void Player::step(Driver& driver) {
         if (const auto left = std::exchange(m_state->answers, {}); !left.empty())
             m_state->fail(left.front().line,
                           "expected a message box \"" + left.front().text + "\", but none was shown");
+        if (const auto left = std::exchange(m_state->files, {}); !left.empty())
+            m_state->fail(left.front().first, "expected a question for a file, but there was none");
         return;
     }
     const Step step = std::move(m_state->steps.front());
     m_state->steps.pop_front();
     m_state->line = step.line;
+    if (!step.file.empty()) {
+        m_state->files.emplace_back(step.line, step.file);
+        return;
+    }
     if (step.command == nullptr) {
         m_state->answers.push_back(step.answer);
         return;
@@ -125,6 +135,16 @@ std::optional<ui::Answer> Player::answerTo(const ui::Message& message) {
                                      expected.text + "\" with a button \"" + captionOf(expected.button) + "\", but " +
                                      shown);
     return std::nullopt;
+}
+
+std::optional<std::filesystem::path> Player::fileFor(const ui::FileQuestion& question) {
+    if (m_state->files.empty()) {
+        m_state->fail(m_state->line, "expected no question for a file, but there is \"" + question.caption + "\"");
+        return std::nullopt;
+    }
+    const std::filesystem::path file = m_state->files.front().second;
+    m_state->files.pop_front();
+    return file;
 }
 
 } // namespace opd::script

@@ -31,6 +31,9 @@ class Player {
     /// nothing is returned: the desktop then closes everything.
     std::optional<ui::Answer> answerTo(const ui::Message& message);
 
+    /// The answer to a question for a file: the next queued one. Otherwise the script fails, and nothing is returned.
+    std::optional<std::filesystem::path> fileFor(const ui::FileQuestion& question);
+
   private:
     struct State;
     std::unique_ptr<State> m_state;

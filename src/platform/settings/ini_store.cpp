@@ -1,7 +1,7 @@
 #include "platform/settings/ini_store.h"
 
 #include "platform/settings/ini_file.h"
-#include "platform/settings/private_file.h"
+#include "platform/settings/safe_file.h"
 
 namespace opd::settings {
 

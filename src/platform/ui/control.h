@@ -25,6 +25,7 @@ enum class Kind {
     Tabs,
     Grid,
     Picture,
+    ReportPane,
     Timer,
     Window
 };
@@ -42,6 +43,9 @@ enum class Aspect {
     CurrentPage, ///< of tabs
     Running,     ///< interval or on/off of a timer
     Image,       ///< of a picture
+    Document,    ///< of a report pane
+    ReportPage,  ///< its current page
+    Zoom,        ///< its enlargement
     Refusal      ///< why its content is refused
 };
 

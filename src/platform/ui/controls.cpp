@@ -168,6 +168,15 @@ void Picture::setFrame(int frame) {
     tellView(Aspect::Image);
 }
 
+void Picture::setImage(SharedImage image) {
+    m_image = std::move(image);
+    tellView(Aspect::Image);
+}
+
+std::string Picture::shownText() const {
+    return m_image ? std::to_string(m_image->width) + "x" + std::to_string(m_image->height) : std::string{};
+}
+
 void Timer::start() {
     m_running = true;
     tellView(Aspect::Running);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/clock/date_text.h"
+#include "platform/image/image.h"
 #include "platform/ui/control.h"
 
 #include <map>
@@ -195,7 +196,7 @@ class Tabs final : public Container {
     int m_current = 0;
 };
 
-/// An image, or one of several that take turns.
+/// A drawn image of the form, one of several that take turns, or an image that the program puts in.
 class Picture final : public Control {
   public:
     Picture(Container& container, std::string name) : Control(Kind::Picture, &container, std::move(name), {}) {}
@@ -204,8 +205,16 @@ class Picture final : public Control {
     int frame() const { return m_frame; }
     void setFrame(int frame);
 
+    /// The image put in by program, shown whole and without distortion; null while there is none.
+    const SharedImage& image() const { return m_image; }
+    void setImage(SharedImage image);
+
+    /// "WIDTHxHEIGHT" of the image, or an empty text.
+    std::string shownText() const override;
+
   private:
     int m_frame = 0;
+    SharedImage m_image;
 };
 
 /// Raises `onTick` once every interval while it is running.

@@ -1,8 +1,17 @@
 #include "platform/ui/desktop.h"
 
+#include <stdexcept>
+
 namespace opd::ui {
 
 namespace {
+
+struct NoOutput final : report::Output {
+    report::Printed print(const report::Document&, bool) override { return report::Printed::NoPrinter; }
+    void writePdf(const report::Document&, const std::filesystem::path&) override {
+        throw std::runtime_error("A desktop without a screen writes no PDF files.");
+    }
+};
 
 Desktop* processDesktop = nullptr;
 
@@ -10,6 +19,15 @@ Desktop* processDesktop = nullptr;
 
 Desktop* Desktop::ofProcess() {
     return processDesktop;
+}
+
+std::optional<std::filesystem::path> Desktop::askFile(const FileQuestion&) {
+    return std::nullopt;
+}
+
+report::Output& Desktop::output() {
+    static NoOutput none;
+    return none;
 }
 
 void Desktop::setOfProcess(Desktop* desktop) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/report/output.h"
+
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -20,7 +23,14 @@ struct Message {
     std::optional<Answer> defaultAnswer = std::nullopt; ///< what Enter answers; the first button when not set
 };
 
-/// The screen, keyboard and loudspeaker of the workstation, or what stands in for them.
+/// A question for the place and name of a file to write.
+struct FileQuestion {
+    std::string caption;
+    std::string suggestedName; ///< without a folder
+    std::string kind;          ///< what the dialog lists, such as "PDF files (*.pdf)"
+};
+
+/// The screen, keyboard, loudspeaker and printers of the workstation, or what stands in for them.
 class Desktop {
   public:
     virtual ~Desktop() = default;
@@ -39,6 +49,12 @@ class Desktop {
     /// Cancel where there is such a button, No with Yes and No, and OK otherwise.
     virtual Answer ask(const Message& message) = 0;
 
+    /// The file that the clerk names, agreeing that one of that name is replaced; nothing when the clerk gives up.
+    virtual std::optional<std::filesystem::path> askFile(const FileQuestion& question);
+
+    /// Where documents are printed and written. A desktop that lays nothing out has neither printer nor PDF files.
+    virtual report::Output& output();
+
     virtual void beep() = 0;
 
     /// Shows the busy or the normal pointer.
@@ -47,7 +63,8 @@ class Desktop {
     /// True while the busy pointer shows.
     virtual bool isBusy() const = 0;
 
-    /// The desktop on which components of this process show their windows, or null. It is set once, by whoever makes it.
+    /// The desktop on which components of this process show their windows, or null. It is set once, by whoever makes
+    /// it.
     static Desktop* ofProcess();
     static void setOfProcess(Desktop* desktop);
 

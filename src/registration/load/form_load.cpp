@@ -8,7 +8,9 @@
 #include "registration/load/authorization_loader.h"
 #include "registration/load/master_loader.h"
 #include "registration/load/visit_loader.h"
+#include "registration/photo/photo.h"
 #include "registration/rules/code_lookups.h"
+#include "reports/photograph.h"
 
 namespace opd::registration {
 
@@ -55,7 +57,8 @@ void layOutOptionalParts(FormContext& form) {
     personal.txtBarangayName.setVisible(codedBarangay);
     personal.searchBarangay.setVisible(codedBarangay);
     layOutAuthorization(form);
-    form.fields.additional.txtPictureLocation.setText("\\");
+    form.fields.additional.txtPictureLocation.setText(
+        reports::pictureLocation(reports::pictureFolder(form.session.settings)));
     form.fields.additional.txtPictureFileName.setText("(TO BE GENERATED)");
     form.record.PhotoTaken = false;
     personal.dtpExpiration.setValue(data::GetServerDate(form.session).date());
@@ -144,6 +147,8 @@ void loadForm(FormContext& form) {
     layOutOptionalParts(form);
     if (!loadByType(form))
         form.fields.personal.txtNationality.setText("1");
+    if (!form.record.isNewPatient())
+        showStoredPhotograph(form);
     resolveNationality(form);
     DisplayPatientAge(form);
     form.fields.tabOPD.show(0);

@@ -4,6 +4,7 @@
 #include "data/rows.h"
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
+#include "registration/photo/photo.h"
 #include "registration/save/codes.h"
 #include "registration/save/master_statements.h"
 #include "registration/save/numbers.h"
@@ -114,7 +115,6 @@ void standForWrittenVisit(FormContext& form) {
 
 void writeMarkers(FormContext& form) {
     const Globals& globals = form.session.globals;
-    run(form, updateTreatments(form));
     run(form, updateWalkIn(form));
     if (globals.isAllowCorvane)
         run(form, updateCorvane(form));
@@ -139,6 +139,11 @@ void tellOutcome(FormContext& form, bool updateOnly) {
     form.session.desktop.ask({.text = outcome, .caption = "Notification", .icon = ui::Icon::Information});
 }
 
+void tellPhotographFailure(FormContext& form, const std::string& failure) {
+    if (!failure.empty())
+        form.session.desktop.ask({.text = failure, .caption = "Notification", .icon = ui::Icon::Exclamation});
+}
+
 void logAndFile(FormContext& form) {
     if (form.record.isEdit())
         run(form, logEdit(form));
@@ -159,8 +164,11 @@ bool SaveData(FormContext& form, bool UpdateOnly) {
     standForWrittenVisit(form);
     run(form, updateExtendedMaster(form));
     run(form, updateMedicalHistory(form));
+    run(form, updateTreatments(form));
+    const std::string photographFailure = storePhotograph(form);
     writeMarkers(form);
     tellOutcome(form, UpdateOnly);
+    tellPhotographFailure(form, photographFailure);
     logAndFile(form);
     return true;
 }

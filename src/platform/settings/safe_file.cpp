@@ -1,4 +1,4 @@
-#include "platform/settings/private_file.h"
+#include "platform/settings/safe_file.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -63,7 +63,43 @@ std::filesystem::path userFolder(const char* variable, const char* belowHome) {
 
 } // namespace
 
-void writePrivately(const std::filesystem::path& file, const std::string& content) {
+namespace {
+
+/// A file beside its target until it takes the target's place; without that it disappears with its scope.
+class Draft {
+  public:
+    explicit Draft(const std::filesystem::path& target)
+        : m_target(target), m_file(target.string() + ".new" + std::to_string(::getpid())) {
+        std::error_code unimportant; // a draft of a process that was killed may have been left here
+        std::filesystem::remove(m_file, unimportant);
+    }
+    ~Draft() {
+        std::error_code unimportant;
+        if (!m_placed)
+            std::filesystem::remove(m_file, unimportant);
+    }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    void write(const std::string& content, mode_t mode) {
+        File(::open(m_file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode), m_target).write(content);
+    }
+
+    void place() {
+        std::error_code error;
+        std::filesystem::rename(m_file, m_target, error);
+        if (error)
+            failWriting(m_target, error.value());
+        m_placed = true;
+    }
+
+  private:
+    std::filesystem::path m_target;
+    std::filesystem::path m_file;
+    bool m_placed = false;
+};
+
+void writeByDraft(const std::filesystem::path& file, const std::string& content, mode_t mode) {
     // A link stays a link: what it leads to is replaced.
     std::error_code error;
     std::filesystem::path target = std::filesystem::weakly_canonical(file, error);
@@ -73,19 +109,19 @@ void writePrivately(const std::filesystem::path& file, const std::string& conten
         std::filesystem::create_directories(target.parent_path(), error);
     if (error)
         failWriting(target, error.value());
+    Draft draft(target);
+    draft.write(content, mode);
+    draft.place();
+}
 
-    std::string draft = target.string() + ".XXXXXX";
-    {
-        File out(::mkstemp(draft.data()), target);
-        out.restrict();
-        out.write(content);
-    }
-    std::filesystem::rename(draft, target, error);
-    if (error) {
-        const int reason = error.value();
-        std::filesystem::remove(draft, error);
-        failWriting(target, reason);
-    }
+} // namespace
+
+void writePrivately(const std::filesystem::path& file, const std::string& content) {
+    writeByDraft(file, content, S_IRUSR | S_IWUSR);
+}
+
+void writeWhole(const std::filesystem::path& file, const std::string& content) {
+    writeByDraft(file, content, S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH);
 }
 
 void makePrivate(const std::filesystem::path& file) {

@@ -1,0 +1,73 @@
+#include "platform/camera/camera_module.h"
+
+#include "adapters/qt/qt_image.h"
+
+#include <QCamera>
+#include <QCameraDevice>
+#include <QEventLoop>
+#include <QImageCapture>
+#include <QMediaCaptureSession>
+#include <QMediaDevices>
+#include <QTimer>
+
+#include <chrono>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto patience = 6s;
+constexpr auto exposureTime = 500ms; // the first frames of a camera are dark
+
+/// The standard camera of the workstation, switched on for one frame at a time.
+class StandardCamera final : public opd::Camera {
+  public:
+    std::optional<opd::Image> takeStill() override {
+        const QCameraDevice device = QMediaDevices::defaultVideoInput();
+        if (device.isNull())
+            return std::nullopt;
+        const QImage still = frameOf(device);
+        return still.isNull() ? std::nullopt : std::optional(opd::qt::fromQt(still));
+    }
+
+  private:
+    static QImage frameOf(const QCameraDevice& device) {
+        QCamera camera(device);
+        QImageCapture capture;
+        QMediaCaptureSession session;
+        session.setCamera(&camera);
+        session.setImageCapture(&capture);
+        QImage still;
+        QEventLoop waiting;
+        QObject::connect(&capture, &QImageCapture::imageCaptured, &waiting, [&](int, const QImage& frame) {
+            still = frame;
+            waiting.quit();
+        });
+        QObject::connect(&capture, &QImageCapture::errorOccurred, &waiting, &QEventLoop::quit);
+        QObject::connect(&camera, &QCamera::errorOccurred, &waiting, &QEventLoop::quit);
+        // A camera that is not ready takes the order and never answers.
+        QTimer::singleShot(exposureTime, &waiting, [&] { captureWhenReady(capture, waiting); });
+        QTimer::singleShot(patience, &waiting, &QEventLoop::quit);
+        camera.start();
+        waiting.exec();
+        return still;
+    }
+
+    static void captureWhenReady(QImageCapture& capture, QEventLoop& waiting) {
+        if (capture.isReadyForCapture()) {
+            capture.capture();
+            return;
+        }
+        QObject::connect(&capture, &QImageCapture::readyForCaptureChanged, &waiting, [&](bool ready) {
+            if (ready)
+                capture.capture();
+        });
+    }
+};
+
+} // namespace
+
+extern "C" opd::Camera* opdCreateCamera() {
+    static StandardCamera camera;
+    return &camera;
+}

@@ -1,0 +1,117 @@
+#include "adapters/qt/paged_document.h"
+
+#include "adapters/qt/qt_image.h"
+#include "adapters/qt/qt_text.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QTextBlock>
+
+#include <cmath>
+#include <stdexcept>
+
+namespace opd::qt {
+
+namespace {
+
+constexpr int resolution = 1200; // dots per inch
+constexpr double millimetre = resolution / 25.4;
+constexpr double paperWidth = 210 * millimetre;
+constexpr double paperHeight = 297 * millimetre;
+constexpr double gap = 2 * millimetre; // between head, body and foot
+constexpr int groupLevel = 2;
+
+void draw(QPainter& painter, const QTextDocument& document, const QRectF& clip) {
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.clip = clip;
+    context.palette.setColor(QPalette::Text, Qt::black);
+    document.documentLayout()->draw(&painter, context);
+}
+
+} // namespace
+
+PagedDocument::PagedDocument(const report::Document& document)
+    : m_document(document), m_metrics(1, 1, QImage::Format_RGB32) {
+    m_metrics.setDotsPerMeterX(std::lround(millimetre * 1000));
+    m_metrics.setDotsPerMeterY(std::lround(millimetre * 1000));
+    const report::Margins& margins = document.margins;
+    m_content = QRectF(0, 0, paperWidth, paperHeight)
+                    .adjusted(margins.left * millimetre, margins.top * millimetre, -margins.right * millimetre,
+                              -margins.bottom * millimetre);
+    m_headHeight = strip(document.head, 2)->size().height() + gap;
+    m_bodyHeight = m_content.height() - m_headHeight - strip(document.foot, 1)->size().height() - gap;
+    fill(m_body, document, document.body);
+    m_body.setPageSize(QSizeF(m_content.width(), m_bodyHeight));
+}
+
+void PagedDocument::fill(QTextDocument& part, const report::Document& document, const std::string& markup) const {
+    part.setDocumentMargin(0);
+    part.setUndoRedoEnabled(false);
+    part.setUseDesignMetrics(true);
+    part.documentLayout()->setPaintDevice(const_cast<QImage*>(&m_metrics));
+    for (const auto& [name, image] : document.images)
+        part.addResource(QTextDocument::ImageResource, QUrl(toQt(name)), toQt(*image));
+    part.setDefaultStyleSheet(toQt(document.style));
+    part.setHtml(QStringLiteral("<html><body>") + toQt(markup) + QStringLiteral("</body></html>"));
+}
+
+/// The head or the foot of a page.
+std::unique_ptr<QTextDocument> PagedDocument::strip(const std::string& markup, int page) const {
+    QString numbered = toQt(markup);
+    numbered.replace(QStringLiteral("{page}"), QString::number(page));
+    numbered.replace(QStringLiteral("{pages}"), QString::number(pageCount()));
+    auto part = std::make_unique<QTextDocument>();
+    fill(*part, m_document, fromQt(numbered));
+    part->setTextWidth(m_content.width());
+    return part;
+}
+
+int PagedDocument::pageOfGroup(int group) const {
+    for (QTextBlock block = m_body.begin(); block.isValid(); block = block.next())
+        if (block.blockFormat().headingLevel() == groupLevel && group-- == 0)
+            return 1 + static_cast<int>(m_body.documentLayout()->blockBoundingRect(block).top() / m_bodyHeight);
+    return 1;
+}
+
+void PagedDocument::prepare(QPagedPaintDevice& device) {
+    device.setPageSize(QPageSize(QPageSize::A4));
+    device.setPageOrientation(QPageLayout::Portrait);
+    device.setPageMargins(QMarginsF());
+}
+
+void PagedDocument::paintPage(QPainter& painter, int page) const {
+    painter.save();
+    painter.scale(painter.device()->logicalDpiX() / double{resolution},
+                  painter.device()->logicalDpiY() / double{resolution});
+    painter.translate(m_content.topLeft());
+    if (page > 1)
+        draw(painter, *strip(m_document.head, page), {});
+    const std::unique_ptr<QTextDocument> foot = strip(m_document.foot, page);
+    painter.save();
+    painter.translate(0, m_content.height() - foot->size().height());
+    draw(painter, *foot, {});
+    painter.restore();
+    const QRectF part(0, (page - 1) * m_bodyHeight, m_content.width(), m_bodyHeight);
+    painter.translate(0, m_headHeight - part.top());
+    painter.setClipRect(part);
+    draw(painter, m_body, part);
+    painter.restore();
+}
+
+void PagedDocument::paint(QPagedPaintDevice& device, int firstPage, int lastPage) const {
+    QPainter painter;
+    if (!painter.begin(&device))
+        throw std::runtime_error("The pages cannot be printed.");
+    for (int page = firstPage; page <= lastPage; ++page) {
+        if (page > firstPage && !device.newPage())
+            throw std::runtime_error("Page " + std::to_string(page) + " cannot be printed.");
+        paintPage(painter, page);
+    }
+    if (!painter.end())
+        throw std::runtime_error("The pages cannot be printed.");
+}
+
+} // namespace opd::qt

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/report/document.h"
+
+#include <QImage>
+#include <QRectF>
+#include <QTextDocument>
+
+#include <memory>
+
+class QPagedPaintDevice;
+class QPainter;
+
+namespace opd::qt {
+
+/// A report laid out on A4 pages. The layout is made once, finer than any printer, and is the same on the screen, on
+/// paper and in a file.
+class PagedDocument {
+  public:
+    explicit PagedDocument(const report::Document& document);
+
+    int pageCount() const { return m_body.pageCount(); }
+
+    /// The page, counted from 1, on which a group of the document begins.
+    int pageOfGroup(int group) const;
+
+    /// Makes a device take A4 pages from edge to edge.
+    static void prepare(QPagedPaintDevice& device);
+
+    /// Paints a page, counted from 1, on a device that was prepared.
+    void paintPage(QPainter& painter, int page) const;
+
+    /// Paints some pages, each on a new one of the device. Throws std::runtime_error when it cannot be painted on.
+    void paint(QPagedPaintDevice& device, int firstPage, int lastPage) const;
+
+  private:
+    void fill(QTextDocument& part, const report::Document& document, const std::string& markup) const;
+    std::unique_ptr<QTextDocument> strip(const std::string& markup, int page) const;
+
+    report::Document m_document;
+    QImage m_metrics; ///< the device that the layout is made for
+    QRectF m_content; ///< where head, body and foot stand on a page, in dots of the layout
+    qreal m_headHeight = 0;
+    qreal m_bodyHeight = 0;
+    QTextDocument m_body;
+};
+
+} // namespace opd::qt

@@ -1,0 +1,73 @@
+#include "adapters/qt/qt_output.h"
+
+#include "adapters/qt/paged_document.h"
+#include "adapters/qt/qt_text.h"
+
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace opd::qt {
+
+namespace {
+
+/// The standard printer of this workstation, or the first one when none is the standard.
+QPrinterInfo printerOfWorkstation() {
+    const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
+    if (!standard.isNull())
+        return standard;
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    return names.isEmpty() ? QPrinterInfo() : QPrinterInfo::printerInfo(names.first());
+}
+
+bool chosenByClerk(QPrinter& printer, int pageCount, QWidget* window) {
+    QPrintDialog dialog(&printer, window);
+    dialog.setMinMax(1, pageCount);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, pageCount > 1);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+} // namespace
+
+report::Printed QtOutput::print(const report::Document& document, bool atOnce) {
+    const QPrinterInfo info = m_rehearsed ? QPrinterInfo() : printerOfWorkstation();
+    if (info.isNull())
+        return report::Printed::NoPrinter;
+    const PagedDocument pages(document);
+    QPrinter printer(info, QPrinter::HighResolution);
+    printer.setDocName(toQt(document.title));
+    printer.setFullPage(true);
+    PagedDocument::prepare(printer);
+    if (!atOnce && !chosenByClerk(printer, pages.pageCount(), m_currentWindow()))
+        return report::Printed::Cancelled;
+    const int first = std::max(printer.fromPage(), 1);
+    pages.paint(printer, first, printer.toPage() > 0 ? printer.toPage() : pages.pageCount());
+    if (printer.printerState() == QPrinter::Error)
+        throw std::runtime_error("The printer " + fromQt(printer.printerName()) + " reports an error.");
+    return report::Printed::Done;
+}
+
+void QtOutput::writePdf(const report::Document& document, const std::filesystem::path& file) {
+    QSaveFile target(toQt(file.string()));
+    const auto fail = [&] {
+        throw std::runtime_error("Cannot write \"" + file.string() + "\": " + fromQt(target.errorString()) + ".");
+    };
+    if (!target.open(QIODevice::WriteOnly))
+        fail();
+    {
+        QPdfWriter writer(&target);
+        writer.setTitle(toQt(document.title));
+        PagedDocument::prepare(writer);
+        const PagedDocument pages(document);
+        pages.paint(writer, 1, pages.pageCount());
+    }
+    if (!target.commit())
+        fail();
+}
+
+} // namespace opd::qt

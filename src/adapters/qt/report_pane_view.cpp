@@ -1,0 +1,117 @@
+#include "adapters/qt/report_pane_view.h"
+
+#include "adapters/qt/paged_document.h"
+#include "adapters/qt/qt_text.h"
+
+#include <QGraphicsView>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QScrollBar>
+#include <QShortcut>
+
+#include <cmath>
+
+namespace opd::qt {
+
+namespace {
+
+constexpr double zoomStep = 1.25;
+constexpr int groupListWidth = 180;
+
+} // namespace
+
+ReportPaneView::ReportPaneView(ui::ReportPane& pane, QWidget* widget)
+    : ControlView(pane, widget, nullptr), m_pane(pane), m_paper(std::make_unique<QPrinter>(QPrinter::HighResolution)),
+      m_groups(new QListWidget(widget)), m_preview(new QPrintPreviewWidget(m_paper.get(), widget)) {
+    m_paper->setOutputFormat(QPrinter::PdfFormat); // needs no printer
+    m_paper->setFullPage(true);
+    PagedDocument::prepare(*m_paper);
+    auto* row = new QHBoxLayout(widget);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_groups);
+    row->addWidget(m_preview, 1);
+    m_groups->setFixedWidth(groupListWidth);
+    m_groups->setFocusPolicy(Qt::NoFocus);
+    for (QWidget* part : m_preview->findChildren<QWidget*>())
+        part->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(m_preview, &QPrintPreviewWidget::paintRequested, m_preview, [this](QPrinter* printer) {
+        if (m_pages)
+            m_pages->paint(*printer, 1, m_pages->pageCount());
+    });
+    QObject::connect(m_groups, &QListWidget::currentRowChanged, m_groups, [this](int group) {
+        if (!isReleased() && m_pages && group >= 0)
+            m_pane.turnTo(m_pages->pageOfGroup(group));
+    });
+    bindKeys();
+}
+
+ReportPaneView::~ReportPaneView() {
+    delete m_preview; // it uses the paper to its end
+}
+
+void ReportPaneView::bindKeys() {
+    const auto bindKey = [this](Qt::Key key, auto action) {
+        auto* shortcut = new QShortcut(key, widget());
+        QObject::connect(shortcut, &QShortcut::activated, widget(), [this, action] {
+            if (!isReleased())
+                action();
+        });
+    };
+    bindKey(Qt::Key_Down, [this] { scroll(scrollBar()->singleStep()); });
+    bindKey(Qt::Key_Up, [this] { scroll(-scrollBar()->singleStep()); });
+    bindKey(Qt::Key_PageDown, [this] { scrollViews(1); });
+    bindKey(Qt::Key_PageUp, [this] { scrollViews(-1); });
+    bindKey(Qt::Key_Home, [this] { m_pane.turnTo(1); });
+    bindKey(Qt::Key_End, [this] { m_pane.turnTo(m_pane.pageCount()); });
+}
+
+QScrollBar* ReportPaneView::scrollBar() const {
+    return m_preview->findChild<QGraphicsView*>()->verticalScrollBar();
+}
+
+void ReportPaneView::scroll(int amount) {
+    scrollBar()->setValue(scrollBar()->value() + amount);
+}
+
+/// Moves by what is in view; beyond the end of a page lies the next one.
+void ReportPaneView::scrollViews(int direction) {
+    QScrollBar* bar = scrollBar();
+    const int before = bar->value();
+    scroll(direction * bar->pageStep());
+    if (bar->value() == before)
+        m_pane.turnTo(m_pane.page() + direction);
+}
+
+void ReportPaneView::show(ui::Aspect aspect) {
+    ControlView::show(aspect);
+    if (aspect == ui::Aspect::Document)
+        showDocument();
+    else if (aspect == ui::Aspect::ReportPage)
+        m_preview->setCurrentPage(m_pane.page());
+    else if (aspect == ui::Aspect::Zoom)
+        showZoom();
+}
+
+void ReportPaneView::showDocument() {
+    const report::Document* document = m_pane.document();
+    m_groups->setVisible(m_pane.showsGroupTree);
+    m_groups->clear();
+    if (document == nullptr)
+        return;
+    for (const std::string& group : document->groups)
+        m_groups->addItem(toQt(group));
+    m_pages = std::make_unique<PagedDocument>(*document);
+    m_preview->updatePreview();
+    m_pane.laidOut(m_pages->pageCount());
+}
+
+void ReportPaneView::showZoom() {
+    const bool wholePage = m_pane.fit() == ui::ReportPane::Fit::WholePage;
+    m_preview->setZoomMode(wholePage ? QPrintPreviewWidget::FitInView : QPrintPreviewWidget::FitToWidth);
+    if (m_pane.zoomSteps() != 0)
+        m_preview->setZoomFactor(m_preview->zoomFactor() * std::pow(zoomStep, m_pane.zoomSteps()));
+}
+
+} // namespace opd::qt

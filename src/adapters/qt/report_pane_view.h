@@ -1,0 +1,41 @@
+#pragma once
+
+#include "adapters/qt/control_view.h"
+#include "platform/ui/report_pane.h"
+
+#include <memory>
+
+class QListWidget;
+class QPrinter;
+class QPrintPreviewWidget;
+class QScrollBar;
+
+namespace opd::qt {
+
+class PagedDocument;
+
+/// Shows the pages of a document as they will be printed. Whatever has the focus in the window, the arrow keys and the
+/// page keys move in the pages.
+class ReportPaneView final : public ControlView {
+  public:
+    ReportPaneView(ui::ReportPane& pane, QWidget* widget);
+    ~ReportPaneView() override;
+
+    void show(ui::Aspect aspect) override;
+
+  private:
+    void showDocument();
+    void showZoom();
+    void bindKeys();
+    void scroll(int amount);
+    void scrollViews(int direction);
+    QScrollBar* scrollBar() const;
+
+    ui::ReportPane& m_pane;
+    std::unique_ptr<QPrinter> m_paper; ///< never printed on: the preview asks it what a page is
+    std::unique_ptr<PagedDocument> m_pages;
+    QListWidget* m_groups;
+    QPrintPreviewWidget* m_preview;
+};
+
+} // namespace opd::qt

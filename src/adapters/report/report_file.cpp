@@ -1,0 +1,142 @@
+#include "adapters/report/report_file.h"
+
+#include "platform/text/text.h"
+
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <stdexcept>
+
+namespace opd::adapters::reporting {
+
+namespace {
+
+std::vector<std::string> words(const std::string& line) {
+    std::istringstream stream(line);
+    std::vector<std::string> found;
+    for (std::string word; stream >> word;)
+        found.push_back(word);
+    return found;
+}
+
+/// "key = value" with both trimmed.
+std::pair<std::string, std::string> assignment(const std::string& line) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string::npos)
+        throw std::runtime_error("expected \"name = value\"");
+    return {text::trimmed(line.substr(0, equals)), text::trimmed(line.substr(equals + 1))};
+}
+
+/// Takes the lines of a file, section by section.
+class Parser {
+  public:
+    void take(const std::string& line) {
+        if (line.starts_with("["))
+            beginSection(line);
+        else if (m_section)
+            m_section(line);
+        else if (!text::isBlank(line) && !line.starts_with("#"))
+            throw std::runtime_error("expected a section such as [report]");
+    }
+
+    ReportFile result() {
+        if (m_report.queries.empty() || text::isBlank(m_report.body))
+            throw std::runtime_error("a report needs at least one query and a body");
+        return std::move(m_report);
+    }
+
+  private:
+    using Section = std::function<void(const std::string&)>;
+
+    void beginSection(const std::string& line) {
+        const std::size_t end = line.find(']');
+        const std::vector<std::string> name = words(line.substr(1, end == std::string::npos ? end : end - 1));
+        const std::string kind = name.empty() ? std::string{} : name[0];
+        if (kind == "report" && name.size() == 1)
+            m_section = remarked([this](const std::string& text) { takeSetting(text); });
+        else if (kind == "parameters" && name.size() == 1)
+            m_section = remarked([this](const std::string& text) { m_report.parameters.push_back(text); });
+        else if ((kind == "row" || kind == "rows") && name.size() == 2)
+            beginQuery(name[1], kind == "rows");
+        else if (kind == "values" && name.size() == 2)
+            beginValues(name[1]);
+        else if (kind == "style" || kind == "head" || kind == "body" || kind == "foot")
+            beginLayout(kind);
+        else
+            throw std::runtime_error("there is no section " + line);
+    }
+
+    /// Sections in which blank lines and lines that begin with "#" say nothing.
+    static Section remarked(Section section) {
+        return [section](const std::string& line) {
+            const std::string content = text::trimmed(line);
+            if (!content.empty() && content[0] != '#')
+                section(content);
+        };
+    }
+
+    void takeSetting(const std::string& line) {
+        const auto [key, value] = assignment(line);
+        if (key == "title") {
+            m_report.title = value;
+            return;
+        }
+        std::istringstream numbers(value);
+        report::Margins& margins = m_report.margins;
+        if (key != "margins" || !(numbers >> margins.left >> margins.top >> margins.right >> margins.bottom))
+            throw std::runtime_error("expected \"title = text\" or \"margins = left top right bottom\"");
+    }
+
+    void beginQuery(const std::string& name, bool manyRows) {
+        m_report.queries.push_back({.name = name, .manyRows = manyRows, .forEach = {}, .statement = {}});
+        m_section = remarked([this](const std::string& line) {
+            Query& query = m_report.queries.back();
+            constexpr std::string_view each = "for each ";
+            if (line.starts_with(each))
+                query.forEach = words(line.substr(each.size()));
+            else
+                query.statement += (query.statement.empty() ? "" : " ") + line;
+        });
+    }
+
+    void beginValues(const std::string& name) {
+        const std::size_t point = name.find('.');
+        if (point == std::string::npos)
+            throw std::runtime_error("expected [values query.column]");
+        m_report.values.push_back({name.substr(0, point), name.substr(point + 1), {}});
+        m_section =
+            remarked([this](const std::string& line) { m_report.values.back().texts.insert(assignment(line)); });
+    }
+
+    void beginLayout(const std::string& kind) {
+        std::string& target = kind == "style"  ? m_report.style
+                              : kind == "head" ? m_report.head
+                              : kind == "body" ? m_report.body
+                                               : m_report.foot;
+        m_section = [&target](const std::string& line) { target += line + "\n"; };
+    }
+
+    ReportFile m_report;
+    Section m_section;
+};
+
+} // namespace
+
+ReportFile readReportFile(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    if (!stream)
+        throw std::runtime_error("The report file " + file.string() + " cannot be read.");
+    Parser parser;
+    std::size_t number = 0;
+    try {
+        for (std::string line; std::getline(stream, line);) {
+            ++number;
+            parser.take(line);
+        }
+        return parser.result();
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(file.string() + ":" + std::to_string(number) + ": " + error.what());
+    }
+}
+
+} // namespace opd::adapters::reporting

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "adapters/report/data_reader.h"
+#include "platform/clock/date_time.h"
+
+#include <kainjow/mustache.hpp>
+
+namespace opd::adapters::reporting {
+
+/// What the layout of a report can name, all names in upper case: the header texts, the parameters, who prints and
+/// when, and for each query its columns or its list of rows. A column is empty where it is null, blank, false or the
+/// number 0, so that a part of the layout can depend on it; a moment has its "_DATE" and its "_TIME" beside it.
+kainjow::mustache::data templateData(const ReportFile& file, const report::Report& report, const ReportData& data,
+                                     const DateTime& now);
+
+/// A layout with its names in upper case, so that they may be written in any.
+std::string withUpperNames(std::string layout);
+
+/// The layout with the data in it, every value as text that cannot become markup. Throws std::runtime_error when the
+/// layout is broken.
+std::string rendered(const std::string& layout, const kainjow::mustache::data& data);
+
+} // namespace opd::adapters::reporting

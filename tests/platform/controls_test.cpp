@@ -124,10 +124,10 @@ TEST(Grid, ShowsRowsAndTellsWhichIsCurrent) {
     grid.onRowChange = [&] { rows.push_back(grid.shownText()); };
     grid.show(gridColumns("<Name|>Age", {}), {{"ANA", "30"}, {"BEN"}});
     EXPECT_EQ(grid.currentRow(), 1);
-    shown.window.pickedRow(grid, 2);
-    shown.window.pickedRow(grid, 2);
-    shown.window.pickedRow(grid, 3);
-    shown.window.pickedRow(grid, -1);
+    shown.window.pickedCell(grid, 2, 0);
+    shown.window.pickedCell(grid, 2, 0);
+    shown.window.pickedCell(grid, 3, 0);
+    shown.window.pickedCell(grid, -1, 0);
     EXPECT_EQ(rows, (Names{"ANA", "BEN"}));
     EXPECT_EQ(grid.cell(1, 1), "30");
     for (const auto& [row, column] : std::vector<std::pair<int, int>>{{0, 0}, {3, 0}, {2, 1}, {1, -1}, {-1, 0}})
@@ -137,6 +137,37 @@ TEST(Grid, ShowsRowsAndTellsWhichIsCurrent) {
     EXPECT_EQ(grid.columns().size(), 2U);
     grid.show(grid.columns(), {{"CARL"}});
     EXPECT_EQ(rows.back(), "CARL") << "the first row of a new table is told although it was row 1 before";
+}
+
+TEST(Grid, CellsArePickedAndChangedWhereTheGridAllowsIt) {
+    Shown shown;
+    Grid rows{shown.window, "rows"};
+    Grid cells{shown.window, "cells"};
+    cells.picksCells = true;
+    for (Grid* grid : {&rows, &cells}) {
+        grid->show(gridColumns("Name|Born", {}), {{"ANA", "2001"}, {"BEN"}, {"CARL", "2003"}});
+        shown.window.pickedCell(*grid, 2, 1);
+        EXPECT_EQ(grid->currentRow(), 2);
+        shown.window.pickedCell(*grid, 2, 2);
+    }
+    EXPECT_EQ(rows.shownText(), "BEN") << "where rows are picked the column stays the first";
+    EXPECT_EQ(cells.currentColumn(), 1);
+    cells.setCell(2, 1, "2002");
+    EXPECT_EQ(cells.shownText(), "2002");
+    EXPECT_THROW(cells.setCell(4, 0, "X"), std::out_of_range);
+
+    cells.onRowChange = shown.count;
+    cells.removeRow(1);
+    EXPECT_EQ(cells.shownText(), "2002") << "the current row is the same, whatever its number";
+    EXPECT_EQ(shown.changes, 0);
+    cells.removeRow(1);
+    EXPECT_EQ(cells.shownText(), "2003") << "the row behind takes the place of the current one";
+    cells.removeRow(1);
+    EXPECT_EQ(cells.currentRow(), 0);
+    EXPECT_EQ(cells.addRow(), 1);
+    cells.setCurrentRow(1);
+    EXPECT_EQ(cells.cell(1, 0), "");
+    EXPECT_EQ(shown.changes, 3);
 }
 
 TEST(Grid, AFormatDescribesItsColumns) {

@@ -35,13 +35,15 @@ class GridView final : public ControlView {
     GridView(ui::Grid& grid, QWidget* widget);
 
     void show(ui::Aspect aspect) override;
+    void clickedInto() override;
     QString shownText() const override;
     void release() override;
 
   private:
     void prepare();
     void showTable();
-    void showCurrentRow();
+    void showCells();
+    void showCurrentCell();
 
     ui::Grid& m_grid;
     QTableView* m_table;

@@ -33,10 +33,12 @@ void ModelDriver::pressNamed(ui::Window& window, const std::string& name, bool s
         pressCharacter(window, ui::key::space);
     else if (name == "Down" && window.pressArrowDown())
         return;
+    else if (name == "F2")
+        window.pressOnCell(ui::key::enter);
     else if (name == "F4")
         window.pressLookup();
     else if (name == "Down" || name == "Right" || name == "Up" || name == "Left")
-        pressArrow(window, name == "Up" || name == "Left");
+        pressArrow(window, name);
 }
 
 void ModelDriver::pressCharacter(ui::Window& window, char32_t character) {
@@ -50,22 +52,29 @@ void ModelDriver::pressCharacter(ui::Window& window, char32_t character) {
         enter(window, kept);
 }
 
-void ModelDriver::pressArrow(ui::Window& window, bool backward) {
+void ModelDriver::pressArrow(ui::Window& window, const std::string& key) {
+    const bool backward = key == "Up" || key == "Left";
     if (window.pressArrow(backward))
         return;
     const int step = backward ? -1 : 1;
-    if (auto* grid = dynamic_cast<ui::Grid*>(window.focus()))
-        pickRow(*grid, grid->currentRow() + step);
-    else if (auto* box = dynamic_cast<ui::ComboBox*>(window.focus())) {
+    if (auto* grid = dynamic_cast<ui::Grid*>(window.focus())) {
+        const bool sideways = key == "Left" || key == "Right";
+        window.pickedCell(*grid, std::max(1, grid->currentRow() + (sideways ? 0 : step)),
+                          grid->currentColumn() + (sideways ? step : 0));
+    } else if (auto* box = dynamic_cast<ui::ComboBox*>(window.focus())) {
         const int index = box->index() + step;
         if (index >= 0 && index < static_cast<int>(box->items().size()))
             window.picked(*box, index);
     }
 }
 
-void ModelDriver::pickRow(ui::Grid& grid, int row) {
-    if (row >= 1 && row <= grid.rowCount())
-        grid.window().pickedRow(grid, row);
+// The focus first: a field that is left may keep it, and then nothing is picked.
+void ModelDriver::pickCell(ui::Grid& grid, int row, int column) {
+    ui::Window& window = grid.window();
+    if (!window.requestFocus(grid))
+        return;
+    window.pickedCell(grid, row, column);
+    window.click(grid);
 }
 
 bool ModelDriver::isChecked(ui::Control& control) {

@@ -38,7 +38,8 @@ enum class Aspect {
     Checked,     ///< option or check box
     Items,       ///< entries of a combo box
     Table,       ///< columns or rows of a grid
-    CurrentRow,  ///< of a grid
+    Cells,       ///< cells or number of rows of a grid whose columns stay
+    CurrentCell, ///< current row or column of a grid
     CurrentPage, ///< of tabs
     Running,     ///< interval or on/off of a timer
     Image,       ///< of a picture
@@ -109,6 +110,7 @@ class Control {
     std::function<void()> onLostFocus;
     std::function<void(KeyPress&)> onKeyPress;
     std::function<void()> onArrowDown;            ///< the Down arrow, where the control itself has no use for it
+    std::function<void()> onEscape;               ///< Esc is the control's own business and presses no cancel button
     std::function<void(bool& refuse)> onValidate; ///< asked before the focus leaves; `refuse` keeps it here
 
   protected:

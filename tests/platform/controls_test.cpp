@@ -38,6 +38,23 @@ TEST(MaskedBox, HoldsWhatFitsTheMaskAndIsBlankOtherwise) {
     }
 }
 
+TEST(MaskedBox, TakesAnyTextWithoutAMaskAndIsEmptiedWhenTheMaskChanges) {
+    Shown shown;
+    MaskedBox box{shown.window, "box"};
+    box.onChange = shown.count;
+    box.setText("03/07/1980");
+    box.setMask("", 64);
+    EXPECT_EQ(box.text(), "");
+    EXPECT_TRUE(box.isBlank());
+    box.setText("PEÑA, ANA");
+    EXPECT_EQ(box.text(), "PEÑA, ANA");
+    box.setMask(MaskedBox::dateMask, 10);
+    EXPECT_EQ(box.text(), blankDateText);
+    box.setText("PEÑA, ANA");
+    EXPECT_TRUE(box.isBlank());
+    EXPECT_EQ(shown.changes, 2) << "a change of the mask alone is told to nobody but the view";
+}
+
 TEST(Fields, TellAChangeOnceAndNotWhenNothingChanges) {
     Shown shown;
     TextBox text{shown.window, "text", "", 3};

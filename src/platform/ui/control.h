@@ -9,6 +9,7 @@
 namespace opd::ui {
 
 class Container;
+class Grid;
 class Window;
 
 enum class Kind {
@@ -100,8 +101,9 @@ class Control {
     virtual void clicked();
 
     bool tabStop = true;
-    bool causesValidation = true;    ///< false: moving here never asks the control that is left
-    const Control* serves = nullptr; ///< moving here from this control does not ask it: a lookup button's code field
+    bool causesValidation = true;     ///< false: moving here never asks the control that is left
+    const Control* serves = nullptr;  ///< moving here from this control does not ask it: a lookup button's code field
+    const Grid* floatsOver = nullptr; ///< lies over the current cell of this grid while it is visible
 
     std::function<void()> onClick;
     std::function<void()> onDoubleClick;

@@ -11,6 +11,7 @@
 #include "registration/rules/validate_data.h"
 #include "registration/rules/visit_rules.h"
 #include "registration/save/save_data.h"
+#include "registration/subrecords/dependents.h"
 
 namespace opd::registration {
 
@@ -28,6 +29,7 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     bindPayerRules(m_context);
     bindVisitRules(m_context);
     bindRevoke(m_context);
+    bindDependents(m_context);
     bindButtons();
     disableIdleButtons();
 }

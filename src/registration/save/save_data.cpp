@@ -8,6 +8,7 @@
 #include "registration/save/master_statements.h"
 #include "registration/save/numbers.h"
 #include "registration/save/visit_statements.h"
+#include "registration/subrecords/dependents.h"
 
 namespace opd::registration {
 
@@ -158,6 +159,7 @@ bool SaveData(FormContext& form, bool UpdateOnly) {
     writePatientAndVisit(form, UpdateOnly);
     standForWrittenVisit(form);
     run(form, updateExtendedMaster(form));
+    SaveDependents(form);
     run(form, updateMedicalHistory(form));
     writeMarkers(form);
     tellOutcome(form, UpdateOnly);

@@ -70,6 +70,11 @@ GridView::GridView(ui::Grid& grid, QWidget* widget)
                          if (!m_writing && current.isValid())
                              window().pickedCell(m_grid, current.row() + 1, current.column());
                      });
+    // A click beside the cells takes the mark off the current one, which it still is.
+    QObject::connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, m_table, [this] {
+        if (!m_writing && !m_table->selectionModel()->hasSelection())
+            showCurrentCell();
+    });
     QObject::connect(m_table, &QTableView::clicked, m_table, [this] { window().click(m_grid); });
     QObject::connect(m_table, &QTableView::doubleClicked, m_table, [this] { window().doubleClick(m_grid); });
 }
@@ -131,11 +136,6 @@ void GridView::showCurrentCell() {
         m_table->clearSelection();
     else if (!there || !m_table->selectionModel()->hasSelection())
         m_table->setCurrentIndex(wanted);
-}
-
-// A click beside the cells takes the mark off the current one, which it still is.
-void GridView::clickedInto() {
-    showCurrentCell();
 }
 
 QString GridView::shownText() const {

@@ -35,7 +35,6 @@ class GridView final : public ControlView {
     GridView(ui::Grid& grid, QWidget* widget);
 
     void show(ui::Aspect aspect) override;
-    void clickedInto() override;
     QString shownText() const override;
     void release() override;
 

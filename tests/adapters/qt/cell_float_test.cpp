@@ -87,11 +87,12 @@ TEST(QtCellFloat, ThePickedCellFollowsTheArrowsAndStaysMarked) {
     desk.grid.show(desk.grid.columns(), {{"ANA", ""}, {"BEN", ""}});
     int clicks = 0;
     desk.grid.onClick = [&] { ++clicks; };
-    hands::click(*desk.table->viewport(), {20, desk.table->viewport()->height() - 10});
-    hands::click(*desk.table->horizontalHeader()->viewport(), {20, 5});
-    hands::settle();
-    EXPECT_EQ(clicks, 0) << "neither the space below the rows nor the header is a cell";
-    EXPECT_EQ(desk.table->selectionModel()->selectedIndexes().size(), 1);
+    for (QWidget* beside : {desk.table->viewport(), desk.table->horizontalHeader()->viewport()}) {
+        hands::click(*beside, {20, beside->height() - 6});
+        hands::settle();
+        EXPECT_EQ(clicks, 0) << "neither the space below the rows nor the header is a cell";
+        EXPECT_EQ(desk.table->selectionModel()->selectedIndexes().size(), 1) << "the current cell stays marked";
+    }
     desk.hands.pickCell(desk.grid, 2, 0);
     EXPECT_EQ(clicks, 1);
 }

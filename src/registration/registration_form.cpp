@@ -13,6 +13,7 @@
 #include "registration/rules/visit_rules.h"
 #include "registration/save/codes.h"
 #include "registration/save/save_data.h"
+#include "registration/subrecords/dependents.h"
 #include "reports/prepare_report.h"
 
 namespace opd::registration {
@@ -32,6 +33,7 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     bindVisitRules(m_context);
     bindRevoke(m_context);
     bindCapture(m_context);
+    bindDependents(m_context);
     bindButtons();
     disableIdleButtons();
 }

@@ -38,6 +38,23 @@ TEST(MaskedBox, HoldsWhatFitsTheMaskAndIsBlankOtherwise) {
     }
 }
 
+TEST(MaskedBox, TakesAnyTextWithoutAMaskAndIsEmptiedWhenTheMaskChanges) {
+    Shown shown;
+    MaskedBox box{shown.window, "box"};
+    box.onChange = shown.count;
+    box.setText("03/07/1980");
+    box.setMask("", 64);
+    EXPECT_EQ(box.text(), "");
+    EXPECT_TRUE(box.isBlank());
+    box.setText("PEÑA, ANA");
+    EXPECT_EQ(box.text(), "PEÑA, ANA");
+    box.setMask(MaskedBox::dateMask, 10);
+    EXPECT_EQ(box.text(), blankDateText);
+    box.setText("PEÑA, ANA");
+    EXPECT_TRUE(box.isBlank());
+    EXPECT_EQ(shown.changes, 2) << "a change of the mask alone is told to nobody but the view";
+}
+
 TEST(Fields, TellAChangeOnceAndNotWhenNothingChanges) {
     Shown shown;
     TextBox text{shown.window, "text", "", 3};
@@ -124,10 +141,10 @@ TEST(Grid, ShowsRowsAndTellsWhichIsCurrent) {
     grid.onRowChange = [&] { rows.push_back(grid.shownText()); };
     grid.show(gridColumns("<Name|>Age", {}), {{"ANA", "30"}, {"BEN"}});
     EXPECT_EQ(grid.currentRow(), 1);
-    shown.window.pickedRow(grid, 2);
-    shown.window.pickedRow(grid, 2);
-    shown.window.pickedRow(grid, 3);
-    shown.window.pickedRow(grid, -1);
+    shown.window.pickedCell(grid, 2, 0);
+    shown.window.pickedCell(grid, 2, 0);
+    shown.window.pickedCell(grid, 3, 0);
+    shown.window.pickedCell(grid, -1, 0);
     EXPECT_EQ(rows, (Names{"ANA", "BEN"}));
     EXPECT_EQ(grid.cell(1, 1), "30");
     for (const auto& [row, column] : std::vector<std::pair<int, int>>{{0, 0}, {3, 0}, {2, 1}, {1, -1}, {-1, 0}})
@@ -137,6 +154,37 @@ TEST(Grid, ShowsRowsAndTellsWhichIsCurrent) {
     EXPECT_EQ(grid.columns().size(), 2U);
     grid.show(grid.columns(), {{"CARL"}});
     EXPECT_EQ(rows.back(), "CARL") << "the first row of a new table is told although it was row 1 before";
+}
+
+TEST(Grid, CellsArePickedAndChangedWhereTheGridAllowsIt) {
+    Shown shown;
+    Grid rows{shown.window, "rows"};
+    Grid cells{shown.window, "cells"};
+    cells.picksCells = true;
+    for (Grid* grid : {&rows, &cells}) {
+        grid->show(gridColumns("Name|Born", {}), {{"ANA", "2001"}, {"BEN"}, {"CARL", "2003"}});
+        shown.window.pickedCell(*grid, 2, 1);
+        EXPECT_EQ(grid->currentRow(), 2);
+        shown.window.pickedCell(*grid, 2, 2);
+    }
+    EXPECT_EQ(rows.shownText(), "BEN") << "where rows are picked the column stays the first";
+    EXPECT_EQ(cells.currentColumn(), 1);
+    cells.setCell(2, 1, "2002");
+    EXPECT_EQ(cells.shownText(), "2002");
+    EXPECT_THROW(cells.setCell(4, 0, "X"), std::out_of_range);
+
+    cells.onRowChange = shown.count;
+    cells.removeRow(1);
+    EXPECT_EQ(cells.shownText(), "2002") << "the current row is the same, whatever its number";
+    EXPECT_EQ(shown.changes, 0);
+    cells.removeRow(1);
+    EXPECT_EQ(cells.shownText(), "2003") << "the row behind takes the place of the current one";
+    cells.removeRow(1);
+    EXPECT_EQ(cells.currentRow(), 0);
+    EXPECT_EQ(cells.addRow(), 1);
+    cells.setCurrentRow(1);
+    EXPECT_EQ(cells.cell(1, 0), "");
+    EXPECT_EQ(shown.changes, 3);
 }
 
 TEST(Grid, AFormatDescribesItsColumns) {

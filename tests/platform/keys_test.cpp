@@ -64,6 +64,31 @@ TEST(Keys, EscapePressesTheCancelButtonUnseenByThePreviewAndWithoutValidation) {
     EXPECT_EQ(form.log, (Names{"cancel clicked", "preview"}));
 }
 
+TEST(Keys, EscapeIsTheBusinessOfAControlThatWantsIt) {
+    Form form;
+    form.window.cancelButton = &form.cancel;
+    form.first.onEscape = form.note("escaped");
+    form.first.onValidate = [](bool&) { FAIL() << "asked"; };
+    form.open();
+    EXPECT_EQ(form.window.pressKey(key::escape), 0U);
+    EXPECT_EQ(form.log, Names{"escaped"});
+}
+
+TEST(Keys, F2AndDeleteStandForEnterAndBackspaceOnAGridWhoseCellsArePicked) {
+    Form form;
+    Grid grid{form.window, "grid"};
+    std::u32string pressed;
+    grid.onKeyPress = [&](KeyPress& press) { pressed += press.code; };
+    form.open();
+    EXPECT_FALSE(form.window.pressOnCell(key::enter)) << "a field has its own use for them";
+    form.window.setFocus(grid);
+    EXPECT_FALSE(form.window.pressOnCell(key::enter)) << "so has a grid whose rows are picked";
+    grid.picksCells = true;
+    EXPECT_TRUE(form.window.pressOnCell(key::enter));
+    EXPECT_TRUE(form.window.pressOnCell(key::backspace));
+    EXPECT_EQ(pressed, U"\r\b");
+}
+
 TEST(Keys, EnterPressesTheButtonThatHasTheFocusElseTheDefaultButton) {
     Form form;
     form.window.defaultButton = &form.ok;

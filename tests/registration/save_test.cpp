@@ -73,6 +73,9 @@ Patient_Data..OPD_Update_AdditionalDr '26A0000007B', 'txtAddDoctor(4)', '3'
 constexpr const char* afterCommit =
     R"(commit
 Patient_Data..sp_Adm_UpdateMaster2 '00000012','txtPersonal(0)','txtNationality','txtReligion','txtPersonal(8)','txtMother(0)','txtFather(0)','txtEmployer(0)','txtEmployer(2)','txtEmployer(1)','txtNotify(0)','txtNotify(1)','txtNotify(3)','txtNotify(2)','txtSpouse(4)','txtSpouse(3)','txtFather(1)','txtFather(2)','txtMother(1)','txtMother(2)','txtPersonal(9)','txtEmployer(4)',2,2,'txtEmployer(3)','txtEmployerEmail','txtSpouse(1)','txtSpouse(2)','txtSpouse(5)','txtSpouse(0)','txtSpouse(6)','1','','txtPersonal(13)','txtEmail','txtPersonal(11)' 
+begin
+Delete Patient_Data..tbMasterDependent where SeqNum = '00000012'
+commit
 Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '00000012', 0, 0, 1, 0, 0, 0, 0, 0, 'txtMedHistory'
 Update Patient_data..tbOutPatient set isChemo = '0', isHemodialysis = '0', isRadiotherapy = '0', ExpirationDate = null, isForDeposit = '0' where IDnum = '26A0000007B'
 Update Patient_data..tbOutPatient set isWalkIn = '0', OPDStatus = '' where IDnum = '26A0000007B'

@@ -60,7 +60,7 @@ TEST(CodeSearch, OneRowIsTakenAndOthersLeadToTheDialogAsEachSearchSays) {
         desk.desktop.work([&](ui::Window& window) {
             EXPECT_EQ(window.caption(), entry.caption);
             window.setFocus(codes.dialog().fields().grdDispWindow);
-            window.pickedRow(codes.dialog().fields().grdDispWindow, 2);
+            window.pickedCell(codes.dialog().fields().grdDispWindow, 2, 0);
             EXPECT_EQ(codes.dialog().fields().txtSearchStr.text(), "BAGUMBAYAN");
             window.pressKey(ui::key::enter);
         });
@@ -115,7 +115,7 @@ TEST(ChiefComplaintDialog, SearchesWithEveryTypedKeyAndNotWhileWalkingTheList) {
         window.pressArrowDown();
         EXPECT_EQ(window.focus(), &dialog.fields().grdDispWindow);
         desk.provider->log.clear();
-        window.pickedRow(dialog.fields().grdDispWindow, 2);
+        window.pickedCell(dialog.fields().grdDispWindow, 2, 0);
         EXPECT_EQ(dialog.fields().txtSearchStr.text(), "COLDS");
         EXPECT_EQ(desk.provider->log, "");
         window.pressKey(ui::key::enter);
@@ -165,7 +165,7 @@ TEST(PickList, TakesTheFirstDoctorOrAsksTheClerk) {
     desk.provider->answer(all, doctors);
     desk.desktop.answer(ui::Answer::Yes);
     desk.desktop.work([&](ui::Window& window) {
-        window.pickedRow(asked.fields().grdMain, 2);
+        window.pickedCell(asked.fields().grdMain, 2, 0);
         window.click(asked.fields().cmdOK);
     });
     asked.LoadForm();

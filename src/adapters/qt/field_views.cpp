@@ -18,6 +18,11 @@ namespace {
 
 constexpr int anyLength = 32767;
 
+/// The limit is for typing; a longer text set by program is shown whole.
+int limitOf(int maxLength, const std::string& shown) {
+    return std::max(maxLength > 0 ? maxLength : anyLength, static_cast<int>(qt::toQt(shown).size()));
+}
+
 QDateTime toQt(const DateTime& value) {
     return {QDate(value.year, value.month, value.day), QTime(value.hour, value.minute, value.second), Qt::UTC};
 }
@@ -43,9 +48,7 @@ void TextView::show(ui::Aspect aspect) {
     if (aspect != ui::Aspect::Text)
         return;
     const QString text = qt::toQt(m_box.text());
-    // The limit is for typing; a longer text set by program is shown whole.
-    const int limit = m_box.maxLength() > 0 ? m_box.maxLength() : anyLength;
-    m_edit->setMaxLength(std::max(limit, static_cast<int>(text.size())));
+    m_edit->setMaxLength(limitOf(m_box.maxLength(), m_box.text()));
     if (m_edit->text() == text)
         return;
     m_edit->setText(text);
@@ -109,7 +112,6 @@ QString MemoView::shownText() const {
 
 MaskedView::MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QLineEdit*>(widget)) {
-    m_edit->setInputMask(QStringLiteral("00/00/0000"));
     m_edit->setAcceptDrops(false);
     // text() leaves the blanks out; what is displayed is what the rules look at.
     QObject::connect(m_edit, &QLineEdit::textEdited, m_edit,
@@ -118,10 +120,21 @@ MaskedView::MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label)
 
 void MaskedView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
-    if (aspect != ui::Aspect::Text || m_edit->displayText() == qt::toQt(m_box.text()))
+    if (aspect != ui::Aspect::Text)
+        return;
+    showMask();
+    if (m_edit->displayText() == qt::toQt(m_box.text()))
         return;
     m_edit->setText(m_box.isBlank() ? QString() : qt::toQt(m_box.text()));
     m_edit->setCursorPosition(0);
+}
+
+void MaskedView::showMask() {
+    const QString mask = qt::toQt(m_box.mask()).replace('#', '0'); // the toolkit's sign for a digit or nothing
+    if (m_edit->inputMask() != mask)
+        m_edit->setInputMask(mask);
+    if (mask.isEmpty())
+        m_edit->setMaxLength(limitOf(m_box.maxLength(), m_box.text()));
 }
 
 void MaskedView::selectContent() {

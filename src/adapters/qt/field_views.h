@@ -40,7 +40,8 @@ class MemoView final : public ControlView {
     QPlainTextEdit* m_edit;
 };
 
-/// A date typed into a mask: the separators stand, eight digits are typed or a whole date is pasted.
+/// A date typed into a mask: the separators stand, eight digits are typed or a whole date is pasted. The box may change
+/// its mask, and then be one for any text.
 class MaskedView final : public ControlView {
   public:
     MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label);
@@ -52,6 +53,8 @@ class MaskedView final : public ControlView {
     QString shownText() const override;
 
   private:
+    void showMask();
+
     ui::MaskedBox& m_box;
     QLineEdit* m_edit;
 };

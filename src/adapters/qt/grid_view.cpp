@@ -65,18 +65,23 @@ void GridTable::detach() {
 GridView::GridView(ui::Grid& grid, QWidget* widget)
     : ControlView(grid, widget, nullptr), m_grid(grid), m_table(static_cast<QTableView*>(widget)), m_rows(grid) {
     prepare();
-    QObject::connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, m_table,
+    QObject::connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, m_table,
                      [this](const QModelIndex& current) {
                          if (!m_writing && current.isValid())
-                             window().pickedRow(m_grid, current.row() + 1);
+                             window().pickedCell(m_grid, current.row() + 1, current.column());
                      });
+    // A click beside the cells takes the mark off the current one, which it still is.
+    QObject::connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, m_table, [this] {
+        if (!m_writing && !m_table->selectionModel()->hasSelection())
+            showCurrentCell();
+    });
     QObject::connect(m_table, &QTableView::clicked, m_table, [this] { window().click(m_grid); });
     QObject::connect(m_table, &QTableView::doubleClicked, m_table, [this] { window().doubleClick(m_grid); });
 }
 
 void GridView::prepare() {
     m_table->setModel(&m_rows);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionBehavior(m_grid.picksCells ? QAbstractItemView::SelectItems : QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setTabKeyNavigation(false);
@@ -96,8 +101,15 @@ void GridView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
     if (aspect == ui::Aspect::Table)
         showTable();
-    if (aspect == ui::Aspect::Table || aspect == ui::Aspect::CurrentRow)
-        showCurrentRow();
+    else if (aspect == ui::Aspect::Cells)
+        showCells();
+    if (aspect == ui::Aspect::Table || aspect == ui::Aspect::Cells || aspect == ui::Aspect::CurrentCell)
+        showCurrentCell();
+}
+
+void GridView::showCells() {
+    const QScopedValueRollback writing(m_writing, true);
+    m_rows.replaced();
 }
 
 void GridView::showTable() {
@@ -112,21 +124,24 @@ void GridView::showTable() {
     }
 }
 
-void GridView::showCurrentRow() {
+void GridView::showCurrentCell() {
     const QScopedValueRollback writing(m_writing, true);
-    int column = 0;
+    int column = m_grid.currentColumn();
     while (column < m_rows.columnCount() && m_table->isColumnHidden(column))
         ++column;
     const QModelIndex wanted = m_rows.index(m_grid.currentRow() - 1, column);
+    const QModelIndex current = m_table->currentIndex();
+    const bool there = m_grid.picksCells ? current == wanted : current.row() == wanted.row();
     if (!wanted.isValid())
         m_table->clearSelection();
-    else if (m_table->currentIndex().row() != wanted.row() || !m_table->selectionModel()->hasSelection())
+    else if (!there || !m_table->selectionModel()->hasSelection())
         m_table->setCurrentIndex(wanted);
 }
 
 QString GridView::shownText() const {
     const QModelIndex current = m_table->currentIndex();
-    return current.isValid() ? m_rows.data(m_rows.index(current.row(), 0), Qt::DisplayRole).toString() : QString();
+    const int column = m_grid.picksCells ? current.column() : 0;
+    return current.isValid() ? m_rows.data(m_rows.index(current.row(), column), Qt::DisplayRole).toString() : QString();
 }
 
 void GridView::release() {

@@ -41,7 +41,8 @@ class GridView final : public ControlView {
   private:
     void prepare();
     void showTable();
-    void showCurrentRow();
+    void showCells();
+    void showCurrentCell();
 
     ui::Grid& m_grid;
     QTableView* m_table;

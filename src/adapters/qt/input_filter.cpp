@@ -134,7 +134,7 @@ bool InputFilter::keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& k
     }
     if (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier && shell.model().pressLookup())
         return true;
-    if (navigated(shell, key) || arrowPressed(shell, key))
+    if (navigated(shell, key) || arrowPressed(shell, key) || cellKeyPressed(shell, key))
         return true;
     if (key.matches(QKeySequence::Paste)) {
         paste(shell, QClipboard::Clipboard);
@@ -176,6 +176,14 @@ bool InputFilter::arrowPressed(WindowShell& shell, const QKeyEvent& key) {
     // On other buttons the toolkit would move the focus by itself.
     const ControlView* view = shell.focusView();
     return view == nullptr || qobject_cast<QAbstractButton*>(view->widget()) != nullptr;
+}
+
+bool InputFilter::cellKeyPressed(WindowShell& shell, const QKeyEvent& key) {
+    if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+        return false;
+    if (key.key() == Qt::Key_F2)
+        return shell.model().pressOnCell(ui::key::enter);
+    return key.key() == Qt::Key_Delete && shell.model().pressOnCell(ui::key::backspace);
 }
 
 bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEvent& key) {

@@ -29,6 +29,7 @@ class InputFilter final : public QObject {
     bool keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& key);
     bool navigated(WindowShell& shell, const QKeyEvent& key);
     bool arrowPressed(WindowShell& shell, const QKeyEvent& key);
+    bool cellKeyPressed(WindowShell& shell, const QKeyEvent& key);
     bool characterTyped(WindowShell& shell, QWidget& receiver, QKeyEvent& key);
     bool composed(WindowShell& shell, QWidget& receiver, QInputMethodEvent& event);
     bool mousePressed(WindowShell& shell, const QMouseEvent& press);

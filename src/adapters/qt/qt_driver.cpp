@@ -91,12 +91,9 @@ void QtDriver::pickPage(ui::Tabs& tabs, int index) {
     hands::settle();
 }
 
-void QtDriver::pickRow(ui::Grid& grid, int row) {
+void QtDriver::pickCell(ui::Grid& grid, int row, int column) {
     if (const ControlView* target = view(grid)) {
         auto* table = static_cast<QTableView*>(target->widget());
-        int column = 0;
-        while (table->isColumnHidden(column))
-            ++column;
         const QModelIndex index = table->model()->index(row - 1, column);
         table->scrollTo(index);
         hands::click(*table->viewport(), table->visualRect(index).center());

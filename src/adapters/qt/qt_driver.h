@@ -24,7 +24,7 @@ class QtDriver final : public script::Driver {
     void doubleClick(ui::Grid& grid) override;
     void pickEntry(ui::ComboBox& box, int index) override;
     void pickPage(ui::Tabs& tabs, int index) override;
-    void pickRow(ui::Grid& grid, int row) override;
+    void pickCell(ui::Grid& grid, int row, int column) override;
     void setPicker(ui::DatePicker& picker, const DateTime& value) override;
     void selectContent() override;
     std::string shownText(ui::Control& control) override;

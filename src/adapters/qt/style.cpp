@@ -36,6 +36,7 @@ QTableView { background: #ffffff; alternate-background-color: #f2f6f9; border: 2
   selection-background-color: #1b75a8; selection-color: #ffffff; }
 QTableView:focus { border-color: #1b75a8; }
 QTableView[refused="true"] { border-color: #b3261e; }
+QTableView QLineEdit, QTableView QLineEdit:focus { border: 2px solid #1b75a8; border-radius: 0; padding: 0 1px; min-height: 0; }
 QHeaderView::section { background: #e1e8ed; border: 0; border-right: 1px solid #c3ccd4; border-bottom: 1px solid #c3ccd4;
   padding: 4px 3px; font-weight: bold; }
 QPushButton { background: #f7f9fa; border: 1px solid #8fa1af; border-radius: 3px; padding: 3px 14px; min-height: 20px; }

@@ -1,6 +1,7 @@
 #include "adapters/qt/window_shell.h"
 
 #include "adapters/qt/binder.h"
+#include "adapters/qt/cell_float.h"
 #include "adapters/qt/forms.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/style.h"
@@ -8,6 +9,7 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QScreen>
+#include <QTableView>
 #include <QWindow>
 
 #include <algorithm>
@@ -27,11 +29,19 @@ WindowShell::WindowShell(ui::Window& window) : m_window(window) {
     for (QLabel* label : findChildren<QLabel*>())
         if (label->property("decoration") == QStringLiteral("statusLine"))
             m_statusLine = label;
+    floatOverCells();
     dress(*this);
     showAll();
 }
 
 WindowShell::~WindowShell() = default;
+
+void WindowShell::floatOverCells() {
+    for (const auto& view : m_views)
+        if (const ui::Grid* grid = view->control().floatsOver)
+            if (const ControlView* below = viewOf(*grid); below != nullptr && view->widget() != nullptr)
+                new CellFloat(*view->widget(), static_cast<QTableView&>(*below->widget())); // the table owns it
+}
 
 void WindowShell::showAll() {
     setWindowTitle(toQt(m_window.caption()));

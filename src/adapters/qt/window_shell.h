@@ -49,6 +49,7 @@ class WindowShell final : public QWidget, public ui::WindowView {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void floatOverCells();
     void showAll();
     void fitScreen(const WindowShell* served);
     void followPage();

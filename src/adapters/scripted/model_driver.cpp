@@ -33,10 +33,12 @@ void ModelDriver::pressNamed(ui::Window& window, const std::string& name, bool s
         pressCharacter(window, ui::key::space);
     else if (name == "Down" && window.pressArrowDown())
         return;
+    else if (name == "F2")
+        window.pressOnCell(ui::key::enter);
     else if (name == "F4")
         window.pressLookup();
     else if (name == "Down" || name == "Right" || name == "Up" || name == "Left")
-        pressArrow(window, name == "Up" || name == "Left");
+        pressArrow(window, name);
 }
 
 void ModelDriver::pressCharacter(ui::Window& window, char32_t character) {
@@ -50,22 +52,29 @@ void ModelDriver::pressCharacter(ui::Window& window, char32_t character) {
         enter(window, kept);
 }
 
-void ModelDriver::pressArrow(ui::Window& window, bool backward) {
+void ModelDriver::pressArrow(ui::Window& window, const std::string& key) {
+    const bool backward = key == "Up" || key == "Left";
     if (window.pressArrow(backward))
         return;
     const int step = backward ? -1 : 1;
-    if (auto* grid = dynamic_cast<ui::Grid*>(window.focus()))
-        pickRow(*grid, grid->currentRow() + step);
-    else if (auto* box = dynamic_cast<ui::ComboBox*>(window.focus())) {
+    if (auto* grid = dynamic_cast<ui::Grid*>(window.focus())) {
+        const bool sideways = key == "Left" || key == "Right";
+        window.pickedCell(*grid, std::max(1, grid->currentRow() + (sideways ? 0 : step)),
+                          grid->currentColumn() + (sideways ? step : 0));
+    } else if (auto* box = dynamic_cast<ui::ComboBox*>(window.focus())) {
         const int index = box->index() + step;
         if (index >= 0 && index < static_cast<int>(box->items().size()))
             window.picked(*box, index);
     }
 }
 
-void ModelDriver::pickRow(ui::Grid& grid, int row) {
-    if (row >= 1 && row <= grid.rowCount())
-        grid.window().pickedRow(grid, row);
+// The focus first: a field that is left may keep it, and then nothing is picked.
+void ModelDriver::pickCell(ui::Grid& grid, int row, int column) {
+    ui::Window& window = grid.window();
+    if (!window.requestFocus(grid))
+        return;
+    window.pickedCell(grid, row, column);
+    window.click(grid);
 }
 
 bool ModelDriver::isChecked(ui::Control& control) {
@@ -78,45 +87,61 @@ bool ModelDriver::isChecked(ui::Control& control) {
 namespace {
 
 /// The text with the digit in the next free place of the mask, which `place` then stands behind.
-std::string withDigit(std::string text, std::size_t& place, char32_t character) {
-    while (place < text.size() && ui::MaskedBox::mask[place] != '#')
+std::string withDigit(const std::string& mask, std::string text, std::size_t& place, char32_t character) {
+    while (place < text.size() && mask[place] != '#')
         ++place;
     if (place < text.size() && character >= U'0' && character <= U'9')
         text[place++] = static_cast<char>(character);
     return text;
 }
 
+/// The text without the character before `place`, which then stands there.
+std::string withoutDigit(const std::string& mask, std::string text, std::size_t& place) {
+    while (place > 0 && mask[--place] != '#') {
+    }
+    text[place] = ' ';
+    return text;
+}
+
+std::string withCharacter(const std::string& text, int maxLength, char32_t character) {
+    const bool full = maxLength > 0 && static_cast<int>(text::length(text)) >= maxLength;
+    return full ? text : text + text::encode(character);
+}
+
+std::string withoutLast(const std::string& text) {
+    std::u32string characters = text::decode(text);
+    if (!characters.empty())
+        characters.pop_back();
+    return text::encode(characters);
+}
+
 } // namespace
 
+// What is selected makes room for the character.
 void ModelDriver::enter(ui::Window& window, char32_t character) {
     const bool replaces = std::exchange(m_contentSelected, false);
     if (auto* masked = dynamic_cast<ui::MaskedBox*>(window.focus())) {
         if (replaces)
             m_maskPlace = 0;
-        window.edited(*masked,
-                      withDigit(replaces ? std::string{blankDateText} : masked->text(), m_maskPlace, character));
+        const std::string before = replaces ? masked->blankText() : masked->text();
+        window.edited(*masked, masked->mask().empty() ? withCharacter(before, masked->maxLength(), character)
+                                                      : withDigit(masked->mask(), before, m_maskPlace, character));
     } else if (auto* box = dynamic_cast<ui::TextBox*>(window.focus()); box != nullptr && !box->readOnly) {
-        const std::string before = replaces ? std::string{} : box->text();
-        const bool full = box->maxLength() > 0 && static_cast<int>(text::length(before)) >= box->maxLength();
-        window.edited(*box, full ? before : before + text::encode(character));
+        window.edited(*box, withCharacter(replaces ? std::string{} : box->text(), box->maxLength(), character));
     }
 }
 
 void ModelDriver::erase(ui::Window& window) {
     const bool all = std::exchange(m_contentSelected, false);
     if (auto* masked = dynamic_cast<ui::MaskedBox*>(window.focus())) {
-        std::string text = all ? std::string{blankDateText} : masked->text();
         if (all)
             m_maskPlace = 0;
-        while (m_maskPlace > 0 && ui::MaskedBox::mask[--m_maskPlace] != '#') {
-        }
-        text[m_maskPlace] = ' ';
-        window.edited(*masked, text);
+        const std::string rest = all                      ? masked->blankText()
+                                 : masked->mask().empty() ? withoutLast(masked->text())
+                                                          : withoutDigit(masked->mask(), masked->text(), m_maskPlace);
+        window.edited(*masked, rest);
     } else if (auto* box = dynamic_cast<ui::TextBox*>(window.focus()); box != nullptr && !box->readOnly) {
-        std::u32string text = all ? std::u32string{} : text::decode(box->text());
-        if (!text.empty())
-            text.pop_back();
-        window.edited(*box, text::encode(text));
+        window.edited(*box, all ? std::string{} : withoutLast(box->text()));
     }
 }
 

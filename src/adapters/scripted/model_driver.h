@@ -21,7 +21,7 @@ class ModelDriver final : public script::Driver {
     void doubleClick(ui::Grid& grid) override { grid.window().doubleClick(grid); }
     void pickEntry(ui::ComboBox& box, int index) override { box.window().picked(box, index); }
     void pickPage(ui::Tabs& tabs, int index) override { tabs.window().pickPage(tabs, index); }
-    void pickRow(ui::Grid& grid, int row) override;
+    void pickCell(ui::Grid& grid, int row, int column) override;
     void setPicker(ui::DatePicker& picker, const DateTime& value) override { picker.window().edited(picker, value); }
     void selectContent() override { m_contentSelected = true; }
     std::string shownText(ui::Control& control) override { return control.shownText(); }
@@ -43,7 +43,7 @@ class ModelDriver final : public script::Driver {
   private:
     void pressNamed(ui::Window& window, const std::string& name, bool shift);
     void pressCharacter(ui::Window& window, char32_t character);
-    void pressArrow(ui::Window& window, bool backward);
+    void pressArrow(ui::Window& window, const std::string& key);
     void enter(ui::Window& window, char32_t character);
     void erase(ui::Window& window);
 

@@ -185,13 +185,26 @@ void tab(const Scene& scene, const Words& words) {
     throw Mismatch("expected a tab " + quoted(words[0]) + ", but " + scene.window().name() + " has none");
 }
 
+void pickCell(const Scene& scene, ui::Grid& grid, int row, int column) {
+    requireReachable(scene, grid);
+    require(row >= 1 && row <= scene.driver.rowCount(grid), grid.name() + " to have a row " + std::to_string(row),
+            "it has " + std::to_string(scene.driver.rowCount(grid)));
+    scene.driver.pickCell(grid, row, column);
+}
+
 void row(const Scene& scene, const Words& words) {
     auto& grid = scene.controlOf<ui::Grid>(words[0], "grid");
-    requireReachable(scene, grid);
-    const int wanted = number(words[1]);
-    require(wanted >= 1 && wanted <= scene.driver.rowCount(grid), words[0] + " to have a row " + words[1],
-            "it has " + std::to_string(scene.driver.rowCount(grid)));
-    scene.driver.pickRow(grid, wanted);
+    const auto shown =
+        std::find_if(grid.columns().begin(), grid.columns().end(), [](const auto& column) { return column.width > 0; });
+    pickCell(scene, grid, number(words[1]), static_cast<int>(shown - grid.columns().begin()));
+}
+
+void cell(const Scene& scene, const Words& words) {
+    auto& grid = scene.controlOf<ui::Grid>(words[0], "grid");
+    const int column = number(words[2]);
+    require(column >= 0 && column < static_cast<int>(grid.columns().size()), words[0] + " to have a column " + words[2],
+            "it has " + std::to_string(grid.columns().size()));
+    pickCell(scene, grid, number(words[1]), column);
 }
 
 void doubleClick(const Scene& scene, const Words& words) {
@@ -243,6 +256,7 @@ constexpr Command commands[] = {{"expect-window", 1, expectWindow},
                                 {"set", 2, set},
                                 {"tab", 1, tab},
                                 {"row", 2, row},
+                                {"cell", 3, cell},
                                 {"double-click", 1, doubleClick},
                                 {"key", 1, key},
                                 {"print", 1, print},

@@ -37,7 +37,9 @@ class Driver {
     virtual void doubleClick(ui::Grid& grid) = 0;
     virtual void pickEntry(ui::ComboBox& box, int index) = 0;
     virtual void pickPage(ui::Tabs& tabs, int index) = 0;
-    virtual void pickRow(ui::Grid& grid, int row) = 0;
+
+    /// Clicks a cell, which becomes the current one.
+    virtual void pickCell(ui::Grid& grid, int row, int column) = 0;
     virtual void setPicker(ui::DatePicker& picker, const DateTime& value) = 0;
 
     /// Selects what the field that has the focus holds, so that the next character replaces it.

@@ -9,6 +9,7 @@
 namespace opd::ui {
 
 class Container;
+class Grid;
 class Window;
 
 enum class Kind {
@@ -39,7 +40,8 @@ enum class Aspect {
     Checked,     ///< option or check box
     Items,       ///< entries of a combo box
     Table,       ///< columns or rows of a grid
-    CurrentRow,  ///< of a grid
+    Cells,       ///< cells or number of rows of a grid whose columns stay
+    CurrentCell, ///< current row or column of a grid
     CurrentPage, ///< of tabs
     Running,     ///< interval or on/off of a timer
     Image,       ///< of a picture
@@ -103,8 +105,9 @@ class Control {
     virtual void clicked();
 
     bool tabStop = true;
-    bool causesValidation = true;    ///< false: moving here never asks the control that is left
-    const Control* serves = nullptr; ///< moving here from this control does not ask it: a lookup button's code field
+    bool causesValidation = true;     ///< false: moving here never asks the control that is left
+    const Control* serves = nullptr;  ///< moving here from this control does not ask it: a lookup button's code field
+    const Grid* floatsOver = nullptr; ///< lies over the current cell of this grid while it is visible
 
     std::function<void()> onClick;
     std::function<void()> onDoubleClick;
@@ -113,6 +116,7 @@ class Control {
     std::function<void()> onLostFocus;
     std::function<void(KeyPress&)> onKeyPress;
     std::function<void()> onArrowDown;            ///< the Down arrow, where the control itself has no use for it
+    std::function<void()> onEscape;               ///< Esc is the control's own business and presses no cancel button
     std::function<void(bool& refuse)> onValidate; ///< asked before the focus leaves; `refuse` keeps it here
 
   protected:

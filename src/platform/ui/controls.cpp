@@ -1,5 +1,6 @@
 #include "platform/ui/controls.h"
 
+#include "platform/text/text.h"
 #include "platform/ui/window.h"
 
 #include <algorithm>
@@ -16,23 +17,30 @@ void TextBox::setText(const std::string& text) {
 
 namespace {
 
-/// The text laid into the mask, or the empty mask when it does not fit.
-std::string masked(const std::string& text) {
-    if (text.size() != MaskedBox::mask.size())
-        return std::string{blankDateText};
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool digitPlace = MaskedBox::mask[i] == '#';
-        const bool digitOrBlank = text[i] == ' ' || (text[i] >= '0' && text[i] <= '9');
-        if (digitPlace ? !digitOrBlank : text[i] != MaskedBox::mask[i])
-            return std::string{blankDateText};
-    }
-    return text;
+/// True when the text fills the mask, with a digit or a blank in each place.
+bool fits(const std::string& text, const std::string& mask) {
+    return text.size() == mask.size() &&
+           std::equal(text.begin(), text.end(), mask.begin(), [](char character, char place) {
+               const bool digitOrBlank = character == ' ' || (character >= '0' && character <= '9');
+               return place == '#' ? digitOrBlank : character == place;
+           });
 }
 
 } // namespace
 
+void MaskedBox::setMask(std::string_view mask, int maxLength) {
+    m_mask = mask;
+    m_maxLength = maxLength;
+    m_text = blankText();
+    tellView(Aspect::Text);
+}
+
+std::string MaskedBox::blankText() const {
+    return text::replaced(m_mask, "#", " ");
+}
+
 void MaskedBox::setText(const std::string& text) {
-    const std::string fitted = masked(text);
+    const std::string fitted = m_mask.empty() || fits(text, m_mask) ? text : blankText();
     if (fitted == m_text)
         return;
     m_text = fitted;

@@ -36,23 +36,39 @@ class TextBox : public Control {
     int m_maxLength;
 };
 
-/// A date typed into "##/##/####". Its text is always ten characters; empty it is "  /  /    ".
+/// A text typed into a mask: a digit or a blank in the place of each "#", everything else as it stands. To begin with
+/// that is a date in "##/##/####", whose text is always ten characters; empty it is "  /  /    ". Without a mask the
+/// box holds any text.
 class MaskedBox final : public Control {
   public:
+    static constexpr std::string_view dateMask = "##/##/####";
+
     MaskedBox(Container& container, std::string name, std::string caption = {})
         : Control(Kind::MaskedBox, &container, std::move(name), std::move(caption)), m_text(blankDateText) {}
 
-    static constexpr std::string_view mask = "##/##/####";
+    const std::string& mask() const { return m_mask; }
+
+    /// Characters that can be typed, 0 for no limit. A text set by program is never cut.
+    int maxLength() const { return m_maxLength; }
+
+    /// Puts another mask in, or none when it is empty, and empties the box. That is no change of its content by
+    /// anybody: `onChange` is not raised.
+    void setMask(std::string_view mask, int maxLength);
 
     const std::string& text() const { return m_text; }
 
     /// Puts a text into the mask. An empty text, or one that does not fit the mask, blanks the box.
     void setText(const std::string& text);
     void clear() { setText({}); }
-    bool isBlank() const { return m_text == blankDateText; }
+
+    /// The text of the empty box.
+    std::string blankText() const;
+    bool isBlank() const { return m_text == blankText(); }
     std::string shownText() const override { return m_text; }
 
   private:
+    std::string m_mask{dateMask};
+    int m_maxLength = static_cast<int>(dateMask.size());
     std::string m_text;
 };
 

@@ -3,23 +3,61 @@
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
 
+#include <algorithm>
+
 namespace opd::ui {
 
 void Grid::show(std::vector<Column> columns, std::vector<Row> rows) {
     m_columns = std::move(columns);
     m_rows = std::move(rows);
     m_currentRow = 0;
+    m_currentColumn = 0;
     tellView(Aspect::Table);
     if (!m_rows.empty())
         setCurrentRow(1);
 }
 
-void Grid::setCurrentRow(int row) {
-    if (row == m_currentRow || row < 0 || row > rowCount())
+void Grid::setCurrentCell(int row, int column) {
+    if (!picksCells)
+        column = 0;
+    const int lastColumn = std::max(0, static_cast<int>(m_columns.size()) - 1);
+    if (row < 0 || row > rowCount() || column < 0 || column > lastColumn)
+        return;
+    const bool otherRow = row != m_currentRow;
+    if (!otherRow && column == m_currentColumn)
         return;
     m_currentRow = row;
-    tellView(Aspect::CurrentRow);
-    if (onRowChange)
+    m_currentColumn = column;
+    tellView(Aspect::CurrentCell);
+    if (otherRow && onRowChange)
+        onRowChange();
+}
+
+void Grid::setCell(int row, int column, const std::string& text) {
+    Row& cells = m_rows.at(static_cast<std::size_t>(row - 1));
+    cells.resize(m_columns.size()); // a row may have been given without its last cells
+    std::string& cell = cells.at(static_cast<std::size_t>(column));
+    if (cell == text)
+        return;
+    cell = text;
+    tellView(Aspect::Cells);
+}
+
+int Grid::addRow() {
+    m_rows.emplace_back(m_columns.size());
+    tellView(Aspect::Cells);
+    return rowCount();
+}
+
+void Grid::removeRow(int row) {
+    if (row < 1 || row > rowCount())
+        return;
+    m_rows.erase(m_rows.begin() + (row - 1));
+    const bool wasCurrent = m_currentRow == row;
+    // A current row behind it is the same one under another number.
+    m_currentRow = m_currentRow > row ? m_currentRow - 1 : std::min(m_currentRow, rowCount());
+    tellView(Aspect::Cells);
+    if (wasCurrent && onRowChange)
         onRowChange();
 }
 

@@ -7,7 +7,8 @@
 
 namespace opd::ui {
 
-/// A table of texts of which one row is current. Rows count from 1, row 0 is the header; columns count from 0.
+/// A table of texts of which one row is current, or one cell where `picksCells` is set. Rows count from 1, row 0 is the
+/// header; columns count from 0.
 class Grid final : public Control {
   public:
     struct Column {
@@ -31,13 +32,28 @@ class Grid final : public Control {
 
     /// The current row from 1, 0 when there is none. Setting it raises `onRowChange` when it is another one.
     int currentRow() const { return m_currentRow; }
-    void setCurrentRow(int row);
+    void setCurrentRow(int row) { setCurrentCell(row, m_currentColumn); }
+
+    /// The current column; always 0 where whole rows are picked.
+    int currentColumn() const { return m_currentColumn; }
+    void setCurrentCell(int row, int column);
 
     /// The text of a cell; empty outside the table.
     std::string cell(int row, int column) const;
 
-    /// The text of a column of the current row.
-    std::string shownText() const override { return cell(m_currentRow, 0); }
+    /// Puts a text into a cell that exists; std::out_of_range for any other.
+    void setCell(int row, int column, const std::string& text);
+
+    /// Adds an empty row behind the last one and returns its number.
+    int addRow();
+
+    /// Takes a row away. When it was the current one, the row behind it takes its place, or the new last one.
+    void removeRow(int row);
+
+    /// The text of the current cell; where whole rows are picked, of the first column of the current one.
+    std::string shownText() const override { return cell(m_currentRow, m_currentColumn); }
+
+    bool picksCells = false; ///< the clerk picks single cells, not whole rows
 
     std::function<void()> onRowChange;
 
@@ -45,6 +61,7 @@ class Grid final : public Control {
     std::vector<Column> m_columns;
     std::vector<Row> m_rows;
     int m_currentRow = 0;
+    int m_currentColumn = 0;
 };
 
 /// The columns that a format string describes: captions parted by "|", each led by "<" (left) or ">" (right), with the

@@ -96,6 +96,10 @@ class Window : public Container {
     /// container. False when there is none that is shown and usable.
     bool pressLookup();
 
+    /// F2 and Delete on a grid whose cells are picked: there they stand for Enter and Backspace, which `code` names.
+    /// False elsewhere.
+    bool pressOnCell(char32_t code);
+
     /// Shows the next or previous usable page, as Ctrl+Tab does, and moves the focus to its first field.
     void turnPage(bool backward);
 
@@ -117,7 +121,7 @@ class Window : public Container {
     void edited(MaskedBox& box, const std::string& text);
     void edited(DatePicker& picker, const DateTime& value);
     void picked(ComboBox& box, int index);
-    void pickedRow(Grid& grid, int row);
+    void pickedCell(Grid& grid, int row, int column);
     void tick(Timer& timer);
 
     /// The clerk closes the window by its frame.

@@ -28,6 +28,11 @@ void Window::passKey(KeyPress& press) {
     const int life = m_life;
     // A handler may close the window or take the control away; the character then ends there.
     const auto isGone = [&] { return life != m_life || !target->canTakeFocus(); };
+    if (press.code == key::escape && target != nullptr && target->onEscape) {
+        press.drop();
+        target->onEscape();
+        return;
+    }
     if (press.code == key::escape && canPress(cancelButton)) {
         press.drop();
         cancelButton->clicked();
@@ -98,6 +103,13 @@ bool Window::pressLookup() {
     return next != members.end() && (*next)->kind() == Kind::Button && (*next)->caption() == "..." && click(**next);
 }
 
+bool Window::pressOnCell(char32_t code) {
+    if (m_handling || m_focus == nullptr || m_focus->kind() != Kind::Grid || !static_cast<Grid*>(m_focus)->picksCells)
+        return false;
+    pressKey(code);
+    return true;
+}
+
 bool Window::click(Control& control) {
     if (m_handling || !control.isShown() || !control.isUsable())
         return false;
@@ -133,8 +145,8 @@ void Window::picked(ComboBox& box, int index) {
     handle([&] { box.picked(index); });
 }
 
-void Window::pickedRow(Grid& grid, int row) {
-    handle([&] { grid.setCurrentRow(row); });
+void Window::pickedCell(Grid& grid, int row, int column) {
+    handle([&] { grid.setCurrentCell(row, column); });
 }
 
 } // namespace opd::ui

@@ -7,7 +7,11 @@ namespace opd::registration {
 
 /// Tab "Employment & Dependent".
 struct EmploymentTab {
-    explicit EmploymentTab(ui::Tabs& tabs) : page(tabs, "pageEmployment", "Employment && Dependent") {}
+    explicit EmploymentTab(ui::Tabs& tabs) : page(tabs, "pageEmployment", "Employment && Dependent") {
+        mshDependents.picksCells = true;
+        mshDependents.show({{"Name of Children", 5000}, {"Birth Date", 1440}}, {ui::Grid::Row(2)});
+        txtEntry.floatsOver = &mshDependents;
+    }
 
     ui::Page page;
 
@@ -42,8 +46,8 @@ struct EmploymentTab {
     ui::TextBox txtEmployerEmail{employer, "txtEmployerEmail", "E-mail"};
 
     ui::Frame dependents{page, "fraDependents", "Dependent/s"};
-    ui::Grid mshDependents{dependents, "mshDependents"};
-    ui::MaskedBox txtEntry{dependents, "txtEntry"};
+    ui::Grid mshDependents{dependents, "mshDependents"}; ///< a dependent a row: name, birth date
+    ui::MaskedBox txtEntry{dependents, "txtEntry"};      ///< edits the current cell of the grid
 };
 
 } // namespace opd::registration

@@ -9,6 +9,7 @@
 #include "registration/load/columns.h"
 #include "registration/load/extended_loader.h"
 #include "registration/load/visit_loader.h"
+#include "registration/subrecords/dependents.h"
 
 namespace opd::registration {
 
@@ -86,6 +87,7 @@ bool LoadData(FormContext& form) {
     if (form.fields.header.txtLastName.visible())
         form.window.setFocus(form.fields.header.txtLastName);
     LoadExtendedMaster(form);
+    LoadDependents(form);
     LoadMedicalHistory(form);
     GetCancerPatient(form);
     return true;

@@ -9,6 +9,7 @@
 #include "registration/save/master_statements.h"
 #include "registration/save/numbers.h"
 #include "registration/save/visit_statements.h"
+#include "registration/subrecords/dependents.h"
 
 namespace opd::registration {
 
@@ -163,6 +164,7 @@ bool SaveData(FormContext& form, bool UpdateOnly) {
     writePatientAndVisit(form, UpdateOnly);
     standForWrittenVisit(form);
     run(form, updateExtendedMaster(form));
+    SaveDependents(form);
     run(form, updateMedicalHistory(form));
     run(form, updateTreatments(form));
     const std::string photographFailure = storePhotograph(form);

@@ -82,6 +82,25 @@ TEST(QtFields, ADateIsTypedAsDigitsWithSlashesOrPasted) {
     EXPECT_EQ(desk.form.txtBirthDate.text(), "01/02/2003");
 }
 
+TEST(QtFields, AMaskedBoxChangesItsMaskWhileItIsShown) {
+    SearchDesk desk;
+    ui::MaskedBox& box = desk.form.txtBirthDate;
+    desk.form.setFocus(box);
+    desk.type("03071980");
+    box.setMask("", 12);
+    desk.form.setFocus(box);
+    desk.type("Peña, Ana Maria");
+    EXPECT_EQ(box.text(), "Peña, Ana Ma");
+    desk.press("Backspace");
+    EXPECT_EQ(desk.hands.shownText(box), "Peña, Ana M");
+    box.setMask(ui::MaskedBox::dateMask, 10);
+    EXPECT_EQ(desk.hands.shownText(box), "  /  /    ");
+    desk.form.setFocus(box);
+    desk.type("1231");
+    EXPECT_EQ(box.text(), "12/31/    ");
+    EXPECT_EQ(desk.hands.shownText(box), "12/31/    ");
+}
+
 TEST(QtFields, PickersAndListsTakeRealInput) {
     RegistrationDesk desk;
     auto& header = desk.form.header;

@@ -142,7 +142,7 @@ TEST(QtFocus, TheTabOrderIsTheOrderInWhichAFormIsRead) {
             QPoint lastField(-1, -1);
             for (ui::Control* field : frame->members()) {
                 const QWidget* widget = desk.shell().viewOf(*field)->widget();
-                if (!widget->isVisible())
+                if (!widget->isVisible() || field->floatsOver != nullptr)
                     continue;
                 const QPoint center = widget->mapTo(&desk.shell(), widget->rect().center());
                 const bool sameLine = std::abs(center.y() - lastField.y()) < 12;

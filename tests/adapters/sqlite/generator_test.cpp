@@ -21,8 +21,8 @@ std::string dumpOf(const std::filesystem::path& folder) {
     ado::Connection connection(providers);
     connection.Open("Data Source=" + folder.string());
     std::string dump;
-    for (const char* table :
-         {"tbMaster", "tbMaster2", "tbOutPatient", "tbPatient", "tbCounter", "tbHospitalInfo", "tbMasterAccount"})
+    for (const char* table : {"tbMaster", "tbMaster2", "tbOutPatient", "tbPatient", "tbCounter", "tbHospitalInfo",
+                              "tbMasterAccount", "tbMasterDependent"})
         for (const std::string& row : rowsOf(connection, std::string{"select * from Patient_Data.."} + table))
             dump += table + (": " + row + "\n");
     for (const char* table : {"tbCoAddress", "tbCoDoctor", "tbCoCompany", "tbCoBarangay"})

@@ -10,6 +10,7 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
+constexpr int parent = 2;
 constexpr int confinedPerson = 7;
 constexpr int employeesAccount = 10;
 constexpr std::int64_t lastOpdNumberBefore = 2600000000;
@@ -81,6 +82,12 @@ class Writer {
                          billed ? ado::Value{addDays(visit.admitted, 0)} : ado::Value{}});
     }
 
+    void giveDependent(const std::string& number, const char* name, const DateTime& birthDate) {
+        Query query(m_database,
+                    "INSERT INTO Patient_Data_tbMasterDependent (SeqNum, Name, BirthDate) VALUES (?, ?, ?)");
+        insert(query, {number, name, birthDate});
+    }
+
     void confine(const std::string& number) {
         Query query(m_database, "INSERT INTO Patient_Data_tbPatient (IdNum, HospNum, AdmDate) VALUES (?, ?, ?)");
         insert(query, {std::to_string(++m_lastAdmission), number, DateTime{2026, 6, 28, 20, 0, 0}});
@@ -122,6 +129,10 @@ void writeDemonstrationPerson(Writer& writer, int number, Random& random) {
     writer.write(key, demonstrationPerson(number, random));
     if (Visit visit; demonstrationVisit(number, visit))
         writer.write(key, visit, random);
+    if (number == parent) {
+        writer.giveDependent(key, "SANTOS, PAOLO REYES", {2001, 4, 18});
+        writer.giveDependent(key, "SANTOS, CLARA REYES", {2004, 9, 2});
+    }
     if (number == confinedPerson)
         writer.confine(key);
     if (number == employeesAccount)

@@ -22,7 +22,7 @@ constexpr double millimetre = resolution / 25.4;
 constexpr double paperWidth = 210 * millimetre;
 constexpr double paperHeight = 297 * millimetre;
 constexpr double gap = 2 * millimetre; // between head, body and foot
-constexpr int groupLevel = 2;
+constexpr int groupLevel = 4;
 
 void draw(QPainter& painter, const QTextDocument& document, const QRectF& clip) {
     QAbstractTextDocumentLayout::PaintContext context;
@@ -87,15 +87,17 @@ void PagedDocument::paintPage(QPainter& painter, int page) const {
     painter.scale(painter.device()->logicalDpiX() / double{resolution},
                   painter.device()->logicalDpiY() / double{resolution});
     painter.translate(m_content.topLeft());
-    if (page > 1)
-        draw(painter, *strip(m_document.head, page), {});
     const std::unique_ptr<QTextDocument> foot = strip(m_document.foot, page);
     painter.save();
     painter.translate(0, m_content.height() - foot->size().height());
     draw(painter, *foot, {});
     painter.restore();
     const QRectF part(0, (page - 1) * m_bodyHeight, m_content.width(), m_bodyHeight);
-    painter.translate(0, m_headHeight - part.top());
+    if (page > 1) {
+        draw(painter, *strip(m_document.head, page), {});
+        painter.translate(0, m_headHeight);
+    }
+    painter.translate(0, -part.top());
     painter.setClipRect(part);
     draw(painter, m_body, part);
     painter.restore();

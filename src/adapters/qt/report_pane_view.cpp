@@ -107,6 +107,10 @@ void ReportPaneView::showDocument() {
     m_pane.laidOut(m_pages->pageCount());
 }
 
+QString ReportPaneView::shownText() const {
+    return m_pages ? toQt(m_pane.shownText()) : QString();
+}
+
 void ReportPaneView::showZoom() {
     const bool wholePage = m_pane.fit() == ui::ReportPane::Fit::WholePage;
     m_preview->setZoomMode(wholePage ? QPrintPreviewWidget::FitInView : QPrintPreviewWidget::FitToWidth);

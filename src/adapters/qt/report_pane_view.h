@@ -22,6 +22,7 @@ class ReportPaneView final : public ControlView {
     ~ReportPaneView() override;
 
     void show(ui::Aspect aspect) override;
+    QString shownText() const override;
 
   private:
     void showDocument();

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <pugixml.hpp>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace opd::adapters::reporting {
 
@@ -42,17 +44,21 @@ class Reader {
     }
 
   private:
-    void add(const std::string& content) {
-        constexpr const char* blanks = " \t\r\n";
-        std::istringstream words(content);
-        bool first = content.find_first_of(blanks) != 0;
-        for (std::string word; words >> word; first = false)
-            m_line += (m_line.empty() || (first && m_gap.empty()) ? "" : gap(m_gap)) + word, m_gap.clear();
-        if (!content.empty() && content.find_last_of(blanks) == content.size() - 1 && m_gap.empty())
-            m_gap = " ";
+    void add(std::string content) {
+        constexpr std::string_view hardBlank = "\u00a0";
+        for (std::size_t at = content.find(hardBlank); at != std::string::npos; at = content.find(hardBlank))
+            content.replace(at, hardBlank.size(), " ");
+        for (const char character : content) {
+            if (std::isspace(static_cast<unsigned char>(character)) != 0) {
+                m_gap = m_gap.empty() ? " " : m_gap;
+                continue;
+            }
+            if (!m_line.empty())
+                m_line += m_gap;
+            m_gap.clear();
+            m_line += character;
+        }
     }
-
-    static std::string gap(const std::string& wanted) { return wanted.empty() ? " " : wanted; }
 
     void endLine() {
         if (!m_line.empty())
@@ -63,7 +69,7 @@ class Reader {
 
     std::string m_text;
     std::string m_line;
-    std::string m_gap; ///< what stands before the next word
+    std::string m_gap; ///< what stands before the next character, unless that is the first of its line
 };
 
 std::string textOf(const pugi::xml_node& node) {
@@ -102,7 +108,7 @@ Markup lookThrough(const std::string& markup, const std::function<bool(const std
     const pugi::xml_node root = document.child("body");
     replaceMissingImages(root, haveImage);
     Markup result{contentOf(root), textOf(root), {}};
-    for (const pugi::xpath_node& heading : root.select_nodes(".//h2")) {
+    for (const pugi::xpath_node& heading : root.select_nodes(".//h4")) {
         std::string text = textOf(heading.node());
         text.pop_back(); // the end of its line
         result.groups.push_back(std::move(text));

@@ -10,7 +10,7 @@ namespace opd::adapters::reporting {
 struct Markup {
     std::string content;
     std::string text;                ///< what one reads in it: a line for each paragraph, heading or table row
-    std::vector<std::string> groups; ///< the second-level headings
+    std::vector<std::string> groups; ///< the fourth-level headings
 };
 
 /// Looks through a piece of markup. `haveImage` is asked for the source of each image; where there is none, the image's

@@ -26,6 +26,9 @@ LAYERS = [*ALLOWED, "adapters"]
 # Libraries that only some folders may know.
 LIBRARIES = [
     ("Qt", re.compile(r"Q[A-Z]\w*|Qt\w*/.*"), ["src/adapters/qt/", "tests/adapters/qt/", "tests/host/"]),
+    ("pictures", re.compile(r"stb/.*"), ["src/adapters/image/"]),
+    ("bar codes", re.compile(r"zint\.h"), ["src/adapters/report/"]),
+    ("markup", re.compile(r"pugixml\.hpp|kainjow/.*"), ["src/adapters/report/"]),
     ("SQLite", re.compile(r"sqlite3\w*\.h"), ["src/adapters/sqlite/", "tests/adapters/sqlite/", "tests/entry/"]),
 ]
 

@@ -27,6 +27,16 @@ struct FormFixture : TestSession {
 
     void openNewPatient() { open("NEW", "NEW", "(TO BE GENERATED)"); }
 
+    /// Everything without which a registration is refused.
+    void fillRequired() {
+        registration::Fields& fields = form->fields();
+        fields.header.txtLastName.setText("DELA CRUZ");
+        fields.header.txtFirstName.setText("JUAN");
+        fields.header.txtBirthDate.setText("03/07/1980");
+        fields.personal.txtZipCode.setText("1000");
+        fields.personal.txtReligion.setText("1");
+    }
+
     bool validate() { return registration::ValidateData(form->context()); }
 
     com::Ref<ListingStandIn> listing = com::Ref<ListingStandIn>::taking(new ListingStandIn);

@@ -121,19 +121,10 @@ TEST(Save, SendsTheDocumentedStatementsInTheirOrderForEveryShape) {
 }
 
 /// Fills what a save needs and presses nothing yet.
-void fillRequired(FormFixture& desk) {
-    registration::Fields& fields = desk.form->fields();
-    fields.header.txtLastName.setText("DELA CRUZ");
-    fields.header.txtFirstName.setText("JUAN");
-    fields.header.txtBirthDate.setText("03/07/1980");
-    fields.personal.txtZipCode.setText("1000");
-    fields.personal.txtReligion.setText("1");
-}
-
 TEST(Save, AFailureInsideTheTransactionRollsBackAndKeepsEverythingTyped) {
     FormFixture desk;
     desk.openNewPatient();
-    fillRequired(desk);
+    desk.fillRequired();
     desk.provider->failOn("Patient_Data..sp_aopd_Update_tbOutpatient", "The disk is full.");
     desk.desktop.work([&](ui::Window& window) {
         desk.desktop.answer(ui::Answer::Ok);
@@ -159,7 +150,7 @@ TEST(Save, AFailureInsideTheTransactionRollsBackAndKeepsEverythingTyped) {
 TEST(Save, AFailureBehindTheCommitWritesTheSameVisitAgainAndNoSecondOne) {
     FormFixture desk;
     desk.openNewPatient();
-    fillRequired(desk);
+    desk.fillRequired();
     desk.provider->failOn("Patient_Data..sp_Adm_UpdateMaster2", "The connection is lost.");
     desk.desktop.work([&](ui::Window& window) {
         desk.desktop.answer(ui::Answer::Ok);
@@ -182,7 +173,7 @@ TEST(Save, AFailureBehindTheCommitWritesTheSameVisitAgainAndNoSecondOne) {
 TEST(Save, AnApostropheNeverReachesTheDatabaseExceptAsAGraveAccent) {
     FormFixture desk;
     desk.openNewPatient();
-    fillRequired(desk);
+    desk.fillRequired();
     ASSERT_TRUE(desk.validate());
     desk.form->fields().personal.motherName.setText("ANA O'NEIL");
     desk.desktop.answer(ui::Answer::Ok);
@@ -222,7 +213,7 @@ TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
         FormFixture desk;
         desk.globals.IsAllowOPDPatientClass = refusal.opensPatientClass;
         desk.openNewPatient();
-        fillRequired(desk);
+        desk.fillRequired();
         desk.provider->answer(refusal.rule, someone);
         desk.provider->log.clear();
         desk.desktop.work([&](ui::Window& window) {
@@ -244,7 +235,7 @@ TEST(Save, MarkersFollowTheFlagsTheClientAndTheBoxes) {
     desk.globals.isAllowCorvane = desk.globals.IsAllowOPDMABRate = desk.globals.isAllowOPFileNumbering = true;
     desk.globals.isAllowOPDRegisterInpatient = true;
     desk.openNewPatient();
-    fillRequired(desk);
+    desk.fillRequired();
     ASSERT_TRUE(desk.validate());
     registration::Fields& fields = desk.form->fields();
     fields.personal.chkHemo.setChecked(true);
@@ -272,7 +263,7 @@ TEST(Save, TheLetterOfAuthorizationIsSavedForInsurersAndHmosAlone) {
         FormFixture desk;
         desk.globals.IsAllowOPDUpdateHMOLOA = true;
         desk.openNewPatient();
-        fillRequired(desk);
+        desk.fillRequired();
         ASSERT_TRUE(desk.validate());
         registration::AdditionalTab& additional = desk.form->fields().additional;
         EXPECT_EQ(additional.cmbLOAStatus.text(), "Covered");

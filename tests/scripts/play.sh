@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Plays an operator script on one desktop against a demonstration hospital of its own:
-#   play.sh DESK SCRIPT DESKTOP [SQL]      SQL switches the hospital's settings
+#   play.sh DESK SCRIPT DESKTOP [SQL [OPTION...]]      SQL switches the hospital's settings, OPTIONs go to `run`
 set -euo pipefail
 desk="$1" script="$2" desktop="$3" settings="${4:-}"
+shift $(($# < 4 ? $# : 4))
 folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
 export OPD_CLASS_REGISTRY="$folder/classes.ini" XDG_RUNTIME_DIR="$folder" QT_QPA_PLATFORM=offscreen
@@ -11,4 +12,4 @@ cd "$folder"
 if [[ -n "$settings" ]]; then
     sqlite3 hospital/hospital.db "update Patient_Data_tbHospitalInfo set $settings"
 fi
-"$desk" run --database hospital --user CLERK --desktop "$desktop" --script "$script"
+"$desk" run --database hospital --user CLERK --desktop "$desktop" --script "$script" "$@"

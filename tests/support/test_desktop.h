@@ -44,9 +44,9 @@ class TestDesktop final : public ui::Desktop {
     } press;
 
     void showModal(ui::Window& window) override {
-        open(window, window.name());
+        const SilentView* const view = open(window, window.name());
         window.unload();
-        m_views.clear();
+        std::erase_if(m_views, [view](const auto& kept) { return kept.get() == view; });
     }
 
     void show(ui::Window& window) override { open(window, window.name() + "~"); }
@@ -90,16 +90,17 @@ class TestDesktop final : public ui::Desktop {
         void closed() override {}
     };
 
-    void open(ui::Window& window, const std::string& name) {
+    const SilentView* open(ui::Window& window, const std::string& name) {
         window.load();
         shown.push_back(name);
-        m_views.push_back(std::make_unique<SilentView>());
-        window.opened(*m_views.back());
+        SilentView* const view = m_views.emplace_back(std::make_unique<SilentView>()).get();
+        window.opened(*view);
         if (m_work.empty())
-            return;
+            return view;
         const Work work = std::move(m_work.front());
         m_work.pop_front();
         work(window);
+        return view;
     }
 
     std::deque<Work> m_work;

@@ -3,7 +3,7 @@
 #include "adapters/qt/activation.h"
 #include "adapters/qt/input_filter.h"
 #include "adapters/qt/qt_driver.h"
-#include "adapters/qt/qt_output.h"
+#include "adapters/qt/report/qt_output.h"
 #include "platform/script/player.h"
 #include "platform/ui/desktop.h"
 

@@ -1,10 +1,10 @@
 #include "adapters/qt/window_shell.h"
 
 #include "adapters/qt/binder.h"
-#include "adapters/qt/cell_float.h"
 #include "adapters/qt/forms.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/style.h"
+#include "adapters/qt/views/cell_float.h"
 
 #include <QCloseEvent>
 #include <QLayout>

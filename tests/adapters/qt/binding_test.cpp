@@ -27,6 +27,7 @@ TEST(QtBinding, EveryControlHasItsWidgetAndEveryWidgetItsControl) {
     EXPECT_EQ(differencesOf<samples::ChiefComplaintDialog>(), "");
     EXPECT_EQ(differencesOf<samples::PickList>(), "");
     EXPECT_EQ(differencesOf<samples::ListingWindow>(), "");
+    EXPECT_EQ(differencesOf<samples::ReportViewer>(), "");
 }
 
 TEST(QtBinding, AMissingAStrangeAndASpareWidgetAreReported) {

@@ -2,6 +2,7 @@
 
 #include "adapters/codesearch/listing_fields.h"
 #include "registration/fields/fields.h"
+#include "reports/report_viewer_fields.h"
 #include "search/lookup_fields.h"
 #include "search/master_search_fields.h"
 
@@ -38,6 +39,11 @@ struct PickList : ui::Window, search::PickListFields {
 /// The listing window of the code search without its behaviour.
 struct ListingWindow : ui::Window, codesearch::ListingFields {
     ListingWindow() : Window("frmCodeSearch", "Services"), ListingFields(static_cast<Window&>(*this)) {}
+};
+
+/// The report viewer without its behaviour.
+struct ReportViewer : ui::Window, reports::ReportViewerFields {
+    ReportViewer() : Window("frmReportViewer", "Report"), ReportViewerFields(static_cast<Window&>(*this)) {}
 };
 
 } // namespace opd::qt::samples

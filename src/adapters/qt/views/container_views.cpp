@@ -1,4 +1,4 @@
-#include "adapters/qt/container_views.h"
+#include "adapters/qt/views/container_views.h"
 
 #include "adapters/qt/qt_text.h"
 

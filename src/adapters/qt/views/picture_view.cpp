@@ -1,6 +1,7 @@
-#include "adapters/qt/picture_view.h"
+#include "adapters/qt/views/picture_view.h"
 
 #include "adapters/qt/qt_image.h"
+#include "adapters/qt/qt_text.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -60,6 +61,10 @@ void PictureView::showImage() {
     pixmap.setDevicePixelRatio(scale);
     place->setAlignment(Qt::AlignCenter);
     place->setPixmap(pixmap);
+}
+
+QString PictureView::shownText() const {
+    return static_cast<QLabel*>(widget())->pixmap().isNull() ? QString() : toQt(m_picture.shownText());
 }
 
 bool PictureView::eventFilter(QObject*, QEvent* event) {

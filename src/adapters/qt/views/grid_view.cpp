@@ -1,4 +1,4 @@
-#include "adapters/qt/grid_view.h"
+#include "adapters/qt/views/grid_view.h"
 
 #include "adapters/qt/qt_text.h"
 

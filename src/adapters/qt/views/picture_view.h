@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/qt/control_view.h"
+#include "adapters/qt/views/control_view.h"
 
 #include <QObject>
 
@@ -13,6 +13,7 @@ class PictureView final : public QObject, public ControlView {
     PictureView(ui::Picture& picture, QWidget* widget);
 
     void show(ui::Aspect aspect) override;
+    QString shownText() const override;
     void release() override;
 
     /// The place gets another size.

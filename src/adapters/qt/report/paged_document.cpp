@@ -1,4 +1,4 @@
-#include "adapters/qt/paged_document.h"
+#include "adapters/qt/report/paged_document.h"
 
 #include "adapters/qt/qt_image.h"
 #include "adapters/qt/qt_text.h"
@@ -99,7 +99,7 @@ void PagedDocument::paintPage(QPainter& painter, int page) const {
     }
     painter.translate(0, -part.top());
     painter.setClipRect(part);
-    draw(painter, m_body, part);
+    draw(painter, m_body, part.adjusted(0, 1, 0, -1)); // a line that only touches the page is not on it
     painter.restore();
 }
 

@@ -1,7 +1,7 @@
-#include "adapters/qt/report_pane_view.h"
+#include "adapters/qt/views/report_pane_view.h"
 
-#include "adapters/qt/paged_document.h"
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/report/paged_document.h"
 
 #include <QGraphicsView>
 #include <QHBoxLayout>

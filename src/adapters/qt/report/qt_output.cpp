@@ -1,7 +1,7 @@
-#include "adapters/qt/qt_output.h"
+#include "adapters/qt/report/qt_output.h"
 
-#include "adapters/qt/paged_document.h"
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/report/paged_document.h"
 
 #include <QPdfWriter>
 #include <QPrintDialog>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/qt/control_view.h"
+#include "adapters/qt/views/control_view.h"
 
 class QComboBox;
 class QDateTimeEdit;

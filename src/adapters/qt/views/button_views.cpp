@@ -1,4 +1,4 @@
-#include "adapters/qt/button_views.h"
+#include "adapters/qt/views/button_views.h"
 
 #include "adapters/qt/qt_text.h"
 

@@ -1,4 +1,4 @@
-#include "adapters/qt/field_views.h"
+#include "adapters/qt/views/field_views.h"
 
 #include "adapters/qt/qt_text.h"
 #include "platform/text/text.h"

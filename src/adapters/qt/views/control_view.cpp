@@ -1,12 +1,12 @@
-#include "adapters/qt/control_view.h"
+#include "adapters/qt/views/control_view.h"
 
-#include "adapters/qt/button_views.h"
-#include "adapters/qt/container_views.h"
-#include "adapters/qt/field_views.h"
-#include "adapters/qt/grid_view.h"
-#include "adapters/qt/picture_view.h"
 #include "adapters/qt/qt_text.h"
-#include "adapters/qt/report_pane_view.h"
+#include "adapters/qt/views/button_views.h"
+#include "adapters/qt/views/container_views.h"
+#include "adapters/qt/views/field_views.h"
+#include "adapters/qt/views/grid_view.h"
+#include "adapters/qt/views/picture_view.h"
+#include "adapters/qt/views/report_pane_view.h"
 
 #include <QCheckBox>
 #include <QComboBox>

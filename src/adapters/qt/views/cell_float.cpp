@@ -1,4 +1,4 @@
-#include "adapters/qt/cell_float.h"
+#include "adapters/qt/views/cell_float.h"
 
 #include <QEvent>
 #include <QHeaderView>

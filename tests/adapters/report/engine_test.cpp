@@ -1,0 +1,114 @@
+#include "adapters/sqlite/hospital.h"
+
+#include "adapters/report/engine.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+namespace opd::tests {
+namespace {
+
+std::string contentOf(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// A hospital, an engine that stands beside it, and reports that are logged on to it.
+class Reports : public testing::Test {
+  protected:
+    Reports() { ado::Providers::ofProcess().add("sqlite", adapters::sqlite::makeSqliteProvider(m_hospital.clock())); }
+
+    std::unique_ptr<report::Report> open(const std::filesystem::path& file, const std::string& parameter) {
+        std::unique_ptr<report::Report> report = m_engine.open(file);
+        report->heading = "SAN ROQUE GENERAL HOSPITAL";
+        report->subheading = "128 MABINI STREET, MANILA";
+        report->printedBy = "CLERK";
+        for (report::Table& table : report->tables)
+            table.logOn = {m_hospital.folder().string(), "Patient_Data", "sa", "secret"};
+        report->parameterFields.at(0).value = parameter;
+        return report;
+    }
+
+    report::Document dataSheet(const std::string& visit) { return open(DATA_SHEET, visit)->document(); }
+
+    std::filesystem::path written(const std::string& content) {
+        const std::filesystem::path file = m_files.path() / "report.rpt";
+        std::ofstream(file) << content;
+        return file;
+    }
+
+    /// What opening the report or making its document fails with.
+    std::string failureOf(const std::string& content, const std::string& parameter = "2600000001B") {
+        try {
+            open(written(content), parameter)->document();
+        } catch (const std::exception& failure) {
+            return failure.what();
+        }
+        return "nothing failed";
+    }
+
+    std::unique_ptr<ado::Connection> m_connection;
+    EmbeddedHospital m_hospital;
+    TemporaryFolder m_files;
+    SharedImage m_photograph;
+    adapters::ReportEngine m_engine{
+        {.clock = m_hospital.clock(), .photograph = [this](const std::string&) { return m_photograph; }}};
+};
+
+const std::string oneQuery = "[parameters]\nVisit\n[row visit]\nPatient_Data..sp_aopd_LoadOutPatient '{Visit}'\n";
+
+TEST_F(Reports, TheDataSheetOfAKnownVisitReadsAsApproved) {
+    const std::unique_ptr<ado::Connection> connection = m_hospital.connect();
+    connection->Execute("update Patient_Data..tbOutPatient set ServiceID2 = '2', DoctorID2 = 'D002', ServiceID3 = '', "
+                        "ChiefComplaints = 'COUGH & \"FEVER\" <3 DAYS>' where IDNum = '2600000001B'");
+    connection->Execute("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '00000002', 1, 0, 0, 0, 1, 0, 0, 0, "
+                        "'APPENDECTOMY 2010'");
+    connection->Execute("Patient_Data..sp_AOPD_Save_TbMasterAllergies '00000002', 'A01', '', 'A03', '', ''");
+    const report::Document sheet = dataSheet("2600000001B");
+    EXPECT_EQ(sheet.text, contentOf(std::filesystem::path{APPROVED} / "data_sheet.txt"));
+    EXPECT_EQ(sheet.groups.front(), "Persons to Notify");
+    EXPECT_NE(sheet.foot.find("Printed by CLERK on 07/01/2026 10:30 AM"), std::string::npos);
+    EXPECT_NE(sheet.foot.find("Page {page} of {pages}"), std::string::npos);
+    EXPECT_TRUE(sheet.images.contains("code128:00000002"));
+}
+
+TEST_F(Reports, AVisitSaysThatItIsRevokedAndShowsThePhotographThatIsOnFile) {
+    EXPECT_EQ(dataSheet("2600000001B").text.find("REVOKED"), std::string::npos);
+    EXPECT_EQ(dataSheet("2600000001B").images.size(), 1U); // the bar code alone
+    m_photograph = std::make_shared<const Image>(Image{1, 1, {1, 2, 3}});
+    const report::Document sheet = dataSheet("2600000003B");
+    EXPECT_NE(sheet.text.find("\nREVOKED\n"), std::string::npos);
+    EXPECT_EQ(sheet.images.at("photograph:00000006"), m_photograph);
+}
+
+TEST_F(Reports, AReportThatCannotBeMadeSaysWhy) {
+    EXPECT_NE(failureOf("nonsense").find("report.rpt:1: expected a section"), std::string::npos);
+    EXPECT_NE(failureOf("# remark\n[repot]\n").find("report.rpt:2: there is no section [repot]"), std::string::npos);
+    EXPECT_NE(failureOf(oneQuery).find("at least one query and a body"), std::string::npos);
+    EXPECT_NE(failureOf(oneQuery + "[body]\n<p>not closed\n").find("layout of the report is broken"),
+              std::string::npos);
+    EXPECT_NE(failureOf(oneQuery + "[body]\n<p>{{#visit}}</p>\n").find("layout of the report is broken"),
+              std::string::npos);
+    EXPECT_NE(failureOf(oneQuery + "[row b]\nsp_x '{c.d}'\n[body]\n<p/>\n").find("no query c"), std::string::npos);
+    EXPECT_NE(failureOf(oneQuery + "[row b]\nPatient_Data..sp_x '1'\n[body]\n<p/>\n").find("sp_x"), std::string::npos);
+    EXPECT_NE(failureOf(oneQuery + "[body]\n<p/>\n", "9999B").find("nothing on file"), std::string::npos);
+    EXPECT_NE(failureOf(oneQuery + "[body]\n<p/>\n", "1' or '1'='1").find("single quote"), std::string::npos);
+    EXPECT_THROW(m_engine.open(m_files.path() / "missing.rpt"), std::runtime_error);
+}
+
+TEST_F(Reports, NamesAreFoundInAnyLetterCaseAndWhatIsEmptyHidesItsPart) {
+    const report::Document made =
+        open(written(oneQuery +
+                     "[rows none]\nfor each visit.PayCode\nPatient_Data..sp_Adm_LoadService '{each}'\n"
+                     "[values visit.VisitKind]\nO = on file\n"
+                     "[body]\n<p>{{VISIT.hospnum}}, {{visit.AdmDate_date}} at {{visit.admdate_TIME}}</p>"
+                     "{{#visit.isChemo}}<p>chemotherapy</p>{{/visit.isChemo}}"
+                     "{{^none}}<p>{{visit.Visitkind}}<img src=\"code128:\" alt=\" no code\"/></p>{{/none}}\n"),
+             "2600000001B")
+            ->document();
+    EXPECT_EQ(made.text, "00000002, 06/29/2026 at 09:15 AM\non file no code\n");
+}
+
+} // namespace
+} // namespace opd::tests

@@ -1,0 +1,86 @@
+#include "registration/form_fixture.h"
+
+#include "registration/save/save_data.h"
+
+#include <fstream>
+#include <unistd.h>
+
+namespace opd::tests {
+namespace {
+
+/// The registration form of a workstation with a folder for pictures.
+struct PhotoDesk : FormFixture, testing::Test {
+    PhotoDesk() {
+        std::filesystem::create_directories(root);
+        store.values["Folder"] = (root / "pictures").string();
+        openNewPatient();
+        fillRequired();
+    }
+    ~PhotoDesk() override { std::filesystem::remove_all(root); }
+
+    ui::Picture& picture() { return form->fields().additional.picPatient; }
+
+    void capture() {
+        desktop.work([&](ui::Window& window) {
+            form->fields().tabOPD.show(form->fields().additional.page.index());
+            desktop.work([](ui::Window& smile) { EXPECT_EQ(smile.caption(), "Smile"); });
+            window.click(form->fields().additional.cmdCapture);
+            save(window);
+        });
+        desktop.showModal(form->window());
+    }
+
+    void save(ui::Window& window) {
+        for (int i = 0; i < messagesOfSave; ++i)
+            desktop.answer(ui::Answer::Ok);
+        window.click(form->fields().buttons.cmdSave);
+        EXPECT_FALSE(window.isOpen());
+        EXPECT_TRUE(desktop.allAnswersGiven());
+    }
+
+    int messagesOfSave = 1;
+    std::filesystem::path root = std::filesystem::temp_directory_path() / ("photo-" + std::to_string(getpid()));
+    std::filesystem::path file = root / "pictures" / "00000012.bmp";
+};
+
+TEST_F(PhotoDesk, ACapturedPhotographIsStoredUnderTheNewHospitalNumber) {
+    camera.frame = Image{4, 2, std::vector<std::uint8_t>(24)};
+    capture();
+    EXPECT_TRUE(form->record().PhotoTaken);
+    EXPECT_EQ(std::filesystem::file_size(file), 8U);
+
+    // The next time the patient comes the form shows it.
+    open("NEW", "00000012", "(TO BE GENERATED)");
+    EXPECT_EQ(picture().shownText(), "8x1");
+    EXPECT_EQ(form->fields().additional.txtPictureFileName.text(), "00000012.bmp");
+}
+
+TEST_F(PhotoDesk, WithoutACameraNothingIsSaidAndThePictureStaysAsItWas) {
+    const auto before = std::make_shared<const Image>(Image{1, 1, {1, 2, 3}});
+    picture().setImage(before);
+    capture();
+    EXPECT_EQ(picture().image(), before);
+    EXPECT_TRUE(form->record().PhotoTaken);
+    EXPECT_EQ(std::filesystem::file_size(file), 1U) << "what the box holds is stored all the same";
+}
+
+TEST_F(PhotoDesk, AnEmptyBoxStoresNothing) {
+    capture();
+    EXPECT_TRUE(form->record().PhotoTaken);
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST_F(PhotoDesk, AFolderThatCannotBeWrittenIsToldAfterTheVisitIsSaved) {
+    std::ofstream(root / "pictures") << "a file where the folder should be";
+    camera.frame = Image{4, 2, std::vector<std::uint8_t>(24)};
+    messagesOfSave = 2;
+    capture();
+    ASSERT_EQ(desktop.messages.size(), 2U);
+    EXPECT_NE(desktop.messages[0].text.find("was registered as Hosp. # (00000012)"), std::string::npos);
+    EXPECT_TRUE(desktop.messages[1].text.starts_with("The photograph could not be stored. Cannot write"))
+        << desktop.messages[1].text;
+    EXPECT_NE(provider->log.find("set isWalkIn = '0'"), std::string::npos) << "the save goes on to its end";
+}
+
+} // namespace
+} // namespace opd::tests

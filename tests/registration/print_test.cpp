@@ -1,0 +1,63 @@
+#include "registration/form_fixture.h"
+
+namespace opd::tests {
+namespace {
+
+/// A form that may be saved, and a clerk who presses "Save/Print".
+struct PrintDesk : FormFixture, testing::Test {
+    PrintDesk() {
+        globals.gCompanyName = "SAN ROQUE";
+        globals.gCompanyAddress = "MANILA";
+        openNewPatient();
+        fillRequired();
+    }
+
+    void press() {
+        desktop.work([&](ui::Window& window) {
+            window.click(form->fields().buttons.cmdPrint);
+            stayedOpen = window.isOpen();
+        });
+        desktop.showModal(form->window());
+    }
+
+    bool stayedOpen = false;
+};
+
+TEST_F(PrintDesk, SavesTheVisitClosesTheFormAndShowsTheDataSheetOfTheVisit) {
+    desktop.answer(ui::Answer::Ok);
+    desktop.work([&](ui::Window& window) {
+        desktop.work([&](ui::Window& viewer) {
+            EXPECT_EQ(viewer.caption(), "Out-Patient & Emergency Room Record");
+            EXPECT_EQ(viewer.find("CRViewer1")->shownText(), "26A0000007B");
+            EXPECT_EQ(globals.gReport->parameterFields[1].value + "|" + globals.gReport->parameterFields[2].value,
+                      "SAN ROQUE|MANILA");
+            EXPECT_FALSE(form->window().isOpen());
+        });
+        window.click(form->fields().buttons.cmdPrint);
+    });
+    desktop.showModal(form->window());
+    EXPECT_EQ(desktop.shown, (std::vector<std::string>{"frmRegistration", "frmReportViewer"}));
+    EXPECT_EQ(reports.opened, std::filesystem::path{"module"} / "Reports" / "DataSheet.rpt");
+    EXPECT_NE(provider->log.find("sp_aopd_Update_tbOutpatient"), std::string::npos);
+}
+
+TEST_F(PrintDesk, AnInvalidFormIsNeitherSavedNorPrinted) {
+    form->fields().header.txtLastName.setText("");
+    desktop.answer(ui::Answer::Ok);
+    press();
+    EXPECT_TRUE(stayedOpen);
+    EXPECT_EQ(desktop.shown, std::vector<std::string>{"frmRegistration"});
+    EXPECT_EQ(provider->log.find("begin"), std::string::npos);
+}
+
+TEST_F(PrintDesk, WithoutANumberForTheVisitThereIsNothingToPrint) {
+    provider->failOn("Patient_Data..sp_aopd_GetNewOPDID", "out of numbers");
+    desktop.answer(ui::Answer::Ok);
+    press();
+    EXPECT_FALSE(stayedOpen);
+    EXPECT_EQ(desktop.messages.back().text, "Unable to assign a new OPD Number");
+    EXPECT_EQ(desktop.shown, std::vector<std::string>{"frmRegistration"});
+}
+
+} // namespace
+} // namespace opd::tests

@@ -1,0 +1,90 @@
+#include "support/test_session.h"
+
+#include "reports/photograph.h"
+#include "reports/web_cam_capture.h"
+
+#include <csignal>
+#include <fstream>
+#include <iterator>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace opd::tests {
+namespace {
+
+struct Photographs : TestSession, testing::Test {
+    ~Photographs() override { std::filesystem::remove_all(folder); }
+
+    std::size_t filesThere() const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
+    }
+
+    std::filesystem::path folder = std::filesystem::temp_directory_path() / ("pictures-" + std::to_string(getpid()));
+    Image picture{4, 2, std::vector<std::uint8_t>(24)};
+};
+
+/// A disk that is full after so many bytes, to the end of its scope.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+  private:
+    rlimit m_before{};
+    void (*m_handler)(int);
+};
+
+TEST_F(Photographs, TheFolderIsTheOneSetOrLiesBesideAnEmbeddedHospital) {
+    EXPECT_EQ(reports::pictureFolder(store), "");
+    EXPECT_EQ(reports::pictureLocation(""), "\\");
+    store.values["Server"] = "DBSERVER";
+    EXPECT_EQ(reports::pictureFolder(store), "");
+    store.values["Server"] = "/srv/hospital";
+    EXPECT_EQ(reports::pictureFolder(store), "/srv/hospital/Pictures");
+    store.values["Folder"] = "/srv/photos";
+    EXPECT_EQ(reports::pictureLocation(reports::pictureFolder(store)), "/srv/photos\\");
+    EXPECT_EQ(reports::pictureLocation("C:\\photos\\"), "C:\\photos\\");
+    EXPECT_EQ(reports::photographFile("/srv/photos\\", "00000012"), "/srv/photos/00000012.bmp");
+}
+
+TEST_F(Photographs, AreStoredInAFolderThatIsMadeAndReplaceTheOneBefore) {
+    const std::filesystem::path file = folder / "new" / "00000012.bmp";
+    EXPECT_EQ(reports::storedPhotograph(images, file), nullptr);
+    reports::storePhotograph(images, picture, file);
+    EXPECT_EQ(reports::storedPhotograph(images, file)->width, 8);
+    reports::storePhotograph(images, {1, 1, {0, 0, 0}}, file);
+    EXPECT_EQ(reports::storedPhotograph(images, file)->width, 1);
+    EXPECT_THROW(reports::storePhotograph(images, picture, reports::photographFile("\\", "00000012")),
+                 std::runtime_error);
+}
+
+TEST_F(Photographs, AFullDiskLeavesTheOneBeforeAndNothingHalfWritten) {
+    const std::filesystem::path file = folder / "00000012.bmp";
+    reports::storePhotograph(images, {1, 1, {0, 0, 0}}, file);
+    {
+        const FullDisk full(2);
+        EXPECT_THROW(reports::storePhotograph(images, picture, file), std::runtime_error);
+    }
+    EXPECT_EQ(reports::storedPhotograph(images, file)->width, 1);
+    EXPECT_EQ(filesThere(), 1U);
+}
+
+TEST_F(Photographs, ACaptureShowsAWindowForTheTimeAndSaysNothingWithoutACamera) {
+    EXPECT_EQ(reports::captureStill(session), nullptr);
+    camera.frame = picture;
+    EXPECT_EQ(*reports::captureStill(session), picture);
+    EXPECT_EQ(desktop.shown, (std::vector<std::string>{"frmWebCamCapture~", "frmWebCamCapture~"}));
+    EXPECT_TRUE(desktop.messages.empty());
+}
+
+} // namespace
+} // namespace opd::tests

@@ -50,6 +50,18 @@ TEST_F(PrintDesk, AnInvalidFormIsNeitherSavedNorPrinted) {
     EXPECT_EQ(provider->log.find("begin"), std::string::npos);
 }
 
+TEST_F(PrintDesk, AReportWhoseDataCannotBeReadIsToldAndTheVisitStands) {
+    reports.failure = "The connection is lost.";
+    desktop.answer(ui::Answer::Ok);
+    desktop.answer(ui::Answer::Ok);
+    press();
+    EXPECT_FALSE(stayedOpen);
+    EXPECT_EQ(desktop.messages.back().text, "The connection is lost.");
+    EXPECT_FALSE(desktop.isBusy());
+    EXPECT_EQ(globals.gReport, nullptr);
+    EXPECT_NE(provider->log.find("commit\n"), std::string::npos);
+}
+
 TEST_F(PrintDesk, WithoutANumberForTheVisitThereIsNothingToPrint) {
     provider->failOn("Patient_Data..sp_aopd_GetNewOPDID", "out of numbers");
     desktop.answer(ui::Answer::Ok);

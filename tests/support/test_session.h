@@ -31,19 +31,26 @@ class StandInReport final : public report::Report {
         tables = {{"visit"}, {"patient"}};
         parameterFields = {{"Visit"}, {"Name"}, {"Address"}};
     }
+    explicit StandInReport(std::string failure) : StandInReport() { m_failure = std::move(failure); }
     report::Document document() const override {
+        if (!m_failure.empty())
+            throw ado::Error(m_failure);
         report::Document document;
         document.text = parameterFields[0].value;
         return document;
     }
+
+  private:
+    std::string m_failure;
 };
 
 /// Opens any file as the stand-in report, and remembers which.
 struct StandInEngine final : report::Engine {
     mutable std::filesystem::path opened;
+    std::string failure; ///< of reading the data, when not empty
     std::unique_ptr<report::Report> open(const std::filesystem::path& file) const override {
         opened = file;
-        return std::make_unique<StandInReport>();
+        return std::make_unique<StandInReport>(failure);
     }
 };
 

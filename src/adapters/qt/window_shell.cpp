@@ -71,13 +71,14 @@ void WindowShell::fitScreen(const WindowShell* served) {
         widget->ensurePolished();
     layout()->activate();
     const QRect available = (served == nullptr ? this : served)->screen()->availableGeometry();
-    resize(size().expandedTo(minimumSizeHint()).boundedTo(available.size()));
+    // Before it is shown a window does not know how wide its frame is; the one of the other window tells.
+    const QSize frame = served == nullptr ? QSize(0, 0) : served->frameGeometry().size() - served->size();
+    resize(size().expandedTo(minimumSizeHint()).boundedTo(available.size() - frame));
     if (served == nullptr) {
         move(available.center() - rect().center());
         return;
     }
-    // Before it is shown a window does not know how wide its frame is; the one of the other window tells.
-    QRect place(QPoint(), size() + served->frameGeometry().size() - served->size());
+    QRect place(QPoint(), size() + frame);
     place.moveCenter(served->frameGeometry().center());
     place.moveRight(std::min(place.right(), available.right()));
     place.moveBottom(std::min(place.bottom(), available.bottom()));

@@ -17,6 +17,18 @@
 
 namespace opd::qt {
 
+namespace {
+
+/// How much larger a window is with its frame.
+QSize frameOf(const QWidget& window) {
+    return window.frameGeometry().size() - window.size();
+}
+
+/// Before it is shown a window does not know how wide its frame is; the window that closed last tells.
+QSize knownFrame(0, 0);
+
+} // namespace
+
 WindowShell::WindowShell(ui::Window& window) : m_window(window) {
     if (!buildForm(window.name(), *this))
         throw std::logic_error("There is no form for the window " + window.name() + ".");
@@ -71,8 +83,7 @@ void WindowShell::fitScreen(const WindowShell* served) {
         widget->ensurePolished();
     layout()->activate();
     const QRect available = (served == nullptr ? this : served)->screen()->availableGeometry();
-    // Before it is shown a window does not know how wide its frame is; the one of the other window tells.
-    const QSize frame = served == nullptr ? QSize(0, 0) : served->frameGeometry().size() - served->size();
+    const QSize frame = served == nullptr ? knownFrame : frameOf(*served);
     resize(size().expandedTo(minimumSizeHint()).boundedTo(available.size() - frame));
     if (served == nullptr) {
         move(available.center() - rect().center());
@@ -140,6 +151,7 @@ void WindowShell::focusMoved(ui::Control* control) {
 
 void WindowShell::closed() {
     m_open = false;
+    knownFrame = frameOf(*this);
     for (const auto& view : m_views)
         view->release();
     hide();

@@ -26,8 +26,8 @@ struct Message {
 /// A question for the place and name of a file to write.
 struct FileQuestion {
     std::string caption;
-    std::string suggestedName; ///< without a folder
-    std::string kind;          ///< what the dialog lists, such as "PDF files (*.pdf)"
+    std::string suggestedName = {}; ///< without a folder
+    std::string kind = {};          ///< what the dialog lists, such as "PDF files (*.pdf)"
 };
 
 /// The screen, keyboard, loudspeaker and printers of the workstation, or what stands in for them.

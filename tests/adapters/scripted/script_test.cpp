@@ -32,6 +32,7 @@ struct SampleForm {
     ui::Page twoPage{tabs, "pageTwo", "Two && More"};
     ui::TextBox onTwo{twoPage, "txtTwo", "Two"};
     ui::Button ask{window, "cmdAsk", "As&k"};
+    ui::Button file{window, "cmdFile", "&File"};
     ui::Button close{window, "cmdClose", "&Close"};
     ui::Timer timer{window, "tmrScan", 500};
     ui::TextBox hidden{window, "txtHidden"};
@@ -55,6 +56,10 @@ struct SampleForm {
         ask.onClick = [this, &desktop] {
             const ui::Answer answer = desktop.ask({.text = "Really?\r\nSure?", .buttons = ui::Buttons::YesNo});
             name.setText(answer == ui::Answer::Yes ? "YES" : "NO");
+        };
+        file.onClick = [this, &desktop] {
+            if (const auto named = desktop.askFile({.caption = "Save"}))
+                name.setText(named->string());
         };
         close.onClick = [this] { window.unload(); };
         close.causesValidation = false;
@@ -177,6 +182,10 @@ TEST(Script, FailuresSayWhereWhatWasExpectedAndWhatWasThere) {
          "1: expected a message box like \"Really.*\" with a button \"Cancel\", but there is \"Really?\r\nSure?\" "
          "(Yes, No)"},
         {"answer 'Yes' to 'Never?'", "1: expected a message box \"Never?\", but none was shown"},
+        {"click cmdFile", "1: expected no question for a file, but there is \"Save\""},
+        {"file 'a.pdf'", "1: expected a question for a file, but there was none"},
+        {"file 'a.pdf'\nclick cmdFile\nexpect txtName(0) ''",
+         "3: expected txtName(0) to read \"\", but it reads \"a.pdf\""},
         {"select cboStatus 'Widow'", "1: expected cboStatus to offer \"Widow\", but it does not"},
         {"expect-rows grdRows 3", "1: expected grdRows to have 3 rows, but it has 2"},
         {"row txtDate 1", "1: expected txtDate to be a grid, but it is none"},

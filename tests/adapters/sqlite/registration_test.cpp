@@ -1,4 +1,4 @@
-// What a save writes through the procedures comes back through the loaders as it was typed.
+// What a save writes beside the fields of the form comes back through the loaders, and the checks know whom they mean.
 #include "adapters/sqlite/hospital.h"
 #include "adapters/sqlite/save_statements.h"
 
@@ -29,102 +29,11 @@ class Registration : public testing::Test {
         for (const auto& [column, expected] : columns)
             EXPECT_EQ(row.Fields(column).asText(), expected) << statement << " " << column;
     }
-
-    void expectMaster(const std::string& religion) {
-        expectRow("sp_aopd_Load_TbMaster '" + number + "'", {{"HospNum", number},
-                                                             {"LastName", "NUÑEZ-DELA CRUZ"},
-                                                             {"FirstName", "JOSÉ MA."},
-                                                             {"MiddleName", "O`HARA"},
-                                                             {"HouseStreet", "12 RIZAL ST., UNIT #4"},
-                                                             {"Barangay", "SAN JOSE"},
-                                                             {"ZipCode", "1000"},
-                                                             {"Sex", "M"},
-                                                             {"BirthDate", "03/07/1980"},
-                                                             {"telnum", "02-555 1234"},
-                                                             {"Employer", "EMPLOYER & SONS"},
-                                                             {"EmployerAddress", "EMP ADDRESS"},
-                                                             {"EmployerTelNum", "EMP TEL"},
-                                                             {"CivilStatus", "2"},
-                                                             {"Occupation", "OCCUPATION"},
-                                                             {"BloodType", "AB+"},
-                                                             {"Title", "DR."},
-                                                             {"ReligionID", religion}});
-    }
-
-    void expectVisit(const Columns& others) {
-        const std::string load = "sp_aopd_LoadOutPatient '" + visit + "'";
-        expectRow(load, {{"IdNum", visit},
-                         {"HospNum", number},
-                         {"AccountNum", number},
-                         {"Company", ""},
-                         {"LastName", "NUÑEZ-DELA CRUZ"},
-                         {"Remarks", "REMARKS; -- \"x\" %_["},
-                         {"ServiceID1", "1"},
-                         {"ServiceID2", "2"},
-                         {"ServiceID3", "3"},
-                         {"DoctorID1", "D001"},
-                         {"DoctorID2", "D002"},
-                         {"HospPlan", "P"},
-                         {"ConsultationType", "R"},
-                         {"Weight", "70.5"},
-                         {"Temperature", "37.2"},
-                         {"BloodPressure", "120/80"},
-                         {"AdmDate", "07/01/2026 09:05:00"},
-                         {"PulseRate", "72"},
-                         {"CardNumber", "CARD-7"},
-                         {"PatientType", "W"},
-                         {"Height", "170"},
-                         {"PerUnit", "3"},
-                         {"RespiratoryRate", "18"},
-                         {"HMOApprovalNum", "APPROVAL"},
-                         {"SeniorCitizenID", "1"},
-                         {"SeniorCitizenIDNo", "SENIOR-ID-NO"},
-                         {"BloodType", "AB+"},
-                         {"InformantName", "INFORMANT"},
-                         {"InformantAddress", "INF ADDRESS"},
-                         {"InformantRelation", "INF RELATION"},
-                         {"InformantTelNum", "INF TEL"},
-                         {"GuarantorName", "GUARANTOR"},
-                         {"GuarantorAddress", "GUA ADDRESS"},
-                         {"GuarantorTelnum", "GUA TEL"},
-                         {"GuarantorEmployer", "GUA EMPLOYER"},
-                         {"GuarantorEmployerAddress", "GUA EMP ADDR"}});
-        expectRow(load, others);
-    }
 };
-
-TEST_F(Registration, TheStandardListsComeBack) {
-    run("sp_aopd_Update_TbMaster", masterValues(number, visit));
-    run("sp_AOPD_UpdateOPDHistory", historyValues(number, visit));
-    run("sp_aopd_Update_tbOutpatient", visitValues(number, visit));
-    expectMaster("");
-    expectVisit({{"ChiefComplaints", "FEVER, 3 days"},
-                 {"DiagnosisID1", "DX1"},
-                 {"DiagnosisID3", "DX3"},
-                 {"Findings", "FINDINGS"},
-                 {"Medications", "MEDICATIONS"},
-                 {"Corvane", "True"}});
-}
-
-TEST_F(Registration, TheLongerListsComeBack) {
-    std::vector<std::string> master = masterValues(number, visit);
-    master.insert(master.begin() + 25, {"1", "1"}); // the religion, and the senior mark twice
-    run("sp_aopd_Update_TbMaster", master);
-    std::vector<std::string> row = visitValues(number, visit);
-    row.resize(31);                                               // these end with the approval number,
-    row.erase(row.begin() + 19);                                  // have no complaint text,
-    row.insert(row.begin() + 19, {"CAUSE1", "CAUSE2", "CAUSE3"}); // but causes
-    row.insert(row.begin() + 23, "PAY");                          // and a pay code
-    run("sp_aopd_Update_tbOutpatient", row);
-    expectMaster("1");
-    expectVisit({{"CauseofConsultationID1", "CAUSE1"},
-                 {"CauseofConsultationID3", "CAUSE3"},
-                 {"PayCode", "PAY"},
-                 {"ChiefComplaints", ""}});
-}
 
 TEST_F(Registration, TheRecordsBesideTheVisitComeBack) {
     run("sp_aopd_Update_TbMaster", masterValues(number, visit));
+    run("sp_AOPD_UpdateOPDHistory", historyValues(number, visit));
     run("sp_aopd_Update_tbOutpatient", visitValues(number, visit));
     for (int position = 1; position <= 3; ++position)
         run("OPD_Update_AdditionalDr", {visit, "D00" + std::to_string(position + 2), std::to_string(position)});
@@ -140,7 +49,11 @@ TEST_F(Registration, TheRecordsBesideTheVisitComeBack) {
     run("sp_AOPD_SaveHMOLOA", {visit, "LOA-1", "1500.50", "07/01/2026 08:00:00", "RECEIVER", "", "APPROVED", "NOTE"});
     run("sp_AOPD_InsertUpdateOutProfile", {number, visit, "", "", "", "", "", "", "", "", "06/15/2026", "2"});
 
-    expectRow("sp_aopd_LoadOutPatient '" + visit + "'", {{"DoctorID3", "D003"},
+    expectRow("sp_aopd_LoadOutPatient '" + visit + "'", {{"DiagnosisID1", "DX1"},
+                                                         {"DiagnosisID3", "DX3"},
+                                                         {"Findings", "FINDINGS"},
+                                                         {"Medications", "MEDICATIONS"},
+                                                         {"DoctorID3", "D003"},
                                                          {"DoctorID4", "D004"},
                                                          {"DoctorID5", "D005"},
                                                          {"isWalkin", "True"},
@@ -165,14 +78,6 @@ TEST_F(Registration, TheRecordsBesideTheVisitComeBack) {
               Rows{visit + "|LOA-1|1500.5|07/01/2026 08:00:00|-|APPROVED"});
 }
 
-TEST_F(Registration, DependentsAreReplacedAsAList) {
-    for (const char* child : {"ANA", "BEN"})
-        connection->Execute("Patient_Data..sp_Adm_SaveDependents  " + number + ", '" + child + "', '05/20/2020' ");
-    connection->Execute("Delete Patient_Data..tbMasterDependent where SeqNum = '" + number + "'");
-    connection->Execute("Patient_Data..sp_Adm_SaveDependents  " + number + ", 'CARA', '01/02/2019' ");
-    EXPECT_EQ(rowsOf(*connection, "Patient_Data..sp_Adm_LoadDependents '" + number + "'"), Rows{"CARA|01/02/2019"});
-}
-
 TEST_F(Registration, FileNumbersAreGivenOnceAndInOrder) {
     const auto fileNumber = [&](const std::string& patient) {
         connection->Execute("Patient_data..OPD_UpdateFileNum '" + patient + "'");
@@ -183,60 +88,6 @@ TEST_F(Registration, FileNumbersAreGivenOnceAndInOrder) {
     EXPECT_EQ(fileNumber("00000003"), Rows{"1"});
     EXPECT_EQ(fileNumber("nobody"), Rows{});
     EXPECT_EQ(fileNumber("00000002"), Rows{"3"});
-}
-
-TEST_F(Registration, ExtendedRecordComesBackWithEveryArgument) {
-    run("sp_aopd_Update_TbMaster", masterValues(number, visit));
-    const char* const columns[] = {"BirthPlace",
-                                   "NationalityID",
-                                   "ReligionID",
-                                   "Spouse",
-                                   "mother",
-                                   "Father",
-                                   "Employer",
-                                   "EmployerTelNum",
-                                   "EmployerAddress",
-                                   "ContactName",
-                                   "ContactAddress",
-                                   "ContactRelation",
-                                   "ContactTelNum",
-                                   "SpouseAddress",
-                                   "SpouseTelNum",
-                                   "FatherAddress",
-                                   "FatherTelNum",
-                                   "motherAddress",
-                                   "motherTelNum",
-                                   "BarangayCaptain",
-                                   "Position",
-                                   "EmploymentType",
-                                   "EmploymentLocation",
-                                   "EmployerFax",
-                                   "EmployerEmail",
-                                   "SpouseEmpName",
-                                   "SpouseEmpAddress",
-                                   "SpouseEmpTelNum",
-                                   "SpouseEmpFax",
-                                   "SpouseEmpEmail",
-                                   "PhilHealth",
-                                   "",
-                                   "HouseHold",
-                                   "Email",
-                                   "CellNum"};
-    const auto valueOf = [](const std::string& column) {
-        if (column == "EmploymentType" || column == "EmploymentLocation" || column == "PhilHealth")
-            return std::string{column == "EmploymentType" ? "3" : "1"};
-        return column.empty() ? "" : "the " + column;
-    };
-    std::string statement = "Patient_Data..sp_Adm_UpdateMaster2 '" + number + "'";
-    Columns expected;
-    for (const char* column : columns) {
-        const bool bare = std::string{column}.starts_with("Employment");
-        statement += bare ? ", " + valueOf(column) : ", '" + valueOf(column) + "'";
-        if (*column != '\0')
-            expected.emplace_back(column, valueOf(column));
-    }
-    connection->Execute(statement + " ");
-    expectRow("sp_adm_LoadPatient '" + number + "'", expected);
 }
 
 TEST_F(Registration, ChecksAnswerForThePatientsTheyMean) {

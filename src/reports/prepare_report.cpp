@@ -3,6 +3,7 @@
 #include "reports/report_viewer.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace opd::reports {
 
@@ -21,6 +22,7 @@ void PrepareReport(Session& session, const std::filesystem::path& file, const st
 }
 
 void ShowReport(Session& session, bool showGroupTree, const std::string& caption, bool directPrint) {
+    assert(session.globals.gReport && "a report is prepared before it is shown");
     frmReportViewer viewer{session};
     viewer.ShowGroupTree = showGroupTree;
     viewer.window().setCaption(caption);

@@ -140,7 +140,7 @@ std::optional<std::filesystem::path> QtDesktop::askFile(const ui::FileQuestion& 
         return std::nullopt;
     if (m_player == nullptr)
         return fileChosenByClerk(question, currentShell());
-    const std::optional<std::filesystem::path> file = m_player->fileFor(question);
+    std::optional<std::filesystem::path> file = m_player->fileFor(question);
     if (!file) {
         m_over = true;
         closeEverything();

@@ -68,7 +68,7 @@ class Parser {
 
     /// Sections in which blank lines and lines that begin with "#" say nothing.
     static Section remarked(Section section) {
-        return [section](const std::string& line) {
+        return [section = std::move(section)](const std::string& line) {
             const std::string content = text::trimmed(line);
             if (!content.empty() && content[0] != '#')
                 section(content);

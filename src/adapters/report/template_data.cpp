@@ -86,7 +86,7 @@ std::string withUpperNames(std::string layout) {
 
 std::string rendered(const std::string& layout, const data& values) {
     kainjow::mustache::mustache view{withUpperNames(layout)};
-    const std::string text = view.is_valid() ? view.render(values) : std::string{};
+    std::string text = view.is_valid() ? view.render(values) : std::string{};
     if (!view.is_valid())
         throw std::runtime_error("The layout of the report is broken: " + view.error_message());
     return text;

@@ -10,7 +10,6 @@
 #include <QPainter>
 #include <QTextBlock>
 
-#include <cmath>
 #include <stdexcept>
 
 namespace opd::qt {
@@ -19,6 +18,7 @@ namespace {
 
 constexpr int resolution = 1200; // dots per inch
 constexpr double millimetre = resolution / 25.4;
+constexpr int dotsPerMetre = 47244;
 constexpr double paperWidth = 210 * millimetre;
 constexpr double paperHeight = 297 * millimetre;
 constexpr double gap = 2 * millimetre; // between head, body and foot
@@ -35,8 +35,8 @@ void draw(QPainter& painter, const QTextDocument& document, const QRectF& clip) 
 
 PagedDocument::PagedDocument(const report::Document& document)
     : m_document(document), m_metrics(1, 1, QImage::Format_RGB32) {
-    m_metrics.setDotsPerMeterX(std::lround(millimetre * 1000));
-    m_metrics.setDotsPerMeterY(std::lround(millimetre * 1000));
+    m_metrics.setDotsPerMeterX(dotsPerMetre);
+    m_metrics.setDotsPerMeterY(dotsPerMetre);
     const report::Margins& margins = document.margins;
     m_content = QRectF(0, 0, paperWidth, paperHeight)
                     .adjusted(margins.left * millimetre, margins.top * millimetre, -margins.right * millimetre,

@@ -39,6 +39,7 @@ TEST(Revoke, FollowsBillDayAndAnswerAndTellsFailures) {
          "You are not allowed to revoke admissions with pending hospital bills.",
          asked,
          false},
+        {"the bill cannot be computed", false, 0, today, {ui::Answer::Ok}, bill, "gone", asked, false},
         {"yesterday",
          false,
          0,

@@ -148,26 +148,32 @@ TEST(Save, AFailureInsideTheTransactionRollsBackAndKeepsEverythingTyped) {
 }
 
 TEST(Save, AFailureBehindTheCommitWritesTheSameVisitAgainAndNoSecondOne) {
-    FormFixture desk;
-    desk.openNewPatient();
-    desk.fillRequired();
-    desk.provider->failOn("Patient_Data..sp_Adm_UpdateMaster2", "The connection is lost.");
-    desk.desktop.work([&](ui::Window& window) {
-        desk.desktop.answer(ui::Answer::Ok);
-        window.click(desk.form->fields().buttons.cmdSave);
-        EXPECT_TRUE(window.isOpen());
-        EXPECT_EQ(desk.provider->log.find("rollback"), std::string::npos);
-        EXPECT_EQ(desk.form->fields().header.txtOPDNum.text(), "26A0000007B");
+    for (const char* failing : {"Patient_Data..sp_Adm_UpdateMaster2", "Delete Patient_Data..tbMasterDependent",
+                                "Update Patient_data..tbOutPatient set isWalkIn"}) {
+        SCOPED_TRACE(failing);
+        FormFixture desk;
+        desk.openNewPatient();
+        desk.fillRequired();
+        desk.provider->failOn(failing, "The connection is lost.");
+        desk.desktop.work([&](ui::Window& window) {
+            desk.desktop.answer(ui::Answer::Ok);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_TRUE(window.isOpen());
+            EXPECT_EQ(desk.desktop.messages.back().text, "The connection is lost.");
+            EXPECT_NE(desk.provider->log.find("commit"), std::string::npos);
+            EXPECT_EQ(desk.form->fields().header.txtOPDNum.text(), "26A0000007B");
 
-        desk.provider->forgetRules("Patient_Data..sp_Adm_UpdateMaster2");
-        desk.provider->log.clear();
-        desk.desktop.answer(ui::Answer::Ok);
-        window.click(desk.form->fields().buttons.cmdSave);
-        EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
-        EXPECT_NE(desk.provider->log.find("sp_aopd_Update_tbOutpatient '00000012','26A0000007B'"), std::string::npos);
-        EXPECT_TRUE(desk.desktop.messages.back().text.ends_with("Case # (26A0000007B)."));
-    });
-    desk.desktop.showModal(desk.form->window());
+            desk.provider->forgetRules(failing);
+            desk.provider->log.clear();
+            desk.desktop.answer(ui::Answer::Ok);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+            EXPECT_NE(desk.provider->log.find("sp_aopd_Update_tbOutpatient '00000012','26A0000007B'"),
+                      std::string::npos);
+            EXPECT_TRUE(desk.desktop.messages.back().text.ends_with("Case # (26A0000007B)."));
+        });
+        desk.desktop.showModal(desk.form->window());
+    }
 }
 
 TEST(Save, AnApostropheNeverReachesTheDatabaseExceptAsAGraveAccent) {

@@ -45,7 +45,7 @@ class Component : public ::testing::Test {
         const char* catalog = "LABORATORY";
         char* text = nullptr;
         EXPECT_EQ(m_component->connStr(&kind, &catalog, &text), expected) << kind;
-        const std::string copy = text != nullptr ? text : "(null)";
+        std::string copy = text != nullptr ? text : "(null)";
         com::freeText(text);
         return copy;
     }

@@ -11,7 +11,6 @@
 namespace opd::ado {
 namespace {
 
-using tests::oneRow;
 using tests::RecordingProvider;
 
 /// Serves the one data source it is made for, or every one.

@@ -91,7 +91,7 @@ TEST_F(LateBound, AChildLivesAsLongAsSomebodyHoldsIt) {
     {
         const Object child = object.object("Child");
         EXPECT_EQ(alive, 2);
-        const Object second = child;
+        const Object second = child; // NOLINT(performance-unnecessary-copy-initialization): the copy is what is tested
         EXPECT_EQ(second.text("Name"), "");
     }
     EXPECT_EQ(alive, 1);

@@ -104,7 +104,7 @@ TEST(QtReport, TheViewerShowsPagesAndTheKeysMoveInThem) {
 TEST(QtReport, APictureIsShownWholeAndUndistorted) {
     RegistrationDesk desk;
     desk.form.tabOPD.show(desk.form.additional.page.index());
-    Image wide{400, 100, std::vector<std::uint8_t>(400 * 100 * 3, 90)};
+    Image wide{400, 100, std::vector<std::uint8_t>(120000, 90)};
     wide.rgb[0] = 200;
     EXPECT_EQ(fromQt(toQt(wide)), wide);
     desk.form.additional.picPatient.setImage(std::make_shared<const Image>(wide));

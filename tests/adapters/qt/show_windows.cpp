@@ -29,6 +29,7 @@ void fillIn(qt::samples::SearchWindow& search, qt::samples::RegistrationWindow& 
     search.male.setSelected(true);
     search.txtBirthDate.setText("03/07/1980");
     std::vector<ui::Grid::Row> rows;
+    rows.reserve(40);
     for (int i = 0; i < 40; ++i)
         rows.push_back({"DELA CRUZ", "JOSEFINO", "VILLANUEVA", "000012" + std::to_string(10 + i), "03/07/1980", "44",
                         "123 MABINI ST., BARANGAY SAN ISIDRO, QUEZON CITY"});
@@ -56,7 +57,7 @@ std::vector<ui::Grid::Row> entries(int count, const std::string& text, const std
     return rows;
 }
 
-void fillIn(qt::samples::SearchDialog& dialog, const char* format, std::vector<int> widths,
+void fillIn(qt::samples::SearchDialog& dialog, const char* format, const std::vector<int>& widths,
             std::vector<ui::Grid::Row> rows) {
     dialog.lblTitle.setCaption(dialog.caption());
     dialog.lblSTitle.setCaption(dialog.caption());

@@ -33,7 +33,7 @@ class Reports : public testing::Test {
     report::Document dataSheet(const std::string& visit) { return open(DATA_SHEET, visit)->document(); }
 
     std::filesystem::path written(const std::string& content) {
-        const std::filesystem::path file = m_files.path() / "report.rpt";
+        std::filesystem::path file = m_files.path() / "report.rpt";
         std::ofstream(file) << content;
         return file;
     }

@@ -15,8 +15,8 @@ TEST(Statements, AreTakenInTheShapesOfTheDesk) {
              "select GETDATE() AS Tdate",
              "Select GetDate() As CurDate from patient_Data..tbHospitalInfo",
              "select * from Patient_Data..tbHospitalInfo",
-             "Select top 1 isnull(ClientName,'') as ClientName, IsNull(IsHMORate,0) isHMORate, "
-             "isnull(isAllowCreateNewIDnum,0)isAllowCreateNewIDnum from Patient_Data..tbHospitalInfo",
+             "Select top 1 isnull(ClientName,'') as ClientName from Patient_Data..tbHospitalInfo",
+             "Select top 1 isnull(IsHMORate,0)isHMORate from Patient_Data..tbHospitalInfo",
              "Select hospnum from Patient_Data..tbMaster Where Lastname like 'D%' and BirthDate = '03/07/1980'",
              "Select BillingDate from Patient_Data..tbOutPatient where IDNum = ''",
              "Select PaycodeID, Paycode from Build_File..tbcoPaycode where Status ='A'",

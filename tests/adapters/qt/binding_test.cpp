@@ -1,5 +1,6 @@
 #include "adapters/qt/binder.h"
 #include "adapters/qt/forms.h"
+#include "reports/web_cam_capture.h"
 #include "tests/adapters/qt/desk.h"
 
 #include <QElapsedTimer>
@@ -28,6 +29,7 @@ TEST(QtBinding, EveryControlHasItsWidgetAndEveryWidgetItsControl) {
     EXPECT_EQ(differencesOf<samples::PickList>(), "");
     EXPECT_EQ(differencesOf<samples::ListingWindow>(), "");
     EXPECT_EQ(differencesOf<samples::ReportViewer>(), "");
+    EXPECT_EQ(differencesOf<reports::frmWebCamCapture>(), "");
 }
 
 TEST(QtBinding, AMissingAStrangeAndASpareWidgetAreReported) {

@@ -3,6 +3,7 @@
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
+#include "reports/web_cam_capture.h"
 #include "tests/adapters/qt/sample_windows.h"
 
 #include <QTest>
@@ -97,7 +98,8 @@ void showLookups(qt::QtDesktop& desktop, const std::function<void(const std::str
            {{"", "0001", "ABDOMINAL PAIN"}, {"", "0002", "COUGH AND COLDS"}});
     complaints.imgTitle.setFrame(1);
     fillIn(list, listing);
-    for (ui::Window* window : std::initializer_list<ui::Window*>{&dialog, &complaints, &list, &listing}) {
+    reports::frmWebCamCapture smile;
+    for (ui::Window* window : std::initializer_list<ui::Window*>{&dialog, &complaints, &list, &listing, &smile}) {
         desktop.show(*window);
         shoot(window->name());
         window->unload();

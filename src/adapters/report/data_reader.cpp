@@ -2,7 +2,6 @@
 
 #include "platform/ado/error.h"
 #include "platform/ado/recordset.h"
-#include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 
 #include <list>

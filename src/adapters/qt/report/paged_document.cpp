@@ -34,37 +34,39 @@ void draw(QPainter& painter, const QTextDocument& document, const QRectF& clip) 
 } // namespace
 
 PagedDocument::PagedDocument(const report::Document& document)
-    : m_document(document), m_metrics(1, 1, QImage::Format_RGB32) {
+    : m_head(toQt(document.head)), m_foot(toQt(document.foot)), m_style(toQt(document.style)),
+      m_metrics(1, 1, QImage::Format_RGB32) {
+    for (const auto& [name, image] : document.images)
+        m_images.insert(toQt(name), toQt(*image));
     m_metrics.setDotsPerMeterX(dotsPerMetre);
     m_metrics.setDotsPerMeterY(dotsPerMetre);
     const report::Margins& margins = document.margins;
     m_content = QRectF(0, 0, paperWidth, paperHeight)
                     .adjusted(margins.left * millimetre, margins.top * millimetre, -margins.right * millimetre,
                               -margins.bottom * millimetre);
-    m_headHeight = strip(document.head, 2)->size().height() + gap;
-    m_bodyHeight = m_content.height() - m_headHeight - strip(document.foot, 1)->size().height() - gap;
-    fill(m_body, document, document.body);
+    m_headHeight = strip(m_head, 2)->size().height() + gap;
+    m_bodyHeight = m_content.height() - m_headHeight - strip(m_foot, 1)->size().height() - gap;
+    fill(m_body, toQt(document.body));
     m_body.setPageSize(QSizeF(m_content.width(), m_bodyHeight));
 }
 
-void PagedDocument::fill(QTextDocument& part, const report::Document& document, const std::string& markup) const {
+void PagedDocument::fill(QTextDocument& part, const QString& markup) const {
     part.setDocumentMargin(0);
     part.setUndoRedoEnabled(false);
     part.setUseDesignMetrics(true);
     part.documentLayout()->setPaintDevice(const_cast<QImage*>(&m_metrics));
-    for (const auto& [name, image] : document.images)
-        part.addResource(QTextDocument::ImageResource, QUrl(toQt(name)), toQt(*image));
-    part.setDefaultStyleSheet(toQt(document.style));
-    part.setHtml(QStringLiteral("<html><body>") + toQt(markup) + QStringLiteral("</body></html>"));
+    for (auto image = m_images.begin(); image != m_images.end(); ++image)
+        part.addResource(QTextDocument::ImageResource, QUrl(image.key()), image.value());
+    part.setDefaultStyleSheet(m_style);
+    part.setHtml(QStringLiteral("<html><body>") + markup + QStringLiteral("</body></html>"));
 }
 
 /// The head or the foot of a page.
-std::unique_ptr<QTextDocument> PagedDocument::strip(const std::string& markup, int page) const {
-    QString numbered = toQt(markup);
-    numbered.replace(QStringLiteral("{page}"), QString::number(page));
-    numbered.replace(QStringLiteral("{pages}"), QString::number(pageCount()));
+std::unique_ptr<QTextDocument> PagedDocument::strip(QString markup, int page) const {
+    markup.replace(QStringLiteral("{page}"), QString::number(page));
+    markup.replace(QStringLiteral("{pages}"), QString::number(pageCount()));
     auto part = std::make_unique<QTextDocument>();
-    fill(*part, m_document, fromQt(numbered));
+    fill(*part, markup);
     part->setTextWidth(m_content.width());
     return part;
 }
@@ -87,14 +89,14 @@ void PagedDocument::paintPage(QPainter& painter, int page) const {
     painter.scale(painter.device()->logicalDpiX() / double{resolution},
                   painter.device()->logicalDpiY() / double{resolution});
     painter.translate(m_content.topLeft());
-    const std::unique_ptr<QTextDocument> foot = strip(m_document.foot, page);
+    const std::unique_ptr<QTextDocument> foot = strip(m_foot, page);
     painter.save();
     painter.translate(0, m_content.height() - foot->size().height());
     draw(painter, *foot, {});
     painter.restore();
     const QRectF part(0, (page - 1) * m_bodyHeight, m_content.width(), m_bodyHeight);
     if (page > 1) {
-        draw(painter, *strip(m_document.head, page), {});
+        draw(painter, *strip(m_head, page), {});
         painter.translate(0, m_headHeight);
     }
     painter.translate(0, -part.top());

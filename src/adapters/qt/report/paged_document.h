@@ -3,6 +3,7 @@
 #include "platform/report/document.h"
 
 #include <QImage>
+#include <QMap>
 #include <QRectF>
 #include <QTextDocument>
 
@@ -34,12 +35,15 @@ class PagedDocument {
     void paint(QPagedPaintDevice& device, int firstPage, int lastPage) const;
 
   private:
-    void fill(QTextDocument& part, const report::Document& document, const std::string& markup) const;
-    std::unique_ptr<QTextDocument> strip(const std::string& markup, int page) const;
+    void fill(QTextDocument& part, const QString& markup) const;
+    std::unique_ptr<QTextDocument> strip(QString markup, int page) const;
 
-    report::Document m_document;
-    QImage m_metrics; ///< the device that the layout is made for
-    QRectF m_content; ///< where head, body and foot stand on a page, in dots of the layout
+    QString m_head;
+    QString m_foot;
+    QString m_style;
+    QMap<QString, QImage> m_images; ///< made once, shared by all parts
+    QImage m_metrics;               ///< the device that the layout is made for
+    QRectF m_content;               ///< where head, body and foot stand on a page, in dots of the layout
     qreal m_headHeight = 0;
     qreal m_bodyHeight = 0;
     QTextDocument m_body;

@@ -136,6 +136,11 @@ std::string QtDriver::shownText(ui::Control& control) {
     return target == nullptr ? std::string() : fromQt(target->shownText());
 }
 
+std::string QtDriver::statusLine() {
+    const WindowShell* const current = shell();
+    return current == nullptr ? std::string() : fromQt(current->statusText());
+}
+
 bool QtDriver::isShown(ui::Control& control) {
     const ControlView* const target = view(control);
     return target != nullptr && target->widget() != nullptr && target->widget()->isVisible();

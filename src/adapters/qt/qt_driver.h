@@ -28,6 +28,7 @@ class QtDriver final : public script::Driver {
     void setPicker(ui::DatePicker& picker, const DateTime& value) override;
     void selectContent() override;
     std::string shownText(ui::Control& control) override;
+    std::string statusLine() override;
     bool isShown(ui::Control& control) override;
     bool isEnabled(ui::Control& control) override;
     bool isChecked(ui::Control& control) override;

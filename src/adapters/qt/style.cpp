@@ -27,7 +27,7 @@ QLineEdit[refused="true"], QPlainTextEdit[refused="true"], QComboBox[refused="tr
 QLineEdit[refused="true"], QPlainTextEdit[refused="true"] { padding: 0 3px; background: #fff1f0; }
 QLabel[refused="true"], QCheckBox[refused="true"], QRadioButton[refused="true"] { color: #b3261e; }
 QLabel[hint="true"] { color: #66747f; }
-QLabel[alert="true"], QLabel[decoration="statusLine"] { color: #b3261e; font-weight: bold; }
+QLabel[alert="true"] { color: #b3261e; font-weight: bold; }
 QFrame[decoration="heading"] { background: #e1e8ed; border: 0; border-bottom: 1px solid #c3ccd4; }
 QLabel[title="true"], QLabel[titleShadow="true"] { font-size: 14pt; font-weight: bold; }
 QLabel[title="true"] { color: #1f5a7a; padding: 0 1px 1px 0; }

@@ -9,6 +9,7 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QScreen>
+#include <QStyle>
 #include <QTableView>
 #include <QWindow>
 
@@ -113,7 +114,9 @@ ControlView* WindowShell::focusView() const {
 }
 
 void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
-    if (&control == &m_window)
+    if (aspect == ui::Aspect::Status)
+        showStatus();
+    else if (&control == &m_window)
         setWindowTitle(toQt(m_window.caption()));
     else if (ControlView* view = viewOf(control))
         view->show(aspect);
@@ -124,9 +127,13 @@ void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
 }
 
 void WindowShell::showStatus() {
+    if (m_statusLine == nullptr)
+        return;
     const ui::Control* focus = m_window.focus();
-    if (m_statusLine != nullptr)
-        m_statusLine->setText(focus == nullptr ? QString() : toQt(focus->refusal()));
+    m_statusLine->setProperty("alert", focus != nullptr && !focus->refusal().empty());
+    m_statusLine->style()->unpolish(m_statusLine); // a style sheet looks at a property only then
+    m_statusLine->style()->polish(m_statusLine);
+    m_statusLine->setText(toQt(m_window.statusLine()));
 }
 
 // Turning a page makes Qt look for a new focus; the model has the say.

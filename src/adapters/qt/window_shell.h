@@ -37,6 +37,9 @@ class WindowShell final : public QWidget, public ui::WindowView {
     /// The view of the control that has the focus, or null.
     ControlView* focusView() const;
 
+    /// What the clerk reads in the status line; empty where the form has none.
+    QString statusText() const { return m_statusLine == nullptr ? QString() : m_statusLine->text(); }
+
     // ui::WindowView
     void changed(ui::Control& control, ui::Aspect aspect) override;
     void focusMoved(ui::Control* control) override;
@@ -59,7 +62,7 @@ class WindowShell final : public QWidget, public ui::WindowView {
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::unordered_map<const ui::Control*, ControlView*> m_byControl;
     std::unordered_map<const QWidget*, ControlView*> m_byWidget;
-    QLabel* m_statusLine = nullptr; ///< says why the field that has the focus is refused; not every form has one
+    QLabel* m_statusLine = nullptr; ///< reads what the model's status line does; not every form has one
     bool m_open = true;
 };
 

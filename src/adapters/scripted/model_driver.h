@@ -25,6 +25,9 @@ class ModelDriver final : public script::Driver {
     void setPicker(ui::DatePicker& picker, const DateTime& value) override { picker.window().edited(picker, value); }
     void selectContent() override { m_contentSelected = true; }
     std::string shownText(ui::Control& control) override { return control.shownText(); }
+    std::string statusLine() override {
+        return currentWindow() == nullptr ? std::string{} : currentWindow()->statusLine();
+    }
     bool isShown(ui::Control& control) override { return control.isShown(); }
     bool isEnabled(ui::Control& control) override { return control.isUsable(); }
     bool isChecked(ui::Control& control) override;

@@ -73,6 +73,11 @@ void expectLike(const Scene& scene, const Words& words) {
             "it reads " + quoted(shown));
 }
 
+void expectStatus(const Scene& scene, const Words& words) {
+    const std::string shown = scene.driver.statusLine();
+    require(shown == words[0], "the status line to read " + quoted(words[0]), "it reads " + quoted(shown));
+}
+
 void expectEnabled(const Scene& scene, const Words& words) {
     require(scene.driver.isEnabled(scene.control(words[0])), words[0] + " to be enabled", "it is disabled");
 }
@@ -237,6 +242,7 @@ void screenshot(const Scene& scene, const Words& words) {
 constexpr Command commands[] = {{"expect-window", 1, expectWindow},
                                 {"expect", 2, expect},
                                 {"expect-like", 2, expectLike},
+                                {"expect-status", 1, expectStatus},
                                 {"expect-enabled", 1, expectEnabled},
                                 {"expect-disabled", 1, expectDisabled},
                                 {"expect-visible", 1, expectVisible},

@@ -46,6 +46,10 @@ class Driver {
     virtual void selectContent() = 0;
 
     virtual std::string shownText(ui::Control& control) = 0;
+
+    /// What the status line of the current window reads; empty where it has none.
+    virtual std::string statusLine() = 0;
+
     virtual bool isShown(ui::Control& control) = 0;
     virtual bool isEnabled(ui::Control& control) = 0;
     virtual bool isChecked(ui::Control& control) = 0;

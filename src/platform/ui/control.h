@@ -48,7 +48,8 @@ enum class Aspect {
     Document,    ///< of a report pane
     ReportPage,  ///< its current page
     Zoom,        ///< its enlargement
-    Refusal      ///< why its content is refused
+    Refusal,     ///< why its content is refused
+    Status       ///< of the window: what its status line says
 };
 
 /// The model of one control: its state and its events, without any toolkit. Controls are members of the form that uses
@@ -103,6 +104,8 @@ class Control {
 
     /// The control's answer to a click of the clerk: changes its own state, then raises `onClick`.
     virtual void clicked();
+
+    std::string hint; ///< what the clerk can do here ("F4 lists the codes"), said while the control has the focus
 
     bool tabStop = true;
     bool causesValidation = true;     ///< false: moving here never asks the control that is left

@@ -91,6 +91,19 @@ void Window::opened(WindowView& view) {
     handle([&] { giveFocus(wanted != nullptr && wanted->canTakeFocus() ? wanted : neighbour(nullptr, false)); });
 }
 
+void Window::setStatus(const std::string& status) {
+    if (status == m_status)
+        return;
+    m_status = status;
+    tellView(*this, Aspect::Status);
+}
+
+const std::string& Window::statusLine() const {
+    if (m_focus != nullptr && !m_focus->refusal().empty())
+        return m_focus->refusal();
+    return m_status.empty() && m_focus != nullptr ? m_focus->hint : m_status;
+}
+
 Control* Window::find(const std::string& name) const {
     std::vector<Control*> everything;
     collect(everything);

@@ -71,6 +71,13 @@ class Window : public Container {
     /// event takes its place.
     void sendTab() { m_pendingTab = true; }
 
+    /// What the window has to say for itself: what was found, what was stored. It stands until it is changed.
+    void setStatus(const std::string& status);
+
+    /// What the status line reads: why the content of the control that has the focus is refused, or else the window's
+    /// own status, or else the hint of that control.
+    const std::string& statusLine() const;
+
     /// The control of a name, or null.
     Control* find(const std::string& name) const;
 
@@ -145,6 +152,7 @@ class Window : public Container {
 
     WindowView* m_view = nullptr;
     Control* m_focus = nullptr;
+    std::string m_status;
     int m_life = 0; ///< how often it was unloaded; tells an event that its window is another one by now
     bool m_loaded = false;
     bool m_open = false;

@@ -29,6 +29,7 @@ void SearchDialog::bind() {
         press.code = text::upper(press.code);
     };
     grid.onKeyPress = selectOnEnter;
+    grid.typesInto = [&box](char32_t) { return &box; };
     grid.onDoubleClick = [this] {
         if (m_fields.cmdSelect.enabled())
             select();

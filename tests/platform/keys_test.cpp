@@ -89,6 +89,33 @@ TEST(Keys, F2AndDeleteStandForEnterAndBackspaceOnAGridWhoseCellsArePicked) {
     EXPECT_EQ(pressed, U"\r\b");
 }
 
+TEST(Keys, ACharacterThatAGridHasNoUseForBeginsTheBoxThatItNames) {
+    Form form;
+    Grid grid{form.window, "grid"};
+    std::u32string filtered;
+    grid.onKeyPress = [](KeyPress& press) { press.code = press.code == U'-' ? 0 : press.code; };
+    grid.typesInto = [&](char32_t code) { return code >= U'0' && code <= U'9' ? &form.first : &form.second; };
+    form.first.onKeyPress = [&](KeyPress& press) { filtered += press.code; };
+    form.second.onKeyPress = [](KeyPress& press) { press.code = text::upper(press.code); };
+    form.first.setText("old");
+    form.open();
+    const auto typeOnGrid = [&](char32_t code) {
+        form.window.setFocus(grid);
+        EXPECT_EQ(form.window.pressKey(code), code == key::space ? code : 0U) << static_cast<unsigned>(code);
+        return form.focus() + " " + form.first.text() + " " + form.second.text();
+    };
+    EXPECT_EQ(typeOnGrid(U'-'), "grid old ");
+    EXPECT_EQ(typeOnGrid(U' '), "grid old ");
+    EXPECT_EQ(typeOnGrid(U'7'), "first 7 ");
+    EXPECT_EQ(filtered, U"7");
+    EXPECT_EQ(typeOnGrid(U'ñ'), "second 7 Ñ");
+    form.second.setEnabled(false);
+    form.window.setFocus(grid);
+    EXPECT_EQ(form.window.pressKey(U'x'), U'x') << "a box that is out of reach takes nothing";
+    grid.onValidate = [](bool& refuse) { refuse = true; };
+    EXPECT_EQ(typeOnGrid(U'8'), "grid 7 Ñ");
+}
+
 TEST(Keys, EnterPressesTheButtonThatHasTheFocusElseTheDefaultButton) {
     Form form;
     form.window.defaultButton = &form.ok;

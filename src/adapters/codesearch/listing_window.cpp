@@ -52,6 +52,7 @@ void ListingWindow::bind() {
     };
     m_fields.grdListing.onKeyPress = selectOnEnter;
     m_fields.txtSearch.onKeyPress = selectOnEnter;
+    m_fields.grdListing.typesInto = [this](char32_t) { return &m_fields.txtSearch; };
     m_fields.txtSearch.onChange = [this] { filter(); };
     m_fields.txtSearch.onArrowDown = [this] { m_window.setFocus(m_fields.grdListing); };
 }

@@ -43,6 +43,9 @@ class ModelDriver final : public script::Driver {
         m_maskPlace = 0;
     }
 
+    /// The text of the control that has the focus was set by program: nothing of it is selected any more.
+    void textReplaced() { m_contentSelected = false; }
+
   private:
     void pressNamed(ui::Window& window, const std::string& name, bool shift);
     void pressCharacter(ui::Window& window, char32_t character);

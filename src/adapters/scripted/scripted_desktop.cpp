@@ -18,6 +18,8 @@ class ScriptedDesktop::View final : public ui::WindowView {
     }
 
     void changed(ui::Control& control, ui::Aspect aspect) override {
+        if (aspect == ui::Aspect::Text && &control == m_window.focus() && control.kind() == ui::Kind::TextBox)
+            m_driver.textReplaced();
         if (aspect != ui::Aspect::Running)
             return;
         auto& timer = static_cast<ui::Timer&>(control);

@@ -7,6 +7,8 @@
 
 namespace opd::ui {
 
+class TextBox;
+
 /// A table of texts of which one row is current, or one cell where `picksCells` is set. Rows count from 1, row 0 is the
 /// header; columns count from 0.
 class Grid final : public Control {
@@ -54,6 +56,10 @@ class Grid final : public Control {
     std::string shownText() const override { return cell(m_currentRow, m_currentColumn); }
 
     bool picksCells = false; ///< the clerk picks single cells, not whole rows
+
+    /// The box that takes a character typed on the grid, by that character; null for none. Where it is set, such a
+    /// character begins a new content of the box: see Window.
+    std::function<TextBox*(char32_t)> typesInto;
 
     std::function<void()> onRowChange;
 

@@ -29,7 +29,9 @@ class WindowView {
 ///
 /// The rules: before the focus leaves a control by the clerk's doing, the control's validation is asked and may keep
 /// it; a target that causes no validation (Cancel, Close) is reached without. A move by program asks nobody. A window
-/// that previews keys sees every typed character before the control that has the focus. A failure in a handler goes to
+/// that previews keys sees every typed character before the control that has the focus. A character that a grid leaves
+/// over and for which it names a box (`typesInto`) moves the focus there by the same rules, passes that box's filters
+/// and takes the place of its content. A failure in a handler goes to
 /// `onFailure` and ends that event; a validation that fails keeps the focus.
 class Window : public Container {
   public:
@@ -144,6 +146,7 @@ class Window : public Container {
   private:
     bool handle(const std::function<void()>& handler);
     void passKey(KeyPress& press);
+    bool typesElsewhere(KeyPress& press);
     void showEmptyPage(Tabs& tabs, int index);
     bool mayLeaveFor(const Control& target);
     void giveFocus(Control* target);

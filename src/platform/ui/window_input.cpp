@@ -3,6 +3,7 @@
 #include "platform/text/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace opd::ui {
 
@@ -48,10 +49,32 @@ void Window::passKey(KeyPress& press) {
         press.drop();
     if (press.code == 0)
         return;
+    if (typesElsewhere(press))
+        return;
     if (target->handleKey(press.code))
         press.drop();
     else if (press.code == key::enter && canPress(defaultButton) && target->kind() != Kind::Grid)
         defaultButton->clicked();
+}
+
+// What a grid has no use for may be meant for a box beside it; the character then starts there from the beginning.
+bool Window::typesElsewhere(KeyPress& press) {
+    if (m_focus->kind() != Kind::Grid || press.code <= key::space)
+        return false;
+    const auto& grid = static_cast<const Grid&>(*m_focus);
+    TextBox* const box = grid.typesInto ? grid.typesInto(press.code) : nullptr;
+    if (box == nullptr || box->readOnly || !box->canTakeFocus())
+        return false;
+    KeyPress moved{std::exchange(press.code, 0)};
+    const int life = m_life;
+    if (!mayLeaveFor(*box) || life != m_life)
+        return true;
+    giveFocus(box);
+    if (life == m_life && m_focus == box)
+        passKey(moved);
+    if (life == m_life && m_focus == box && moved.code > key::space)
+        box->setText(text::encode(moved.code));
+    return true;
 }
 
 bool Window::pressAccessKey(char32_t character) {

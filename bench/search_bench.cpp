@@ -29,17 +29,32 @@ void measure(benchmark::State& state, const data::Statement& statement) {
 void searchByNameAndBirthDate(benchmark::State& state) {
     measure(state, search::nameSearch("DELA CRUZ", "M", "1980.03.07"));
 }
-BENCHMARK(searchByNameAndBirthDate)->Arg(500)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(searchByNameAndBirthDate)->Arg(500)->Arg(200000)->Unit(benchmark::kMicrosecond);
 
 void searchByCommonName(benchmark::State& state) {
     measure(state, search::nameSearch("DELA CRUZ", "M", ""));
 }
-BENCHMARK(searchByCommonName)->Arg(500)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(searchByCommonName)->Arg(500)->Arg(200000)->Unit(benchmark::kMicrosecond);
 
 void searchByCard(benchmark::State& state) {
     measure(state, search::cardSearch("00000009"));
 }
-BENCHMARK(searchByCard)->Arg(500)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(searchByCard)->Arg(500)->Arg(200000)->Unit(benchmark::kMicrosecond);
+
+void searchByNameAndFirstName(benchmark::State& state) {
+    measure(state, search::nameSearch("DELA CRUZ, MARIA", "F", ""));
+}
+BENCHMARK(searchByNameAndFirstName)->Arg(500)->Arg(200000)->Unit(benchmark::kMicrosecond);
+
+void searchAgainWithoutSex(benchmark::State& state) {
+    measure(state, search::subSearch("DELA CRUZ", "F", "1980.03.07"));
+}
+BENCHMARK(searchAgainWithoutSex)->Arg(500)->Arg(200000)->Unit(benchmark::kMicrosecond);
+
+void searchByMemberNumber(benchmark::State& state) {
+    measure(state, search::memberSearch("12-345678901-2", search::MemberNumber::PhilHealth));
+}
+BENCHMARK(searchByMemberNumber)->Arg(500)->Arg(200000)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace opd::bench

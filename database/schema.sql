@@ -57,9 +57,9 @@ CREATE TABLE Patient_Data_tbMaster (
   EmployerAddress TEXT,
   EmployerTelNum TEXT,
   ReligionID TEXT COLLATE OPD,
-  PHICNum TEXT COLLATE OPD,
-  GSISNum TEXT COLLATE OPD,
-  SSSNum TEXT COLLATE OPD,
+  PHICNum TEXT COLLATE OPD_NUMBER,
+  GSISNum TEXT COLLATE OPD_NUMBER,
+  SSSNum TEXT COLLATE OPD_NUMBER,
   FileNum INTEGER
 ) WITHOUT ROWID;
 CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (SearchName, Sex, BirthDate);

@@ -1,4 +1,4 @@
 -- parameters: Criteria text
 SELECT ChiefComplaintID, ChiefComplaint, BodySystem FROM Build_File_tbCoChiefComplaint
-WHERE ChiefComplaintID LIKE '%' || :Criteria || '%' OR ChiefComplaint LIKE '%' || :Criteria || '%'
+WHERE contains(ChiefComplaintID, :Criteria) OR contains(ChiefComplaint, :Criteria)
 ORDER BY ChiefComplaint, ChiefComplaintID;

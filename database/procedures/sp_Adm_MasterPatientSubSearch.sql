@@ -6,7 +6,7 @@ FROM Patient_Data_tbMaster
 WHERE search_name(before_comma(:LastName)) <> ''
   AND SearchName >= search_name(before_comma(:LastName))
   AND SearchName < prefix_end(search_name(before_comma(:LastName)))
-  AND (after_comma(:LastName) = '' OR search_name(FirstName) LIKE search_name(after_comma(:LastName)) || '%')
+  AND (after_comma(:LastName) = '' OR fit_given_names(FirstName, MiddleName, after_comma(:LastName)))
   AND ((:BirthDate IS NOT NULL AND BirthDate = :BirthDate)
        OR (Sex = :Sex AND (:BirthDate IS NULL OR substr(BirthDate, 1, 4) = substr(:BirthDate, 1, 4))))
 ORDER BY LastName, FirstName, MiddleName, BirthDate;

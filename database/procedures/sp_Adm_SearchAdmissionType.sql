@@ -3,5 +3,5 @@
 SELECT AdmissionType AS Description, AdmissionTypeID AS Code FROM Build_File_tbCoAdmissionType
 WHERE CASE WHEN EXISTS (SELECT 1 FROM Build_File_tbCoAdmissionType WHERE AdmissionTypeID = :Criteria)
       THEN AdmissionTypeID = :Criteria
-      ELSE AdmissionTypeID LIKE '%' || :Criteria || '%' OR AdmissionType LIKE '%' || :Criteria || '%' END
+      ELSE contains(AdmissionTypeID, :Criteria) OR contains(AdmissionType, :Criteria) END
 ORDER BY AdmissionType, AdmissionTypeID;

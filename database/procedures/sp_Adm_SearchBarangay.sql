@@ -3,5 +3,5 @@
 SELECT Barangay AS Description, BarangayID AS Code FROM Build_File_tbCoBarangay
 WHERE CASE WHEN EXISTS (SELECT 1 FROM Build_File_tbCoBarangay WHERE BarangayID = :Criteria)
       THEN BarangayID = :Criteria
-      ELSE BarangayID LIKE '%' || :Criteria || '%' OR Barangay LIKE '%' || :Criteria || '%' END
+      ELSE contains(BarangayID, :Criteria) OR contains(Barangay, :Criteria) END
 ORDER BY Barangay, BarangayID;

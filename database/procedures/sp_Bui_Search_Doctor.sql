@@ -8,7 +8,7 @@ FROM (SELECT *, trim(:ServiceID) <> ''
       FROM Build_File_vwDoctor)
 WHERE CASE :Mode
       WHEN '7' THEN DoctorID = :Criteria AND (Serves OR trim(:ServiceID) = '')
-      WHEN '6' THEN DoctorID LIKE '%' || :Criteria || '%' OR FullName LIKE '%' || :Criteria || '%'
-      WHEN '5' THEN Serves AND DutyDays LIKE '%' || strftime('%w', now()) || '%'
+      WHEN '6' THEN contains(DoctorID, :Criteria) OR contains(FullName, :Criteria)
+      WHEN '5' THEN Serves AND instr(DutyDays, strftime('%w', now())) > 0
       END
 ORDER BY Serves DESC, FullName, DoctorID;

@@ -1,3 +1,5 @@
+#include "platform/text/folding.h"
+#include "platform/text/ranking.h"
 #include "platform/text/text.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +26,37 @@ TEST(Text, UpperCaseKnowsTheLettersOfNames) {
     }
     EXPECT_TRUE(equalsIgnoringCase("Dela Peña", "DELA PEÑA"));
     EXPECT_FALSE(equalsIgnoringCase("pena", "peña"));
+}
+
+TEST(Text, IsLookedForWithoutAccentsAndNamesWithoutTheirSigns) {
+    const std::vector<std::pair<const char*, const char*>> cases{
+        {"Áéñüç-ø `", "AENUC-O '"},
+        {"āćďęğĥīĵķłńőřšťűŵŷž ŸÞ÷", "ACDEGHIJKLNORSTUWYZ YÞ÷"},
+        {"Pen\xCC\x83"
+         "a",
+         "PENA"}, // an accent of its own behind the letter
+        {"李 %_[", "李 %_["},
+    };
+    for (const auto& [written, expected] : cases)
+        EXPECT_EQ(folded(written), expected);
+    for (const char* name : {"O'BRIEN", "O`Brien", "OBRIEN", "O BRIEN", "O’BRIÉN", "o-brien."})
+        EXPECT_EQ(searchedName(name), "OBRIEN") << name;
+}
+
+TEST(Text, RowsOfAListAreRankedByHowWellTheyAnswer) {
+    const std::vector<std::vector<std::string>> cells{
+        {"7", "WALK FAR"}, {"8", "FARINAS, ANA"}, {"9", "NOFAR"},        {"FAR", "SOMETHING"},
+        {"10", "Fár"},     {"11", "NO-FAR LEFT"}, {"12", "FARTHER OFF"}, {"13", "O'FAR"}};
+    std::vector<SearchedRow> rows;
+    std::vector<std::size_t> places;
+    for (const std::vector<std::string>& row : cells) {
+        places.push_back(rows.size());
+        rows.emplace_back(row, 0, 1);
+    }
+    EXPECT_EQ(ranked("FAR", rows, places), (std::vector<std::size_t>{3, 4, 1, 6, 0, 5, 2, 7}));
+    EXPECT_EQ(ranked("", rows, places), places);
+    EXPECT_TRUE(rows[0].holds("ALK"));
+    EXPECT_FALSE(rows[0].holds("7WALK")) << "no text goes over two cells";
 }
 
 TEST(Text, EveryCharacterSurvivesTheWayThereAndBack) {

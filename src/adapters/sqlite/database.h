@@ -12,7 +12,7 @@
 namespace opd::adapters::sqlite {
 
 /// The version of the schema, kept in the file's `user_version`.
-inline constexpr int schemaVersion = 2;
+inline constexpr int schemaVersion = 3;
 
 /// The file of a database folder.
 std::filesystem::path databaseFile(const std::filesystem::path& folder);
@@ -72,10 +72,7 @@ class Query {
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
 
-/// Registers the collation OPD and the functions that the procedures use on a connection.
+/// Registers the collations and the functions that the procedures use on a connection.
 void registerFunctions(sqlite3* handle, const Clock& clock);
-
-/// How a last name is looked for: upper case, Ñ as N, without blanks, hyphens and full stops.
-std::string searchName(const std::string& name);
 
 } // namespace opd::adapters::sqlite

@@ -1,9 +1,11 @@
 #include "adapters/sqlite/database.h"
 
 #include "platform/clock/date_text.h"
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
 
 #include <cmath>
+#include <vector>
 
 namespace opd::adapters::sqlite {
 
@@ -53,39 +55,39 @@ int compareText(void*, int leftSize, const void* left, int rightSize, const void
                    {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
 }
 
-/// The server's LIKE with "%" and "_", both texts in one letter case. When a character does not fit, only the last "%"
-/// needs another try: what stands before it fits already, as early as it can. So no pattern takes long.
-bool isLike(std::u32string_view pattern, std::u32string_view text) {
-    constexpr std::size_t none = std::u32string_view::npos;
-    std::size_t inPattern = 0, inText = 0, behindPercent = none, retry = 0;
-    while (inText < text.size()) {
-        if (inPattern < pattern.size() && pattern[inPattern] == U'%') {
-            behindPercent = ++inPattern;
-            retry = inText;
-        } else if (inPattern < pattern.size() && (pattern[inPattern] == U'_' || pattern[inPattern] == text[inText])) {
-            ++inPattern;
-            ++inText;
-        } else if (behindPercent != none) {
-            inPattern = behindPercent;
-            inText = ++retry;
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of(U'%', inPattern) == none;
+/// The next character of a number that is compared; 0 behind the last one.
+char nextInNumber(std::string_view number, std::size_t& at) {
+    while (at < number.size() && (number[at] == ' ' || number[at] == '-'))
+        ++at;
+    return at < number.size() ? asciiUpper(number[at++]) : '\0';
 }
 
-void like(sqlite3_context* context, int, sqlite3_value** arguments) {
-    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
-        return;
-    sqlite3_result_int(context, isLike(text::decode(text::upper(textOf(arguments[0]))),
-                                       text::decode(text::upper(textOf(arguments[1]))))
-                                    ? 1
-                                    : 0);
+/// Compares numbers that are written with or without blanks and hyphens.
+int compareNumbers(void*, int leftSize, const void* left, int rightSize, const void* right) {
+    const std::string_view one{static_cast<const char*>(left), static_cast<std::size_t>(leftSize)};
+    const std::string_view other{static_cast<const char*>(right), static_cast<std::size_t>(rightSize)};
+    std::size_t atOne = 0, atOther = 0;
+    while (true) {
+        const char here = nextInNumber(one, atOne);
+        const char there = nextInNumber(other, atOther);
+        if (here != there || here == '\0')
+            return static_cast<unsigned char>(here) - static_cast<unsigned char>(there);
+    }
+}
+
+void beginsWith(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (sqlite3_value_type(arguments[0]) != SQLITE_NULL)
+        sqlite3_result_int(context, text::folded(textOf(arguments[0])).starts_with(text::folded(textOf(arguments[1]))));
+}
+
+void contains(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (sqlite3_value_type(arguments[0]) != SQLITE_NULL)
+        sqlite3_result_int(context, text::folded(textOf(arguments[0])).find(text::folded(textOf(arguments[1]))) !=
+                                        std::string::npos);
 }
 
 void searchNameFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
-    answer(context, searchName(textOf(arguments[0])));
+    answer(context, text::searchedName(textOf(arguments[0])));
 }
 
 /// The smallest text that is greater than every text with this prefix.
@@ -102,6 +104,33 @@ void afterComma(sqlite3_context* context, int, sqlite3_value** arguments) {
     const std::string text = textOf(arguments[0]);
     const std::size_t comma = text.find(',');
     answer(context, comma == std::string::npos ? std::string{} : text::trimmed(text.substr(comma + 1)));
+}
+
+/// True when the given names begin with what is typed behind a comma: first words of the first name, then perhaps some
+/// of the middle name. "MARIA S" fits "MARIA LUZ" with "SANTOS".
+bool fitGivenNames(const std::string& first, const std::string& middle, std::string_view typed) {
+    std::vector<std::string> words(1);
+    for (const char character : typed)
+        if (character != ' ' && character != ',')
+            words.back() += character;
+        else if (!words.back().empty())
+            words.emplace_back();
+    const std::string firstName = text::searchedName(first);
+    const std::string middleName = text::searchedName(middle);
+    std::string beginning;
+    for (std::size_t count = 1; count <= words.size(); ++count) {
+        beginning += text::searchedName(words[count - 1]);
+        std::string rest;
+        for (std::size_t i = count; i < words.size(); ++i)
+            rest += text::searchedName(words[i]);
+        if (firstName.starts_with(beginning) && middleName.starts_with(rest))
+            return true;
+    }
+    return false;
+}
+
+void fitGivenNamesFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    sqlite3_result_int(context, fitGivenNames(textOf(arguments[0]), textOf(arguments[1]), textOf(arguments[2])));
 }
 
 /// Whole years from a birth date to a day, as the desk counts them: days divided by 365.25.
@@ -125,16 +154,9 @@ void now(sqlite3_context* context, int, sqlite3_value**) {
 
 } // namespace
 
-std::string searchName(const std::string& name) {
-    std::u32string kept;
-    for (const char32_t character : text::decode(text::upper(name)))
-        if (character != U' ' && character != U'-' && character != U'.')
-            kept += character == U'Ñ' ? U'N' : character;
-    return text::encode(kept);
-}
-
 void registerFunctions(sqlite3* handle, const Clock& clock) {
     sqlite3_create_collation(handle, "OPD", SQLITE_UTF8, nullptr, compareText);
+    sqlite3_create_collation(handle, "OPD_NUMBER", SQLITE_UTF8, nullptr, compareNumbers);
     struct Function {
         const char* name;
         int arguments;
@@ -142,7 +164,9 @@ void registerFunctions(sqlite3* handle, const Clock& clock) {
         bool deterministic;
     };
     const Function functions[] = {
-        {"like", 2, like, true},
+        {"begins_with", 2, beginsWith, true},
+        {"contains", 2, contains, true},
+        {"fit_given_names", 3, fitGivenNamesFunction, true},
         {"search_name", 1, searchNameFunction, true},
         {"prefix_end", 1, prefixEnd, true},
         {"before_comma", 1, beforeComma, true},

@@ -185,21 +185,32 @@ class Parser {
 
     void condition(const Table& source) {
         const Column& subject = source.column(word());
-        sql() += quoted(subject.name);
+        const std::string name = quoted(subject.name);
         if (take("is")) {
-            sql() += take("not") ? " IS NOT NULL" : " IS NULL";
+            sql() += name + (take("not") ? " IS NOT NULL" : " IS NULL");
             expect("null");
         } else if (take("like")) {
-            sql() += " LIKE ";
-            bind(literal());
+            like(name);
         } else {
             const bool equal = isSymbol("=");
             if (!equal && !isSymbol("<>"))
                 refuse();
             ++m_at;
-            sql() += equal ? " = " : " <> ";
+            sql() += name + (equal ? " = " : " <> ");
             bind(literalFor(subject, literal()));
         }
+    }
+
+    /// The desk looks for beginnings alone: the "%" at the end is the statement's own, all before it was typed by
+    /// somebody and stands for itself.
+    void like(const std::string& name) {
+        std::string beginning = literal();
+        const bool begins = beginning.ends_with('%');
+        if (begins)
+            beginning.pop_back();
+        sql() += begins ? "begins_with(" + name + ", " : "(" + name + " = ";
+        bind(std::move(beginning));
+        sql() += ")";
     }
 
     void orderBy(const Table& source) {

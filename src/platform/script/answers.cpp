@@ -1,12 +1,13 @@
 #include "platform/script/answers.h"
 
-#include <regex>
+#include "platform/script/pattern.h"
+
 #include <stdexcept>
 
 namespace opd::script {
 
 bool QueuedAnswer::fits(const ui::Message& message) const {
-    return like ? std::regex_match(message.text, std::regex(text)) : message.text == text;
+    return like ? describes(text, message.text) : message.text == text;
 }
 
 QueuedAnswer queuedAnswer(std::size_t line, const std::vector<std::string>& words) {

@@ -2,12 +2,12 @@
 
 #include "platform/clock/date_text.h"
 #include "platform/script/key_names.h"
+#include "platform/script/pattern.h"
 #include "platform/text/text.h"
 
 #include <algorithm>
 #include <charconv>
 #include <ostream>
-#include <regex>
 
 namespace opd::script {
 
@@ -69,8 +69,7 @@ void expect(const Scene& scene, const Words& words) {
 
 void expectLike(const Scene& scene, const Words& words) {
     const std::string shown = scene.driver.shownText(scene.control(words[0]));
-    require(std::regex_match(shown, std::regex(words[1])), words[0] + " to read like " + quoted(words[1]),
-            "it reads " + quoted(shown));
+    require(describes(words[1], shown), words[0] + " to read like " + quoted(words[1]), "it reads " + quoted(shown));
 }
 
 void expectStatus(const Scene& scene, const Words& words) {

@@ -1,4 +1,5 @@
 #include "adapters/scripted/scripted_desktop.h"
+#include "platform/script/pattern.h"
 #include "platform/script/player.h"
 #include "platform/text/text.h"
 
@@ -161,6 +162,15 @@ key Escape
     EXPECT_EQ(played.output, "YES\ndone\n");
     EXPECT_EQ(played.ticks, 1);
     EXPECT_EQ(played.opened, 1);
+}
+
+TEST(Script, APatternIsComparedWithATextOfAnyLength) {
+    const std::string page = std::string(200000, 'a') + "\nDIAGNOSIS  FEVER\n" + std::string(200000, 'b');
+    EXPECT_TRUE(script::describes("[\\s\\S]*\\nDIAGNOSIS +FEVER\\n[\\s\\S]*", page));
+    EXPECT_FALSE(script::describes("(?![\\s\\S]*FEVER)[\\s\\S]*", page));
+    EXPECT_FALSE(script::describes("(a|a)*c", std::string(40000, 'a')));
+    EXPECT_TRUE(script::describes("D30[12]", "D302"));
+    EXPECT_THROW(script::describes("[", "["), std::runtime_error);
 }
 
 TEST(Script, FailuresSayWhereWhatWasExpectedAndWhatWasThere) {

@@ -51,6 +51,11 @@ TEST_P(Contract, SearchesFindWhomTheyShould) {
         {"Ñ in small letters", byName("peña", "M", ""), {pedro}},
         {"last and first name", byName("SANTOS, MA", "F", ""), {"00000002"}},
         {"last name with another first name", byName("SANTOS, ZENAIDA", "F", ""), {}},
+        {"first and middle name", byName("SANTOS, MARIA REY", "F", ""), {"00000002"}},
+        {"their beginnings", byName("SANTOS, MA RE", "F", ""), {"00000002"}},
+        {"another middle name", byName("SANTOS, MARIA LUNA", "F", ""), {}},
+        {"a wildcard is a character", byName("%", "M", ""), {}},
+        {"so is one in the first name", byName("SANTOS, %", "F", ""), {}},
         {"namesakes born on one day", byName("REYES", "F", "1985.08.15"), {"00000004", "00000005"}},
         {"another sex", byName("DELA CRUZ", "F", "1980.03.07"), {}},
         {"another birth date", byName("DELA CRUZ", "M", "1980.03.08"), {}},
@@ -65,6 +70,11 @@ TEST_P(Contract, SearchesFindWhomTheyShould) {
         {"PHIC", "Patient_Data..sp_Adm_MasterPatientSearchNew '12-345678901-2','1'", {"00000009"}},
         {"GSIS", "Patient_Data..sp_Adm_MasterPatientSearchNew '12345678901','2'", {"00000009"}},
         {"SSS", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','3'", {"00000009"}},
+        {"PHIC without hyphens", "Patient_Data..sp_Adm_MasterPatientSearchNew '123456789012','1'", {"00000009"}},
+        {"GSIS with blanks", "Patient_Data..sp_Adm_MasterPatientSearchNew '123 4567 8901','2'", {"00000009"}},
+        {"SSS otherwise", "Patient_Data..sp_Adm_MasterPatientSearchNew '3-412345678','3'", {"00000009"}},
+        {"another SSS", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567','3'", {}},
+        {"hyphens alone", "Patient_Data..sp_Adm_MasterPatientSearchNew ' - ','1'", {}},
         {"an SSS number asked for as PHIC", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','1'", {}},
         {"no number", "Patient_Data..sp_Adm_MasterPatientSearchNew '','1'", {}},
     };
@@ -79,14 +89,39 @@ TEST_P(Contract, SearchesFindWhomTheyShould) {
     }
 }
 
+TEST_P(Contract, FindsANameHoweverItIsWritten) {
+    const auto found = [&](const std::string& name) {
+        std::vector<std::string> numbers;
+        ado::Recordset answer = connection->Execute("Patient_Data..sp_Adm_MasterPatientSearch '" + name +
+                                                    "','','','M','','1980.03.07',0,0");
+        for (; !answer.EndOfFile(); answer.MoveNext())
+            numbers.push_back(answer.Fields("HospNum").asText());
+        return numbers;
+    };
+    const std::vector<std::string> writings[] = {
+        {"O`BRIEN", "OBRIEN", "O BRIEN", "o´brien", "O’BRIEN", "O`B"},
+        {"PÉREZ-MÜLLER", "PEREZ MULLER", "Perézmüller", "PEREZ, JOSE", "PEREZ, JOSÉ MA O HARA"},
+        {"ŠKODA ÇELIK", "SKODA-CELIK", "škoda"},
+    };
+    for (const std::vector<std::string>& writing : writings) {
+        const std::string number = newHospNum(*connection);
+        std::vector<std::string> values = masterValues(number, newOpdNumber(*connection) + "B");
+        values[1] = writing.front();
+        connection->Execute(callOf("sp_aopd_Update_TbMaster", values));
+        for (const std::string& name : writing)
+            EXPECT_EQ(found(name), Rows{number}) << name;
+    }
+}
+
 TEST_P(Contract, ComparesTextInAnyLetterCaseAndBlindToBlanksAtTheEnd) {
     const std::string select = "Select HospNum from patient_DATA..TBMASTER where ";
     for (const char* condition :
          {"LastName = 'PEÑA'", "lastname = 'peña'", "LASTNAME = 'Peña   '", "LastName like 'peñ%'",
-          "LastName like '%eñ_' and BirthDate = '06/12/1990'", "BirthDate = '1990.06.12' and HospNum <> '00000001'"})
+          "LastName like 'PEN%' and BirthDate = '06/12/1990'", "BirthDate = '1990.06.12' and HospNum <> '00000001'"})
         EXPECT_EQ(rows(select + condition), Rows{"00000003"}) << condition;
-    for (const char* condition : {"LastName = 'PENA'", "LastName = ' PEÑA'", "LastName like 'eña%'",
-                                  "LastName = 'PEÑA' and MiddleName is null"})
+    for (const char* condition :
+         {"LastName = 'PENA'", "LastName = ' PEÑA'", "LastName like 'eña%'", "LastName like '%eñ%'",
+          "LastName like 'PE_A%'", "LastName like 'PE[NÑ]A%'", "LastName = 'PEÑA' and MiddleName is null"})
         EXPECT_EQ(rows(select + condition), Rows{}) << condition;
 }
 

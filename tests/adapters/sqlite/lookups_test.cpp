@@ -82,12 +82,17 @@ TEST_F(Lookups, TakeAnExactCodeAloneAndElseWhatContainsTheText) {
         {barangays + "stn01 '", {"SANTO NIÑO|STN01"}},
         {barangays + "bag'", {"BAGONG BARRIO|BAG03", "BAGONG SILANG|BAG01", "BAGUMBAYAN|BAG02"}},
         {barangays + "niño lum'", {"SANTO NIÑO LUMA|STN15"}},
+        {barangays + "nino lum'", {"SANTO NIÑO LUMA|STN15"}},
+        {barangays + "%'", {}}, // characters, not wildcards
+        {barangays + "BAG_'", {}},
         {barangays + "no such place'", {}},
         {classes + "1'", {"PAY|1"}}, // and not 10 to 13
         {classes + "dige'", {"INDIGENT|4"}},
         {classes + "no such class'", {}},
         {complaints + "cc015'", {"CC015|TOOTHACHE|TEETH"}},
         {complaints + "oothac'", {"CC015|TOOTHACHE|TEETH"}},
+        {complaints + "TOOTH%ACHE'", {}},
+        {complaints + "[T]OOTHACHE'", {}},
         {complaints + "no such complaint'", {}},
     };
     for (const auto& [statement, found] : cases)

@@ -85,19 +85,4 @@ TEST(Statements, AreRefusedInEveryOtherShapeAndChangeNothing) {
     EXPECT_EQ(rowsOf(*connection, everybody), before);
 }
 
-TEST(Statements, WithManyWildcardsAreAnsweredAtOnce) {
-    EmbeddedHospital hospital;
-    const auto connection = hospital.connect();
-    connection->Execute("Update Patient_Data..tbMaster set HouseStreet = '" + std::string(200, 'a') +
-                        "' where HospNum = '00000001'");
-    std::string pattern;
-    for (int i = 0; i < 60; ++i)
-        pattern += "a%";
-    EXPECT_TRUE(
-        rowsOf(*connection, "Select HospNum from Patient_Data..tbMaster where HospNum = '00000001' and HouseStreet "
-                            "like '" +
-                                pattern + "b'")
-            .empty());
-}
-
 } // namespace

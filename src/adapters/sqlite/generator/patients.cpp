@@ -3,6 +3,7 @@
 #include "adapters/sqlite/generator/names.h"
 #include "adapters/sqlite/generator/person.h"
 #include "adapters/sqlite/generator/reference.h"
+#include "platform/text/folding.h"
 
 #include <initializer_list>
 
@@ -42,10 +43,11 @@ class Writer {
               "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'DEMO', ?)") {}
 
     void write(const std::string& number, const Person& person) {
-        insert(m_master, {number, person.lastName, person.firstName, person.middleName, searchName(person.lastName),
-                          person.title, person.street, person.barangay, person.townCode, person.male ? "M" : "F",
-                          person.birthDate, person.telephone, person.civilStatus, person.bloodType, person.occupation,
-                          person.employer, orNull(person.philHealth), orNull(person.gsis), orNull(person.sss)});
+        insert(m_master,
+               {number, person.lastName, person.firstName, person.middleName, text::searchedName(person.lastName),
+                person.title, person.street, person.barangay, person.townCode, person.male ? "M" : "F",
+                person.birthDate, person.telephone, person.civilStatus, person.bloodType, person.occupation,
+                person.employer, orNull(person.philHealth), orNull(person.gsis), orNull(person.sss)});
         const bool employed = !person.employer.empty();
         insert(m_extended, {number, person.nationality, person.religion, person.spouse, person.mother, person.father,
                             person.employer, person.contact, person.contactRelation, employed ? 2 : 0, employed ? 1 : 0,

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace opd::text {
+
+/// How a text is compared when somebody looks for it: in upper case, letters without their accents (Ñ is N, É is E, Ü
+/// is U), and one kind of apostrophe (') for all of them, the grave accent included.
+std::string folded(std::string_view utf8);
+
+/// How a name is looked for, however it is written: folded, without blanks, hyphens, full stops and apostrophes.
+/// "O'Brien", "O`BRIEN" and "O BRIEN" are all "OBRIEN".
+std::string searchedName(std::string_view utf8);
+
+} // namespace opd::text

@@ -39,6 +39,7 @@ SearchEnd runSearch(Session& session) {
     data::loadFeatureFlags(session);
     readConnectionSettings(session);
     createCodeSearch(session);
+    session.globals.duplicateLedBackTo.clear(); // whom an earlier call led back to is another clerk's affair
 
     registration::frmRegistration registration{session};
     search::frmMasterSearch search{session, registration};

@@ -20,6 +20,7 @@ class frmRegistration final : public search::RegistrationOpener {
     void setLastName(const std::string& name) override { m_opening.lastName = name; }
     void SetRegistrationMode() override;
     bool SearchPatient() override;
+    void setStatus(const std::string& status) override { m_form->window().setStatus(status); }
     void showModal() override;
     void show() override;
     void discard() override;

@@ -21,9 +21,21 @@ frmMasterSearch::frmMasterSearch(Session& session, RegistrationOpener& registrat
          std::initializer_list<ui::Control*>{&m_fields.txtBirthYear, &m_fields.cboBirthMonth, &m_fields.cboBirthDay})
         unused->setVisible(false);
     m_fields.txtAge.setEnabled(false);
+    setHints();
     bindKeys();
     bindCriteria();
     bindActions();
+}
+
+void frmMasterSearch::setHints() {
+    m_fields.txtHospNum.hint = "Scan the card, or type its number: the search begins by itself.";
+    m_fields.lastName.hint = "The last name or its beginning; LAST, FIRST MIDDLE narrows the search.";
+    for (ui::OptionButton* option : {&m_fields.male, &m_fields.female})
+        option->hint = "The arrow keys or a click choose the sex; a search by name needs it.";
+    m_fields.txtBirthDate.hint = "Month, day and year, such as 03/07/1980. Alt+S searches.";
+    for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtGSISNum, &m_fields.txtSSSNum})
+        number->hint = "The search begins when Enter or Tab leaves the field.";
+    m_fields.gridPatientList.hint = "The arrow keys choose a patient, Enter opens the registration.";
 }
 
 void frmMasterSearch::bindKeys() {
@@ -66,7 +78,26 @@ void frmMasterSearch::bindKeys() {
     m_fields.gridPatientList.onKeyPress = [this](ui::KeyPress& press) {
         if (press.code == ui::key::enter)
             openChosen();
+        else if (boxFor(press.code) != nullptr)
+            forgetRows();
     };
+    m_fields.gridPatientList.typesInto = [this](char32_t character) { return boxFor(character); };
+}
+
+// What is typed on the list is the next card (a scanner types its digits wherever the focus is) or the next name.
+ui::TextBox* frmMasterSearch::boxFor(char32_t character) {
+    if (character >= U'0' && character <= U'9')
+        return &m_fields.txtHospNum;
+    char32_t letter = character;
+    data::FilterNameKey(letter);
+    return letter > ui::key::space && letter != U',' && letter != U'-' ? &m_fields.lastName : nullptr;
+}
+
+// An Enter that follows must not open whom the clerk has done with.
+void frmMasterSearch::forgetRows() {
+    m_session.globals.gSelectedHospNum.clear();
+    m_fields.gridPatientList.clear();
+    m_window.setStatus({});
 }
 
 // One group of criteria at a time: what is typed into one empties the others.
@@ -80,14 +111,16 @@ void frmMasterSearch::clearOthers(const ui::Control& kept) {
 }
 
 void frmMasterSearch::bindCriteria() {
-    const auto enableSearch = [this] { m_fields.search.setEnabled(true); };
     for (ui::Control* criterion : std::initializer_list<ui::Control*>{
              &m_fields.lastName, &m_fields.txtBirthDate, &m_fields.txtPHICNum, &m_fields.txtSSSNum,
              &m_fields.txtGSISNum, &m_fields.txtBirthYear, &m_fields.cboBirthMonth, &m_fields.cboBirthDay})
-        criterion->onChange = enableSearch;
-    m_fields.male.onClick = enableSearch;
-    m_fields.female.onClick = enableSearch;
-    m_fields.txtHospNum.onChange = [this] { clearOthers(m_fields.txtHospNum); };
+        criterion->onChange = [this] { criterionChanged(); };
+    for (ui::OptionButton* option : {&m_fields.male, &m_fields.female})
+        option->onClick = [this] { criterionChanged(); };
+    m_fields.txtHospNum.onChange = [this] {
+        clearOthers(m_fields.txtHospNum);
+        m_window.setStatus({});
+    };
     m_fields.txtBirthDate.onValidate = [this](bool& refuse) { refuse = !m_finder.acceptBirthDate(m_window); };
     for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtSSSNum, &m_fields.txtGSISNum})
         number->onValidate = [this, number](bool&) {
@@ -97,10 +130,16 @@ void frmMasterSearch::bindCriteria() {
         };
 }
 
+void frmMasterSearch::criterionChanged() {
+    m_fields.search.setEnabled(true);
+    m_finder.takeBackRefusals();
+    m_window.setStatus({});
+}
+
 void frmMasterSearch::bindActions() {
     m_fields.search.onClick = [this] { search(); };
     m_fields.newSearch.onClick = [this] { newSearch(); };
-    m_fields.newPatient.onClick = [this] { openNew(true); };
+    m_fields.newPatient.onClick = [this] { openNew(); };
     const auto close = [this] {
         m_closedByOperator = true;
         m_window.unload();
@@ -123,6 +162,7 @@ void frmMasterSearch::bindActions() {
 
 void frmMasterSearch::load() {
     m_closedByOperator = true;
+    m_noMatch.clear();
     m_fields.tmrBarCode.stop();
     m_session.globals.gSelectedHospNum.clear();
     blankFields();
@@ -140,9 +180,14 @@ void frmMasterSearch::blankFields() {
         box->setText("");
     for (ui::ComboBox* box : {&m_fields.cboBirthMonth, &m_fields.cboBirthDay})
         box->setText("");
-    m_fields.male.setSelected(false);
-    m_fields.female.setSelected(false);
+    for (ui::OptionButton* option : {&m_fields.male, &m_fields.female}) {
+        option->setSelected(false);
+        option->setRefusal({});
+    }
     m_fields.txtBirthDate.clear();
+    for (ui::Control* field : std::initializer_list<ui::Control*>{&m_fields.lastName, &m_fields.txtBirthDate})
+        field->setRefusal({});
+    m_window.setStatus({});
 }
 
 void frmMasterSearch::search() {
@@ -158,10 +203,11 @@ void frmMasterSearch::search() {
     if (outcome == PatientFinder::Outcome::Refused)
         return;
     m_fields.newPatient.setEnabled(true);
-    if (outcome == PatientFinder::Outcome::NothingFound) {
-        openNew(false);
+    m_noMatch = outcome == PatientFinder::Outcome::NothingFound ? m_finder.nobodyFound() : std::string{};
+    if (!m_noMatch.empty())
+        openNew();
+    if (outcome != PatientFinder::Outcome::Found)
         return;
-    }
     m_fields.gridPatientList.setEnabled(true);
     m_window.setFocus(m_fields.gridPatientList);
 }
@@ -181,10 +227,10 @@ void frmMasterSearch::openChosen() {
     m_window.setFocus(m_fields.gridPatientList); // where the clerk declined, the row stays at hand
 }
 
-void frmMasterSearch::openNew(bool matchesShown) {
+void frmMasterSearch::openNew() {
     const std::string lastName = m_fields.lastName.text();
     m_closedByOperator = false;
-    if (m_opener.Proc_AdmitNewRecord(lastName, matchesShown) && !m_session.globals.gDuplicateLastName.empty())
+    if (m_opener.Proc_AdmitNewRecord(lastName, m_noMatch) && !m_session.globals.gDuplicateLastName.empty())
         showDuplicate();
 }
 

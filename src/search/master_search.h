@@ -24,6 +24,7 @@ class frmMasterSearch {
     bool closedByOperator() const { return m_closedByOperator; }
 
   private:
+    void setHints();
     void bindKeys();
     void bindCriteria();
     void bindActions();
@@ -32,9 +33,12 @@ class frmMasterSearch {
     void search();
     void newSearch();
     void openChosen();
-    void openNew(bool matchesShown);
+    void openNew();
     void showDuplicate();
     void clearOthers(const ui::Control& kept);
+    void criterionChanged();
+    ui::TextBox* boxFor(char32_t character);
+    void forgetRows();
 
     Session& m_session;
     ui::Window m_window{"frmMasterSearch", "Master Patient Search"};
@@ -42,6 +46,7 @@ class frmMasterSearch {
     PatientFinder m_finder{m_session, m_fields};
     PatientOpener m_opener;
     bool m_closedByOperator = false;
+    std::string m_noMatch; ///< what nobody matched in the last search, so that a new patient needs no second thought
 };
 
 } // namespace opd::search

@@ -6,6 +6,8 @@
 #include "platform/ui/window.h"
 #include "search/patient_statements.h"
 
+#include <utility>
+
 namespace opd::search {
 
 namespace {
@@ -20,6 +22,14 @@ std::vector<ui::Grid::Column> resultColumns() {
     std::vector<ui::Grid::Column> columns = ui::gridColumns(resultFormat, {0, 2000, 2000, 2000, 1000, 1100, 0, 6400});
     columns.erase(columns.begin());
     return columns;
+}
+
+constexpr int oldestAge = 140;
+
+std::string patientsFound(std::size_t count) {
+    if (count == 1)
+        return "1 patient found. Enter opens the registration.";
+    return std::to_string(count) + " patients found. The arrow keys choose, Enter opens the registration.";
 }
 
 ui::Grid::Row cellsOf(const std::vector<ado::Value>& values) {
@@ -43,41 +53,62 @@ std::string PatientFinder::Sex() const {
     return m_fields.female.selected() ? "F" : "";
 }
 
+std::optional<int> PatientFinder::age() const {
+    if (m_fields.txtBirthDate.isBlank() || !data::IsDateInRange(m_fields.txtBirthDate.text(), "", "True", true))
+        return std::nullopt;
+    return data::ComputeAge(m_session, m_fields.txtBirthDate.text(), dateText(m_session.clock.now()));
+}
+
+std::string PatientFinder::birthDateFault() const {
+    if (m_fields.txtBirthDate.isBlank())
+        return {};
+    const std::optional<int> years = age();
+    if (!years)
+        return "This is no date. Month, day and year are wanted, such as 03/07/1980.";
+    return *years >= 0 && *years <= oldestAge ? "" : "A patient is 0 to 140 years old.";
+}
+
 bool PatientFinder::acceptBirthDate(ui::Window& window) {
-    const auto invalid = [&] {
+    m_fields.txtAge.setEnabled(false);
+    const std::optional<int> years = age();
+    const std::string fault = birthDateFault();
+    if (years || fault.empty())
+        m_fields.txtAge.setText(years ? std::to_string(*years) : "");
+    if (!fault.empty()) {
         m_session.desktop.ask({.text = "Invalid date of birth...", .icon = ui::Icon::Critical});
         window.setFocus(m_fields.txtBirthDate);
-        return false;
-    };
-    m_fields.txtAge.setEnabled(false);
-    const std::string& birthDate = m_fields.txtBirthDate.text();
-    if (!data::IsDateInRange(birthDate, "", "True", true))
-        return invalid();
-    if (m_fields.txtBirthDate.isBlank()) {
-        m_fields.txtAge.setText("");
-        return true;
+        if (years)
+            m_fields.txtBirthDate.clear();
     }
-    const int age = data::ComputeAge(m_session, birthDate, dateText(m_session.clock.now()));
-    m_fields.txtAge.setText(std::to_string(age));
-    if (age >= 0 && age <= 140)
-        return true;
-    invalid();
-    m_fields.txtBirthDate.clear();
-    return false;
+    m_fields.txtBirthDate.setRefusal(fault); // an emptied box is marked all the same
+    return fault.empty();
+}
+
+void PatientFinder::takeBackRefusals() {
+    if (!text::isBlank(m_fields.lastName.text()))
+        m_fields.lastName.setRefusal({});
+    if (!Sex().empty())
+        for (ui::OptionButton* option : {&m_fields.male, &m_fields.female})
+            option->setRefusal({});
+    if (birthDateFault().empty())
+        m_fields.txtBirthDate.setRefusal({});
 }
 
 bool PatientFinder::acceptNameCriteria(ui::Window& window) {
-    const auto missing = [&](const char* message, ui::Control& field) {
+    const auto missing = [&](const char* message, std::initializer_list<ui::Control*> fields, const char* reason) {
+        for (ui::Control* field : fields)
+            field->setRefusal(reason);
         m_session.desktop.ask({.text = message, .icon = ui::Icon::Critical});
-        window.setFocus(field);
+        window.setFocus(**fields.begin());
         return false;
     };
     if (text::isBlank(m_fields.lastName.text()))
-        return missing("Please fill up the LastName!", m_fields.lastName);
+        return missing("Please fill up the LastName!", {&m_fields.lastName}, "A search by name needs the last name.");
     if (Sex().empty())
-        return missing("Please fill up the Gender!", m_fields.male);
+        return missing("Please fill up the Gender!", {&m_fields.male, &m_fields.female},
+                       "A search by name needs the sex.");
     if (!m_fields.txtBirthDate.isBlank())
-        return acceptBirthDate(window);
+        return true;
     const bool proceed = m_session.desktop.ask({.text = "Incomplete criteria..Do you want to proceed on searching?",
                                                 .buttons = ui::Buttons::YesNo,
                                                 .icon = ui::Icon::Question}) == ui::Answer::Yes;
@@ -86,17 +117,25 @@ bool PatientFinder::acceptNameCriteria(ui::Window& window) {
     return proceed;
 }
 
+bool PatientFinder::isByName() const {
+    return text::isBlank(m_fields.txtHospNum.text()) && text::isBlank(m_fields.txtPHICNum.text()) &&
+           text::isBlank(m_fields.txtSSSNum.text()) && text::isBlank(m_fields.txtGSISNum.text());
+}
+
 PatientFinder::Outcome PatientFinder::search(ui::Window& window) {
-    const bool byName = text::isBlank(m_fields.txtHospNum.text()) && text::isBlank(m_fields.txtPHICNum.text()) &&
-                        text::isBlank(m_fields.txtSSSNum.text()) && text::isBlank(m_fields.txtGSISNum.text());
-    if (byName && !acceptNameCriteria(window))
+    if (isByName() && !acceptNameCriteria(window))
         return Outcome::Refused;
     const ui::BusyPointer busy(m_session.desktop);
     const ado::Recordset patients = run();
+    show(patients.all());
     // A provider that cannot count has rows, as far as anybody knows.
     if (patients.RecordCount() == 0)
         return Proc_PatientSubSearch(window);
-    show(patients.all());
+    const bool withoutBirthDate = isByName() && BirthDate().empty() && !m_fields.txtBirthDate.isBlank();
+    if (withoutBirthDate)
+        m_fields.txtBirthDate.setRefusal(birthDateFault());
+    window.setStatus((withoutBirthDate ? "What stands for the birth date is none and was not searched for: " : "") +
+                     patientsFound(patients.all().rows.size()));
     return Outcome::Found;
 }
 
@@ -114,10 +153,27 @@ ado::Recordset PatientFinder::run() const {
 
 PatientFinder::Outcome PatientFinder::Proc_PatientSubSearch(ui::Window& window) {
     if (!acceptBirthDate(window))
-        return Outcome::Refused;
+        return Outcome::SecondTryRefused;
     const ado::Recordset patients = data::execute(m_session, subSearch(m_fields.lastName.text(), Sex(), BirthDate()));
     show(patients.all());
-    return patients.RecordCount() == 0 ? Outcome::NothingFound : Outcome::Found;
+    if (patients.RecordCount() == 0) {
+        window.setStatus(nobodyFound());
+        return Outcome::NothingFound;
+    }
+    window.setStatus("Nobody matches exactly. By another sex or birth date: " +
+                     patientsFound(patients.all().rows.size()));
+    return Outcome::Found;
+}
+
+std::string PatientFinder::nobodyFound() const {
+    const std::pair<const char*, const ui::TextBox*> numbers[] = {{"card", &m_fields.txtHospNum},
+                                                                  {"PHIC", &m_fields.txtPHICNum},
+                                                                  {"GSIS", &m_fields.txtGSISNum},
+                                                                  {"SSS", &m_fields.txtSSSNum}};
+    for (const auto& [kind, box] : numbers)
+        if (!text::isBlank(box->text()))
+            return std::string{"No patient has the "} + kind + " number " + text::trimmed(box->text()) + ".";
+    return "No patient on file is called " + text::trimmed(m_fields.lastName.text()) + ", of this sex and birth date.";
 }
 
 void PatientFinder::show(const ado::ResultSet& patients) {

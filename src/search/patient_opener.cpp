@@ -44,7 +44,21 @@ void PatientOpener::prepare(const char* formType, const std::string& hospNum, co
     m_registration.SetRegistrationMode();
 }
 
+// Another program may have stored such a number. What the clerk reads must be of use: nobody can leave the sign out
+// here.
+bool PatientOpener::canBeSent(const char* kind, const std::string& number) {
+    if (number.find('\'') == std::string::npos)
+        return true;
+    m_session.desktop.ask({.text = std::string{"The "} + kind + " " + number +
+                                   " holds an apostrophe, and this desk cannot open such a number. Please have it "
+                                   "corrected where it was given out; the patient can be opened then.",
+                           .icon = ui::Icon::Exclamation});
+    return false;
+}
+
 void PatientOpener::openChosen() {
+    if (!canBeSent("hospital number", m_session.globals.gSelectedHospNum))
+        return;
     const std::string openVisitNumber = data::GetOpenVisit(m_session);
     if (openVisitNumber.empty()) {
         openNewVisit(Showing::Modal);
@@ -77,6 +91,7 @@ void PatientOpener::openNewVisit(Showing showing) {
     m_window.unload();
     if (!mayRegister)
         return;
+    m_session.globals.duplicateLedBackTo.clear();
     form.shown();
     if (showing == Showing::Modal)
         m_registration.showModal();
@@ -85,14 +100,17 @@ void PatientOpener::openNewVisit(Showing showing) {
 }
 
 void PatientOpener::openVisit(const std::string& opdNumber) {
+    if (!canBeSent("OPD number", opdNumber))
+        return;
     Unshown form(m_registration);
     prepare("Edit", m_session.globals.gSelectedHospNum, opdNumber);
     m_window.unload();
+    m_session.globals.duplicateLedBackTo.clear();
     form.shown();
     m_registration.showModal();
 }
 
-bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, bool matchesShown) {
+bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, const std::string& noMatch) {
     const ui::Message question{
         .text = "There is at least one record that matches your search criteria.\r\nYou can choose to use that "
                 "registration by double-click on the person's name on the list.\r\nAre you sure you want to create a "
@@ -101,14 +119,18 @@ bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, bool matche
         .buttons = ui::Buttons::YesNoCancel,
         .icon = ui::Icon::Exclamation,
         .defaultAnswer = ui::Answer::Cancel};
-    if (matchesShown && m_session.desktop.ask(question) != ui::Answer::Yes)
+    if (noMatch.empty() && m_session.desktop.ask(question) != ui::Answer::Yes)
         return false;
     Unshown form(m_registration);
     m_registration.setLastName(lastName);
     prepare("NEW", "NEW", toBeGenerated);
+    if (!noMatch.empty())
+        m_registration.setStatus(noMatch + " This is a new patient.");
     m_window.unload();
     form.shown();
     m_registration.showModal();
+    if (m_session.globals.gDuplicateLastName.empty()) // registered or given up: the namesake is of no concern any more
+        m_session.globals.duplicateLedBackTo.clear();
     return true;
 }
 

@@ -19,12 +19,14 @@ class PatientOpener {
         : m_session(session), m_registration(registration), m_window(searchWindow) {}
 
     /// Opens the patient of `gSelectedHospNum` for a new visit or for the visit still open, as the clerk answers. The
-    /// search window is unloaded unless the clerk declined. Throws ado::Error.
+    /// search window is unloaded unless the clerk declined or the patient cannot be opened, which is told. Throws
+    /// ado::Error.
     void openChosen();
 
-    /// Opens the form for a patient not yet on file and returns when it is closed. The clerk confirms first when
-    /// `matchesShown`. False when the clerk declined. Throws ado::Error.
-    bool Proc_AdmitNewRecord(const std::string& lastName, bool matchesShown);
+    /// Opens the form for a patient not yet on file and returns when it is closed. `noMatch` says in words what nobody
+    /// on file matched, which the form repeats; where it is empty the clerk confirms first. False when the clerk
+    /// declined. Throws ado::Error.
+    bool Proc_AdmitNewRecord(const std::string& lastName, const std::string& noMatch);
 
   private:
     enum class Showing { Modal, Modeless };
@@ -32,6 +34,7 @@ class PatientOpener {
     void openNewVisit(Showing showing);
     void openVisit(const std::string& opdNumber);
     void prepare(const char* formType, const std::string& hospNum, const std::string& admissionNumber);
+    bool canBeSent(const char* kind, const std::string& number);
     bool confirmed(const std::string& text, const std::string& caption, ui::Icon icon);
 
     Session& m_session;

@@ -21,6 +21,9 @@ class RegistrationOpener {
     /// In "New" mode: true when the patient may be registered today; otherwise the clerk was told why not.
     virtual bool SearchPatient() = 0;
 
+    /// Says something in the status line of the loaded form.
+    virtual void setStatus(const std::string& status) = 0;
+
     virtual void showModal() = 0; ///< returns when the form is closed
     virtual void show() = 0;      ///< returns at once
 

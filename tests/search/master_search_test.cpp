@@ -17,11 +17,16 @@ class OpenerLog final : public search::RegistrationOpener {
     void setHospNum(const std::string& number) override { log += "hosp " + number + "; "; }
     void setAdmissionNumber(const std::string& number) override { log += "opd " + number + "; "; }
     void setLastName(const std::string& name) override { log += "name " + name + "; "; }
-    void SetRegistrationMode() override { log += "mode; "; }
+    void SetRegistrationMode() override {
+        log += "mode; ";
+        if (failsToLoad)
+            throw ado::Error("The server is gone.");
+    }
     bool SearchPatient() override {
         log += "check; ";
         return mayRegister;
     }
+    void setStatus(const std::string& said) override { status = said; }
     void showModal() override {
         log += "modal; ";
         if (onShow)
@@ -31,7 +36,9 @@ class OpenerLog final : public search::RegistrationOpener {
     void discard() override { log += "discard; "; }
 
     std::string log;
+    std::string status;
     bool mayRegister = true;
+    bool failsToLoad = false;
     std::function<void()> onShow;
 };
 
@@ -149,7 +156,8 @@ TEST(MasterSearch, TheCriteriaChooseTheStatement) {
     }
 }
 
-TEST(MasterSearch, RefusedCriteriaSearchNothingAndStandAtTheMistake) {
+TEST(MasterSearch, RefusedCriteriaAreMarkedUntilTheyArePutRight) {
+    const char* const byName = "Patient_Data..sp_Adm_MasterPatientSearch 'CRUZ','','','M','','";
     const struct {
         const char* name;
         const char* birthDate;
@@ -157,12 +165,14 @@ TEST(MasterSearch, RefusedCriteriaSearchNothingAndStandAtTheMistake) {
         ui::Answer answer;
         const char* message;
         const char* focus;
+        const char* sent; ///< behind the name search's beginning; a refused birth date stops the second try alone
     } cases[] = {
-        {"", "", false, ui::Answer::Ok, "Please fill up the LastName!", "txtName(0)"},
-        {"CRUZ", "", false, ui::Answer::Ok, "Please fill up the Gender!", "Option1(0)"},
-        {"CRUZ", "", true, ui::Answer::No, "Incomplete criteria..Do you want to proceed on searching?", "txtBirthDate"},
-        {"CRUZ", "02/30/1980", true, ui::Answer::Ok, "Invalid date of birth...", "txtBirthDate"},
-        {"CRUZ", "01/01/1880", true, ui::Answer::Ok, "Invalid date of birth...", "txtBirthDate"},
+        {"", "", false, ui::Answer::Ok, "Please fill up the LastName!", "txtName(0)", nullptr},
+        {"CRUZ", "", false, ui::Answer::Ok, "Please fill up the Gender!", "Option1(0)", nullptr},
+        {"CRUZ", "", true, ui::Answer::No, "Incomplete criteria..Do you want to proceed on searching?", "txtBirthDate",
+         nullptr},
+        {"CRUZ", "02/30/1980", true, ui::Answer::Ok, "Invalid date of birth...", "txtBirthDate", "',0,0\n"},
+        {"CRUZ", "01/01/1880", true, ui::Answer::Ok, "Invalid date of birth...", "txtBirthDate", "1880.01.01',0,0\n"},
     };
     for (const auto& criteria : cases) {
         SCOPED_TRACE(criteria.message);
@@ -176,7 +186,18 @@ TEST(MasterSearch, RefusedCriteriaSearchNothingAndStandAtTheMistake) {
             window.click(fields.search);
             EXPECT_EQ(desk.desktop.messages.back().text, criteria.message);
             EXPECT_EQ(window.focus()->name(), criteria.focus);
-            EXPECT_EQ(desk.provider->log, "");
+            EXPECT_EQ(desk.provider->log, criteria.sent == nullptr ? "" : std::string{byName} + criteria.sent);
+            EXPECT_EQ(fields.newPatient.enabled(), criteria.sent != nullptr);
+            EXPECT_EQ(window.focus()->refusal().empty(), criteria.answer == ui::Answer::No);
+            EXPECT_EQ(window.statusLine(),
+                      criteria.answer == ui::Answer::No ? fields.txtBirthDate.hint : window.focus()->refusal());
+
+            window.edited(fields.lastName, "CRUZ");
+            window.edited(fields.txtBirthDate, "03/07/1980");
+            window.click(fields.male);
+            for (const ui::Control* field :
+                 std::initializer_list<ui::Control*>{&fields.lastName, &fields.male, &fields.txtBirthDate})
+                EXPECT_EQ(field->refusal(), "") << field->name();
         });
     }
 }
@@ -209,6 +230,49 @@ TEST(MasterSearch, TypingIntoOneGroupEmptiesTheOthersAndTheScanTimerSearches) {
     });
 }
 
+TEST(MasterSearch, WhatIsTypedOnTheListIsTheNextCardOrNameAndTheOldRowIsForgotten) {
+    for (const bool isCard : {true, false}) {
+        SearchDesk desk;
+        desk.provider->answer("Patient_Data..proc_Bar", desk.patients());
+        desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+            fields.txtHospNum.setText("7");
+            fields.search.setEnabled(true);
+            window.click(fields.search);
+            EXPECT_EQ(window.focus(), &fields.gridPatientList);
+            EXPECT_EQ(window.statusLine(), "2 patients found. The arrow keys choose, Enter opens the registration.");
+            TestDesktop::type(window, isCard ? "00000009" : "ñoval");
+            EXPECT_EQ(isCard ? fields.txtHospNum.text() : fields.lastName.text(), isCard ? "00000009" : "ÑOVAL");
+            window.pressKey(ui::key::enter); // the scanner's
+            EXPECT_TRUE(window.isOpen());
+            EXPECT_EQ(fields.gridPatientList.rowCount(), 0);
+            EXPECT_EQ(desk.globals.gSelectedHospNum, "");
+            EXPECT_EQ(fields.txtHospNum.text(), isCard ? "00000009" : "");
+            EXPECT_EQ(fields.tmrBarCode.running(), isCard);
+        });
+        EXPECT_EQ(desk.opener.log, "");
+    }
+}
+
+TEST(MasterSearch, ANumberWithAnApostropheIsToldPlainlyAndNeverSent) {
+    SearchDesk desk;
+    ado::ResultSet odd = desk.patients();
+    odd.rows[0][3] = "00'07";
+    desk.provider->answer("Patient_Data..proc_Bar", odd);
+    desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        fields.txtHospNum.setText("7");
+        fields.search.setEnabled(true);
+        window.click(fields.search);
+        desk.provider->log.clear();
+        desk.desktop.answer(ui::Answer::Ok);
+        window.pressKey(ui::key::enter);
+        EXPECT_EQ(desk.desktop.messages.back().text,
+                  "The hospital number 00'07 holds an apostrophe, and this desk cannot open such a number. Please have "
+                  "it corrected where it was given out; the patient can be opened then.");
+        EXPECT_TRUE(window.isOpen());
+        EXPECT_EQ(desk.provider->log, "");
+    });
+}
+
 TEST(MasterSearch, LeavingAMemberNumberSearchesOnceAndAnEmptyOneNever) {
     SearchDesk desk;
     desk.provider->answer("Patient_Data..", desk.patients());
@@ -238,7 +302,24 @@ TEST(MasterSearch, WithoutAnyMatchTheNewPatientOpensAtOnceAndAfterOneOnlyWhenCon
     EXPECT_EQ(nobody.provider->log, "Patient_Data..sp_Adm_MasterPatientSearch 'QUIZON','','','M','','1980.03.07',0,0\n"
                                     "Patient_Data..sp_Adm_MasterPatientSubSearch 'QUIZON','M','1980.03.07'\n");
     EXPECT_EQ(nobody.opener.log, "name QUIZON; type NEW; hosp NEW; opd (TO BE GENERATED); mode; modal; ");
+    EXPECT_EQ(nobody.opener.status,
+              "No patient on file is called QUIZON, of this sex and birth date. This is a new patient.");
     EXPECT_FALSE(nobody.form.closedByOperator());
+
+    // An opening that failed leaves the window, and the next try needs no second thought either.
+    SearchDesk failing;
+    failing.opener.failsToLoad = true;
+    failing.open([&](ui::Window& window, MasterSearchFields& fields) {
+        fields.txtHospNum.setText("7");
+        fields.search.setEnabled(true);
+        failing.desktop.answer(ui::Answer::Ok);
+        window.click(fields.search);
+        EXPECT_EQ(window.statusLine(), "No patient has the card number 7.");
+        failing.opener.failsToLoad = false;
+        window.click(fields.newPatient);
+        EXPECT_FALSE(window.isOpen());
+    });
+    EXPECT_EQ(failing.desktop.messages.size(), 1U);
 
     SearchDesk somebody;
     somebody.provider->answer("Patient_Data..proc_Bar", somebody.patients());
@@ -371,6 +452,24 @@ TEST(MasterSearch, APatientFoundOnFileWhileRegisteringIsSearchedForInAFreshWindo
         window.click(fields.search);
     });
     EXPECT_TRUE(desk.form.closedByOperator());
+}
+
+TEST(MasterSearch, TheNamesakeIsForgottenWhenAnotherPatientWasOpenedOrRegistered) {
+    for (const bool opensAnother : {true, false}) {
+        SearchDesk desk;
+        desk.globals.duplicateLedBackTo = "REYES|08/15/1985";
+        if (opensAnother)
+            desk.provider->answer("Patient_Data..proc_Bar", desk.patients());
+        desk.opener.onShow = [&] { EXPECT_EQ(desk.globals.duplicateLedBackTo.empty(), opensAnother); };
+        desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+            fields.txtHospNum.setText("7");
+            fields.search.setEnabled(true);
+            window.click(fields.search);
+            if (opensAnother)
+                window.pressKey(ui::key::enter);
+        });
+        EXPECT_EQ(desk.globals.duplicateLedBackTo, "") << desk.opener.log;
+    }
 }
 
 TEST(MasterSearch, AFailingDatabaseIsReportedAndTheSearchCanBeTriedAgain) {

@@ -5,7 +5,6 @@
 #include "platform/text/text.h"
 
 #include <cmath>
-#include <vector>
 
 namespace opd::adapters::sqlite {
 
@@ -106,24 +105,15 @@ void afterComma(sqlite3_context* context, int, sqlite3_value** arguments) {
     answer(context, comma == std::string::npos ? std::string{} : text::trimmed(text.substr(comma + 1)));
 }
 
-/// True when the given names begin with what is typed behind a comma: first words of the first name, then perhaps some
-/// of the middle name. "MARIA S" fits "MARIA LUZ" with "SANTOS".
-bool fitGivenNames(const std::string& first, const std::string& middle, std::string_view typed) {
-    std::vector<std::string> words(1);
-    for (const char character : typed)
-        if (character != ' ' && character != ',')
-            words.back() += character;
-        else if (!words.back().empty())
-            words.emplace_back();
+/// True when both given names begin with what is typed behind a comma: words of the first name, then perhaps some of
+/// the middle name. "MARIA S" fits "MARIA LUZ" with "SANTOS".
+bool fitGivenNames(const std::string& first, std::string_view middle, std::string_view typed) {
     const std::string firstName = text::searchedName(first);
-    const std::string middleName = text::searchedName(middle);
-    std::string beginning;
-    for (std::size_t count = 1; count <= words.size(); ++count) {
-        beginning += text::searchedName(words[count - 1]);
-        std::string rest;
-        for (std::size_t i = count; i < words.size(); ++i)
-            rest += text::searchedName(words[i]);
-        if (firstName.starts_with(beginning) && middleName.starts_with(rest))
+    for (std::size_t end = 0; end < typed.size();) {
+        end = std::min(typed.find_first_of(" ,", typed.find_first_not_of(" ,", end)), typed.size());
+        if (!firstName.starts_with(text::searchedName(typed.substr(0, end))))
+            return false; // no longer beginning fits either
+        if (text::searchedName(middle).starts_with(text::searchedName(typed.substr(end))))
             return true;
     }
     return false;

@@ -60,8 +60,10 @@ void QtDriver::click(ui::Control& control) {
 void QtDriver::doubleClick(ui::Grid& grid) {
     if (const ControlView* target = view(grid)) {
         auto* table = static_cast<QTableView*>(target->widget());
-        table->scrollTo(table->currentIndex());
-        hands::doubleClick(*table->viewport(), table->visualRect(table->currentIndex()).center());
+        const QModelIndex current = table->currentIndex();
+        table->scrollTo(current);
+        const QRect place = current.isValid() ? table->visualRect(current) : table->viewport()->rect();
+        hands::doubleClick(*table->viewport(), place.center());
     }
     hands::settle();
 }

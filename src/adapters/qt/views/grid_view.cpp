@@ -2,12 +2,14 @@
 
 #include "adapters/qt/qt_text.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
 #include <QTableView>
 
 #include <algorithm>
+#include <utility>
 
 namespace opd::qt {
 
@@ -62,8 +64,24 @@ void GridTable::detach() {
     endResetModel();
 }
 
+EmptyTableClicks::EmptyTableClicks(QTableView& table, std::function<void()> doubleClicked)
+    : m_table(table), m_doubleClicked(std::move(doubleClicked)) {
+    m_table.viewport()->installEventFilter(this);
+}
+
+bool EmptyTableClicks::eventFilter(QObject* viewport, QEvent* event) {
+    if (event->type() != QEvent::MouseButtonDblClick || m_table.model()->rowCount() > 0)
+        return QObject::eventFilter(viewport, event);
+    m_doubleClicked();
+    return true;
+}
+
 GridView::GridView(ui::Grid& grid, QWidget* widget)
-    : ControlView(grid, widget, nullptr), m_grid(grid), m_table(static_cast<QTableView*>(widget)), m_rows(grid) {
+    : ControlView(grid, widget, nullptr), m_grid(grid), m_table(static_cast<QTableView*>(widget)), m_rows(grid),
+      m_emptyClicks(*m_table, [this] {
+          if (!isReleased())
+              window().doubleClick(m_grid);
+      }) {
     prepare();
     QObject::connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, m_table,
                      [this](const QModelIndex& current) {
@@ -133,7 +151,7 @@ void GridView::showCurrentCell() {
     const QModelIndex current = m_table->currentIndex();
     const bool there = m_grid.picksCells ? current == wanted : current.row() == wanted.row();
     if (!wanted.isValid())
-        m_table->clearSelection();
+        m_table->selectionModel()->clear();
     else if (!there || !m_table->selectionModel()->hasSelection())
         m_table->setCurrentIndex(wanted);
 }

@@ -4,9 +4,23 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
+
 class QTableView;
 
 namespace opd::qt {
+
+/// Notices a double click on a table without rows, which no signal of the table tells.
+class EmptyTableClicks final : public QObject {
+  public:
+    EmptyTableClicks(QTableView& table, std::function<void()> doubleClicked);
+
+    bool eventFilter(QObject* viewport, QEvent* event) override;
+
+  private:
+    QTableView& m_table;
+    std::function<void()> m_doubleClicked;
+};
 
 /// Reads the rows straight from the grid; nothing is copied, so any number of rows shows at once.
 class GridTable final : public QAbstractTableModel {
@@ -47,6 +61,7 @@ class GridView final : public ControlView {
     ui::Grid& m_grid;
     QTableView* m_table;
     GridTable m_rows;
+    EmptyTableClicks m_emptyClicks;
     bool m_writing = false; // the selection follows the model and is no choice of the clerk
 };
 

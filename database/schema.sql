@@ -68,6 +68,7 @@ CREATE INDEX Patient_Data_tbMaster_BirthDate ON Patient_Data_tbMaster (BirthDate
 CREATE INDEX Patient_Data_tbMaster_PHIC ON Patient_Data_tbMaster (PHICNum) WHERE PHICNum IS NOT NULL;
 CREATE INDEX Patient_Data_tbMaster_GSIS ON Patient_Data_tbMaster (GSISNum) WHERE GSISNum IS NOT NULL;
 CREATE INDEX Patient_Data_tbMaster_SSS ON Patient_Data_tbMaster (SSSNum) WHERE SSSNum IS NOT NULL;
+CREATE INDEX Patient_Data_tbMaster_FileNum ON Patient_Data_tbMaster (FileNum) WHERE FileNum IS NOT NULL;
 
 -- The extended record: contacts, parents, spouse, employment.
 CREATE TABLE Patient_Data_tbMaster2 (

@@ -38,7 +38,7 @@ void reportFailure(const Session& session, const std::exception& failure) {
     if (session.globals.gConnection && session.globals.gConnection->inTransaction()) {
         try {
             session.globals.gConnection->RollbackTrans();
-        } catch (const ado::Error&) { // a connection that is lost has rolled back by itself
+        } catch (const std::exception&) { // a connection that is lost has rolled back by itself
         }
     }
     session.desktop.setBusy(false);

@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace opd::registration {
 
@@ -75,6 +76,22 @@ struct Record {
     std::string PatientTypeCode;
     std::string CorvanePatientCode;
     std::string HemoCode;
+
+    /// Takes out what was looked up: it belongs to the session that looked it up, and is looked up again by its id.
+    void emptySlots() {
+        for (auto& slot : Service)
+            slot.empty();
+        for (auto& slot : Allergy)
+            slot.empty();
+        for (auto& slot : AttendingDoctor)
+            slot.empty();
+    }
+
+    // How far the save came.
+    bool lacksNumber = false;  ///< the last try could draw no number: nothing is stored, and what was typed is kept
+    bool mayBeWritten = false; ///< a commit went without an answer
+    bool isWritten = false;    ///< patient and visit are stored; what belongs to them may still be missing
+    std::vector<std::string> countedDoctors; ///< whose consultations the stored visit has counted
 };
 
 } // namespace opd::registration

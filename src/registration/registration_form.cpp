@@ -1,6 +1,7 @@
 #include "registration/registration_form.h"
 
 #include "data/rows.h"
+#include "registration/kept/kept_registrations.h"
 #include "registration/load/form_load.h"
 #include "registration/photo/photo.h"
 #include "registration/revoke/revoke.h"
@@ -19,7 +20,7 @@
 namespace opd::registration {
 
 RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
-    : m_session(session), m_lastName(opening.lastName) {
+    : m_session(session), m_patient(opening.HospNum), m_lastName(opening.lastName) {
     m_record.FormType = opening.FormType;
     m_record.HospNum = opening.HospNum;
     m_record.AdmissionNumber = opening.AdmissionNumber;
@@ -55,6 +56,7 @@ void RegistrationForm::SetRegistrationMode() {
     m_fields.buttons.cmdUpdate.setVisible(false);
     if (m_record.isNewPatient())
         m_window.setFocus(m_fields.header.txtLastName);
+    m_continuesKept = offerKeptRegistration(m_context, m_patient);
 }
 
 void RegistrationForm::bindButtons() {
@@ -82,18 +84,27 @@ void RegistrationForm::disableIdleButtons() {
 
 void RegistrationForm::save(bool updateOnly) {
     if (ValidateData(m_context) && SaveData(m_context, updateOnly))
-        m_window.unload();
+        close();
+}
+
+// Without a number nothing is stored, and what was typed must not go with the form.
+void RegistrationForm::close() {
+    if (m_record.lacksNumber)
+        keepRegistration(m_context, m_patient);
+    else if (m_continuesKept)
+        forgetKeptRegistration(m_session, m_patient);
+    m_window.unload();
 }
 
 void RegistrationForm::saveAndPrint() {
     if (!ValidateData(m_context) || !SaveData(m_context, false))
         return;
-    const bool wasWritten = !m_record.SaveIDNum.empty(); // not where no number could be drawn
+    const bool wasWritten = !m_record.lacksNumber;
     if (wasWritten)
         reports::PrepareReport(
             m_session, m_session.devices.moduleFolder / "Reports" / "DataSheet.rpt",
             {savedVisit(m_record), m_session.globals.gCompanyName, m_session.globals.gCompanyAddress});
-    m_window.unload();
+    close();
     if (wasWritten)
         reports::ShowReport(m_session, false, "Out-Patient & Emergency Room Record", false);
 }
@@ -103,8 +114,11 @@ void RegistrationForm::cancel() {
                                .caption = "OPD Registration System",
                                .buttons = ui::Buttons::OkCancel,
                                .icon = ui::Icon::Question};
-    if (m_session.desktop.ask(question) != ui::Answer::Cancel)
-        m_window.unload();
+    if (m_session.desktop.ask(question) == ui::Answer::Cancel)
+        return;
+    if (m_continuesKept)
+        forgetKeptRegistration(m_session, m_patient); // the clerk gives it up
+    m_window.unload();
 }
 
 void RegistrationForm::endConsultation() {

@@ -30,13 +30,15 @@ class RegistrationForm {
     Record& record() { return m_record; }
     FormContext& context() { return m_context; }
 
-    /// Loads the form by its type, hospital number and OPD number, and lays it out in full. Throws ado::Error.
+    /// Loads the form by its type, hospital number and OPD number, and lays it out in full; offers what was typed into
+    /// one for the same patient that could not be saved. Throws ado::Error.
     void SetRegistrationMode();
 
   private:
     void bindButtons();
     void disableIdleButtons();
     void save(bool updateOnly);
+    void close();
     void saveAndPrint();
     void cancel();
     void endConsultation();
@@ -48,7 +50,9 @@ class RegistrationForm {
     search::clsSearch m_codes{m_session};
     search::frmSearchChiefComplaint m_complaints{m_session};
     FormContext m_context{m_session, m_window, m_fields, m_record, m_codes, m_complaints};
+    const std::string m_patient; ///< whom the form was opened for; a saved new patient has a number by then
     std::string m_lastName;
+    bool m_continuesKept = false; ///< holds what an earlier form could not save
 };
 
 } // namespace opd::registration

@@ -6,8 +6,13 @@
 #include "platform/report/engine.h"
 
 #include <array>
+#include <map>
 #include <memory>
 #include <string>
+
+namespace opd::registration {
+struct KeptRegistration;
+}
 
 namespace opd {
 
@@ -94,6 +99,10 @@ struct Globals : FeatureFlags {
     std::string gDuplicateBirthDate;
     std::string gDuplicateSex;
     std::string duplicateLedBackTo; ///< the last of these patients, so that a twin can be registered the second time
+
+    /// What was typed into registrations that could not be saved, by hospital number or "NEW"; until each is saved or
+    /// given up.
+    std::map<std::string, std::shared_ptr<const registration::KeptRegistration>> keptRegistrations;
 
     bool gForceSearch = false;   ///< a lookup button asks the next lookup to list everything
     std::string AccountTypeCode; ///< "P" patient pays, "C" company; set when a registration is checked

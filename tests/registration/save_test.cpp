@@ -129,7 +129,8 @@ TEST(Save, AFailureInsideTheTransactionRollsBackAndKeepsEverythingTyped) {
     desk.desktop.work([&](ui::Window& window) {
         desk.desktop.answer(ui::Answer::Ok);
         window.click(desk.form->fields().buttons.cmdSave);
-        EXPECT_EQ(desk.desktop.messages.back().text, "The disk is full.");
+        EXPECT_EQ(desk.desktop.messages.back().text,
+                  "The disk is full.\r\n\r\nNothing was saved. What was typed is still here; you can try again.");
         EXPECT_TRUE(window.isOpen());
         EXPECT_FALSE(desk.desktop.isBusy());
         EXPECT_EQ(desk.form->fields().header.txtLastName.text(), "DELA CRUZ");
@@ -147,20 +148,39 @@ TEST(Save, AFailureInsideTheTransactionRollsBackAndKeepsEverythingTyped) {
     desk.desktop.showModal(desk.form->window());
 }
 
-TEST(Save, AFailureBehindTheCommitWritesTheSameVisitAgainAndNoSecondOne) {
-    for (const char* failing : {"Patient_Data..sp_Adm_UpdateMaster2", "Delete Patient_Data..tbMasterDependent",
-                                "Update Patient_data..tbOutPatient set isWalkIn"}) {
+TEST(Save, AFailureBehindTheCommitNamesWhatIsMissingAndWritesTheSameVisitAgain) {
+    const struct {
+        const char* failing;
+        const char* missing;
+    } cases[] = {
+        {"Patient_Data..sp_Adm_UpdateMaster2",
+         "contacts, parents and employment, dependents, medical history, treatments, walk-in mark, "
+         "file number"},
+        {"Delete Patient_Data..tbMasterDependent",
+         "dependents, medical history, treatments, walk-in mark, file number"},
+        {"Update Patient_data..tbOutPatient set isWalkIn", "walk-in mark, file number"},
+        {"Patient_data..OPD_UpdateFileNum", "file number"},
+    };
+    for (const auto& [failing, missing] : cases) {
         SCOPED_TRACE(failing);
         FormFixture desk;
+        desk.globals.isAllowOPFileNumbering = true;
         desk.openNewPatient();
         desk.fillRequired();
+        desk.form->fields().consultation.doctorCode1.setText("D001");
         desk.provider->failOn(failing, "The connection is lost.");
         desk.desktop.work([&](ui::Window& window) {
             desk.desktop.answer(ui::Answer::Ok);
+            if (std::string{failing}.ends_with("FileNum")) // the clerk was told of the visit by then
+                desk.desktop.answer(ui::Answer::Ok);
             window.click(desk.form->fields().buttons.cmdSave);
             EXPECT_TRUE(window.isOpen());
-            EXPECT_EQ(desk.desktop.messages.back().text, "The connection is lost.");
+            EXPECT_EQ(desk.desktop.messages.back().text,
+                      std::string{"The connection is lost.\r\n\r\nThe visit is saved as Hosp. # (00000012) and Case # "
+                                  "(26A0000007B). Still missing: "} +
+                          missing + ". Please try again to complete it; that makes no second visit.");
             EXPECT_NE(desk.provider->log.find("commit"), std::string::npos);
+            EXPECT_NE(desk.provider->log.find("DoctorConsultation 'D001'"), std::string::npos);
             EXPECT_EQ(desk.form->fields().header.txtOPDNum.text(), "26A0000007B");
 
             desk.provider->forgetRules(failing);
@@ -168,6 +188,7 @@ TEST(Save, AFailureBehindTheCommitWritesTheSameVisitAgainAndNoSecondOne) {
             desk.desktop.answer(ui::Answer::Ok);
             window.click(desk.form->fields().buttons.cmdSave);
             EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+            EXPECT_EQ(desk.provider->log.find("DoctorConsultation"), std::string::npos) << "counted twice";
             EXPECT_NE(desk.provider->log.find("sp_aopd_Update_tbOutpatient '00000012','26A0000007B'"),
                       std::string::npos);
             EXPECT_TRUE(desk.desktop.messages.back().text.ends_with("Case # (26A0000007B)."));
@@ -233,6 +254,29 @@ TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
         EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
         EXPECT_EQ(desk.provider->log.find("begin"), std::string::npos);
     }
+}
+
+TEST(Save, ANumberThatIsNoneHasFailed) {
+    for (const ado::Value& none : {ado::Value{}, ado::Value{std::string{"  "}}})
+        for (const auto& [output, text] : {std::pair{"@HospNum", "Unable to assign a new hospnum"},
+                                           {"@IdNum", "Unable to assign a new OPD Number"}}) {
+            SCOPED_TRACE(text);
+            FormFixture desk;
+            desk.openNewPatient();
+            desk.fillRequired();
+            for (auto& [name, value] : desk.provider->outputs)
+                if (name == output)
+                    value = none;
+            desk.desktop.work([&](ui::Window& window) {
+                desk.desktop.answer(ui::Answer::Ok);
+                window.click(desk.form->fields().buttons.cmdSave);
+                EXPECT_FALSE(window.isOpen());
+            });
+            desk.desktop.showModal(desk.form->window());
+            EXPECT_TRUE(desk.desktop.messages.back().text.starts_with(
+                std::string{text} + "\r\n\r\nThe database gave no number.\r\n\r\nNothing was saved."));
+            EXPECT_EQ(desk.provider->log.find("begin"), std::string::npos);
+        }
 }
 
 TEST(Save, MarkersFollowTheFlagsTheClientAndTheBoxes) {

@@ -4,13 +4,27 @@
 #include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 
+#include <algorithm>
+#include <thread>
 #include <variant>
 
 namespace opd::adapters::sqlite {
 
 namespace {
 
-constexpr int busyTimeoutMilliseconds = 5000;
+using namespace std::chrono_literals;
+
+/// From when on a statement is told of, and how often.
+constexpr auto toldAfter = 150ms;
+constexpr auto toldEvery = 40ms;
+
+/// How long a waiting statement sleeps before it asks for the lock again: short, because whoever asks more often gets
+/// it.
+constexpr auto shortestNap = 1ms;
+constexpr auto longestNap = 10ms;
+
+/// After how many steps of the engine a working statement looks at the clock.
+constexpr int stepsBetweenLooks = 20000;
 
 void check(const Database& database, int result) {
     if (result != SQLITE_OK)
@@ -27,6 +41,30 @@ std::filesystem::path databaseFile(const std::filesystem::path& folder) {
     return folder / "hospital.db";
 }
 
+void Database::Waiting::tell(Moment now) {
+    if (!onWait || now - begun < toldAfter || now - told < toldEvery)
+        return;
+    onWait();
+    told = std::chrono::steady_clock::now(); // what was told may have taken its time
+}
+
+int Database::Waiting::onBusy(void* waiting, int times) {
+    Waiting& self = *static_cast<Waiting*>(waiting);
+    const Moment now = std::chrono::steady_clock::now();
+    if (times == 0)
+        self.lockedSince = now;
+    if (now - self.lockedSince >= self.patience)
+        return 0;
+    self.tell(now);
+    std::this_thread::sleep_for(std::min<std::chrono::milliseconds>(shortestNap * (times + 1), longestNap));
+    return 1;
+}
+
+int Database::Waiting::onProgress(void* waiting) {
+    static_cast<Waiting*>(waiting)->tell(std::chrono::steady_clock::now());
+    return 0;
+}
+
 Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) {
     sqlite3* handle = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
@@ -35,13 +73,23 @@ Database::Database(const std::filesystem::path& file, Mode mode, const Clock& cl
     if (result != SQLITE_OK)
         fail();
     sqlite3_extended_result_codes(handle, 1);
-    sqlite3_busy_timeout(handle, busyTimeoutMilliseconds);
+    sqlite3_busy_handler(handle, &Waiting::onBusy, m_waiting.get());
+    sqlite3_progress_handler(handle, stepsBetweenLooks, &Waiting::onProgress, m_waiting.get());
+    statementBegins();
     registerFunctions(handle, clock);
 }
 
 void Database::run(const std::string& sql) {
     if (sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         fail();
+}
+
+void Database::throwIfMoved() const {
+    int moved = 0;
+    if (sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0)
+        throw serverError("The hospital's database file was removed or replaced while this desk was working. What is "
+                          "saved now would be lost: close the desk and start it again.",
+                          5120, "HY000");
 }
 
 void Database::fail() const {

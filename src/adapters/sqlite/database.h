@@ -3,7 +3,9 @@
 #include "platform/ado/value.h"
 #include "platform/clock/clock.h"
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <sqlite3.h>
 #include <string>
@@ -30,6 +32,19 @@ class Database {
     /// Runs statements that answer no rows. Throws ado::Error.
     void run(const std::string& sql);
 
+    /// How long it waits for a lock that others hold; 5 seconds to begin with.
+    void setPatience(std::chrono::milliseconds patience) { m_waiting->patience = patience; }
+
+    /// Sets what is told over and over while a statement waits for a lock or works for long. It throws nothing.
+    void setOnWait(std::function<void()> onWait) { m_waiting->onWait = std::move(onWait); }
+
+    /// A statement begins: what it takes from here on is what is called long.
+    void statementBegins() { m_waiting->begun = std::chrono::steady_clock::now(); }
+
+    /// Throws ado::Error when the file was removed, or another one put in its place, since it was opened: what is
+    /// written then is lost.
+    void throwIfMoved() const;
+
     /// Throws ado::Error with the handle's last failure.
     [[noreturn]] void fail() const;
 
@@ -37,6 +52,23 @@ class Database {
     struct Close {
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
+
+    /// What the library's own handlers work with; it stays where it is.
+    struct Waiting {
+        using Moment = std::chrono::steady_clock::time_point;
+
+        std::chrono::milliseconds patience{std::chrono::seconds{5}};
+        std::function<void()> onWait;
+        Moment begun;
+        Moment told;
+        Moment lockedSince;
+
+        void tell(Moment now);
+        static int onBusy(void* waiting, int times);
+        static int onProgress(void* waiting);
+    };
+
+    std::unique_ptr<Waiting> m_waiting = std::make_unique<Waiting>(); // outlives the handle
     std::unique_ptr<sqlite3, Close> m_handle;
 };
 

@@ -14,7 +14,7 @@ ado::Error errorOf(sqlite3* handle) {
     case SQLITE_LOCKED:
         return serverError("The hospital's database is in use by another program. Please try again.", 1222, "HYT00");
     case SQLITE_FULL:
-        return serverError("The disk of the hospital's database is full. Nothing was saved.", 1105, "HY000");
+        return serverError("The disk of the hospital's database is full.", 1105, "HY000");
     case SQLITE_READONLY:
         return serverError("The hospital's database is read-only.", 3906, "25000");
     case SQLITE_IOERR:
@@ -26,6 +26,8 @@ ado::Error errorOf(sqlite3* handle) {
     case SQLITE_CANTOPEN:
         return serverError("The hospital's database file cannot be opened (" + detail + ").", 5120, "08001");
     case SQLITE_CONSTRAINT:
+        if (extended == SQLITE_CONSTRAINT_TRIGGER) // the detail is a sentence of this adapter's own
+            return serverError(detail, 2627, "23000");
         if (extended == SQLITE_CONSTRAINT_PRIMARYKEY || extended == SQLITE_CONSTRAINT_UNIQUE)
             return serverError("Violation of PRIMARY KEY constraint (" + detail + ").", 2627, "23000");
         return serverError("The statement conflicts with a constraint (" + detail + ").", 547, "23000");

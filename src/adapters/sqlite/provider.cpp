@@ -1,10 +1,12 @@
 #include "adapters/sqlite/provider.h"
 
+#include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/errors.h"
 #include "adapters/sqlite/procedures.h"
 #include "platform/text/text.h"
 
 #include <optional>
+#include <unistd.h>
 
 namespace opd::adapters::sqlite {
 
@@ -30,6 +32,8 @@ class WholeStep {
   public:
     explicit WholeStep(Database& database)
         : m_database(database), m_outermost(sqlite3_get_autocommit(database.handle()) != 0) {
+        if (m_outermost)
+            m_database.throwIfMoved();
         m_database.run(m_outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT step");
     }
     ~WholeStep() {
@@ -56,17 +60,20 @@ class SqliteLink final : public ado::Link {
   public:
     SqliteLink(const std::filesystem::path& file, const Clock& clock)
         : m_database(file, Database::Mode::Existing, clock), m_catalog(m_database) {
-        m_database.run("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL");
+        m_database.run("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL; PRAGMA temp_store = MEMORY");
     }
 
     Database& database() { return m_database; }
 
     ado::ResultSet run(const ado::Request& request) override {
+        m_database.statementBegins();
         const auto statement = parse(request.text, m_catalog);
         if (const auto* call = std::get_if<ProcedureCall>(&statement))
             return runProcedure(*call);
         const auto& translation = std::get<Translation>(statement);
         Query query(m_database, translation.sql.c_str());
+        if (sqlite3_stmt_readonly(query.statement()) == 0 && sqlite3_get_autocommit(m_database.handle()) != 0)
+            m_database.throwIfMoved();
         int position = 0;
         for (const ado::Value& value : translation.values)
             query.bind(++position, value);
@@ -78,6 +85,7 @@ class SqliteLink final : public ado::Link {
     }
 
     std::vector<ado::Value> call(const ado::Call& call) override {
+        m_database.statementBegins();
         const std::size_t dots = call.procedure.find("..");
         if (dots == std::string::npos)
             throw serverError("Could not find stored procedure '" + call.procedure + "'.", 2812, "42000");
@@ -89,9 +97,19 @@ class SqliteLink final : public ado::Link {
         return outputs;
     }
 
-    void begin() override { m_database.run("BEGIN IMMEDIATE"); }
-    void commit() override { m_database.run("COMMIT"); }
+    void begin() override {
+        m_database.statementBegins();
+        m_database.throwIfMoved();
+        m_database.run("BEGIN IMMEDIATE");
+    }
+    void commit() override {
+        m_database.statementBegins();
+        m_database.run("COMMIT");
+    }
     void rollback() override { m_database.run("ROLLBACK"); }
+
+    void setPatience(std::chrono::milliseconds patience) override { m_database.setPatience(patience); }
+    void setOnWait(std::function<void()> onWait) override { m_database.setOnWait(std::move(onWait)); }
 
   private:
     ado::ResultSet runProcedure(const ProcedureCall& call) {
@@ -132,13 +150,30 @@ class SqliteLink final : public ado::Link {
         const std::string_view wanted = std::string_view{output.name}.substr(output.name.starts_with("@") ? 1 : 0);
         for (std::size_t column = 0; column < answer.columns.size(); ++column)
             if (text::equalsIgnoringCase(answer.columns[column], wanted) && !answer.rows.empty())
-                return answer.rows.front()[column];
+                return fitted(answer.rows.front()[column], output);
         throw serverError("The procedure gave no value for " + output.name + ".", 8162, "42000");
+    }
+
+    /// A number that has outgrown its place is no number: cut, it would be another one's.
+    static ado::Value fitted(const ado::Value& value, const ado::Call::Output& output) {
+        if (value.asText().size() > static_cast<std::size_t>(output.size))
+            throw serverError("The numbers for " + output.name + " are used up.", 8152, "22001");
+        return value;
     }
 
     Database m_database;
     Catalog m_catalog;
 };
+
+/// Throws when this user may only read the database: told at the start, not when the first patient is to be saved.
+void checkWritable(const Database& database, const std::filesystem::path& file) {
+    const bool readOnly = sqlite3_db_readonly(database.handle(), "main") == 1 ||
+                          eaccess(file.parent_path().c_str(), W_OK | X_OK) != 0; // its journal lies beside it
+    if (readOnly)
+        throw serverError("The database in \"" + file.parent_path().string() +
+                              "\" is read-only for this user: nothing could be saved.",
+                          3906, "25000");
+}
 
 /// Throws when the file is no hospital database, or one of another version.
 void checkVersion(Database& database, const std::string& folder) {
@@ -170,6 +205,8 @@ class SqliteProvider final : public ado::Provider {
             throw serverError("The folder \"" + folder + "\" holds no hospital database.", 5133, "08001");
         auto link = opened(file);
         checkVersion(link->database(), folder);
+        checkWritable(link->database(), file);
+        guardDrawnNumbers(link->database());
         return link;
     }
 

@@ -3,13 +3,31 @@
 #include "platform/ado/error.h"
 #include "platform/ado/recordset.h"
 
+#include <utility>
+
 namespace opd::ado {
+
+/// Tells, when a statement is done, that nothing waits any more.
+class Connection::Statement {
+  public:
+    explicit Statement(Connection& connection) : m_connection(connection) {}
+    ~Statement() {
+        if (std::exchange(m_connection.m_toldWaiting, false) && m_connection.m_waiting)
+            m_connection.m_waiting(false);
+    }
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+
+  private:
+    Connection& m_connection;
+};
 
 void Connection::Open(const std::string& connectionString) {
     if (m_link)
         throw Error("The connection is open already.", "Connection");
-    m_link = m_providers.open(
-        ado::ConnectionString{connectionString.empty() ? ConnectionString : connectionString});
+    m_link = m_providers.open(ado::ConnectionString{connectionString.empty() ? ConnectionString : connectionString});
+    m_link->setPatience(m_patience);
+    m_link->setOnWait([this] { waits(); });
     m_inTransaction = false;
 }
 
@@ -19,30 +37,34 @@ void Connection::Close() {
 }
 
 Recordset Connection::Execute(const std::string& statement) {
-    return Recordset{run({statement, false, CursorLocation::Unspecified, CursorType::Unspecified,
-                          LockType::Unspecified})};
+    return Recordset{
+        run({statement, false, CursorLocation::Unspecified, CursorType::Unspecified, LockType::Unspecified})};
 }
 
 void Connection::BeginTrans() {
     traced("begin");
+    const Statement statement(*this);
     link().begin();
     m_inTransaction = true;
 }
 
 void Connection::CommitTrans() {
     traced("commit");
+    const Statement statement(*this);
     link().commit();
     m_inTransaction = false;
 }
 
+// The database is told first: whatever becomes of the trace, nothing stays half done.
 void Connection::RollbackTrans() {
-    traced("rollback");
     m_inTransaction = false;
     link().rollback();
+    traced("rollback");
 }
 
 ResultSet Connection::run(const Request& request) {
     traced(request.text);
+    const Statement statement(*this);
     return link().run(request);
 }
 
@@ -51,7 +73,20 @@ std::vector<Value> Connection::call(const Call& call) {
     for (std::size_t i = 0; i < call.outputs.size(); ++i)
         marks += i == 0 ? "?" : ",?";
     traced("{call " + call.procedure + "(" + marks + ")}");
+    const Statement statement(*this);
     return link().call(call);
+}
+
+void Connection::setPatience(std::chrono::milliseconds patience) {
+    m_patience = patience;
+    if (m_link)
+        m_link->setPatience(patience);
+}
+
+void Connection::waits() {
+    m_toldWaiting = true;
+    if (m_waiting)
+        m_waiting(true);
 }
 
 Link& Connection::link() const {
@@ -74,7 +109,7 @@ Transaction::~Transaction() {
         return;
     try {
         m_connection.RollbackTrans();
-    } catch (const Error&) { // see the class's comment
+    } catch (...) { // see the class's comment
     }
 }
 

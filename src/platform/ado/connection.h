@@ -2,6 +2,7 @@
 
 #include "platform/ado/provider.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,7 +17,12 @@ class Connection {
     /// Is told every statement text as it is sent, and "begin", "commit", "rollback".
     using Trace = std::function<void(const std::string&)>;
 
+    /// Is told true over and over while a statement waits or works for long, and false when that statement is done.
+    using Waiting = std::function<void(bool waits)>;
+
     explicit Connection(const Providers& providers = Providers::ofProcess()) : m_providers(providers) {}
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
 
     std::string ConnectionString; ///< read when the connection is opened
 
@@ -43,22 +49,53 @@ class Connection {
     /// Sets what is told every statement; an empty function ends the trace.
     void setTrace(Trace trace) { m_trace = std::move(trace); }
 
+    /// How long a statement, a commit too, waits for a database that others hold before it fails.
+    std::chrono::milliseconds patience() const { return m_patience; }
+    void setPatience(std::chrono::milliseconds patience);
+
+    /// Sets what is told while statements wait. It uses no database and throws nothing.
+    void setWaiting(Waiting waiting) { m_waiting = std::move(waiting); }
+
     /// For recordsets and commands: runs a request or a call on the open link, tracing it. Throws Error when closed.
     ResultSet run(const Request& request);
     std::vector<Value> call(const Call& call);
 
   private:
+    class Statement;
+
     Link& link() const;
     void traced(const std::string& line) const;
+    void waits();
 
     const Providers& m_providers;
     std::unique_ptr<Link> m_link;
     Trace m_trace;
+    Waiting m_waiting;
+    std::chrono::milliseconds m_patience{std::chrono::seconds{15}};
+    bool m_toldWaiting = false;
     bool m_inTransaction = false;
 };
 
-/// A transaction that rolls back at the end of its scope unless it was committed. A rollback that fails is ignored: the
-/// failure that ended the scope is the one to report, and a lost connection has rolled back by itself.
+/// Lets the statements of its scope wait longer: those that complete what is stored already.
+class LongPatience {
+  public:
+    explicit LongPatience(Connection& connection) : m_connection(connection), m_before(connection.patience()) {
+        m_connection.setPatience(times * m_before);
+    }
+    ~LongPatience() { m_connection.setPatience(m_before); }
+    LongPatience(const LongPatience&) = delete;
+    LongPatience& operator=(const LongPatience&) = delete;
+
+  private:
+    static constexpr int times = 4;
+
+    Connection& m_connection;
+    std::chrono::milliseconds m_before;
+};
+
+/// A transaction that rolls back at the end of its scope unless it was committed. A rollback that fails, or a trace of
+/// it, is ignored: the failure that ended the scope is the one to report, and a lost connection has rolled back by
+/// itself.
 class Transaction {
   public:
     explicit Transaction(Connection& connection);

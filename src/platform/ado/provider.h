@@ -2,6 +2,7 @@
 
 #include "platform/ado/value.h"
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -71,6 +72,13 @@ class Link {
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;
+
+    /// How long each of the members above waits for a database that others hold before it fails.
+    virtual void setPatience(std::chrono::milliseconds) {}
+
+    /// Sets what is told over and over, on the thread of the statement, while a statement waits or works for long. It
+    /// uses no database and throws nothing.
+    virtual void setOnWait(std::function<void()>) {}
 };
 
 /// A kind of database that connections can be opened to.

@@ -63,6 +63,11 @@ class Desktop {
     /// True while the busy pointer shows.
     virtual bool isBusy() const = 0;
 
+    /// While a statement waits, over and over: shows the busy pointer and draws what is to be drawn, but takes no input
+    /// and lets no timer fire. False when the statement is done: the pointer is what it was. A desktop without a screen
+    /// has nothing to draw.
+    virtual void showWaiting(bool /*waits*/) {}
+
     /// The desktop on which components of this process show their windows, or null. It is set once, by whoever makes
     /// it.
     static Desktop* ofProcess();

@@ -1,6 +1,8 @@
 #include "registration/save/numbers.h"
 
 #include "platform/ado/command.h"
+#include "platform/ado/error.h"
+#include "platform/text/text.h"
 
 #include <optional>
 
@@ -8,16 +10,27 @@ namespace opd::registration {
 
 namespace {
 
+std::string drawn(FormContext& form, const char* procedure, const char* parameter, int size) {
+    ado::Command command(form.session.connection());
+    command.CommandText = procedure;
+    command.addOutput(parameter, size);
+    command.Execute();
+    std::string number = command.output(0).asText();
+    if (text::isBlank(number))
+        throw ado::Error("The database gave no number.");
+    return number;
+}
+
 std::optional<std::string> draw(FormContext& form, const char* procedure, const char* parameter, int size,
                                 const char* failureText) {
     try {
-        ado::Command command(form.session.connection());
-        command.CommandText = procedure;
-        command.addOutput(parameter, size);
-        command.Execute();
-        return command.output(0).asText();
-    } catch (const std::exception&) { // the clerk learns what it means; the number was not assigned
-        form.session.desktop.ask({.text = failureText, .caption = "Error", .icon = ui::Icon::Critical});
+        return drawn(form, procedure, parameter, size);
+    } catch (const std::exception& failure) { // the clerk learns what it means, and why
+        form.session.desktop.ask({.text = std::string{failureText} + "\r\n\r\n" + failure.what() +
+                                          "\r\n\r\nNothing was saved. What was typed is kept, and offered again when "
+                                          "this registration is opened the next time.",
+                                  .caption = "Error",
+                                  .icon = ui::Icon::Critical});
         return std::nullopt;
     }
 }

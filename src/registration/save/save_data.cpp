@@ -1,15 +1,13 @@
 #include "registration/save/save_data.h"
 
-#include "data/leading_number.h"
 #include "data/rows.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
-#include "registration/photo/photo.h"
 #include "registration/save/codes.h"
+#include "registration/save/following_parts.h"
 #include "registration/save/master_statements.h"
 #include "registration/save/numbers.h"
+#include "registration/save/refusals.h"
+#include "registration/save/save_failures.h"
 #include "registration/save/visit_statements.h"
-#include "registration/subrecords/dependents.h"
 
 namespace opd::registration {
 
@@ -19,59 +17,6 @@ using data::Statement;
 
 void run(const FormContext& form, const Statement& statement) {
     data::execute(form.session, statement);
-}
-
-std::string shownHospNum(const FormContext& form) {
-    return text::trimmed(form.fields.header.txtHospNum.text());
-}
-
-/// A new patient who resembles one on file is registered only when the clerk says so.
-bool passesDuplicateCheck(FormContext& form) {
-    if (!form.record.isNew() || shownHospNum(form) != "NEW")
-        return true;
-    const HeaderFields& header = form.fields.header;
-    const ado::Recordset similar =
-        data::openClient(form.session,
-                         Statement("PATIENT_DATA..sp_AOPD_SearchSimilarRecords '")
-                             .values({header.txtLastName.text(), header.txtFirstName.text()}, "','")
-                             .text("',")
-                             .number(static_cast<long>(data::leadingNumber(header.txtAge.text()))),
-                         ado::CursorType::Dynamic, ado::LockType::Optimistic);
-    if (similar.EndOfFile())
-        return true;
-    const ui::Message question{.text = "There is a registered patient(s) with the same last name, first name and age. "
-                                       "Would you like to continue?",
-                               .caption = "NOTIFICATION",
-                               .buttons = ui::Buttons::YesNo};
-    if (form.session.desktop.ask(question) == ui::Answer::Yes)
-        return true;
-    form.session.desktop.ask({.text = "Registration Cancelled."});
-    form.window.unload();
-    return false;
-}
-
-bool passesConfinementCheck(FormContext& form, bool updateOnly) {
-    if (form.session.globals.isAllowOPDRegisterInpatient || updateOnly)
-        return true;
-    const ado::Recordset confined = data::openClient(
-        form.session, Statement("PATIENT_DATA..sp_AOPD_CheckIfAdmitted '").value(shownHospNum(form)).text("'"));
-    if (confined.EndOfFile())
-        return true;
-    form.session.desktop.ask(
-        {.text = "Cannot register currently confined patients", .caption = "Message", .icon = ui::Icon::Critical});
-    form.window.unload();
-    return false;
-}
-
-bool hasPatientClass(FormContext& form) {
-    ui::TextBox& patientClass = form.fields.additional.txtPatientClassID;
-    if (!form.session.globals.IsAllowOPDPatientClass || !text::isBlank(patientClass.text()))
-        return true;
-    form.session.desktop.ask({.text = "Cannot register patient! Please provide patient classification.",
-                              .caption = "Message",
-                              .icon = ui::Icon::Critical});
-    form.window.setFocus(patientClass);
-    return false;
 }
 
 /// Numbers drawn for a save that then failed serve the next try: should the first have been written after all, the same
@@ -90,7 +35,39 @@ bool takeNumbers(FormContext& form) {
     return true;
 }
 
+void rememberCounted(Record& record, const std::vector<std::string>& doctors) {
+    record.countedDoctors.insert(record.countedDoctors.end(), doctors.begin(), doctors.end());
+}
+
+void commit(FormContext& form, ado::Transaction& transaction, const std::vector<std::string>& doctors) {
+    try {
+        transaction.commit();
+    } catch (const ado::Error& failure) {
+        if (!leavesDoubt(failure))
+            throw;
+        form.record.mayBeWritten = true;
+        rememberCounted(form.record, doctors);
+        throw PerhapsSaved(failure);
+    }
+    rememberCounted(form.record, doctors);
+}
+
+/// After a commit without an answer: looks whether the new visit is there, so that its doctors are counted once.
+void settleDoubt(FormContext& form) {
+    Record& record = form.record;
+    if (!record.mayBeWritten || !record.isNewVisit())
+        return;
+    const ado::Recordset visit = data::openClient(
+        form.session,
+        Statement("Select IDNum from Patient_Data..tbOutPatient where IDNum = '").value(savedVisit(record)).text("'"));
+    if (!visit.EndOfFile())
+        return;
+    record.mayBeWritten = false;
+    record.countedDoctors.clear();
+}
+
 void writePatientAndVisit(FormContext& form, bool updateOnly) {
+    const std::vector<std::string> doctors = updateOnly ? std::vector<std::string>{} : doctorsToCount(form);
     ado::Transaction transaction(form.session.connection());
     run(form, updateMaster(form));
     run(form, saveAllergies(form));
@@ -98,80 +75,77 @@ void writePatientAndVisit(FormContext& form, bool updateOnly) {
         run(form, updateHistory(form));
     if (!updateOnly) {
         run(form, updateVisit(form));
-        for (const Statement& statement : countConsultations(form))
-            run(form, statement);
+        for (const std::string& doctor : doctors)
+            run(form, countConsultation(doctor));
         for (const Statement& statement : updateAdditionalDoctors(form))
             run(form, statement);
     }
-    transaction.commit();
+    commit(form, transaction, doctors);
 }
 
 /// From here on the form is the one of the written visit: what fails later can be tried again without a second visit.
 void standForWrittenVisit(FormContext& form) {
+    form.record.isWritten = true;
+    form.record.mayBeWritten = false;
     form.record.HospNum = form.record.SaveHospNum;
     form.record.AdmissionNumber = savedVisit(form.record);
     form.fields.header.txtHospNum.setText(form.record.SaveHospNum);
     form.fields.header.txtOPDNum.setText(savedVisit(form.record));
 }
 
-void writeMarkers(FormContext& form) {
-    const Globals& globals = form.session.globals;
-    run(form, updateWalkIn(form));
-    if (globals.isAllowCorvane)
-        run(form, updateCorvane(form));
-    if (globals.IsAllowOPDMABRate)
-        run(form, updateMabRate(form));
-    const std::string& companyClass = form.record.CompanyClass;
-    if (globals.IsAllowOPDUpdateHMOLOA && (companyClass == "P" || companyClass == "H"))
-        run(form, saveAuthorization(form));
-    if (globals.IsAllowOPDPatientClass)
-        run(form, updatePatientClass(form));
-    if (globals.gClientName == "TKWA")
-        run(form, saveProfile(form));
+/// A number that turned out to be another one's is not tried again. Where it may be this registration that was written
+/// under it, it stays.
+void forgetTakenNumbers(Record& record, const ado::Error& failure) {
+    constexpr long keyIsTaken = 2627;
+    if (failure.number() != keyIsTaken || record.mayBeWritten || record.isWritten)
+        return;
+    if (record.isNewPatient())
+        record.SaveHospNum.clear();
+    if (record.isNewVisit())
+        record.SaveIDNum.clear();
 }
 
-void tellOutcome(FormContext& form, bool updateOnly) {
-    const HeaderFields& header = form.fields.header;
-    const std::string name = text::upper(header.txtLastName.text()) + ", " + text::upper(header.txtFirstName.text()) +
-                             " " + text::upper(header.txtMiddleName.text());
-    const std::string outcome = updateOnly ? name + " record was updated."
-                                           : name + " was registered as Hosp. # (" + form.record.SaveHospNum +
-                                                 ") and Case # (" + form.record.SaveIDNum + "B).";
-    form.session.desktop.ask({.text = outcome, .caption = "Notification", .icon = ui::Icon::Information});
+/// Writes patient and visit under the numbers that were taken. Throws ado::Error that says what is stored.
+void writeWhole(FormContext& form, bool updateOnly) {
+    if (!updateOnly)
+        settleDoubt(form);
+    try {
+        writePatientAndVisit(form, updateOnly);
+    } catch (const ado::Error& failure) {
+        forgetTakenNumbers(form.record, failure);
+        throw;
+    }
+    standForWrittenVisit(form);
 }
 
-void tellPhotographFailure(FormContext& form, const std::string& failure) {
-    if (!failure.empty())
-        form.session.desktop.ask({.text = failure, .caption = "Notification", .icon = ui::Icon::Exclamation});
-}
-
-void logAndFile(FormContext& form) {
-    if (form.record.isEdit())
-        run(form, logEdit(form));
-    if (form.session.globals.isAllowOPFileNumbering && !form.fields.personal.chkWalkIn.checked())
-        run(form, Statement("Patient_data..OPD_UpdateFileNum '").value(form.record.SaveHospNum).text("'"));
+/// Everything up to the commit. False when it was refused, or no number could be drawn.
+bool writeRegistration(FormContext& form, bool updateOnly) {
+    if (!maySave(form, updateOnly))
+        return false;
+    form.record.lacksNumber = !takeNumbers(form);
+    if (form.record.lacksNumber)
+        return false;
+    writeWhole(form, updateOnly);
+    return true;
 }
 
 } // namespace
 
 bool SaveData(FormContext& form, bool UpdateOnly) {
     const ui::BusyPointer busy(form.session.desktop);
+    form.record.lacksNumber = false;
     computeKeptCodes(form);
-    if (!passesDuplicateCheck(form) || !passesConfinementCheck(form, UpdateOnly) || !hasPatientClass(form))
-        return false;
-    if (!takeNumbers(form))
-        return true;
-    writePatientAndVisit(form, UpdateOnly);
-    standForWrittenVisit(form);
-    run(form, updateExtendedMaster(form));
-    SaveDependents(form);
-    run(form, updateMedicalHistory(form));
-    run(form, updateTreatments(form));
-    const std::string photographFailure = storePhotograph(form);
-    writeMarkers(form);
-    tellOutcome(form, UpdateOnly);
-    tellPhotographFailure(form, photographFailure);
-    logAndFile(form);
+    bool written = false;
+    try {
+        written = writeRegistration(form, UpdateOnly);
+    } catch (const PerhapsSaved&) {
+        throw;
+    } catch (const std::exception& failure) {
+        throw nothingSaved(form, failure);
+    }
+    if (!written)
+        return form.record.lacksNumber;
+    writeFollowingParts(form, UpdateOnly);
     return true;
 }
 

@@ -6,6 +6,8 @@
 #include "registration/amount_text.h"
 #include "registration/save/codes.h"
 
+#include <algorithm>
+
 namespace opd::registration {
 
 using data::Statement;
@@ -116,14 +118,23 @@ Statement updateVisit(const FormContext& form) {
     return Statement("Patient_Data..sp_aopd_Update_tbOutpatient '").values(values, "','").text("'");
 }
 
-std::vector<Statement> countConsultations(const FormContext& form) {
+std::vector<std::string> doctorsToCount(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
-    std::vector<Statement> statements;
-    for (const ui::TextBox* doctor : {&consultation.doctorCode1, &consultation.doctorCode2, &consultation.doctorCode3,
-                                      &consultation.doctorCode4, &consultation.doctorCode5})
-        statements.push_back(
-            Statement("Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation '").value(doctor->text()).text("'"));
-    return statements;
+    std::vector<std::string> counted = form.record.countedDoctors;
+    std::vector<std::string> doctors;
+    for (const ui::TextBox* box : {&consultation.doctorCode1, &consultation.doctorCode2, &consultation.doctorCode3,
+                                   &consultation.doctorCode4, &consultation.doctorCode5}) {
+        const auto before = std::find(counted.begin(), counted.end(), box->text());
+        if (before == counted.end())
+            doctors.push_back(box->text());
+        else
+            counted.erase(before);
+    }
+    return doctors;
+}
+
+Statement countConsultation(const std::string& doctor) {
+    return Statement("Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation '").value(doctor).text("'");
 }
 
 std::vector<Statement> updateAdditionalDoctors(const FormContext& form) {

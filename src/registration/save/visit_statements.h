@@ -3,6 +3,7 @@
 #include "data/statement.h"
 #include "registration/form_context.h"
 
+#include <string>
 #include <vector>
 
 /// The statements that write the visit: form values in, text out. Each throws ado::Error when a value holds a quote.
@@ -14,8 +15,12 @@ data::Statement updateHistory(const FormContext& form);
 /// The visit itself, in the argument list of the session's client.
 data::Statement updateVisit(const FormContext& form);
 
-/// One statement for each of the five attending doctors, empty codes included.
-std::vector<data::Statement> countConsultations(const FormContext& form);
+/// The codes of the five attending doctors, empty ones included; of a visit whose save is repeated, only those that no
+/// try before has counted.
+std::vector<std::string> doctorsToCount(const FormContext& form);
+
+/// Counts one consultation of a doctor.
+data::Statement countConsultation(const std::string& doctor);
 
 /// One statement for each of the doctors 3 to 5.
 std::vector<data::Statement> updateAdditionalDoctors(const FormContext& form);

@@ -78,6 +78,46 @@ TEST_F(Registration, TheRecordsBesideTheVisitComeBack) {
               Rows{visit + "|LOA-1|1500.5|07/01/2026 08:00:00|-|APPROVED"});
 }
 
+TEST_F(Registration, ANewPatientOrVisitNeverTakesThePlaceOfAnother) {
+    const auto writePatient = [&](ado::Connection& by, const std::string& patient, const std::string& ofVisit) {
+        return errorOf(by, callOf("sp_aopd_Update_TbMaster", masterValues(patient, ofVisit)));
+    };
+    const auto writeVisit = [&](ado::Connection& by, const std::string& patient, const std::string& theVisit) {
+        return errorOf(by, callOf("sp_aopd_Update_tbOutpatient", visitValues(patient, theVisit)));
+    };
+    // Counters that are behind: what is drawn is free all the same.
+    for (const char* counter : {"HospNum", "OPDID", "FileNum"})
+        connection->Execute(std::string{"Update Patient_Data..tbCounter set Last = '0' where Name = '"} + counter +
+                            "'");
+    EXPECT_EQ(newHospNum(*connection), "00000013") << "of twelve patients";
+    const std::string freeVisit = newOpdNumber(*connection);
+    EXPECT_EQ(rowsOf(*connection, "Select IDNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "B'"),
+              Rows{});
+
+    // Another program writes under a number that is drawn already: its rows stay, and the next try draws anew.
+    const auto other = hospital.connect();
+    EXPECT_EQ(writePatient(*other, "00000013", "F000000001B"), "");
+    EXPECT_EQ(writePatient(*connection, "00000013", freeVisit + "B"), "23000/2627");
+    EXPECT_EQ(writeVisit(*other, "00000002", freeVisit + "B"), "");
+    EXPECT_EQ(writeVisit(*connection, "00000001", freeVisit + "B"), "23000/2627");
+    EXPECT_EQ(rowsOf(*connection, "Select HospNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "B'"),
+              Rows{"00000002"});
+    const std::string next = newHospNum(*connection), nextVisit = newOpdNumber(*connection) + "B";
+    EXPECT_EQ(next, "00000014");
+    for (int time = 1; time <= 2; ++time) { // what is written once may be written again
+        EXPECT_EQ(writePatient(*connection, next, nextVisit), "") << time;
+        EXPECT_EQ(writeVisit(*connection, next, nextVisit), "") << time;
+    }
+
+    // File numbers likewise.
+    for (const auto& [patient, fileNumber] : {std::pair{next, "1"}, {std::string{"00000003"}, "2"}}) {
+        connection->Execute("Update Patient_Data..tbCounter set Last = '0' where Name = 'FileNum'");
+        connection->Execute("Patient_data..OPD_UpdateFileNum '" + patient + "'");
+        EXPECT_EQ(rowsOf(*connection, "Select FileNum from Patient_Data..tbMaster where HospNum = '" + patient + "'"),
+                  Rows{fileNumber});
+    }
+}
+
 TEST_F(Registration, FileNumbersAreGivenOnceAndInOrder) {
     const auto fileNumber = [&](const std::string& patient) {
         connection->Execute("Patient_data..OPD_UpdateFileNum '" + patient + "'");

@@ -1,0 +1,55 @@
+#include "registration/save/save_failures.h"
+
+#include "registration/save/codes.h"
+
+namespace opd::registration {
+
+namespace {
+
+ado::Error told(const std::exception& failure, const std::string& truth) {
+    const std::string message = failure.what() + std::string{"\r\n\r\n"} + truth;
+    if (const auto* error = dynamic_cast<const ado::Error*>(&failure))
+        return ado::Error(message, error->source(), error->number(), error->sqlState());
+    return ado::Error(message);
+}
+
+std::string numbers(const FormContext& form) {
+    return "Hosp. # (" + form.record.SaveHospNum + ") and Case # (" + savedVisit(form.record) + ")";
+}
+
+std::string joined(const std::vector<std::string>& parts) {
+    std::string list;
+    for (const std::string& part : parts)
+        list += (list.empty() ? "" : ", ") + part;
+    return list;
+}
+
+} // namespace
+
+PerhapsSaved::PerhapsSaved(const std::exception& failure)
+    : Error(told(failure, "It is not certain whether this was saved. Please try again: it is saved under the same "
+                          "numbers, and cannot come twice.")) {}
+
+ado::Error nothingSaved(const FormContext& form, const std::exception& failure) {
+    if (form.record.mayBeWritten)
+        return PerhapsSaved(failure);
+    if (form.record.isWritten)
+        return told(failure, "What was saved before as " + numbers(form) +
+                                 " stands, but is not complete. Nothing of this try was saved; you can try again.");
+    return told(failure, "Nothing was saved. What was typed is still here; you can try again.");
+}
+
+bool leavesDoubt(const ado::Error& failure) {
+    return failure.number() == 0 || failure.sqlState().starts_with("08");
+}
+
+ado::Error incomplete(const FormContext& form, bool updateOnly, const std::exception& failure,
+                      const std::vector<std::string>& missingParts) {
+    const std::string stands = updateOnly
+                                   ? "The patient's record is saved as Hosp. # (" + form.record.SaveHospNum + ")."
+                                   : "The visit is saved as " + numbers(form) + ".";
+    return told(failure, stands + " Still missing: " + joined(missingParts) +
+                             ". Please try again to complete it; that makes no second visit.");
+}
+
+} // namespace opd::registration

@@ -2,9 +2,11 @@
 
 #include "data/leading_number.h"
 #include "data/rows.h"
+#include "platform/ado/error.h"
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
 #include "registration/photo/photo.h"
+#include "registration/save/apostrophes.h"
 #include "registration/save/codes.h"
 #include "registration/save/master_statements.h"
 #include "registration/save/numbers.h"
@@ -67,11 +69,26 @@ bool hasPatientClass(FormContext& form) {
     ui::TextBox& patientClass = form.fields.additional.txtPatientClassID;
     if (!form.session.globals.IsAllowOPDPatientClass || !text::isBlank(patientClass.text()))
         return true;
-    form.session.desktop.ask({.text = "Cannot register patient! Please provide patient classification.",
-                              .caption = "Message",
-                              .icon = ui::Icon::Critical});
+    const char* const fault = "Cannot register patient! Please provide patient classification.";
+    patientClass.setRefusal(fault);
+    form.session.desktop.ask({.text = fault, .caption = "Message", .icon = ui::Icon::Critical});
     form.window.setFocus(patientClass);
     return false;
+}
+
+/// The numbers on the screen are those that the form was opened for; with any others the form shows nobody's record,
+/// or another patient's, and is not saved.
+void requireOwnNumbers(const FormContext& form) {
+    const Record& record = form.record;
+    const HeaderFields& header = form.fields.header;
+    const auto differs = [](const std::string& shown, const std::string& opened) {
+        return !text::equalsIgnoringCase(text::trimmed(shown), text::trimmed(opened));
+    };
+    if (differs(header.txtHospNum.text(), record.HospNum) || differs(header.txtOPDNum.text(), record.AdmissionNumber))
+        throw ado::Error("This form was opened for hospital number " + record.HospNum + " and visit " +
+                         record.AdmissionNumber +
+                         ", but does not show them. Nothing was saved. Please open the "
+                         "patient again.");
 }
 
 /// Numbers drawn for a save that then failed serve the next try: should the first have been written after all, the same
@@ -84,7 +101,7 @@ bool takeNumbers(FormContext& form) {
         return false;
     if (record.isNewVisit())
         return !record.SaveIDNum.empty() || drawOpdNumber(form);
-    record.SaveIDNum = form.fields.header.txtOPDNum.text();
+    record.SaveIDNum = text::trimmed(form.fields.header.txtOPDNum.text());
     if (!record.SaveIDNum.empty())
         record.SaveIDNum.pop_back();
     return true;
@@ -157,7 +174,9 @@ void logAndFile(FormContext& form) {
 bool SaveData(FormContext& form, bool UpdateOnly) {
     const ui::BusyPointer busy(form.session.desktop);
     computeKeptCodes(form);
-    if (!passesDuplicateCheck(form) || !passesConfinementCheck(form, UpdateOnly) || !hasPatientClass(form))
+    requireOwnNumbers(form);
+    if (!settleApostrophes(form) || !passesDuplicateCheck(form) || !passesConfinementCheck(form, UpdateOnly) ||
+        !hasPatientClass(form))
         return false;
     if (!takeNumbers(form))
         return true;

@@ -1,6 +1,9 @@
 #include "data/rows.h"
 
 #include "platform/ado/error.h"
+#include "platform/text/text.h"
+
+#include <algorithm>
 
 namespace opd::data {
 
@@ -32,6 +35,12 @@ ado::Recordset execute(const Session& session, const Statement& statement) {
 
 std::string textOf(const ado::Recordset& rows, std::string_view column) {
     return rows.Fields(column).asText();
+}
+
+bool hasColumn(const ado::Recordset& rows, std::string_view column) {
+    const auto& columns = rows.all().columns;
+    return std::any_of(columns.begin(), columns.end(),
+                       [column](const auto& name) { return text::equalsIgnoringCase(name, column); });
 }
 
 void reportFailure(const Session& session, const std::exception& failure) {

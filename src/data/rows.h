@@ -22,6 +22,9 @@ ado::Recordset execute(const Session& session, const Statement& statement);
 /// A column of the current row as text, null as an empty one.
 std::string textOf(const ado::Recordset& rows, std::string_view column);
 
+/// True when the rows have a column of this name, in any letter case.
+bool hasColumn(const ado::Recordset& rows, std::string_view column);
+
 /// Shows a failure to the clerk: rolls back an open transaction, restores the pointer, and shows the failure's own
 /// message. What every window does with a failure that none of its handlers expected.
 void reportFailure(const Session& session, const std::exception& failure);

@@ -15,8 +15,12 @@ bool isPlain(char character) {
 
 } // namespace
 
+bool isSendable(std::string_view value) {
+    return value.find('\'') == std::string_view::npos;
+}
+
 Statement& Statement::value(std::string_view value) {
-    if (value.find('\'') != std::string_view::npos)
+    if (!isSendable(value))
         throw ado::Error("The entry \"" + std::string{value} +
                              "\" holds an apostrophe ('), which the database does not take. Please write it without.",
                          "OPD Registration", 105, "42000");

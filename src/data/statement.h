@@ -46,4 +46,7 @@ class Statement {
     std::string m_text;
 };
 
+/// True when the value can stand in a statement: it holds no single quote. No code of a reference file holds one.
+bool isSendable(std::string_view value);
+
 } // namespace opd::data

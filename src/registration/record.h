@@ -34,6 +34,28 @@ template <class Object> class CodedSlot {
     std::shared_ptr<Object> m_object;
 };
 
+/// A stored code and what the form showed of it. While the form shows the same, the stored code is sent back, also one
+/// that no choice of the form stands for.
+class KeptCode {
+  public:
+    /// Remembers what is stored, and the code that the loaded form would send for it.
+    void keep(const std::string& stored, const std::string& shown) {
+        m_stored = text::replaced(stored, "'", "`"); // the form does not show it, so nobody can be asked
+        m_shown = shown;
+        m_isKept = true;
+    }
+
+    /// The code to send where the form's choices stand for `chosen`.
+    const std::string& sent(const std::string& chosen) const {
+        return m_isKept && chosen == m_shown ? m_stored : chosen;
+    }
+
+  private:
+    std::string m_stored;
+    std::string m_shown;
+    bool m_isKept = false;
+};
+
 /// The values that the form works with behind its controls. Texts start empty, flags off.
 struct Record {
     // What the opener sets.
@@ -60,6 +82,17 @@ struct Record {
     bool PhotoTaken = false;
     std::string chiefComplaintCode; ///< what the last search for a chief complaint found
     std::string chiefComplaintText;
+    std::string takenComplaint; ///< the complaint that was taken over into the memo
+    KeptCode PatientTypeKept;
+    KeptCode ConsultationTypeKept;
+    KeptCode PerUnitKept;
+    KeptCode SeniorKept;
+    KeptCode CorvaneKept;
+    KeptCode BloodPressureKept;
+    KeptCode CivilStatusKept;
+    KeptCode LOAStatusKept;
+    bool LOAInformedUnknown = false; ///< the stored letter has no such date, and the clerk gave none
+    bool LOAReceivedUnknown = false;
     std::array<CodedSlot<search::clsService>, 5> Service;
     std::array<CodedSlot<search::clsAllergy>, 5> Allergy;
     std::array<CodedSlot<search::clsDoctor>, 5> AttendingDoctor;

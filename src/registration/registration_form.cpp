@@ -12,6 +12,7 @@
 #include "registration/rules/payer_rules.h"
 #include "registration/rules/validate_data.h"
 #include "registration/rules/visit_rules.h"
+#include "registration/save/apostrophes.h"
 #include "registration/save/codes.h"
 #include "registration/save/save_data.h"
 #include "registration/subrecords/dependents.h"
@@ -35,6 +36,8 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     bindRevoke(m_context);
     bindCapture(m_context);
     bindDependents(m_context);
+    bindMarks(m_context);
+    bindApostrophes(m_context);
     bindButtons();
     disableIdleButtons();
 }

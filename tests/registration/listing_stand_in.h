@@ -39,6 +39,8 @@ class ListingStandIn final : public com::Counted<com::ILateBound> {
                         com::Variant* result) override {
         if (kind == com::InvokeKind::Get)
             return record(member, *result);
+        if (kind == com::InvokeKind::Set)
+            return com::ok; // "OtherSectionID", "ExactCodesOnly"
         if (fail) {
             com::setLastErrorText("The listing cannot be read.");
             return com::errorFail;

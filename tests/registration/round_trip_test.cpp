@@ -7,7 +7,9 @@
 #include "registration/rules/validate_data.h"
 #include "registration/save/save_data.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 #include <unistd.h>
 
@@ -26,6 +28,8 @@ struct HospitalSession {
         globals.gUserID = "CLERK";
         globals.gServerDate = clock.moment;
         globals.gCodeSearch = com::Object{listing.get()};
+        globals.isAllowCorvane = globals.IsAllowOPDMABRate = globals.IsAllowOPDUpdateHMOLOA = true;
+        globals.IsAllowOPDPatientClass = globals.isAllowOPDPayCode = globals.isAllowOPDRegisterInpatient = true;
     }
     ~HospitalSession() {
         globals.gConnection->Close();
@@ -53,28 +57,9 @@ struct HospitalSession {
     Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
 };
 
-/// What no save writes, or no load reads: they belong to fields whose lookups, pictures and letters of authorization
-/// are not stored with the visit.
-const std::set<std::string> notStored{"txtARemarks",
-                                      "txtDiagnosis",
-                                      "txtChiefComplaintID(0)",
-                                      "txtChiefComplaint(0)",
-                                      "txtPictureLocation",
-                                      "txtPictureFileName",
-                                      "txtSeniorID",
-                                      "txtBarangayID",
-                                      "txtBarangayName",
-                                      "txtPatientClassID",
-                                      "txtPatientClass",
-                                      "txtLOAReceiver",
-                                      "txtLOAAmount",
-                                      "txtLOARemarks",
-                                      "txtApprovalNo",
-                                      "txtMedHistory",
-                                      "txtEntry",
-                                      "txtOPDNum",
-                                      "txtHospNum",
-                                      "txtAge"};
+/// What no save writes: the complaint is stored by its memo, the barangay by its free text where none is coded.
+const std::set<std::string> notStored{"txtDiagnosis", "txtChiefComplaintID(0)", "txtChiefComplaint(0)", "txtSeniorID",
+                                      "txtBarangayID"};
 
 /// Codes that the hospital knows, by the beginning of the field's name; other text boxes take any text.
 std::string entryFor(const ui::TextBox& box, int serial) {
@@ -92,6 +77,10 @@ std::string entryFor(const ui::TextBox& box, int serial) {
         return "A0" + std::to_string(1 + serial % 9);
     if (is("txtCause"))
         return "C0" + std::to_string(1 + serial % 4);
+    if (is("txtPatientClass"))
+        return "2";
+    if (is("txtLOAAmount"))
+        return "1500.75";
     if (is("txtPR") || is("txtBP"))
         return std::to_string(100 - serial % 30);
     std::string text = "Ñ " + std::to_string(serial) + ". X, (Y) - %_[Z]";
@@ -122,6 +111,7 @@ void choose(registration::Fields& fields) {
     fields.consultation.withBill.setSelected(true);
     fields.consultation.optDiabetes.setSelected(true);
     fields.history.tuberculosis.setChecked(true);
+    fields.history.others.setChecked(true);
     fields.employment.philHealthNo.setSelected(true);
     fields.employment.selfEmployed.setSelected(true);
     fields.employment.abroad.setSelected(true);
@@ -161,8 +151,9 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         choose(form->fields());
         form->record().HemoFlag = true;
         form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
-        form->fields().personal.accountNumber.setText("COM-01");
-        typed["txtAccount(0)"] = "COM-01";
+        form->fields().personal.accountNumber.setText("HMO-01");
+        form->record().CompanyClass = "H";
+        typed["txtAccount(0)"] = "HMO-01";
         if (std::string{client} == "RVT")
             typed["txtChiefComplaint(1)"] = ""; // the list of that client has no place for it
         form->fields().history.txtLMP.setText("11/02/2026");
@@ -177,10 +168,177 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         expectChosen(form->fields());
         EXPECT_EQ(form->fields().consultation.txtService(1).text().empty(), false);
         EXPECT_TRUE(form->fields().personal.insured.selected());
-        EXPECT_EQ(form->fields().personal.accountName.text(), "TANGLAW FOODS");
+        EXPECT_FALSE(form->fields().personal.accountName.text().empty());
+        EXPECT_TRUE(form->fields().personal.searchAccount.enabled());
+        EXPECT_TRUE(form->fields().personal.txtCardNum.visible());
         EXPECT_EQ(form->fields().history.txtLMP.text(), std::string{client} == "TKWA" ? "11/02/2026" : "  /  /    ");
         EXPECT_EQ(form->fields().buttons.cmdSave.caption(), "&Update");
         EXPECT_FALSE(form->fields().header.txtOPDNum.enabled());
+    }
+}
+
+// Every column of every row that a save writes, by its own statement: what stands there, what the desk has no choice
+// for, and what is empty.
+
+struct Table {
+    const char* name;
+    const char* key;
+    bool ofVisit;
+};
+
+constexpr Table tables[] = {{"tbMaster", "HospNum", false},          {"tbMaster2", "HospNum", false},
+                            {"tbMasterAllergies", "HospNum", false}, {"tbMasterMedicalHistory", "HospNum", false},
+                            {"tbMasterDependent", "SeqNum", false},  {"tbOutPatient", "IDNum", true},
+                            {"tbOutPatientContact", "IDNum", true},  {"tbOutPatientHistory", "IDNum", true},
+                            {"tbOutProfile", "IDNum", true},         {"tbOpdHMOLOA", "IDNum", true}};
+
+/// What a save is meant to change: who saved, the age of the day, and what nothing but the keys of the row is.
+const std::set<std::string> meantToChange{"UserID", "Age"};
+
+/// Columns that must hold something before a form may be saved, and those that a save derives from others.
+const std::map<std::string, std::string> indispensable{{"LastName", "CRUZ"},
+                                                       {"FirstName", "ANA"},
+                                                       {"SearchName", "CRUZ"},
+                                                       {"Sex", "F"},
+                                                       {"BirthDate", "02/29/1960"},
+                                                       {"ZipCode", "1000"},
+                                                       {"NationalityID", "1"},
+                                                       {"ReligionID", "1"},
+                                                       {"AdmDate", "11/24/2026 08:05:00"},
+                                                       {"AccountNum", "HMO-01"},
+                                                       {"HospPlan", "I"},
+                                                       {"PatientClass", "2"}};
+
+/// Values of columns that take no text of any kind, and codes that no choice of the form stands for.
+const std::map<std::string, std::string> peculiar{{"CivilStatus", "7"},
+                                                  {"ConsultationType", "X"},
+                                                  {"PatientType", "Z"},
+                                                  {"PerUnit", "9"},
+                                                  {"SeniorCitizenID", "77812"},
+                                                  {"BloodPressure", "120/80/77"},
+                                                  {"PulseRate", "85 bpm"},
+                                                  {"PayCode", "P9"},
+                                                  {"OPDStatus", "W"},
+                                                  {"ServiceID", "SERVICEID1"},
+                                                  {"DoctorID", "DOCTORID1"},
+                                                  {"ChiefComplaint", "CHIEFCOMPLAINTS"},
+                                                  {"ApprovalNo", "HMOAPPROVALNUM"},
+                                                  {"ExpirationDate", "01/31/2027"},
+                                                  {"LOADateInformed", "11/20/2026 14:30:00"},
+                                                  {"LOADateReceived", "11/21/2026 09:05:00"},
+                                                  {"LOAAmount", "1500.75"},
+                                                  {"LMP", "11/02/2026"},
+                                                  {"FileNum", "5"},
+                                                  {"EmploymentType", "2"},
+                                                  {"EmploymentLocation", "2"},
+                                                  {"PhilHealth", "1"}};
+
+/// Columns that the desk neither fills nor clears.
+const std::set<std::string> ofOthers{"BillingDate", "dcrDate", "ConsultationDate"};
+
+bool isFlag(const std::string& column) {
+    const char* const conditions[] = {"Hypertension", "Diabetes",    "Hepatitis",    "Allergies",
+                                      "Tubercolosis", "PepticUlcer", "BloodDisease", "BronchialAsthma"};
+    return column.starts_with("is") || column == "Corvane" || std::ranges::count(conditions, column) > 0;
+}
+
+struct RowKeys {
+    std::string hospNum;
+    std::string visit;
+    std::string condition(const Table& table) const {
+        return std::string{" where "} + table.key + " = '" + (table.ofVisit ? visit : hospNum) + "'";
+    }
+};
+
+ado::ResultSet contentOf(HospitalSession& hospital, const Table& table, const RowKeys& keys) {
+    ado::Recordset rows;
+    rows.Open(std::string{"Select * from Patient_Data.."} + table.name + keys.condition(table),
+              *hospital.globals.gConnection);
+    return rows.all();
+}
+
+/// Fills every column of the visit and its patient, or empties each that may be empty.
+void fillColumns(HospitalSession& hospital, const RowKeys& keys, bool empty) {
+    for (const Table& table : tables) {
+        if (std::string{table.name} == "tbMasterDependent")
+            continue; // the demonstration patient has two
+        for (const std::string& column : contentOf(hospital, table, keys).columns) {
+            if (column == "HospNum" || column == table.key || ofOthers.contains(column))
+                continue;
+            std::string value = "'" + text::upper(column) + "'";
+            if (const auto found = indispensable.find(column); found != indispensable.end())
+                value = "'" + found->second + "'";
+            else if (empty)
+                value = column == "OPDStatus" ? "''" : "null";
+            else if (const auto odd = peculiar.find(column); odd != peculiar.end())
+                value = "'" + odd->second + "'";
+            else if (isFlag(column))
+                value = "'1'";
+            hospital.globals.gConnection->Execute(std::string{"Update Patient_Data.."} + table.name + " set " + column +
+                                                  " = " + value + keys.condition(table));
+        }
+    }
+}
+
+/// Nothing, an empty text and zero are the same to a clerk.
+std::string plain(const ado::Value& value) {
+    const std::string text = value.asText();
+    return text == "0" || text == "False" ? std::string{} : text;
+}
+
+using Contents = std::vector<ado::ResultSet>;
+
+Contents everything(HospitalSession& hospital, const RowKeys& keys) {
+    Contents contents;
+    for (const Table& table : tables)
+        contents.push_back(contentOf(hospital, table, keys));
+    return contents;
+}
+
+void expectUnchanged(const Contents& before, const Contents& after, bool visitToo) {
+    for (std::size_t n = 0; n < before.size(); ++n) {
+        if (tables[n].ofVisit && !visitToo)
+            continue;
+        ASSERT_EQ(before[n].rows.size(), after[n].rows.size()) << tables[n].name;
+        for (std::size_t row = 0; row < before[n].rows.size(); ++row)
+            for (std::size_t column = 0; column < before[n].columns.size(); ++column)
+                if (!meantToChange.contains(before[n].columns[column])) {
+                    EXPECT_EQ(plain(before[n].rows[row][column]), plain(after[n].rows[row][column]))
+                        << tables[n].name << "." << before[n].columns[column];
+                }
+    }
+}
+
+TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
+    for (const char* client : {"", "RVT", "TKWA"}) {
+        HospitalSession hospital(client);
+        const auto save = [&hospital](registration::RegistrationForm& form) {
+            ASSERT_TRUE(registration::ValidateData(form.context())) << hospital.desktop.messages.back().text;
+            hospital.desktop.answer(ui::Answer::Ok);
+            ASSERT_TRUE(registration::SaveData(form.context(), false));
+        };
+        const auto openNewVisit = [&hospital] {
+            auto form = hospital.open({"NEW", "00000002", "(TO BE GENERATED)", {}});
+            form->fields().additional.txtPatientClassID.setText("2");
+            return form;
+        };
+        auto form = openNewVisit();
+        form->fields().personal.accountNumber.setText("HMO-01");
+        form->record().CompanyClass = "H";
+        save(*form);
+        const RowKeys keys{"00000002", form->record().SaveIDNum + "B"};
+        for (const bool empty : {false, true}) {
+            SCOPED_TRACE(std::string{"client "} + client + (empty ? ", empty" : ", filled"));
+            fillColumns(hospital, keys, empty);
+            const Contents before = everything(hospital, keys);
+            form = hospital.open({"Edit", keys.hospNum, keys.visit, {}});
+            EXPECT_EQ(form->fields().consultation.txtPR.text(), empty ? "" : "85 bpm");
+            save(*form);
+            expectUnchanged(before, everything(hospital, keys), true);
+            // A new visit leaves the patient's own rows as they were.
+            save(*openNewVisit());
+            expectUnchanged(before, everything(hospital, keys), false);
+        }
     }
 }
 
@@ -216,6 +374,7 @@ using Rows = std::vector<ui::Grid::Row>;
 
 TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
     HospitalSession hospital("");
+    hospital.globals.IsAllowOPDPatientClass = false;
     const registration::Opening edit{"Edit", "00000002", "2600000001B", {}};
     auto form = hospital.open(edit);
     ui::Grid* grid = &form->fields().employment.mshDependents;

@@ -197,21 +197,62 @@ TEST(Save, AFailureBehindTheCommitNamesWhatIsMissingAndWritesTheSameVisitAgain) 
     }
 }
 
-TEST(Save, AnApostropheNeverReachesTheDatabaseExceptAsAGraveAccent) {
+TEST(Save, AStoredApostropheIsAskedAboutWhereItIsSeenAndIsAGraveAccentWhereItIsNot) {
     FormFixture desk;
     desk.openNewPatient();
     desk.fillRequired();
-    ASSERT_TRUE(desk.validate());
-    desk.form->fields().personal.motherName.setText("ANA O'NEIL");
-    desk.desktop.answer(ui::Answer::Ok);
-    EXPECT_TRUE(registration::SaveData(desk.form->context(), false));
-    EXPECT_NE(desk.provider->log.find("'ANA O`NEIL'"), std::string::npos);
-
-    desk.form->fields().header.txtLastName.setText("O'NEIL', 'X");
+    registration::Fields& fields = desk.form->fields();
+    fields.header.txtLastName.setText("O'NEIL', 'X");
+    fields.personal.motherName.setText("ANA O'NEIL");
+    fields.personal.txtCardNum.setText("C'1");
+    fields.personal.txtCardNum.setVisible(false);
+    fields.history.txtDiagnosis.setText("NOBODY'S");
+    desk.form->record().Findings = "BAKER'S CYST";
+    desk.form->record().DiagnosisID = {"D'1", "", ""};
+    fields.employment.mshDependents.setCell(1, 0, "L'O");
+    fields.employment.mshDependents.setCell(1, 1, "04/18/2001");
     desk.provider->log.clear();
-    EXPECT_THROW(registration::SaveData(desk.form->context(), false), ado::Error);
-    EXPECT_EQ(desk.provider->log.find("O'NEIL"), std::string::npos) << desk.provider->log;
-    EXPECT_EQ(desk.provider->log.find("commit"), std::string::npos);
+    desk.desktop.work([&](ui::Window& window) {
+        const auto answers = [&](std::initializer_list<ui::Answer> all) {
+            for (const ui::Answer answer : all)
+                desk.desktop.answer(answer);
+            window.click(fields.buttons.cmdSave);
+        };
+        answers({ui::Answer::No});
+        EXPECT_EQ(desk.desktop.messages.back().text,
+                  "Last Name holds an apostrophe, which cannot be stored from this desk. Store it as O`NEIL`, `X?");
+        EXPECT_EQ(window.focus(), &fields.header.txtLastName);
+        EXPECT_FALSE(fields.header.txtLastName.refusal().empty());
+        window.edited(fields.header.txtLastName, "ONEIL");
+        EXPECT_TRUE(fields.header.txtLastName.refusal().empty());
+        answers({ui::Answer::Yes, ui::Answer::No});
+        EXPECT_EQ(window.focus(), &fields.employment.mshDependents);
+        EXPECT_EQ(desk.provider->log, ""); // nothing is written, drawn or looked up before all is settled
+        answers({ui::Answer::Yes, ui::Answer::Ok});
+        EXPECT_FALSE(window.isOpen());
+    });
+    desk.desktop.showModal(desk.form->window());
+    EXPECT_TRUE(desk.desktop.allAnswersGiven());
+    for (const char* sent : {"'ONEIL'", "'ANA O`NEIL'", "'C`1'", "'BAKER`S CYST'", "'D`1'", "'L`O', '04/18/2001'"})
+        EXPECT_NE(desk.provider->log.find(sent), std::string::npos) << sent;
+}
+
+TEST(Save, WritesToTheNumbersThatTheFormWasOpenedForAndToNoOthers) {
+    for (const bool ofVisit : {false, true}) {
+        FormFixture desk;
+        if (ofVisit)
+            desk.desktop.answer(ui::Answer::Ok),
+                desk.open("Edit", "00000001", "26A0000007B"); // whose visit the database does not have
+        else
+            desk.openNewPatient();
+        desk.fillRequired();
+        registration::HeaderFields& header = desk.form->fields().header;
+        EXPECT_TRUE(header.txtHospNum.readOnly && header.txtOPDNum.readOnly && header.txtAge.readOnly);
+        header.txtHospNum.setText(ofVisit ? "00000001" : "00000012");
+        desk.provider->log.clear();
+        EXPECT_THROW(registration::SaveData(desk.form->context(), false), ado::Error);
+        EXPECT_EQ(desk.provider->log, "");
+    }
 }
 
 TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {

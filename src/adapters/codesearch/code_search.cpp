@@ -28,7 +28,7 @@ CodeSearch::CodeSearch(com::Server& server) : m_use(server) {
         m_found.clear();
         return com::Variant{};
     });
-    for (const char* member : {"CompanyName", "SearchMode", "OtherSectionID"})
+    for (const char* member : {"CompanyName", "SearchMode", "OtherSectionID", "ExactCodesOnly"})
         keepProperty(member);
     onSet("Connection", [this](const com::Variant& value) {
         const auto* object = std::get_if<com::Ref<com::IUnknown>>(&value);
@@ -57,7 +57,7 @@ bool CodeSearch::search(const std::string& criteria, int number) {
     if (!m_connection)
         throw com::Error(com::errorFail, "The code search has not been given a database connection.");
     std::optional<Row> row = lookUp(*m_connection->connection(), *listing, text("OtherSectionID"), criteria);
-    if (!row)
+    if (!row && !exactCodesOnly())
         row = pick(*listing, criteria);
     if (row)
         m_found[number] = std::move(*row);
@@ -77,6 +77,12 @@ std::optional<Row> CodeSearch::pick(const Listing& listing, const std::string& c
         return std::nullopt;
     }
     return window.pick(criteria);
+}
+
+bool CodeSearch::exactCodesOnly() const {
+    const auto kept = m_properties.find("ExactCodesOnly");
+    const auto* value = kept == m_properties.end() ? nullptr : std::get_if<bool>(&kept->second);
+    return value != nullptr && *value;
 }
 
 std::string CodeSearch::text(const char* property) const {

@@ -16,6 +16,7 @@ namespace opd::codesearch {
 /// was.
 ///
 /// Members: Initialize_Classes(); CompanyName, SearchMode (kept for the caller); OtherSectionID (restricts listing 21);
+/// ExactCodesOnly (true: no window and no message, whatever is searched for);
 /// Connection (a connection object); SearchListing(criteria, listing) -> flag; a record for every listing.
 ///
 /// An exact code resolves at once. Anything else, the empty text included, leads to a window with the rows whose code
@@ -30,6 +31,7 @@ class CodeSearch final : public com::LateBound {
     bool search(const std::string& criteria, int number);
     std::optional<Row> pick(const Listing& listing, const std::string& criteria);
     std::string text(const char* property) const;
+    bool exactCodesOnly() const;
     com::Variant record(const Listing& listing) const;
 
     com::Server::Use m_use;

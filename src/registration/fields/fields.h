@@ -20,7 +20,8 @@ struct Fields {
               &consultation.cmdCauseofConsultation2, &consultation.cmdCauseofConsultation3})
             lookup->tabStop = false;
         for (ui::TextBox* name :
-             {&personal.txtBarangayName, &additional.txtPatientClass, &additional.txtPictureLocation,
+             {&header.txtOPDNum, &header.txtHospNum, &header.txtAge, // what the system decides
+              &personal.txtBarangayName, &additional.txtPatientClass, &additional.txtPictureLocation,
               &additional.txtPictureFileName, &consultation.txtCauseofConsultation1,
               &consultation.txtCauseofConsultation2, &consultation.txtCauseofConsultation3})
             showOnly(*name);

@@ -8,8 +8,12 @@ using data::Statement;
 
 namespace {
 
-std::string firstText(const Session& session, const Statement& statement, const char* column) {
-    const ado::Recordset row = data::openClient(session, statement);
+/// The text of one column where the key has a row. No row has a key that cannot be asked for.
+template <std::size_t Length>
+std::string textOfKey(const Session& session, const char (&query)[Length], const std::string& key, const char* column) {
+    if (!data::isSendable(key))
+        return {};
+    const ado::Recordset row = data::openClient(session, Statement(query).value(key).text("'"));
     return row.EndOfFile() ? std::string{} : data::textOf(row, column);
 }
 
@@ -25,17 +29,17 @@ void LoadPayCode(FormContext& form) {
 }
 
 std::string GetPayCode(const Session& session, const std::string& id) {
-    return firstText(
-        session, Statement("Select * from Build_File..tbCoPayCode where PayCodeID = '").value(id).text("'"), "PayCode");
+    return textOfKey(session, "Select * from Build_File..tbCoPayCode where PayCodeID = '", id, "PayCode");
 }
 
 std::string GetAdmissionType(const Session& session, const std::string& id) {
-    return firstText(
-        session, Statement("Select * from Build_File..tbCoAdmissionType where AdmissionTypeID = '").value(id).text("'"),
-        "AdmissionType");
+    return textOfKey(session, "Select * from Build_File..tbCoAdmissionType where AdmissionTypeID = '", id,
+                     "AdmissionType");
 }
 
 void LoadAccountClass(FormContext& form, const std::string& account) {
+    if (!data::isSendable(account))
+        return;
     const ado::Recordset company = data::openClient(
         form.session, Statement("Select * From Build_File..tbCoCompany Where AccountNum = '").value(account).text("'"));
     if (!company.EndOfFile())

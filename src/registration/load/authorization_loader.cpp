@@ -8,13 +8,22 @@ namespace opd::registration {
 
 namespace {
 
-/// Shows a moment in its two pickers; a moment that was never stored leaves them as they are.
-void showMoment(const ado::Recordset& letter, const char* column, ui::DatePicker& date, ui::DatePicker& time) {
-    const DateTime moment = letter.Fields(column).asDate();
-    if (!moment.isSet())
-        return;
-    date.setValue(moment);
-    time.setValue(moment);
+/// Shows a moment in its two pickers. One that was never stored leaves them as they are, and stays unknown until the
+/// clerk sets a picker.
+void showMoment(const ado::Recordset& letter, const char* column, ui::DatePicker& date, ui::DatePicker& time,
+                bool& unknown) {
+    DateTime moment = letter.Fields(column).asDate();
+    moment.second = 0; // the pickers show minutes
+    unknown = !moment.isSet();
+    for (ui::DatePicker* picker : {&date, &time}) {
+        if (!unknown)
+            picker->setValue(moment);
+        picker->hint = unknown ? "No date is stored; set one to store it." : "";
+        picker->onChange = [&unknown, &date, &time] {
+            unknown = false;
+            date.hint = time.hint = "";
+        };
+    }
 }
 
 } // namespace
@@ -30,11 +39,15 @@ void LoadHMOLOA(FormContext& form, const std::string& opdNumber) {
     if (letter.EndOfFile())
         return;
     AdditionalTab& additional = form.fields.additional;
-    showMoment(letter, "LOADateInformed", additional.DateLOAInformed, additional.TimeLOAInformed);
-    showMoment(letter, "LOADateReceived", additional.DateLOAReceived, additional.TimeLOAReceived);
+    showMoment(letter, "LOADateInformed", additional.DateLOAInformed, additional.TimeLOAInformed,
+               form.record.LOAInformedUnknown);
+    showMoment(letter, "LOADateReceived", additional.DateLOAReceived, additional.TimeLOAReceived,
+               form.record.LOAReceivedUnknown);
     fill(letter, {{"LOAReceiver", additional.txtLOAReceiver}, {"LOARemarks", additional.txtLOARemarks}});
     additional.txtLOAAmount.setText(amountText(letter.Fields("LOAAmount").asNumber()));
-    additional.cmbLOAStatus.select(data::textOf(letter, "LOAStatus") == "Covered" ? 0 : 1);
+    const std::string status = data::textOf(letter, "LOAStatus");
+    additional.cmbLOAStatus.select(status == "Covered" ? 0 : 1);
+    form.record.LOAStatusKept.keep(status, additional.cmbLOAStatus.text());
 }
 
 } // namespace opd::registration

@@ -2,6 +2,7 @@
 
 #include "data/procedures/dates.h"
 #include "data/rows.h"
+#include "platform/ado/error.h"
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
 #include "registration/load/account_loader.h"
@@ -10,6 +11,7 @@
 #include "registration/load/visit_loader.h"
 #include "registration/photo/photo.h"
 #include "registration/rules/code_lookups.h"
+#include "registration/rules/payer_rules.h"
 #include "reports/photograph.h"
 
 namespace opd::registration {
@@ -35,7 +37,8 @@ void layOutAuthorization(FormContext& form) {
     additional.letterOfAuthorization.setVisible(used);
     if (!used)
         return;
-    const DateTime now = form.session.clock.now();
+    DateTime now = form.session.clock.now();
+    now.second = 0; // the pickers show minutes
     for (ui::DatePicker* picker : {&additional.DateLOAInformed, &additional.TimeLOAInformed,
                                    &additional.DateLOAReceived, &additional.TimeLOAReceived})
         picker->setValue(now);
@@ -84,6 +87,7 @@ bool loadVisitAndPatient(FormContext& form) {
     LoadAccountClass(form, text::trimmed(form.fields.personal.accountNumber.text()));
     if (form.session.globals.IsAllowOPDUpdateHMOLOA)
         LoadHMOLOA(form, form.record.AdmissionNumber);
+    standByPayer(form);
     return true;
 }
 
@@ -113,6 +117,7 @@ bool loadNew(FormContext& form) {
     if (!record.isNewPatient()) {
         record.VisitKindCode = "O";
         LoadData(form);
+        LoadAllergies(form);
         return true;
     }
     record.VisitKindCode = "N";
@@ -125,6 +130,17 @@ bool loadByType(FormContext& form) {
     if (form.record.isEdit())
         return loadEdit(form);
     return form.record.isNew() ? loadNew(form) : false;
+}
+
+/// A key with an apostrophe cannot be asked for: the clerk learns it before anything is loaded.
+void refuseUnsendableKeys(const Record& record) {
+    const std::pair<const char*, const std::string&> keys[] = {{"hospital", record.HospNum},
+                                                               {"visit", record.AdmissionNumber}};
+    for (const auto& [kind, number] : keys)
+        if (!data::isSendable(number))
+            throw ado::Error("The " + std::string{kind} + " number " + number +
+                             " holds an apostrophe ('), with which this desk can open nothing. The number must be "
+                             "changed in the database. Nothing was changed here.");
 }
 
 void DisplayPatientAge(FormContext& form) {
@@ -141,6 +157,7 @@ void DisplayPatientAge(FormContext& form) {
 } // namespace
 
 void loadForm(FormContext& form) {
+    refuseUnsendableKeys(form.record);
     form.record.Findings.clear();
     form.record.Medications.clear();
     hideUntilNeeded(form.fields);

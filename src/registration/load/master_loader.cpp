@@ -36,6 +36,15 @@ void showSex(Fields& fields, const std::string& sex) {
     fields.header.male.setSelected(sex == "M");
 }
 
+/// A code that stands for no status leaves the box, and is sent back as long as the box stays so.
+void showCivilStatus(FormContext& form, const std::string& code) {
+    ui::ComboBox& box = form.fields.personal.cboCivilStatus;
+    const std::string status = civilStatusOfCode(text::trimmed(code));
+    if (!status.empty())
+        box.setText(status);
+    form.record.CivilStatusKept.keep(code, civilStatusCode(box.text()));
+}
+
 void showMaster(FormContext& form, const ado::Recordset& master) {
     Fields& fields = form.fields;
     fill(master, {
@@ -63,14 +72,14 @@ void showMaster(FormContext& form, const ado::Recordset& master) {
     const DateTime birthDate = master.Fields("BirthDate").asDate();
     fields.header.txtBirthDate.setText(birthDate.isSet() ? dateText(birthDate) : std::string{});
     showSex(fields, text::upper(text::trimmed(textOf(master, "Sex"))));
-    const std::string civilStatus = civilStatusOfCode(text::trimmed(textOf(master, "CivilStatus")));
-    if (!civilStatus.empty())
-        fields.personal.cboCivilStatus.setText(civilStatus);
+    showCivilStatus(form, textOf(master, "CivilStatus"));
 }
 
 } // namespace
 
 std::string GetBarangayName(const Session& session, const std::string& code) {
+    if (!data::isSendable(code))
+        return {};
     const ado::Recordset row = data::openClient(
         session, Statement("Build_file..global_SearchBarangay '").value(text::trimmed(code)).text("','0'"));
     return row.EndOfFile() ? std::string{} : textOf(row, "Barangay");

@@ -4,6 +4,9 @@
 #include "platform/text/text.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/columns.h"
+#include "registration/save/codes.h"
+
+#include <algorithm>
 
 namespace opd::registration {
 
@@ -53,6 +56,9 @@ void showTexts(Fields& fields, const ado::Recordset& visit) {
 
 void showAccount(Fields& fields, const ado::Recordset& visit) {
     PersonalTab& personal = fields.personal;
+    fields.additional.txtApprovalNo.setText(textOf(visit, "HMOApprovalNum"));
+    if (data::hasColumn(visit, "AccountRemarks"))
+        personal.txtARemarks.setText(textOf(visit, "AccountRemarks"));
     if (personal.accountNumber.text() == fields.header.txtHospNum.text()) {
         personal.notInsured.setSelected(true);
         personal.accountNumber.setText("");
@@ -61,7 +67,12 @@ void showAccount(Fields& fields, const ado::Recordset& visit) {
     }
     fields.additional.letterOfAuthorization.setEnabled(true);
     personal.insured.setSelected(true);
-    fields.additional.txtApprovalNo.setText(textOf(visit, "HMOApprovalNum"));
+}
+
+/// The code of a slot's object, or the stored one when the reference file does not know it (any more): what is stored
+/// stays on the screen, and so in the visit.
+template <class Object> std::string shownCode(const CodedSlot<Object>& slot, const Object& object) {
+    return object.Code().empty() && !text::isBlank(slot.id) ? slot.id : object.Code();
 }
 
 /// Looks the object of each slot up and shows its code and name: slot n in boxes 2n and 2n + 1.
@@ -69,8 +80,9 @@ template <class Object>
 void showPairs(FormContext& form, std::array<CodedSlot<Object>, 5>& slots, std::size_t firstSlot, int count,
                const ui::ControlArray<ui::TextBox>& boxes) {
     for (int n = 0; n < count; ++n) {
-        Object& object = slots.at(firstSlot + static_cast<std::size_t>(n)).get(form.session);
-        boxes(2 * n).setText(object.Code());
+        CodedSlot<Object>& slot = slots.at(firstSlot + static_cast<std::size_t>(n));
+        Object& object = slot.get(form.session);
+        boxes(2 * n).setText(shownCode(slot, object));
         boxes(2 * n + 1).setText(object.Code().empty() ? std::string{} : object.name());
     }
 }
@@ -145,15 +157,28 @@ void showStatus(FormContext& form, const ado::Recordset& visit) {
         fields.buttons.cmdUnRevoke.setVisible(true);
 }
 
+/// Several codes may read alike, so the code decides which entry is shown and not its description.
+void showPayCode(FormContext& form, const std::string& payCode) {
+    ui::ComboBox& codes = form.fields.personal.cmbPaycodeID;
+    ui::ComboBox& descriptions = form.fields.personal.cmbPaycode;
+    const std::string description = GetPayCode(form.session, text::trimmed(payCode));
+    const auto entry = std::find_if(codes.items().begin(), codes.items().end(), [&](const std::string& code) {
+        return text::trimmed(code) == text::trimmed(payCode);
+    });
+    if (entry != codes.items().end())
+        descriptions.select(static_cast<int>(entry - codes.items().begin()));
+    else
+        descriptions.setText(description);
+    codes.setText(payCode);
+}
+
 void showOptionalMarkers(FormContext& form, const ado::Recordset& visit) {
     const Globals& globals = form.session.globals;
     AdditionalTab& additional = form.fields.additional;
     if (globals.gClientName == "RVT") {
         const std::string payCode = textOf(visit, "PayCode");
-        if (!payCode.empty()) {
-            form.fields.personal.cmbPaycodeID.setText(payCode);
-            form.fields.personal.cmbPaycode.setText(GetPayCode(form.session, text::trimmed(payCode)));
-        }
+        if (!payCode.empty())
+            showPayCode(form, payCode);
     }
     if (globals.isAllowCorvane)
         additional.corvanePatient.setSelected(visit.Fields("Corvane").asFlag());
@@ -188,6 +213,7 @@ void showVisit(FormContext& form, const ado::Recordset& visit) {
     showStatus(form, visit);
     keepUnshown(form.record, visit);
     showOptionalMarkers(form, visit);
+    keepCodes(form, visit);
 }
 
 void showAllergies(FormContext& form, const ado::Recordset& row) {
@@ -197,7 +223,7 @@ void showAllergies(FormContext& form, const ado::Recordset& row) {
         CodedSlot<search::clsAllergy>& slot = form.record.Allergy[static_cast<std::size_t>(n)];
         slot.id = textOf(row, columns[n]);
         const search::clsAllergy& allergy = slot.get(form.session);
-        form.fields.history.txtAllergy(n).setText(allergy.Code());
+        form.fields.history.txtAllergy(n).setText(shownCode(slot, allergy));
         form.fields.history.txtAllergy(n + nameOffset).setText(allergy.AllergyName());
     }
 }

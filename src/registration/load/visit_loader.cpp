@@ -67,12 +67,7 @@ bool loadVisit(FormContext& form) {
     showVisit(form, visit);
     visit.Close();
 
-    const ado::Recordset allergies = data::openClient(
-        form.session, Statement("Patient_Data..sp_Aopd_LoadAllergies '").value(record.HospNum).text("'"), dynamic,
-        optimistic);
-    if (allergies.RecordCount() > 0)
-        showAllergies(form, allergies);
-
+    LoadAllergies(form);
     for (auto& slot : record.Service)
         slot.empty();
     for (auto& slot : record.Allergy)
@@ -83,6 +78,14 @@ bool loadVisit(FormContext& form) {
 }
 
 } // namespace
+
+void LoadAllergies(FormContext& form) {
+    const ado::Recordset allergies = data::openClient(
+        form.session, Statement("Patient_Data..sp_Aopd_LoadAllergies '").value(form.record.HospNum).text("'"), dynamic,
+        optimistic);
+    if (allergies.RecordCount() > 0)
+        showAllergies(form, allergies);
+}
 
 bool SearchPatient(FormContext& form) {
     if (form.record.isNew())
@@ -118,7 +121,7 @@ void GetCancerPatient(FormContext& form) {
         return;
     personal.dtpExpiration.setEnabled(true);
     if (const DateTime expires = visit.Fields("ExpirationDate").asDate(); expires.isSet())
-        personal.dtpExpiration.setValue(expires);
+        personal.dtpExpiration.setValue(expires.date());
 }
 
 void loadOutProfile(FormContext& form) {

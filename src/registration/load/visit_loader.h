@@ -9,6 +9,9 @@ namespace opd::registration {
 /// edited, which the clerk was told. For any other form type true. Throws ado::Error.
 bool SearchPatient(FormContext& form);
 
+/// Loads the allergies of `HospNum`, as they are saved with every visit. Throws ado::Error.
+void LoadAllergies(FormContext& form);
+
 /// Loads the treatment flags and the expiration date of the visit in `txtOPDNum`. Throws ado::Error.
 void GetCancerPatient(FormContext& form);
 

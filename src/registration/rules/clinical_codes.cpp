@@ -55,8 +55,8 @@ void bindDoctors(FormContext& form, TextBoxes& doctors, std::initializer_list<in
         ui::TextBox& name = doctors(index + 1);
         code.onValidate = [&form, index, &code, &name](bool& refuse) {
             const LookupRequest request = takeRequest(form.session, code);
-            refuse = refusedUnless(request.isNone() || findDoctor(form, request, index, code, name), code,
-                                   "No doctor has this code.");
+            refuse = refusedAfter(form, request, request.isNone() || findDoctor(form, request, index, code, name), code,
+                                  "No doctor has this code.");
         };
     }
 }
@@ -126,7 +126,7 @@ void bindServices(FormContext& form) {
     for (const int index : {0, 2, 4}) {
         ui::TextBox& code = form.fields.consultation.txtService(index);
         code.onValidate = [&form, index, &code](bool& refuse) {
-            refuse = refusedUnless(acceptService(form, index), code, "The patient may not get this service.");
+            refuse = refusedUnless(form, acceptService(form, index), code, "The patient may not get this service.");
         };
     }
 }
@@ -139,9 +139,8 @@ void removeAllergy(TextBoxes& allergies, int slot) {
             allergies(n + offset).setText(n + 1 < allergySlots ? allergies(n + 1 + offset).text() : std::string{});
 }
 
-bool acceptAllergy(FormContext& form, int slot) {
+bool acceptAllergy(FormContext& form, int slot, const LookupRequest& request) {
     TextBoxes& allergies = form.fields.history.txtAllergy;
-    const LookupRequest request = takeRequest(form.session, allergies(slot));
     if (request.isNone()) {
         removeAllergy(allergies, slot);
         return true;
@@ -165,7 +164,9 @@ void bindAllergies(FormContext& form) {
     for (int slot = 0; slot < allergySlots; ++slot) {
         ui::TextBox& code = form.fields.history.txtAllergy(slot);
         code.onValidate = [&form, slot, &code](bool& refuse) {
-            refuse = refusedUnless(acceptAllergy(form, slot), code, "This allergy is unknown or stands here already.");
+            const LookupRequest request = takeRequest(form.session, code);
+            refuse = refusedAfter(form, request, acceptAllergy(form, slot, request), code,
+                                  "This allergy is unknown or stands here already.");
         };
     }
 }

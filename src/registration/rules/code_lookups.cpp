@@ -44,8 +44,7 @@ std::array<CodeLookup, 3> lookupsOf(Fields& fields) {
 }
 
 /// Resolves the field's code; false when no record was found or chosen.
-bool resolve(Session& session, const CodeLookup& lookup) {
-    const LookupRequest request = takeRequest(session, lookup.code);
+bool resolve(Session& session, const CodeLookup& lookup, const LookupRequest& request) {
     if (request.isNone()) {
         lookup.name.setText("");
         return true;
@@ -59,6 +58,31 @@ bool resolve(Session& session, const CodeLookup& lookup) {
     return true;
 }
 
+/// Lets the code search resolve exact codes alone, without a window, until the end of its scope.
+class ExactCodesOnly {
+  public:
+    explicit ExactCodesOnly(const com::Object& codeSearch) : m_codeSearch(codeSearch), m_holds(set(true)) {}
+    ~ExactCodesOnly() { set(false); }
+    ExactCodesOnly(const ExactCodesOnly&) = delete;
+    ExactCodesOnly& operator=(const ExactCodesOnly&) = delete;
+
+    /// False for a component that does not know the wish.
+    bool holds() const { return m_holds; }
+
+  private:
+    bool set(bool wanted) noexcept {
+        try {
+            m_codeSearch.set("ExactCodesOnly", wanted);
+            return true;
+        } catch (const com::Error&) {
+            return false;
+        }
+    }
+
+    const com::Object& m_codeSearch;
+    bool m_holds;
+};
+
 /// Barangay and patient classification are resolved by the form's own search; emptied, they change nothing.
 void bindSearchedCode(FormContext& form, ui::TextBox& code, ui::TextBox& name,
                       bool (search::clsSearch::*search)(const std::string&), bool trims) {
@@ -70,7 +94,7 @@ void bindSearchedCode(FormContext& form, ui::TextBox& code, ui::TextBox& name,
             name.setText(form.codes.Description());
             accepted = true;
         }
-        refuse = refusedUnless(accepted, code, "This code is unknown.");
+        refuse = refusedAfter(form, request, accepted, code, "This code is unknown.");
     };
 }
 
@@ -104,7 +128,9 @@ void bindLookupButtons(FormContext& form) {
 void bindCodeLookups(FormContext& form) {
     for (const CodeLookup& lookup : lookupsOf(form.fields))
         lookup.code.onValidate = [&form, lookup](bool& refuse) {
-            refuse = refusedUnless(resolve(form.session, lookup), lookup.code, "This code is unknown.");
+            const LookupRequest request = takeRequest(form.session, lookup.code);
+            refuse = refusedAfter(form, request, resolve(form.session, lookup, request), lookup.code,
+                                  "This code is unknown.");
         };
     PersonalTab& personal = form.fields.personal;
     AdditionalTab& additional = form.fields.additional;
@@ -115,7 +141,11 @@ void bindCodeLookups(FormContext& form) {
 }
 
 void resolveNationality(FormContext& form) {
-    resolve(form.session, nationalityLookup(form.fields));
+    form.session.globals.gForceSearch = false;
+    const CodeLookup lookup = nationalityLookup(form.fields);
+    const ExactCodesOnly exact(form.session.globals.gCodeSearch);
+    if (exact.holds() || lookup.name.text().empty())
+        resolve(form.session, lookup, {false, lookup.code.text()});
 }
 
 } // namespace opd::registration

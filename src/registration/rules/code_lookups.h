@@ -8,7 +8,8 @@ namespace opd::registration {
 /// of every code field that is resolved when it is left.
 void bindCodeLookups(FormContext& form);
 
-/// Resolves the nationality code as leaving its field would; a code that is not found stays. Throws com::Error.
+/// Resolves the nationality code where it is an exact one, without a window or a message; any other stays as it is,
+/// with the name that is stored for it. Throws com::Error.
 void resolveNationality(FormContext& form);
 
 } // namespace opd::registration

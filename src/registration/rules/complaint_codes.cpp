@@ -1,8 +1,10 @@
 #include "registration/rules/complaint_codes.h"
 
 #include "data/rows.h"
+#include "platform/text/text.h"
 #include "platform/ui/window.h"
 #include "registration/rules/clinical_codes.h"
+#include "registration/rules/marks.h"
 
 #include <array>
 
@@ -11,6 +13,22 @@ namespace opd::registration {
 namespace {
 
 constexpr int otherRevenueListing = 21;
+constexpr const char* unknownCause = "No cause of consultation has this code.";
+
+/// The visit stores the memo "Chief Complaint" and not the code, so a complaint that was picked goes into the memo,
+/// unless something else was written there.
+void takeOver(FormContext& form, const std::string& complaint) {
+    ui::TextBox& memo = form.fields.history.complaint;
+    if (form.session.globals.gClientName == "RVT") {
+        form.window.setStatus("The visits of this hospital store no chief complaint.");
+    } else if (text::isBlank(memo.text()) || memo.text() == form.record.takenComplaint) {
+        form.record.takenComplaint = complaint;
+        memo.setText(complaint);
+        form.window.setStatus("The complaint was taken over into \"Chief Complaint\" on \"Diagnosis & History\".");
+    } else {
+        form.window.setStatus("\"Chief Complaint\" on \"Diagnosis & History\" holds another text, which stays.");
+    }
+}
 
 /// Shows the complaint of an exact code. False when there is none.
 bool showExactComplaint(FormContext& form) {
@@ -19,6 +37,7 @@ bool showExactComplaint(FormContext& form) {
         return false;
     consultation.chiefComplaintCode.setText(form.record.chiefComplaintCode);
     consultation.chiefComplaintText.setText(form.record.chiefComplaintText);
+    takeOver(form, form.record.chiefComplaintText);
     return true;
 }
 
@@ -36,6 +55,7 @@ void lookUpComplaint(FormContext& form) {
         return;
     consultation.chiefComplaintCode.setText(dialog.ResultCode());
     consultation.chiefComplaintText.setText(dialog.Result());
+    takeOver(form, dialog.Result());
 }
 
 void bindChiefComplaint(FormContext& form) {
@@ -64,10 +84,13 @@ std::array<Cause, 3> causesOf(ConsultationTab& tab) {
          {tab.txtCauseofConsultationID3, tab.txtCauseofConsultation3, tab.cmdCauseofConsultation3, tab.doctorCode1}}};
 }
 
-void lookUpCause(const Session& session, const Cause& cause) {
-    const com::Object& codeSearch = session.globals.gCodeSearch;
+void lookUpCause(FormContext& form, const Cause& cause) {
+    const com::Object& codeSearch = form.session.globals.gCodeSearch;
     codeSearch.set("OtherSectionID", std::string{"AA"});
-    if (!codeSearch.flag("SearchListing", {cause.code.text(), std::int32_t{otherRevenueListing}}))
+    const std::string& code = cause.code.text();
+    const bool found = codeSearch.flag("SearchListing", {code, std::int32_t{otherRevenueListing}});
+    cause.code.setRefusal(found || code.empty() ? "" : unknownCause);
+    if (!found)
         return;
     const com::Object revenue = codeSearch.object("OtherRevenueRecord");
     cause.name.setText(revenue.text("OtherRevenue"));
@@ -76,11 +99,12 @@ void lookUpCause(const Session& session, const Cause& cause) {
 
 void bindCauses(FormContext& form) {
     for (const Cause& cause : causesOf(form.fields.consultation)) {
-        cause.button.onClick = [&form, cause] { lookUpCause(form.session, cause); };
+        takeBackWhen(cause.code, unknownCause, [cause] { return cause.code.text().empty(); });
+        cause.button.onClick = [&form, cause] { lookUpCause(form, cause); };
         cause.code.onKeyPress = [&form, cause](ui::KeyPress& press) {
             if (press.code != ui::key::enter)
                 return;
-            lookUpCause(form.session, cause);
+            lookUpCause(form, cause);
             form.window.setFocus(cause.name.text().empty() ? cause.code : cause.next);
         };
     }

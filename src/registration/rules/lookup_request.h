@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/ui/controls.h"
-#include "session/session.h"
+#include "platform/ui/window.h"
+#include "registration/form_context.h"
+#include "registration/rules/validate_data.h"
 
 #include <string>
 #include <utility>
@@ -23,10 +24,26 @@ inline LookupRequest takeRequest(Session& session, const ui::TextBox& code) {
     return {forced, forced ? std::string{} : code.text()};
 }
 
-/// Marks a field as refused, or as accepted. Returns whether it is refused, for the field's validation.
-inline bool refusedUnless(bool accepted, ui::Control& field, const char* reason) {
-    field.setRefusal(accepted ? std::string{} : std::string{reason});
+/// Marks a field as refused, or as accepted, and returns whether it is refused, for the field's validation. What is
+/// refused is selected, so that typing again replaces it. A mark of the check before a save stays until that is met.
+inline bool refusedUnless(FormContext& form, bool accepted, ui::Control& field, const char* reason) {
+    if (!accepted) {
+        field.setRefusal(reason);
+        form.window.setFocus(field);
+    } else if (!isStandingFault(form, field)) {
+        field.setRefusal({});
+    }
     return !accepted;
+}
+
+/// Likewise for a code field. A list that was closed without a choice keeps the clerk in the field, and says nothing
+/// about what stands there.
+inline bool refusedAfter(FormContext& form, const LookupRequest& request, bool found, ui::TextBox& code,
+                         const char* reason) {
+    if (found || !request.forced)
+        return refusedUnless(form, found, code, reason);
+    form.window.setFocus(code);
+    return true;
 }
 
 } // namespace opd::registration

@@ -9,39 +9,49 @@ namespace opd::registration {
 
 namespace {
 
+void openAccount(PersonalTab& personal) {
+    personal.accountNumber.setEnabled(true);
+    personal.searchAccount.setEnabled(true);
+}
+
+/// The patient pays alone: there is no account, and with it no type and no letter that would depend on one.
+void closeAccount(Fields& fields) {
+    fields.personal.accountNumber.setEnabled(false);
+    fields.personal.searchAccount.setEnabled(false);
+    fields.additional.frmPatientType.setEnabled(true);
+    fields.additional.fraMAB.setEnabled(true);
+    fields.additional.letterOfAuthorization.setEnabled(false);
+}
+
+void followPlan(PersonalTab& personal) {
+    const bool paidByOthers = !personal.planPersonal.selected();
+    for (ui::Control* account :
+         std::initializer_list<ui::Control*>{&personal.accountNumber, &personal.accountName, &personal.searchAccount})
+        account->setEnabled(paidByOthers);
+    personal.lblCardNum.setVisible(paidByOthers);
+    personal.txtCardNum.setVisible(paidByOthers);
+}
+
 void bindInsurance(FormContext& form) {
     PersonalTab& personal = form.fields.personal;
     AdditionalTab& additional = form.fields.additional;
     personal.insured.onClick = [&] {
-        personal.accountNumber.setEnabled(true);
-        personal.searchAccount.setEnabled(true);
-        additional.regularPatient.setSelected(true);
+        openAccount(personal);
+        choosePatientType(additional, additional.regularPatient);
     };
     personal.notInsured.onClick = [&] {
         personal.accountNumber.setText("");
-        personal.accountNumber.setEnabled(false);
         personal.accountName.setText("PERSONAL");
-        personal.searchAccount.setEnabled(false);
-        additional.frmPatientType.setEnabled(true);
-        additional.fraMAB.setEnabled(true);
-        additional.letterOfAuthorization.setEnabled(false);
+        closeAccount(form.fields);
     };
-    personal.optHospPlan.forEach([&](int, ui::OptionButton& plan) {
-        plan.onClick = [&] {
-            const bool paidByOthers = !personal.planPersonal.selected();
-            for (ui::Control* account : std::initializer_list<ui::Control*>{
-                     &personal.accountNumber, &personal.accountName, &personal.searchAccount})
-                account->setEnabled(paidByOthers);
-            personal.lblCardNum.setVisible(paidByOthers);
-            personal.txtCardNum.setVisible(paidByOthers);
-        };
-    });
+    personal.optHospPlan.forEach(
+        [&](int, ui::OptionButton& plan) { plan.onClick = [&personal] { followPlan(personal); }; });
 }
 
 void bindPatientType(FormContext& form) {
     AdditionalTab& additional = form.fields.additional;
     for (ui::OptionButton* type : {&additional.regularPatient, &additional.corvanePatient})
-        type->onClick = [&additional] { additional.chkMAB.setChecked(false); };
+        type->onClick = [&additional, type] { choosePatientType(additional, *type); };
     additional.chkMAB.onClick = [&additional] {
         additional.regularPatient.setSelected(false);
         additional.corvanePatient.setSelected(false);
@@ -104,6 +114,21 @@ void bindProgrammes(FormContext& form) {
 }
 
 } // namespace
+
+// The answer about the insurance comes last: it decides about the account whatever the plan is.
+void standByPayer(FormContext& form) {
+    PersonalTab& personal = form.fields.personal;
+    followPlan(personal);
+    if (personal.notInsured.selected()) {
+        closeAccount(form.fields);
+        return;
+    }
+    if (!personal.insured.selected())
+        return;
+    openAccount(personal);
+    if (form.session.globals.isAllowCorvane)
+        lockPatientType(form.fields);
+}
 
 void bindPayerRules(FormContext& form) {
     PersonalTab& personal = form.fields.personal;

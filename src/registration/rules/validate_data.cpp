@@ -3,75 +3,132 @@
 #include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
+#include "registration/amount_text.h"
 #include "registration/civil_status.h"
+#include "registration/rules/marks.h"
+
+#include <algorithm>
 
 namespace opd::registration {
 
 namespace {
 
-bool warn(FormContext& form, const char* text, ui::Control& mistake) {
-    form.session.desktop.ask({.text = text, .caption = "Warning", .icon = ui::Icon::Critical});
-    form.window.setFocus(mistake);
+enum class Tone { Warning, Notification };
+
+/// What must hold before a save, and what the clerk is told where it does not.
+struct Rule {
+    ui::Control& field;
+    const char* fault;
+    Tone tone;
+    bool (*holds)(const Fields& fields);
+};
+
+bool hasAccount(const Fields& fields) {
+    return !fields.personal.insured.selected() || !fields.personal.accountNumber.text().empty();
+}
+
+bool hasLastName(const Fields& fields) {
+    return !fields.header.txtLastName.text().empty();
+}
+
+bool hasFirstName(const Fields& fields) {
+    return !fields.header.txtFirstName.text().empty();
+}
+
+bool hasZipCode(const Fields& fields) {
+    return !text::isBlank(fields.personal.txtZipCode.text());
+}
+
+bool hasNationality(const Fields& fields) {
+    return !text::isBlank(fields.personal.txtNationality.text());
+}
+
+bool hasReligion(const Fields& fields) {
+    return !text::isBlank(fields.personal.txtReligion.text());
+}
+
+bool hasSex(const Fields& fields) {
+    return fields.header.male.selected() || fields.header.female.selected();
+}
+
+bool hasBirthDate(const Fields& fields) {
+    return !fields.header.txtBirthDate.isBlank();
+}
+
+bool hasValidBirthDate(const Fields& fields) {
+    return parseDate(fields.header.txtBirthDate.text()).has_value();
+}
+
+/// Where the hospital has no letters of authorization their frame is hidden, and nothing of it is stored.
+bool hasValidAmount(const Fields& fields) {
+    return !fields.additional.letterOfAuthorization.visible() ||
+           parseAmount(fields.additional.txtLOAAmount.text()).has_value();
+}
+
+/// In the order in which the clerk is told.
+std::vector<Rule> rulesOf(Fields& fields) {
+    HeaderFields& header = fields.header;
+    PersonalTab& personal = fields.personal;
+    return {{personal.accountNumber, "Please enter Account Code", Tone::Warning, hasAccount},
+            {header.txtLastName, "Invalid Patient Name", Tone::Warning, hasLastName},
+            {header.txtFirstName, "Invalid Patient Name", Tone::Warning, hasFirstName},
+            {personal.txtZipCode, "Please enter patient's zip code!", Tone::Warning, hasZipCode},
+            {personal.txtNationality, "Please enter patient's nationality!", Tone::Warning, hasNationality},
+            {personal.txtReligion, "Please enter patient's religion!", Tone::Warning, hasReligion},
+            {header.male, "You must specify the out-patient's sex.", Tone::Notification, hasSex},
+            {header.txtBirthDate, "Please enter the patient's Birthdate", Tone::Notification, hasBirthDate},
+            {header.txtBirthDate, "Invalid Birthdate", Tone::Notification, hasValidBirthDate},
+            {fields.additional.txtLOAAmount, invalidAmount, Tone::Warning, hasValidAmount}};
+}
+
+bool refuse(FormContext& form, const Rule& rule) {
+    rule.field.setRefusal(rule.fault);
+    const bool warning = rule.tone == Tone::Warning;
+    form.session.desktop.ask({.text = rule.fault,
+                              .caption = warning ? "Warning" : "Notification",
+                              .icon = warning ? ui::Icon::Critical : ui::Icon::None});
+    form.window.setFocus(rule.field);
     return false;
 }
 
-bool notify(FormContext& form, const char* text, ui::Control& mistake) {
-    form.session.desktop.ask({.text = text, .caption = "Notification"});
-    form.window.setFocus(mistake);
-    return false;
-}
-
-bool hasNames(FormContext& form) {
-    HeaderFields& header = form.fields.header;
-    for (ui::TextBox* name : {&header.txtLastName, &header.txtFirstName})
-        if (name->text().empty())
-            return warn(form, "Invalid Patient Name", *name);
-    return true;
-}
-
-bool hasCodes(FormContext& form) {
-    PersonalTab& personal = form.fields.personal;
-    if (text::isBlank(personal.txtZipCode.text()))
-        return warn(form, "Please enter patient's zip code!", personal.txtZipCode);
-    if (text::isBlank(personal.txtNationality.text()))
-        return warn(form, "Please enter patient's nationality!", personal.txtNationality);
-    if (text::isBlank(personal.txtReligion.text()))
-        return warn(form, "Please enter patient's religion!", personal.txtReligion);
-    return true;
-}
-
-bool hasSex(FormContext& form) {
-    const HeaderFields& header = form.fields.header;
-    if (!header.male.selected() && !header.female.selected())
-        return notify(form, "You must specify the out-patient's sex.", header.male);
-    form.record.SexCode = header.male.selected() ? "M" : "F";
-    return true;
-}
-
-bool hasBirthDate(FormContext& form) {
-    ui::MaskedBox& birthDate = form.fields.header.txtBirthDate;
-    if (birthDate.isBlank())
-        return notify(form, "Please enter the patient's Birthdate", birthDate);
-    if (!parseDate(birthDate.text()))
-        return notify(form, "Invalid Birthdate", birthDate);
-    return true;
+void takeBackMarks(Fields& fields) {
+    for (const Rule& rule : rulesOf(fields))
+        if (rule.field.refusal() == rule.fault && rule.holds(fields))
+            rule.field.setRefusal({});
 }
 
 } // namespace
 
 bool ValidateData(FormContext& form) {
-    PersonalTab& personal = form.fields.personal;
-    if (personal.insured.selected() && personal.accountNumber.text().empty())
-        return warn(form, "Please enter Account Code", personal.accountNumber);
-    if (!hasNames(form) || !hasCodes(form) || !hasSex(form))
-        return false;
-    form.record.ConsultationTypeCode = form.fields.consultation.withBill.selected() ? "W" : "";
-    form.session.globals.AccountTypeCode = personal.notInsured.selected() ? "P" : "C";
-    if (!hasBirthDate(form))
-        return false;
-    form.record.BirthDateText = text::trimmed(form.fields.header.txtBirthDate.text());
-    form.record.CivilStatusCode = civilStatusCode(personal.cboCivilStatus.text());
+    Fields& fields = form.fields;
+    takeBackMarks(fields);
+    for (const Rule& rule : rulesOf(fields))
+        if (!rule.holds(fields))
+            return refuse(form, rule);
+    Record& record = form.record;
+    record.SexCode = fields.header.male.selected() ? "M" : "F";
+    record.ConsultationTypeCode = fields.consultation.withBill.selected() ? "W" : "";
+    form.session.globals.AccountTypeCode = fields.personal.notInsured.selected() ? "P" : "C";
+    record.BirthDateText = text::trimmed(fields.header.txtBirthDate.text());
+    record.CivilStatusCode = record.CivilStatusKept.sent(civilStatusCode(fields.personal.cboCivilStatus.text()));
     return true;
+}
+
+bool isStandingFault(const FormContext& form, const ui::Control& field) {
+    const std::vector<Rule> rules = rulesOf(form.fields);
+    return std::any_of(rules.begin(), rules.end(), [&](const Rule& rule) {
+        return &rule.field == &field && field.refusal() == rule.fault && !rule.holds(form.fields);
+    });
+}
+
+void bindMarks(FormContext& form) {
+    Fields& fields = form.fields;
+    const auto takeBack = [&fields] { takeBackMarks(fields); };
+    for (const Rule& rule : rulesOf(fields))
+        alsoOn(rule.field.onChange, takeBack);
+    for (ui::OptionButton* choice :
+         {&fields.header.male, &fields.header.female, &fields.personal.insured, &fields.personal.notInsured})
+        alsoOn(choice->onClick, takeBack);
 }
 
 } // namespace opd::registration

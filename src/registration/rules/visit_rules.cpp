@@ -5,7 +5,9 @@
 #include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
+#include "registration/amount_text.h"
 #include "registration/rules/lookup_request.h"
+#include "registration/rules/marks.h"
 
 #include <algorithm>
 #include <utility>
@@ -42,7 +44,7 @@ void bindDates(FormContext& form) {
         const char* const fault = faultOfAdmissionDate(form);
         if (fault != nullptr)
             tell(form, fault);
-        refuse = refusedUnless(fault == nullptr, admitted, fault == nullptr ? "" : fault);
+        refuse = refusedUnless(form, fault == nullptr, admitted, fault == nullptr ? "" : fault);
     };
     ui::MaskedBox& period = form.fields.history.txtLMP;
     period.onValidate = [&form, &period](bool& refuse) {
@@ -50,18 +52,26 @@ void bindDates(FormContext& form) {
             period.isBlank() || data::IsDateInRange(period.text(), "", dateText(form.fields.header.dtpAdmDate.value()));
         if (!valid)
             tell(form, "Invalid date...");
-        refuse = refusedUnless(valid, period, "Invalid date...");
-        if (refuse)
-            form.window.setFocus(period);
+        refuse = refusedUnless(form, valid, period, "Invalid date...");
     };
 }
 
 // Blood pressure
 
+constexpr const char* wrongOrder = "The upper value is below the lower one.";
+constexpr const char* unusualPressure = "This value is unusual. Is it right?";
+constexpr const char* unusualTemperature = "This temperature is unusual. Is it right?";
+constexpr const char* notNumeric = "Cannot accept non-numeric values";
+
+bool isInOrder(const ConsultationTab& consultation) {
+    return data::leadingNumber(consultation.systolic.text()) >= data::leadingNumber(consultation.diastolic.text());
+}
+
 void checkOrder(FormContext& form) {
     ConsultationTab& consultation = form.fields.consultation;
-    if (data::leadingNumber(consultation.systolic.text()) >= data::leadingNumber(consultation.diastolic.text()))
+    if (isInOrder(consultation))
         return;
+    consultation.systolic.setRefusal(wrongOrder);
     tell(form, "INVALID ENTRY!");
     form.window.setFocus(consultation.systolic);
 }
@@ -71,12 +81,38 @@ bool isNormal(const ui::TextBox& box, double least, double most) {
     return value >= least && value <= most;
 }
 
+/// Asks about an unusual value. One that the clerk does not stand by is marked.
+bool confirmsPressure(FormContext& form, ui::TextBox& box) {
+    const bool confirmed = confirmsEntry(form);
+    box.setRefusal(confirmed ? "" : unusualPressure);
+    return confirmed;
+}
+
+bool isUsualSystolic(const ConsultationTab& consultation) {
+    return isNormal(consultation.systolic, 70, 200);
+}
+
+bool isUsualDiastolic(const ConsultationTab& consultation) {
+    return isNormal(consultation.diastolic, 50, 150);
+}
+
+void bindPressureMarks(ConsultationTab& consultation) {
+    takeBackWhen(consultation.systolic, unusualPressure, [&] { return isUsualSystolic(consultation); });
+    takeBackWhen(consultation.diastolic, unusualPressure, [&] { return isUsualDiastolic(consultation); });
+    for (ui::TextBox* value : {&consultation.systolic, &consultation.diastolic})
+        alsoOn(value->onChange, [&consultation] {
+            if (consultation.systolic.refusal() == wrongOrder && isInOrder(consultation))
+                consultation.systolic.setRefusal({});
+        });
+}
+
 void bindBloodPressure(FormContext& form) {
     ConsultationTab& consultation = form.fields.consultation;
+    bindPressureMarks(consultation);
     consultation.systolic.onKeyPress = [&form, &consultation](ui::KeyPress& press) {
-        if (press.code != ui::key::enter || isNormal(consultation.systolic, 70, 200))
+        if (press.code != ui::key::enter || isUsualSystolic(consultation))
             return;
-        if (!confirmsEntry(form)) {
+        if (!confirmsPressure(form, consultation.systolic)) {
             form.window.setFocus(consultation.diastolic);
             return;
         }
@@ -86,8 +122,8 @@ void bindBloodPressure(FormContext& form) {
     consultation.diastolic.onKeyPress = [&form, &consultation](ui::KeyPress& press) {
         if (press.code != ui::key::enter)
             return;
-        if (!isNormal(consultation.diastolic, 50, 150)) {
-            if (!confirmsEntry(form)) {
+        if (!isUsualDiastolic(consultation)) {
+            if (!confirmsPressure(form, consultation.diastolic)) {
                 form.window.setFocus(consultation.systolic);
                 return;
             }
@@ -115,30 +151,50 @@ void bindTemperature(FormContext& form) {
             press.drop();
     };
     temperature.onValidate = [&form, &temperature](bool&) {
-        if (!text::isBlank(temperature.text()) && !acceptTemperature(form))
-            form.window.setFocus(temperature);
+        const bool accepted = text::isBlank(temperature.text()) || acceptTemperature(form);
+        refusedUnless(form, accepted, temperature, unusualTemperature);
     };
 }
 
-bool isNumeric(const std::string& text) {
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return (c >= '0' && c <= '9') || c == '.'; });
+/// A number as a clerk writes it: digits with at most one point, perhaps behind a sign.
+bool isNumeric(std::string_view text) {
+    if (!text.empty() && (text.front() == '-' || text.front() == '+'))
+        text.remove_prefix(1);
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    return std::any_of(text.begin(), text.end(), isDigit) && std::count(text.begin(), text.end(), '.') <= 1 &&
+           std::all_of(text.begin(), text.end(), [&](char c) { return isDigit(c) || c == '.'; });
 }
 
 void bindPulse(FormContext& form) {
     ui::TextBox& pulse = form.fields.consultation.txtPR;
-    // Clearing what was refused is a change itself, about which nothing more is said.
+    // Clearing what was refused is a change itself, about which nothing more is said. What is stored is shown as it is.
     auto clearing = std::make_shared<bool>(false);
     pulse.onChange = [&form, &pulse, clearing] {
-        if (*clearing || isNumeric(text::trimmed(pulse.text())))
+        if (*clearing || !form.window.isOpen())
             return;
-        form.session.desktop.ask(
-            {.text = "Cannot accept non-numeric values", .caption = "Message", .icon = ui::Icon::Information});
+        const bool accepted = isNumeric(text::trimmed(pulse.text()));
+        pulse.setRefusal(accepted ? "" : notNumeric);
+        if (accepted)
+            return;
+        form.session.desktop.ask({.text = notNumeric, .caption = "Message", .icon = ui::Icon::Information});
         *clearing = true;
         pulse.setText("");
         *clearing = false;
-        if (form.window.isOpen())
-            form.window.setFocus(pulse);
+        form.window.setFocus(pulse);
+    };
+    pulse.onLostFocus = [&pulse] { pulse.setRefusal({}); };
+}
+
+/// The amount of the letter of authorization is shown as it will be stored.
+void bindAuthorizedAmount(FormContext& form) {
+    ui::TextBox& amount = form.fields.additional.txtLOAAmount;
+    amount.onValidate = [&form, &amount](bool& refuse) {
+        const std::optional<double> value = parseAmount(amount.text());
+        if (!value)
+            form.session.desktop.ask({.text = invalidAmount, .caption = "Warning", .icon = ui::Icon::Critical});
+        else if (!text::isBlank(amount.text()))
+            amount.setText(amountText(*value));
+        refuse = refusedUnless(form, value.has_value(), amount, invalidAmount);
     };
 }
 
@@ -149,6 +205,7 @@ void bindVisitRules(FormContext& form) {
     bindBloodPressure(form);
     bindTemperature(form);
     bindPulse(form);
+    bindAuthorizedAmount(form);
 }
 
 } // namespace opd::registration

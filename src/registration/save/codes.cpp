@@ -1,9 +1,22 @@
 #include "registration/save/codes.h"
 
+#include "data/rows.h"
 #include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 
 namespace opd::registration {
+
+namespace {
+
+std::string patientTypeCode(const Fields& fields) {
+    return fields.personal.chkPatientType.checked() ? "W" : "C";
+}
+
+std::string corvaneCode(const Fields& fields) {
+    return fields.additional.corvanePatient.selected() ? "1" : "0";
+}
+
+} // namespace
 
 std::string purposeCode(const Fields& fields) {
     if (fields.personal.purposeRicu.checked())
@@ -25,6 +38,11 @@ std::string seniorCode(const Fields& fields) {
     return fields.personal.chkSeniorCitizen.checked() ? "1" : "0";
 }
 
+std::string pressureText(const Fields& fields) {
+    const ConsultationTab& consultation = fields.consultation;
+    return text::trimmed(consultation.systolic.text()) + "/" + text::trimmed(consultation.diastolic.text());
+}
+
 std::string admDateTime(const Fields& fields) {
     return dateText(fields.header.dtpAdmDate.value()) + " " + timeText(fields.header.txtAdmTime.value());
 }
@@ -33,11 +51,27 @@ std::string savedVisit(const Record& record) {
     return text::upper(record.SaveIDNum) + "B";
 }
 
+void keepCodes(FormContext& form, const ado::Recordset& visit) {
+    const Fields& fields = form.fields;
+    Record& record = form.record;
+    const auto stored = [&](const char* column) { return data::textOf(visit, column); };
+    record.PatientTypeKept.keep(stored("PatientType"), patientTypeCode(fields));
+    record.PerUnitKept.keep(stored("PerUnit"), perUnitCode(fields));
+    record.BloodPressureKept.keep(stored("BloodPressure"), pressureText(fields));
+    if (!fields.consultation.withBill.selected())
+        record.ConsultationTypeKept.keep(stored("ConsultationType"), purposeCode(fields));
+    if (const std::string senior = stored("SeniorCitizenID"); !text::isBlank(senior))
+        record.SeniorKept.keep(senior, seniorCode(fields));
+    if (data::hasColumn(visit, "Corvane"))
+        record.CorvaneKept.keep(visit.Fields("Corvane").asFlag() ? "1" : "0", corvaneCode(fields));
+}
+
 void computeKeptCodes(FormContext& form) {
     const PersonalTab& personal = form.fields.personal;
+    Record& record = form.record;
     if (personal.chkPatientType.value() < 2)
-        form.record.PatientTypeCode = personal.chkPatientType.checked() ? "W" : "C";
-    form.record.CorvanePatientCode = form.fields.additional.corvanePatient.selected() ? "1" : "0";
+        record.PatientTypeCode = record.PatientTypeKept.sent(patientTypeCode(form.fields));
+    record.CorvanePatientCode = record.CorvaneKept.sent(corvaneCode(form.fields));
     form.record.HemoCode = personal.chkHemo.checked() ? "1" : "0";
 }
 

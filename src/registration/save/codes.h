@@ -1,16 +1,21 @@
 #pragma once
 
+#include "platform/ado/recordset.h"
 #include "registration/form_context.h"
 
 #include <string>
 
 namespace opd::registration {
 
-std::string purposeCode(const Fields& fields); ///< "R" RICU, "H" HEMA/ONCO, or empty
-std::string perUnitCode(const Fields& fields); ///< "1" lying in to "4" diabetes clinic, or empty
-std::string seniorCode(const Fields& fields);  ///< "1" or "0"
-std::string admDateTime(const Fields& fields); ///< "MM/dd/yyyy hh:mm AM"
-std::string savedVisit(const Record& record);  ///< the visit's key: the OPD number in upper case, then "B"
+std::string purposeCode(const Fields& fields);  ///< "R" RICU, "H" HEMA/ONCO, or empty
+std::string perUnitCode(const Fields& fields);  ///< "1" lying in to "4" diabetes clinic, or empty
+std::string seniorCode(const Fields& fields);   ///< "1" or "0"
+std::string pressureText(const Fields& fields); ///< both values of the blood pressure, "/" between them
+std::string admDateTime(const Fields& fields);  ///< "MM/dd/yyyy hh:mm AM"
+std::string savedVisit(const Record& record);   ///< the visit's key: the OPD number in upper case, then "B"
+
+/// Remembers the codes of a loaded visit, whose fields are shown already.
+void keepCodes(FormContext& form, const ado::Recordset& visit);
 
 /// Computes the codes that are kept on the form. A greyed cash patient box leaves its code as it was.
 void computeKeptCodes(FormContext& form);

@@ -85,9 +85,8 @@ Statement updateExtendedMaster(const FormContext& form) {
     const PersonalTab& personal = form.fields.personal;
     const AdditionalTab& additional = form.fields.additional;
     const EmploymentTab& employment = form.fields.employment;
-    const std::string& shownHospNum = form.fields.header.txtHospNum.text();
 
-    Values first{shownHospNum == "NEW" ? form.record.SaveHospNum : shownHospNum};
+    Values first{form.record.SaveHospNum};
     const Values people =
         gravedTexts({&personal.birthPlace,      &personal.txtNationality,      &personal.txtReligion,
                      &additional.spouseName,    &personal.motherName,          &personal.fatherName,

@@ -2,8 +2,10 @@
 
 #include "data/leading_number.h"
 #include "data/rows.h"
+#include "platform/ado/error.h"
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
+#include "registration/save/apostrophes.h"
 
 namespace opd::registration {
 
@@ -57,17 +59,32 @@ bool hasPatientClass(FormContext& form) {
     ui::TextBox& patientClass = form.fields.additional.txtPatientClassID;
     if (!form.session.globals.IsAllowOPDPatientClass || !text::isBlank(patientClass.text()))
         return true;
-    form.session.desktop.ask({.text = "Cannot register patient! Please provide patient classification.",
-                              .caption = "Message",
-                              .icon = ui::Icon::Critical});
+    const char* const fault = "Cannot register patient! Please provide patient classification.";
+    patientClass.setRefusal(fault);
+    form.session.desktop.ask({.text = fault, .caption = "Message", .icon = ui::Icon::Critical});
     form.window.setFocus(patientClass);
     return false;
+}
+
+/// The numbers on the screen are those that the form was opened for; with any others the form shows nobody's record,
+/// or another patient's, and is not saved.
+void requireOwnNumbers(const FormContext& form) {
+    const Record& record = form.record;
+    const HeaderFields& header = form.fields.header;
+    const auto differs = [](const std::string& shown, const std::string& opened) {
+        return !text::equalsIgnoringCase(text::trimmed(shown), text::trimmed(opened));
+    };
+    if (differs(header.txtHospNum.text(), record.HospNum) || differs(header.txtOPDNum.text(), record.AdmissionNumber))
+        throw ado::Error("This form was opened for hospital number " + record.HospNum + " and visit " +
+                         record.AdmissionNumber + ", but does not show them. Please open the patient again.");
 }
 
 } // namespace
 
 bool maySave(FormContext& form, bool updateOnly) {
-    return passesDuplicateCheck(form) && passesConfinementCheck(form, updateOnly) && hasPatientClass(form);
+    requireOwnNumbers(form);
+    return settleApostrophes(form) && passesDuplicateCheck(form) && passesConfinementCheck(form, updateOnly) &&
+           hasPatientClass(form);
 }
 
 } // namespace opd::registration

@@ -29,7 +29,7 @@ bool takeNumbers(FormContext& form) {
         return false;
     if (record.isNewVisit())
         return !record.SaveIDNum.empty() || drawOpdNumber(form);
-    record.SaveIDNum = form.fields.header.txtOPDNum.text();
+    record.SaveIDNum = text::trimmed(form.fields.header.txtOPDNum.text());
     if (!record.SaveIDNum.empty())
         record.SaveIDNum.pop_back();
     return true;

@@ -1,6 +1,6 @@
 #include "registration/save/visit_statements.h"
 
-#include "data/leading_number.h"
+#include "platform/ado/error.h"
 #include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 #include "registration/amount_text.h"
@@ -42,10 +42,21 @@ Values commonVisit(const FormContext& form) {
             form.record.ConsultationTypeCode,
             consultation.txtWeight.text(),
             consultation.txtTemperature.text(),
-            trimmedText(consultation.systolic) + "/" + trimmedText(consultation.diastolic),
+            form.record.BloodPressureKept.sent(pressureText(form.fields)),
             form.record.VisitKindCode,
             form.session.globals.gUserID,
             admDateTime(form.fields)};
+}
+
+/// A visit with bill has its type in a value of its own; any other type stands where the purpose does.
+std::string purpose(const FormContext& form) {
+    const std::string chosen = purposeCode(form.fields);
+    return form.record.ConsultationTypeCode.empty() ? form.record.ConsultationTypeKept.sent(chosen) : chosen;
+}
+
+/// What the form does not show, as the database takes it.
+std::string unshown(const std::string& stored) {
+    return text::replaced(stored, "'", "`");
 }
 
 void append(Values& values, const Values& more) {
@@ -58,12 +69,12 @@ Values cardToApproval(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
     return {personal.txtCardNum.text(),
             form.record.PatientTypeCode,
-            purposeCode(form.fields),
+            purpose(form),
             personal.txtARemarks.text(),
             trimmedText(consultation.txtHeight),
-            perUnitCode(form.fields),
+            form.record.PerUnitKept.sent(perUnitCode(form.fields)),
             "",
-            seniorCode(form.fields),
+            form.record.SeniorKept.sent(seniorCode(form.fields)),
             consultation.txtRespRate.text(),
             form.fields.additional.txtApprovalNo.text()};
 }
@@ -84,6 +95,20 @@ Values standardVisit(const FormContext& form) {
     return values;
 }
 
+/// A moment of the letter of authorization: its pickers show minutes, so it has no seconds.
+std::string minuteText(const ui::DatePicker& date, const ui::DatePicker& time) {
+    DateTime shown = time.value();
+    shown.second = 0;
+    return dateText(date.value()) + " " + clockText(shown);
+}
+
+double authorizedAmount(const AdditionalTab& additional) {
+    const std::optional<double> amount = parseAmount(additional.txtLOAAmount.text());
+    if (!amount)
+        throw ado::Error("The LOA amount \"" + additional.txtLOAAmount.text() + "\" is no amount.");
+    return *amount;
+}
+
 /// An update of one column of the visit.
 template <std::size_t Length>
 Statement updateColumn(const FormContext& form, const char (&assignment)[Length], const std::string& value) {
@@ -101,14 +126,14 @@ Statement updateHistory(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
     const Record& record = form.record;
     return Statement("Patient_Data..sp_AOPD_UpdateOPDHistory '")
-        .values({record.SaveHospNum, savedVisit(record), trimmedText(consultation.serviceCode1),
-                 trimmedText(consultation.doctorCode1), text::trimmed(record.DiagnosisID[0]),
-                 text::trimmed(record.DiagnosisID[1]), text::trimmed(record.DiagnosisID[2]), record.Findings,
-                 record.Medications, text::upper(form.fields.personal.txtRemarks.text()),
-                 trimmedText(consultation.txtCauseofConsultationID1),
-                 trimmedText(consultation.txtCauseofConsultationID2),
-                 trimmedText(consultation.txtCauseofConsultationID3), trimmedText(form.fields.history.complaint)},
-                "','")
+        .values(
+            {record.SaveHospNum, savedVisit(record), trimmedText(consultation.serviceCode1),
+             trimmedText(consultation.doctorCode1), unshown(text::trimmed(record.DiagnosisID[0])),
+             unshown(text::trimmed(record.DiagnosisID[1])), unshown(text::trimmed(record.DiagnosisID[2])),
+             unshown(record.Findings), unshown(record.Medications), text::upper(form.fields.personal.txtRemarks.text()),
+             trimmedText(consultation.txtCauseofConsultationID1), trimmedText(consultation.txtCauseofConsultationID2),
+             trimmedText(consultation.txtCauseofConsultationID3), trimmedText(form.fields.history.complaint)},
+            "','")
         .text("'");
 }
 
@@ -159,7 +184,7 @@ Statement updateTreatments(const FormContext& form) {
         .value(oneIf(personal.chkRTherapy.checked()));
     if (record.ChemoFlag || record.HemoFlag || record.RadioFlag || record.DepositFlag)
         statement.text("', ExpirationDate = '")
-            .value(dateTimeText(personal.dtpExpiration.value()))
+            .value(dateTimeText(personal.dtpExpiration.value().date()))
             .text("', isForDeposit = '");
     else
         statement.text("', ExpirationDate = null, isForDeposit = '");
@@ -194,20 +219,18 @@ Statement updatePatientClass(const FormContext& form) {
 
 Statement saveAuthorization(const FormContext& form) {
     const AdditionalTab& additional = form.fields.additional;
-    const auto moment = [](const ui::DatePicker& date, const ui::DatePicker& time) {
-        return dateText(date.value()) + " " + clockText(time.value());
-    };
+    const Record& record = form.record;
     return Statement("Patient_Data..sp_AOPD_SaveHMOLOA '")
         .values({savedVisit(form.record), trimmedText(additional.txtApprovalNo)}, "', '")
         .text("', '")
-        .values({amountText(data::leadingNumber(additional.txtLOAAmount.text())),
-                 moment(additional.DateLOAInformed, additional.TimeLOAInformed)},
+        .values({amountText(authorizedAmount(additional)),
+                 record.LOAInformedUnknown ? "" : minuteText(additional.DateLOAInformed, additional.TimeLOAInformed)},
                 "','")
         .text("', '")
         .value(trimmedText(additional.txtLOAReceiver))
         .text("', '")
-        .values({moment(additional.DateLOAReceived, additional.TimeLOAReceived),
-                 text::trimmed(additional.cmbLOAStatus.text())},
+        .values({record.LOAReceivedUnknown ? "" : minuteText(additional.DateLOAReceived, additional.TimeLOAReceived),
+                 record.LOAStatusKept.sent(text::trimmed(additional.cmbLOAStatus.text()))},
                 "','")
         .text("', '")
         .value(trimmedText(additional.txtLOARemarks))

@@ -55,6 +55,7 @@ void DependentsEditor::open() {
     const std::string cell = m_grid.cell(m_row, m_column);
     m_entry.setText(isBirthDate() && text::isBlank(cell) ? offeredBirthDate : cell);
     m_offered = m_entry.text();
+    m_entry.setRefusal({});
     m_entry.setVisible(true);
     m_form.window.setFocus(m_entry);
 }
@@ -113,6 +114,7 @@ void DependentsEditor::moveTo(int row, int column) {
 
 /// Tells what is wrong and leaves the clerk in the box, with everything in it selected.
 void DependentsEditor::stay(const ui::Message& message) {
+    m_entry.setRefusal(message.text);
     m_form.session.desktop.ask(message);
     m_form.window.setFocus(m_entry);
 }

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "registration/form_context.h"
+
+namespace opd::registration {
+
+/// Takes the apostrophes, which no statement can carry, out of everything that the form sends: another program stored
+/// them. For a field that the clerk sees the clerk is asked, once a field; where nobody sees one it becomes a grave
+/// accent by itself. False when the clerk declined: the focus is at the field then, and nothing else was changed.
+bool settleApostrophes(FormContext& form);
+
+/// Binds the taking back of the marks that a declined question leaves. It adds to the handlers that stand when it is
+/// called.
+void bindApostrophes(FormContext& form);
+
+} // namespace opd::registration

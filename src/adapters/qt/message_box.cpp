@@ -1,6 +1,7 @@
 #include "adapters/qt/message_box.h"
 
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/style.h"
 
 namespace opd::qt {
 
@@ -66,6 +67,7 @@ void fill(QMessageBox& box, const ui::Message& message) {
     box.setEscapeButton(standardButton(escapeAnswer(message.buttons)));
     // The same order on every desktop environment: Yes, No, Cancel and OK, Cancel.
     box.setStyleSheet(QStringLiteral("QDialogButtonBox { button-layout: 0; } QPushButton { min-width: 72px; }"));
+    dress(box);
 }
 
 QAbstractButton* buttonOf(const QMessageBox& box, ui::Answer answer) {

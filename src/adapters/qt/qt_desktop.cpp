@@ -3,6 +3,7 @@
 #include "adapters/qt/hands.h"
 #include "adapters/qt/message_box.h"
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
 
 #include <QEventLoop>
@@ -19,6 +20,7 @@ namespace {
 std::optional<std::filesystem::path> fileChosenByClerk(const ui::FileQuestion& question, QWidget* window) {
     QFileDialog dialog(window, toQt(question.caption),
                        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), toQt(question.kind));
+    dress(dialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     const std::filesystem::path suggested = question.suggestedName;
     dialog.setDefaultSuffix(toQt(suggested.extension().string()).remove('.'));

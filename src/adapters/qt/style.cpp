@@ -1,72 +1,167 @@
 #include "adapters/qt/style.h"
 
+#include "adapters/qt/colours.h"
+#include "adapters/qt/desk_style.h"
+
 #include <QApplication>
-#include <QPushButton>
-#include <QStyleFactory>
+#include <QToolTip>
+
+#include <iterator>
+#include <memory>
 
 namespace opd::qt {
 
 namespace {
 
-// One accent for what is active, grey for what only shows, white for what takes input.
+/// What "@name" stands for in the style sheet. A name that another one begins with comes behind that one.
+const std::pair<const char*, const QColor&> named[] = {
+    {"@window", colours::window},
+    {"@paperInUse", colours::paperInUse},
+    {"@paperRefused", colours::paperRefused},
+    {"@paperShowing", colours::paperShowing},
+    {"@paper", colours::paper},
+    {"@otherRow", colours::otherRow},
+    {"@buttonUnusable", colours::buttonUnusable},
+    {"@button", colours::button},
+    {"@heading", colours::heading},
+    {"@text", colours::text},
+    {"@quietText", colours::quietText},
+    {"@unusableText", colours::unusableText},
+    {"@title", colours::title},
+    {"@accent", colours::accent},
+    {"@border", colours::border},
+    {"@line", colours::line},
+    {"@alert", colours::alert},
+};
+
+// One accent for what is active, grey for what only shows, white for what takes input. Text takes its colour from the
+// palette, which knows what cannot be used, wherever it is not said here.
 const char* const look = R"(
-QWidget { color: #1d2a35; }
-QGroupBox { font-weight: bold; border: 1px solid #c3ccd4; border-radius: 4px; margin-top: 8px; padding-top: 4px; }
-QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; color: #1f5a7a; }
+QGroupBox { font-weight: bold; border: 1px solid @line; border-radius: 4px; margin-top: 8px; padding-top: 4px; }
+QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; color: @title; }
 QGroupBox * { font-weight: normal; }
-QLineEdit, QPlainTextEdit { background: #ffffff; border: 1px solid #9fb0bd; border-radius: 3px; padding: 1px 4px; min-height: 19px; }
-QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid #1b75a8; padding: 0 3px; background: #fffdf0; }
+QLineEdit, QPlainTextEdit { background: @paper; border: 1px solid @border; border-radius: 3px; padding: 1px 4px; min-height: 19px; }
+QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid @accent; padding: 0 3px; background: @paperInUse; }
 QLineEdit[readOnly="true"], QLineEdit[lookupName="true"], QLineEdit:disabled, QPlainTextEdit:disabled {
-  background: #e9eef2; color: #33434f; }
+  background: @paperShowing; color: #33434f; }
 QLineEdit[prominent="true"] { font-size: 15pt; font-weight: bold; }
 QAbstractSpinBox QLineEdit, QAbstractSpinBox QLineEdit:focus, QAbstractSpinBox QLineEdit:disabled {
   border: 0; padding: 0; background: transparent; min-height: 0; }
 QComboBox, QAbstractSpinBox { min-height: 19px; }
-QLineEdit[refused="true"], QPlainTextEdit[refused="true"], QComboBox[refused="true"], QAbstractSpinBox[refused="true"] {
-  border: 2px solid #b3261e; }
-QLineEdit[refused="true"], QPlainTextEdit[refused="true"] { padding: 0 3px; background: #fff1f0; }
-QLabel[refused="true"], QCheckBox[refused="true"], QRadioButton[refused="true"] { color: #b3261e; }
-QLabel[hint="true"] { color: #66747f; }
-QLabel[alert="true"] { color: #b3261e; font-weight: bold; }
-QFrame[decoration="heading"] { background: #e1e8ed; border: 0; border-bottom: 1px solid #c3ccd4; }
+QLineEdit[refused="true"], QPlainTextEdit[refused="true"] {
+  border: 2px solid @alert; padding: 0 3px; background: @paperRefused; }
+QLineEdit[refused="true"]:focus { border: 3px solid @alert; padding: 0 2px; min-height: 17px; }
+QPlainTextEdit[refused="true"]:focus { border: 3px solid @alert; padding: 0 2px; }
+QLabel[refused="true"], QCheckBox[refused="true"], QRadioButton[refused="true"] { color: @alert; }
+QLabel[hint="true"] { color: @quietText; }
+QLabel[alert="true"] { color: @alert; font-weight: bold; }
+QFrame[decoration="heading"] { background: @heading; border: 0; border-bottom: 1px solid @line; }
 QLabel[title="true"], QLabel[titleShadow="true"] { font-size: 14pt; font-weight: bold; }
-QLabel[title="true"] { color: #1f5a7a; padding: 0 1px 1px 0; }
-QLabel[titleShadow="true"] { color: #ffffff; padding: 1px 0 0 1px; }
-QTableView { background: #ffffff; alternate-background-color: #f2f6f9; border: 2px solid #c3ccd4; outline: 0;
-  selection-background-color: #1b75a8; selection-color: #ffffff; }
-QTableView:focus { border-color: #1b75a8; }
-QTableView[refused="true"] { border-color: #b3261e; }
-QTableView QLineEdit, QTableView QLineEdit:focus { border: 2px solid #1b75a8; border-radius: 0; padding: 0 1px; min-height: 0; }
-QHeaderView::section { background: #e1e8ed; border: 0; border-right: 1px solid #c3ccd4; border-bottom: 1px solid #c3ccd4;
+QLabel[title="true"] { color: @title; padding: 0 1px 1px 0; }
+QLabel[titleShadow="true"] { color: @paper; padding: 1px 0 0 1px; }
+QTableView { background: @paper; alternate-background-color: @otherRow; border: 1px solid @border; padding: 1px; outline: 0; }
+QTableView:focus { border: 2px solid @accent; padding: 0; }
+QTableView[refused="true"] { border-color: @alert; }
+QTableView QLineEdit { border: 1px solid @border; border-radius: 0; padding: 0 2px; min-height: 0; }
+QTableView QLineEdit:focus { border: 2px solid @accent; padding: 0 1px; }
+QHeaderView::section { background: @heading; border: 0; border-right: 1px solid @line; border-bottom: 1px solid @line;
   padding: 4px 3px; font-weight: bold; }
-QPushButton { background: #f7f9fa; border: 1px solid #8fa1af; border-radius: 3px; padding: 3px 14px; min-height: 20px; }
+QPushButton { background: @button; border: 1px solid @border; border-radius: 3px; padding: 3px 14px; min-height: 20px; }
 QPushButton:hover { background: #e6eff5; }
 QPushButton:pressed { background: #d3e2ec; }
-QPushButton:focus { border: 2px solid #1b75a8; padding: 2px 13px; }
-QPushButton:disabled { color: #93a0aa; border-color: #c3ccd4; background: #eef1f3; }
-QPushButton[primary="true"] { background: #1b6a98; border-color: #14526f; color: #ffffff; font-weight: bold; }
+QPushButton:focus { border: 2px solid @accent; padding: 2px 13px; }
+QPushButton:disabled { color: @unusableText; background: @buttonUnusable; }
+QPushButton[primary="true"] { background: #1b6a98; border-color: #14526f; color: @paper; font-weight: bold; }
 QPushButton[primary="true"]:hover { background: #2079ad; }
 QPushButton[primary="true"]:focus { border: 2px solid #f0b429; }
-QPushButton[primary="true"]:disabled { background: #b8c8d3; border-color: #b8c8d3; color: #f4f7f9; }
+QPushButton[primary="true"]:disabled { background: @heading; border-color: @border; color: @quietText; }
 QPushButton[hospitalPrint="true"] { background: #38a4fc; border-color: #14526f; font-weight: bold; }
 QPushButton[hospitalPrint="true"]:hover { background: #9eaa79; }
+QPushButton[hospitalPrint="true"]:focus { border-color: #0b2f42; }
+QPushButton[hospitalPrint="true"]:disabled { background: @buttonUnusable; border-color: @border; }
 QPushButton[small="true"] { padding: 3px 8px; }
+QPushButton[small="true"]:focus { padding: 2px 7px; }
 QPushButton[lookup="true"] { padding: 0 4px; min-width: 18px; min-height: 18px; }
-QLabel:disabled, QCheckBox:disabled, QRadioButton:disabled { color: #7d8a95; }
+QPushButton[lookup="true"]:focus { padding: 0 3px; min-height: 16px; }
+QMenu { background: @paper; border: 1px solid @border; padding: 2px; }
+QMenu::item { padding: 4px 24px 4px 12px; color: @text; }
+QMenu::item:selected { background: @accent; color: @paper; }
+QMenu::item:disabled { background: @paper; color: @unusableText; }
+QMenu::separator { height: 1px; background: @line; margin: 2px 0; }
+QToolTip { background: @paper; color: @text; border: 1px solid @border; padding: 2px; }
+QAbstractItemView { background: @paper; color: @text; }
+QCalendarWidget #qt_calendar_navigationbar { background: @accent; }
+QCalendarWidget QToolButton { color: @paper; }
 )";
+
+/// A colour for what can be used and one for what cannot.
+struct Shade {
+    QPalette::ColorRole role;
+    const QColor& usable;
+    const QColor& unusable;
+};
+
+const Shade shades[] = {
+    {QPalette::Window, colours::window, colours::window},
+    {QPalette::WindowText, colours::text, colours::unusableText},
+    {QPalette::Base, colours::paper, colours::paperShowing},
+    {QPalette::AlternateBase, colours::otherRow, colours::otherRow},
+    {QPalette::Text, colours::text, colours::unusableText},
+    {QPalette::PlaceholderText, colours::text, // what a box holds that is no entry of its list
+     colours::unusableText},
+    {QPalette::Button, colours::button, colours::buttonUnusable},
+    {QPalette::ButtonText, colours::text, colours::unusableText},
+    {QPalette::BrightText, colours::paper, colours::paper},
+    {QPalette::Light, colours::paper, colours::paper},
+    {QPalette::Midlight, colours::heading, colours::heading},
+    {QPalette::Mid, colours::line, colours::line},
+    {QPalette::Dark, colours::border, colours::border},
+    {QPalette::Shadow, colours::quietText, colours::quietText},
+    {QPalette::Highlight, colours::accent, colours::border},
+    {QPalette::HighlightedText, colours::paper, colours::paper},
+    {QPalette::Link, colours::accent, colours::unusableText},
+    {QPalette::LinkVisited, colours::title, colours::unusableText},
+    {QPalette::ToolTipBase, colours::paper, colours::paper},
+    {QPalette::ToolTipText, colours::text, colours::text},
+};
+static_assert(std::size(shades) == QPalette::NColorRoles - 1, "every role but that of no role has its colour");
+
+QPalette makePalette() {
+    QPalette palette;
+    for (const Shade& shade : shades) {
+        palette.setColor(QPalette::Active, shade.role, shade.usable);
+        palette.setColor(QPalette::Inactive, shade.role, shade.usable);
+        palette.setColor(QPalette::Disabled, shade.role, shade.unusable);
+    }
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, colours::remembered);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, colours::text);
+    return palette;
+}
+
+QString makeStyleSheet() {
+    QString sheet = QString::fromLatin1(look);
+    for (const auto& [name, colour] : named)
+        sheet.replace(QLatin1String(name), colour.name());
+    return sheet;
+}
 
 } // namespace
 
-void dress(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QPalette palette = application.palette();
-    palette.setColor(QPalette::Window, QColor(0xf4, 0xf6, 0xf8));
-    palette.setColor(QPalette::Highlight, QColor(0x1b, 0x75, 0xa8));
+void dress(QApplication& /*application*/) {
+    QApplication::setStyle(std::make_unique<DeskStyle>().release()); // the application owns it
+    const QPalette palette = makePalette();
     QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
 }
 
-void dress(QWidget& shell) {
-    shell.setStyleSheet(QString::fromLatin1(look));
+void dress(QWidget& window) {
+    static const QString sheet = makeStyleSheet();
+    static const QPalette palette = makePalette();
+    window.setPalette(palette);
+    // Under a style sheet widgets take their colours from the application instead of their parent.
+    for (QWidget* child : window.findChildren<QWidget*>())
+        child->setPalette(palette);
+    window.setStyleSheet(window.styleSheet() + sheet);
 }
 
 } // namespace opd::qt

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QWidget>
-
 class QApplication;
+class QWidget;
 
 namespace opd::qt {
 
-/// The look that all windows share; for an application that is this module's own.
+/// Gives an application the look of the desk. Once per process, before the first window.
 void dress(QApplication& application);
 
-/// The look of one window: groups, fields with and without the focus, primary and lookup buttons.
-void dress(QWidget& shell);
+/// Gives it to one window: colours and style sheet, whatever those of the application are.
+void dress(QWidget& window);
 
 } // namespace opd::qt

@@ -205,9 +205,6 @@ QPoint PickerView::clickPoint() const {
 
 ComboView::ComboView(ui::ComboBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_list(static_cast<QComboBox*>(widget)) {
-    QPalette palette = m_list->palette();
-    palette.setColor(QPalette::PlaceholderText, palette.color(QPalette::Text));
-    m_list->setPalette(palette);
     QObject::connect(m_list, &QComboBox::activated, m_list, [this](int index) { window().picked(m_box, index); });
 }
 

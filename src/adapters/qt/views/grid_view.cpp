@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 #include <algorithm>
@@ -17,6 +18,18 @@ namespace {
 
 /// Widths are given for a small font whose characters were this many twips wide; they grow with the font that is used.
 constexpr int twipsPerCharacter = 84;
+
+/// Paints what is chosen in full while the list has the focus only: there is one place that the next key goes to.
+class RowPainter final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state.setFlag(QStyle::State_Active, option->widget != nullptr && option->widget->hasFocus());
+    }
+};
 
 Qt::Alignment alignmentOf(const ui::Grid::Column& column) {
     return (column.rightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
@@ -99,6 +112,7 @@ GridView::GridView(ui::Grid& grid, QWidget* widget)
 
 void GridView::prepare() {
     m_table->setModel(&m_rows);
+    m_table->setItemDelegate(new RowPainter(m_table));
     m_table->setSelectionBehavior(m_grid.picksCells ? QAbstractItemView::SelectItems : QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -1,16 +1,19 @@
 #include "adapters/qt/input_filter.h"
 
+#include "adapters/qt/qt_text.h"
 #include "adapters/qt/window_shell.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDateTimeEdit>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QRegularExpression>
+#include <QMimeData>
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QTabBar>
 #include <QTabWidget>
@@ -66,6 +69,15 @@ char32_t controlCharacter(const QKeyEvent& key) {
     }
 }
 
+/// What the window's model lets through of typed characters.
+std::u32string typedPart(WindowShell& shell, const QString& text) {
+    std::u32string taken;
+    for (const uint character : text.toUcs4())
+        if (const char32_t code = shell.isOpen() ? shell.model().pressKey(character) : 0; code != 0)
+            taken += code;
+    return taken;
+}
+
 QString toText(const std::u32string& characters) {
     return QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
 }
@@ -109,7 +121,7 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     case QEvent::MouseButtonRelease: {
         ControlView* view = shell.viewAt(&widget);
         if (static_cast<QMouseEvent&>(event).button() == Qt::MiddleButton) {
-            paste(shell, QClipboard::Selection);
+            paste(shell, QApplication::clipboard()->text(QClipboard::Selection));
             return true;
         }
         if (view != nullptr)
@@ -118,7 +130,10 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     }
     case QEvent::ContextMenu:
         return menuWanted(shell, widget, static_cast<QContextMenuEvent&>(event));
+    case QEvent::Drop:
+        return dropped(shell, widget, static_cast<QDropEvent&>(event));
     case QEvent::Wheel:
+        event.ignore(); // what is around the field may scroll
         return isScrolledByWheel(widget);
     default:
         return false;
@@ -137,10 +152,10 @@ bool InputFilter::keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& k
     if (navigated(shell, key) || arrowPressed(shell, key) || cellKeyPressed(shell, key))
         return true;
     if (key.matches(QKeySequence::Paste)) {
-        paste(shell, QClipboard::Clipboard);
+        paste(shell, QApplication::clipboard()->text());
         return true;
     }
-    return characterTyped(shell, receiver, key);
+    return lineBroken(shell, key) || characterTyped(shell, receiver, key);
 }
 
 bool InputFilter::navigated(WindowShell& shell, const QKeyEvent& key) {
@@ -197,26 +212,43 @@ bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEven
     if (text.isEmpty() || !text.at(0).isPrint() || (held != Qt::NoModifier && !isAltGr))
         return false;
     ControlView* view = shell.focusView();
-    const std::u32string taken = filtered(shell, text);
-    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom() || view->takes(taken.front()))
+    const std::u32string taken = typedPart(shell, text);
+    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom())
         return true;
-    if (const QString changed = toText(taken); changed != text) {
-        QKeyEvent another(QEvent::KeyPress, key.key(), key.modifiers(), changed, key.isAutoRepeat());
-        resend(receiver, another);
+    bool isTaken = false;
+    view->letThrough([&] { isTaken = view->takes(taken.front()); });
+    if (isTaken || !shell.isOpen())
         return true;
-    }
-    return false;
+    QKeyEvent passed(QEvent::KeyPress, key.key(), key.modifiers(), toText(taken), key.isAutoRepeat());
+    resend(*view, receiver, passed);
+    return true;
+}
+
+// Elsewhere Enter means the same with every other key held down.
+bool InputFilter::lineBroken(WindowShell& shell, const QKeyEvent& key) {
+    if (controlCharacter(key) != ui::key::enter ||
+        !key.modifiers().testAnyFlags(Qt::ShiftModifier | Qt::ControlModifier))
+        return false;
+    ControlView* view = shell.focusView();
+    if (view == nullptr || !shell.model().breaksLines())
+        return false;
+    view->letThrough([&] { view->insert(QStringLiteral("\n")); });
+    return true;
 }
 
 // Characters made of several keys (a tilde and an n) come as a finished text, not as a key.
 bool InputFilter::composed(WindowShell& shell, QWidget& receiver, QInputMethodEvent& event) {
-    if (event.commitString().isEmpty())
+    ControlView* view = shell.focusView();
+    if (event.commitString().isEmpty() || view == nullptr)
         return false;
     QInputMethodEvent another(event.preeditString(), event.attributes());
-    another.setCommitString(toText(filtered(shell, event.commitString())), event.replacementStart(),
-                            event.replacementLength());
+    if (!view->hasRoom())
+        another.setCommitString({}, event.replacementStart(), event.replacementLength());
+    else
+        another.setCommitString(toQt(shell.model().passed(view->control(), fromQt(event.commitString()))),
+                                event.replacementStart(), event.replacementLength());
     if (shell.isOpen())
-        resend(receiver, another);
+        resend(*view, receiver, another);
     return true;
 }
 
@@ -236,48 +268,51 @@ bool InputFilter::mousePressed(WindowShell& shell, const QMouseEvent& press) {
     return !moved || !shell.isOpen();
 }
 
-// The standard menu of a text field pastes behind the filter's back.
+// The toolkit's own menu of a text field, but what it pastes goes the way of every pasted text.
 bool InputFilter::menuWanted(WindowShell& shell, QWidget& widget, const QContextMenuEvent& event) {
-    auto* edit = qobject_cast<QLineEdit*>(&widget);
-    if (edit == nullptr)
-        return qobject_cast<QAbstractSpinBox*>(&widget) != nullptr || widget.inherits("QPlainTextEdit") ||
-               (widget.parentWidget() != nullptr && widget.parentWidget()->inherits("QPlainTextEdit"));
-    QMenu* menu = edit->createStandardContextMenu();
+    QMenu* menu = nullptr;
+    if (auto* edit = qobject_cast<QLineEdit*>(&widget))
+        menu = edit->createStandardContextMenu();
+    else if (auto* memo = qobject_cast<QPlainTextEdit*>(widget.parentWidget()))
+        menu = memo->createStandardContextMenu();
+    if (menu == nullptr)
+        return qobject_cast<QAbstractSpinBox*>(&widget) != nullptr;
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* action = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
+    for (QAction* action : menu->actions()) {
+        if (!action->text().startsWith(QStringLiteral("&Paste")))
+            continue;
         QObject::disconnect(action, &QAction::triggered, nullptr, nullptr);
-        QObject::connect(action, &QAction::triggered, edit, [this, &shell] { paste(shell, QClipboard::Clipboard); });
+        QObject::connect(action, &QAction::triggered, &widget,
+                         [this, &shell] { paste(shell, QApplication::clipboard()->text()); });
     }
     menu->popup(event.globalPos());
     return true;
 }
 
-void InputFilter::paste(WindowShell& shell, QClipboard::Mode mode) {
+// Dropped where the mouse points, as far as the model lets it through.
+bool InputFilter::dropped(WindowShell& shell, QWidget& widget, QDropEvent& event) {
+    ControlView* view = shell.viewAt(&widget);
+    if (view == nullptr || !event.mimeData()->hasText() || !shell.model().requestFocus(view->control()))
+        return true;
+    view->placeCursor(view->widget()->mapFrom(&widget, event.position().toPoint()));
+    paste(shell, event.mimeData()->text());
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    return true;
+}
+
+void InputFilter::paste(WindowShell& shell, const QString& text) {
     ControlView* view = shell.focusView();
-    QString pasted = QApplication::clipboard()->text(mode);
-    // What is copied from a sheet or a letter comes with line ends, and those are no keys that a clerk would press.
-    pasted.replace(QRegularExpression(QStringLiteral("[\\x00-\\x1f]+")), QStringLiteral(" "));
-    const QString taken = toText(filtered(shell, pasted.trimmed()));
-    if (view != nullptr && shell.isOpen() && !taken.isEmpty())
-        view->insert(taken);
+    if (view == nullptr)
+        return;
+    const std::string passed = shell.model().passed(view->control(), fromQt(text));
+    if (!passed.empty() && shell.isOpen())
+        view->letThrough([&] { view->insert(toQt(passed)); });
 }
 
-/// What the window's model lets through of a text, character by character.
-std::u32string InputFilter::filtered(WindowShell& shell, const QString& text) {
-    std::u32string taken;
-    for (const uint character : text.toUcs4()) {
-        if (!shell.isOpen())
-            break;
-        const char32_t code = shell.model().pressKey(character);
-        if (code != 0)
-            taken += code;
-    }
-    return taken;
-}
-
-void InputFilter::resend(QWidget& receiver, QEvent& event) {
+void InputFilter::resend(ControlView& view, QWidget& receiver, QEvent& event) {
     const QScopedValueRollback<const QEvent*> passed(m_resent, &event);
-    QCoreApplication::sendEvent(&receiver, &event);
+    view.letThrough([&] { QCoreApplication::sendEvent(&receiver, &event); });
 }
 
 } // namespace opd::qt

@@ -6,6 +6,7 @@
 #include <string>
 
 class QContextMenuEvent;
+class QDropEvent;
 class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
@@ -33,10 +34,11 @@ class InputFilter final : public QObject {
     bool characterTyped(WindowShell& shell, QWidget& receiver, QKeyEvent& key);
     bool composed(WindowShell& shell, QWidget& receiver, QInputMethodEvent& event);
     bool mousePressed(WindowShell& shell, const QMouseEvent& press);
+    bool lineBroken(WindowShell& shell, const QKeyEvent& key);
+    bool dropped(WindowShell& shell, QWidget& widget, QDropEvent& event);
     bool menuWanted(WindowShell& shell, QWidget& widget, const QContextMenuEvent& event);
-    void paste(WindowShell& shell, QClipboard::Mode mode);
-    std::u32string filtered(WindowShell& shell, const QString& text);
-    void resend(QWidget& receiver, QEvent& event);
+    void paste(WindowShell& shell, const QString& text);
+    void resend(ControlView& view, QWidget& receiver, QEvent& event);
 
     const QEvent* m_resent = nullptr; // the one event that has passed the filter already
 };

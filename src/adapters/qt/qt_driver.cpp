@@ -8,6 +8,7 @@
 #include "platform/clock/date_text.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QElapsedTimer>
@@ -131,6 +132,16 @@ void QtDriver::selectContent() {
     WindowShell* const current = shell();
     if (ControlView* focused = current == nullptr ? nullptr : current->focusView())
         focused->selectContent();
+}
+
+void QtDriver::setClipboard(const std::string& text) {
+    QApplication::clipboard()->setText(toQt(text));
+}
+
+std::string QtDriver::selection() {
+    const WindowShell* const current = shell();
+    const ControlView* const focused = current == nullptr ? nullptr : current->focusView();
+    return focused == nullptr ? std::string() : fromQt(focused->selection());
 }
 
 std::string QtDriver::shownText(ui::Control& control) {

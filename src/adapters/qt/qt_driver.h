@@ -27,6 +27,8 @@ class QtDriver final : public script::Driver {
     void pickCell(ui::Grid& grid, int row, int column) override;
     void setPicker(ui::DatePicker& picker, const DateTime& value) override;
     void selectContent() override;
+    void setClipboard(const std::string& text) override;
+    std::string selection() override;
     std::string shownText(ui::Control& control) override;
     std::string statusLine() override;
     bool isShown(ui::Control& control) override;

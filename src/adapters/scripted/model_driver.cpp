@@ -2,7 +2,8 @@
 
 #include "platform/text/text.h"
 
-#include <utility>
+#include <algorithm>
+#include <optional>
 
 namespace opd::adapters {
 
@@ -14,21 +15,24 @@ void ModelDriver::press(const script::KeyStroke& key) {
         window->pressAccessKey(key.character);
     else if (key.control && (key.name == "Tab" || key.name == "PageDown" || key.name == "PageUp"))
         window->turnPage(key.shift || key.name == "PageUp");
+    else if (key.character != 0 && key.control)
+        pressEditing(*window, key);
     else if (key.character != 0)
         pressCharacter(*window, key.character);
     else
-        pressNamed(*window, key.name, key.shift);
+        pressNamed(*window, key);
 }
 
-void ModelDriver::pressNamed(ui::Window& window, const std::string& name, bool shift) {
+void ModelDriver::pressNamed(ui::Window& window, const script::KeyStroke& key) {
+    const std::string& name = key.name;
     if (name == "Tab")
-        window.pressTab(shift);
+        window.pressTab(key.shift);
+    else if (name == "Enter" && (key.shift || key.control) && window.breaksLines())
+        pressEditing(window, key);
     else if (name == "Enter")
         pressCharacter(window, ui::key::enter);
     else if (name == "Escape")
         pressCharacter(window, ui::key::escape);
-    else if (name == "Backspace" || name == "Delete")
-        pressCharacter(window, ui::key::backspace);
     else if (name == "Space")
         pressCharacter(window, ui::key::space);
     else if (name == "Down" && window.pressArrowDown())
@@ -37,23 +41,25 @@ void ModelDriver::pressNamed(ui::Window& window, const std::string& name, bool s
         window.pressOnCell(ui::key::enter);
     else if (name == "F4")
         window.pressLookup();
-    else if (name == "Down" || name == "Right" || name == "Up" || name == "Left")
-        pressArrow(window, name);
+    else if (name == "Delete" && !key.shift && !key.control && window.pressOnCell(ui::key::backspace))
+        return;
+    else if (name != "Backspace" || window.pressKey(ui::key::backspace) != 0)
+        pressEditing(window, key);
 }
 
 void ModelDriver::pressCharacter(ui::Window& window, char32_t character) {
     ui::Control* const before = window.focus();
     const char32_t kept = window.pressKey(character);
-    if (kept == 0 || window.focus() == nullptr || window.focus() != before)
+    if (kept < ui::key::space || window.focus() == nullptr || window.focus() != before || !m_edits.contains(&window))
         return;
-    if (kept == ui::key::backspace)
-        erase(window);
-    else if (kept >= ui::key::space)
-        enter(window, kept);
+    m_edits.at(&window).insert(text::encode(kept));
+    takeOver(window);
 }
 
 void ModelDriver::pressArrow(ui::Window& window, const std::string& key) {
     const bool backward = key == "Up" || key == "Left";
+    if (!backward && key != "Down" && key != "Right")
+        return;
     if (window.pressArrow(backward))
         return;
     const int step = backward ? -1 : 1;
@@ -86,63 +92,92 @@ bool ModelDriver::isChecked(ui::Control& control) {
 
 namespace {
 
-/// The text with the digit in the next free place of the mask, which `place` then stands behind.
-std::string withDigit(const std::string& mask, std::string text, std::size_t& place, char32_t character) {
-    while (place < text.size() && mask[place] != '#')
-        ++place;
-    if (place < text.size() && character >= U'0' && character <= U'9')
-        text[place++] = static_cast<char>(character);
-    return text;
+/// The rules by which the content of a control is edited; nothing when it has no text of its own.
+std::optional<ui::LineEdit::Rules> rulesOf(const ui::Control* control) {
+    if (const auto* masked = dynamic_cast<const ui::MaskedBox*>(control))
+        return ui::LineEdit::Rules{.mask = masked->mask(), .maxLength = masked->maxLength()};
+    if (const auto* box = dynamic_cast<const ui::TextBox*>(control))
+        return ui::LineEdit::Rules{
+            .maxLength = box->maxLength(), .multiLine = box->multiLine, .readOnly = box->readOnly};
+    return std::nullopt;
 }
 
-/// The text without the character before `place`, which then stands there.
-std::string withoutDigit(const std::string& mask, std::string text, std::size_t& place) {
-    while (place > 0 && mask[--place] != '#') {
-    }
-    text[place] = ' ';
-    return text;
-}
-
-std::string withCharacter(const std::string& text, int maxLength, char32_t character) {
-    const bool full = maxLength > 0 && static_cast<int>(text::length(text)) >= maxLength;
-    return full ? text : text + text::encode(character);
-}
-
-std::string withoutLast(const std::string& text) {
-    std::u32string characters = text::decode(text);
-    if (!characters.empty())
-        characters.pop_back();
-    return text::encode(characters);
+/// A content as it is edited, where a line ends in one character.
+std::string editedText(const ui::Control& control) {
+    return text::replaced(control.shownText(), "\r\n", "\n");
 }
 
 } // namespace
 
-// What is selected makes room for the character.
-void ModelDriver::enter(ui::Window& window, char32_t character) {
-    const bool replaces = std::exchange(m_contentSelected, false);
-    if (auto* masked = dynamic_cast<ui::MaskedBox*>(window.focus())) {
-        if (replaces)
-            m_maskPlace = 0;
-        const std::string before = replaces ? masked->blankText() : masked->text();
-        window.edited(*masked, masked->mask().empty() ? withCharacter(before, masked->maxLength(), character)
-                                                      : withDigit(masked->mask(), before, m_maskPlace, character));
-    } else if (auto* box = dynamic_cast<ui::TextBox*>(window.focus()); box != nullptr && !box->readOnly) {
-        window.edited(*box, withCharacter(replaces ? std::string{} : box->text(), box->maxLength(), character));
-    }
+void ModelDriver::focusMoved(ui::Window& window) {
+    load(window);
+    if (const auto edit = m_edits.find(&window); edit != m_edits.end())
+        edit->second.selectAll();
 }
 
-void ModelDriver::erase(ui::Window& window) {
-    const bool all = std::exchange(m_contentSelected, false);
-    if (auto* masked = dynamic_cast<ui::MaskedBox*>(window.focus())) {
-        if (all)
-            m_maskPlace = 0;
-        const std::string rest = all                      ? masked->blankText()
-                                 : masked->mask().empty() ? withoutLast(masked->text())
-                                                          : withoutDigit(masked->mask(), masked->text(), m_maskPlace);
-        window.edited(*masked, rest);
-    } else if (auto* box = dynamic_cast<ui::TextBox*>(window.focus()); box != nullptr && !box->readOnly) {
-        window.edited(*box, all ? std::string{} : withoutLast(box->text()));
+void ModelDriver::load(ui::Window& window) {
+    m_edits.erase(&window);
+    if (const std::optional<ui::LineEdit::Rules> rules = rulesOf(window.focus()))
+        m_edits[&window].load(editedText(*window.focus()), *rules);
+}
+
+// A text that is set by program leaves nothing selected; one that the clerk edits is here already.
+void ModelDriver::contentChanged(ui::Control& control) {
+    const auto edit = m_edits.find(&control.window());
+    if (edit != m_edits.end() && edit->second.text() != editedText(control))
+        load(control.window());
+}
+
+void ModelDriver::selectContent() {
+    ui::Window* const window = currentWindow();
+    if (window != nullptr && m_edits.contains(window))
+        m_edits.at(window).selectAll();
+}
+
+std::string ModelDriver::selection() {
+    ui::Window* const window = currentWindow();
+    return window != nullptr && m_edits.contains(window) ? m_edits.at(window).selection() : std::string{};
+}
+
+void ModelDriver::pressEditing(ui::Window& window, const script::KeyStroke& key) {
+    if (!m_edits.contains(&window)) {
+        pressArrow(window, key.name);
+        return;
     }
+    ui::LineEdit& edit = m_edits.at(&window);
+    const char32_t letter = text::upper(key.character);
+    if (letter == U'V') {
+        paste(window);
+        return;
+    }
+    if ((letter == U'C' || letter == U'X') && !edit.selection().empty())
+        m_clipboard = edit.selection();
+    if (letter == U'X')
+        edit.eraseSelection();
+    else if (key.name == "Enter")
+        edit.insert("\n");
+    else
+        edit.press(key);
+    takeOver(window);
+}
+
+void ModelDriver::paste(ui::Window& window) {
+    const std::string passed = window.passed(*window.focus(), m_clipboard);
+    if (passed.empty() || !m_edits.contains(&window))
+        return;
+    m_edits.at(&window).insert(text::replaced(passed, "\r\n", "\n"));
+    takeOver(window);
+}
+
+/// What was edited becomes the content of the field.
+void ModelDriver::takeOver(ui::Window& window) {
+    const std::string content = m_edits.at(&window).text();
+    if (content == editedText(*window.focus()))
+        return;
+    if (auto* masked = dynamic_cast<ui::MaskedBox*>(window.focus()))
+        window.edited(*masked, content);
+    else if (auto* box = dynamic_cast<ui::TextBox*>(window.focus()))
+        window.edited(*box, box->multiLine ? ui::TextBox::withLineEnds(content) : content);
 }
 
 } // namespace opd::adapters

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/script/driver.h"
+#include "platform/ui/line_edit.h"
 
 #include <functional>
+#include <map>
 
 namespace opd::adapters {
 
@@ -23,7 +25,9 @@ class ModelDriver final : public script::Driver {
     void pickPage(ui::Tabs& tabs, int index) override { tabs.window().pickPage(tabs, index); }
     void pickCell(ui::Grid& grid, int row, int column) override;
     void setPicker(ui::DatePicker& picker, const DateTime& value) override { picker.window().edited(picker, value); }
-    void selectContent() override { m_contentSelected = true; }
+    void selectContent() override;
+    void setClipboard(const std::string& text) override { m_clipboard = text; }
+    std::string selection() override;
     std::string shownText(ui::Control& control) override { return control.shownText(); }
     std::string statusLine() override {
         return currentWindow() == nullptr ? std::string{} : currentWindow()->statusLine();
@@ -37,26 +41,28 @@ class ModelDriver final : public script::Driver {
     void wait(int milliseconds) override { m_advance(milliseconds); }
     void screenshot(const std::string&) override {}
 
-    /// The focus is at another control now, whose content is selected.
-    void focusMoved() {
-        m_contentSelected = true;
-        m_maskPlace = 0;
-    }
+    /// The focus of a window is at another control now, whose content is selected.
+    void focusMoved(ui::Window& window);
 
-    /// The text of the control that has the focus was set by program: nothing of it is selected any more.
-    void textReplaced() { m_contentSelected = false; }
+    /// The content of the control that has the focus was set, by the clerk's editing or by program.
+    void contentChanged(ui::Control& control);
+
+    /// The window is gone.
+    void closed(ui::Window& window) { m_edits.erase(&window); }
 
   private:
-    void pressNamed(ui::Window& window, const std::string& name, bool shift);
+    void pressNamed(ui::Window& window, const script::KeyStroke& key);
     void pressCharacter(ui::Window& window, char32_t character);
     void pressArrow(ui::Window& window, const std::string& key);
-    void enter(ui::Window& window, char32_t character);
-    void erase(ui::Window& window);
+    void pressEditing(ui::Window& window, const script::KeyStroke& key);
+    void paste(ui::Window& window);
+    void takeOver(ui::Window& window);
+    void load(ui::Window& window);
 
     std::function<ui::Window*()> m_currentWindow;
     std::function<void(int)> m_advance;
-    bool m_contentSelected = true; ///< the next character replaces what the field holds
-    std::size_t m_maskPlace = 0;   ///< where the next digit of a masked box goes
+    std::map<const ui::Window*, ui::LineEdit> m_edits; ///< of the field that has the focus in each window
+    std::string m_clipboard;
 };
 
 } // namespace opd::adapters

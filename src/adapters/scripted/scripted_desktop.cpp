@@ -18,8 +18,8 @@ class ScriptedDesktop::View final : public ui::WindowView {
     }
 
     void changed(ui::Control& control, ui::Aspect aspect) override {
-        if (aspect == ui::Aspect::Text && &control == m_window.focus() && control.kind() == ui::Kind::TextBox)
-            m_driver.textReplaced();
+        if (aspect == ui::Aspect::Text && &control == m_window.focus())
+            m_driver.contentChanged(control);
         if (aspect != ui::Aspect::Running)
             return;
         auto& timer = static_cast<ui::Timer&>(control);
@@ -29,8 +29,11 @@ class ScriptedDesktop::View final : public ui::WindowView {
             m_due.erase(&timer);
     }
 
-    void focusMoved(ui::Control*) override { m_driver.focusMoved(); }
-    void closed() override { m_closed = true; }
+    void focusMoved(ui::Control*) override { m_driver.focusMoved(m_window); }
+    void closed() override {
+        m_closed = true;
+        m_driver.closed(m_window);
+    }
 
     bool isClosed() const { return m_closed; }
     ui::Window& window() const { return m_window; }

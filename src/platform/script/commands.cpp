@@ -106,6 +106,11 @@ void expectFocus(const Scene& scene, const Words& words) {
             focusName(scene) + " has it");
 }
 
+void expectSelection(const Scene& scene, const Words& words) {
+    const std::string selected = scene.driver.selection();
+    require(selected == words[0], quoted(words[0]) + " to be selected", quoted(selected) + " is");
+}
+
 void expectRows(const Scene& scene, const Words& words) {
     const int rows = scene.driver.rowCount(scene.controlOf<ui::Grid>(words[0], "grid"));
     require(rows == number(words[1]), words[0] + " to have " + words[1] + " rows", "it has " + std::to_string(rows));
@@ -124,6 +129,13 @@ void type(const Scene& scene, const Words& words) {
     focusOn(scene, words[0]);
     for (const char32_t character : text::decode(words[1]))
         scene.driver.press({.character = character});
+}
+
+void paste(const Scene& scene, const Words& words) {
+    if (!scene.driver.hasFocus(scene.control(words[0])))
+        focusOn(scene, words[0]);
+    scene.driver.setClipboard(words[1]);
+    scene.driver.press({.character = U'v', .control = true});
 }
 
 void clear(const Scene& scene, const Words& words) {
@@ -249,9 +261,11 @@ constexpr Command commands[] = {{"expect-window", 1, expectWindow},
                                 {"expect-checked", 1, expectChecked},
                                 {"expect-unchecked", 1, expectUnchecked},
                                 {"expect-focus", 1, expectFocus},
+                                {"expect-selection", 1, expectSelection},
                                 {"expect-rows", 2, expectRows},
                                 {"expect-cell", 4, expectCell},
                                 {"type", 2, type},
+                                {"paste", 2, paste},
                                 {"clear", 1, clear},
                                 {"focus", 1, focus},
                                 {"click", 1, click},

@@ -9,14 +9,7 @@
 
 namespace opd::script {
 
-/// One key stroke: a named key ("Enter", "Tab", "F4", "Down") or a character, with the keys held down meanwhile.
-struct KeyStroke {
-    std::string name = {};  ///< empty for a character
-    char32_t character = 0; ///< 0 for a named key
-    bool shift = false;
-    bool control = false;
-    bool alt = false;
-};
+using ui::KeyStroke;
 
 /// The hands and eyes of a script on one kind of desktop. Hands give the raw input that a clerk would give and obey the
 /// desktop's rules; eyes report what the clerk would see there, not what the models say.
@@ -44,6 +37,12 @@ class Driver {
 
     /// Selects what the field that has the focus holds, so that the next character replaces it.
     virtual void selectContent() = 0;
+
+    /// What Ctrl+V puts in from now on.
+    virtual void setClipboard(const std::string& text) = 0;
+
+    /// What is selected in the field that has the focus.
+    virtual std::string selection() = 0;
 
     virtual std::string shownText(ui::Control& control) = 0;
 

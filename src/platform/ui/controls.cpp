@@ -15,6 +15,11 @@ void TextBox::setText(const std::string& text) {
     raiseChange();
 }
 
+std::string TextBox::withLineEnds(const std::string& text) {
+    const std::string plain = text::replaced(text::replaced(text, "\r\n", "\n"), "\r", "\n");
+    return text::replaced(plain, "\n", "\r\n");
+}
+
 namespace {
 
 /// True when the text fills the mask, with a digit or a blank in each place.
@@ -46,6 +51,14 @@ void MaskedBox::setText(const std::string& text) {
     m_text = fitted;
     tellView(Aspect::Text);
     raiseChange();
+}
+
+// Blanks inside are places of the mask that were passed over.
+std::string MaskedBox::spelled(const std::string& text) const {
+    std::optional<DateTime> date;
+    if (m_mask == dateMask && !(date = parseDate(text)))
+        date = parseDate(text::replaced(text, " ", ""));
+    return date ? dateText(*date) : text;
 }
 
 void DatePicker::setValue(const DateTime& value) {

@@ -24,6 +24,10 @@ class TextBox : public Control {
 
     int maxLength() const { return m_maxLength; }
 
+    /// A text of several lines as it is kept and shown to scripts: every line ends in "\r\n", as in the other programs
+    /// of the hospital.
+    static std::string withLineEnds(const std::string& text);
+
     bool readOnly = false;  ///< shows what another control decides; still takes the focus for reading and copying
     bool multiLine = false; ///< shown over several lines; Enter moves on all the same
 
@@ -65,6 +69,10 @@ class MaskedBox final : public Control {
     std::string blankText() const;
     bool isBlank() const { return m_text == blankText(); }
     std::string shownText() const override { return m_text; }
+
+    /// A text as the box writes it: a date in another spelling ("3 /7 /1980", "1980-03-07") gets the one of the mask,
+    /// every other text stays as it is.
+    std::string spelled(const std::string& text) const;
 
   private:
     std::string m_mask{dateMask};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace opd::ui {
 
 /// Character codes of the keys that a window looks at by name.
@@ -16,6 +18,16 @@ struct KeyPress {
     char32_t code = 0;
 
     void drop() { code = 0; }
+};
+
+/// One stroke on the keyboard: a named key ("Enter", "Tab", "F4", "Down") or a character, with the keys held down
+/// meanwhile.
+struct KeyStroke {
+    std::string name = {};  ///< empty for a character
+    char32_t character = 0; ///< 0 for a named key
+    bool shift = false;
+    bool control = false;
+    bool alt = false;
 };
 
 } // namespace opd::ui

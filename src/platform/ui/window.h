@@ -6,6 +6,7 @@
 #include <exception>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace opd::ui {
 
@@ -115,7 +116,8 @@ class Window : public Container {
     /// A click on a tab: shows the page and moves the focus to its first field, or to nowhere when it has none.
     void pickPage(Tabs& tabs, int index);
 
-    /// A mouse click on a control. The focus moves there first; when that is refused, nothing is clicked.
+    /// A click on a control, by the mouse or by an assistive program, which may reach one on another page. The focus
+    /// moves there first, and shows its page; when that is refused, nothing is clicked.
     bool click(Control& control);
 
     /// Likewise, a double click on a grid.
@@ -123,6 +125,21 @@ class Window : public Container {
 
     /// The clerk moves the focus to a control. False when the move was refused.
     bool requestFocus(Control& target);
+
+    /// True where Enter with Shift or Ctrl makes a line: in a text box of several lines that has the focus.
+    bool breaksLines() const;
+
+    /// A text that reaches a field in one piece: pasted, dropped, made of several keys. The focus moves there, and
+    /// every character passes what a typed one passes. Line ends stay where the field has lines and are blanks
+    /// elsewhere; a date is spelled as a box for dates spells it. Returns what is to be put in at the cursor.
+    std::string passed(Control& field, const std::string& text);
+
+    /// The whole content that a field shows when it was changed past keyboard and clipboard: by an assistive program, a
+    /// form filler, undo. The clerk goes there with it: the focus moves, and what is new passes as in `passed`. Where
+    /// the field then holds something else, or the change is refused, the view is told to show what it holds.
+    void written(TextBox& box, const std::string& text);
+    void written(MaskedBox& box, const std::string& text);
+    void written(DatePicker& picker, const DateTime& value);
 
     /// New content of a field, after every filter. Content that arrives while a handler of this window runs is taken as
     /// a part of that event: the view shows it already.
@@ -147,6 +164,10 @@ class Window : public Container {
     bool handle(const std::function<void()>& handler);
     void passKey(KeyPress& press);
     bool typesElsewhere(KeyPress& press);
+    std::u32string filtered(const Control& field, std::u32string_view characters);
+    template <class Box> std::string withFiltered(Box& box, const std::string& text);
+    template <class Box> void write(Box& box, const std::string& text);
+    void completeDate();
     void showEmptyPage(Tabs& tabs, int index);
     bool mayLeaveFor(const Control& target);
     void giveFocus(Control* target);

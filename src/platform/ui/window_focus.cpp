@@ -72,6 +72,7 @@ bool Window::requestFocus(Control& target) {
 }
 
 bool Window::mayLeaveFor(const Control& target) {
+    completeDate();
     if (m_focus == nullptr || !m_focus->onValidate || !target.causesValidation || target.serves == m_focus)
         return true;
     m_focusSetByProgram = false;
@@ -104,8 +105,17 @@ void Window::giveFocus(Control* target) {
         target->onGotFocus();
 }
 
+// The rules about a date look at it when the clerk is done with it, and so does whoever reads it then.
+void Window::completeDate() {
+    if (m_focus == nullptr || m_focus->kind() != Kind::MaskedBox)
+        return;
+    auto& box = static_cast<MaskedBox&>(*m_focus);
+    box.setText(box.spelled(box.text()));
+}
+
 // While its handler runs the focus is nowhere; when that fails it stays where it was.
 void Window::loseFocus() {
+    completeDate();
     Control* const left = std::exchange(m_focus, nullptr);
     if (left == nullptr || !left->onLostFocus)
         return;

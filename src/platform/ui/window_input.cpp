@@ -39,6 +39,8 @@ void Window::passKey(KeyPress& press) {
         cancelButton->clicked();
         return;
     }
+    if (press.code == key::enter)
+        completeDate();
     if (keyPreview && onKeyPress)
         onKeyPress(press);
     if (target == nullptr || press.code == 0)
@@ -134,11 +136,11 @@ bool Window::pressOnCell(char32_t code) {
 }
 
 bool Window::click(Control& control) {
-    if (m_handling || !control.isShown() || !control.isUsable())
+    if (m_handling || !control.isUsable())
         return false;
     if (control.canTakeFocus() && !requestFocus(control))
         return false;
-    return handle([&] { control.clicked(); });
+    return control.isShown() && handle([&] { control.clicked(); });
 }
 
 void Window::doubleClick(Grid& grid) {
@@ -150,18 +152,6 @@ void Window::doubleClick(Grid& grid) {
         if (grid.onDoubleClick)
             grid.onDoubleClick();
     });
-}
-
-void Window::edited(TextBox& box, const std::string& text) {
-    handle([&] { box.setText(text); });
-}
-
-void Window::edited(MaskedBox& box, const std::string& text) {
-    handle([&] { box.setText(text); });
-}
-
-void Window::edited(DatePicker& picker, const DateTime& value) {
-    handle([&] { picker.setValue(value); });
 }
 
 void Window::picked(ComboBox& box, int index) {

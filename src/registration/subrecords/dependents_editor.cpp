@@ -14,6 +14,10 @@ namespace {
 constexpr int longestName = 64;
 constexpr const char* offeredBirthDate = "01/01/1900";
 
+bool isDateKey(char32_t key) {
+    return key == ui::key::backspace || key == U'/' || (key >= U'0' && key <= U'9');
+}
+
 /// Edits the cells of the grid in the box that floats over the current one.
 class DependentsEditor {
   public:
@@ -83,7 +87,7 @@ void DependentsEditor::pressedInEntry(ui::KeyPress& press) {
             enterBirthDate();
         else
             enterName();
-    } else if (isBirthDate() && press.code != ui::key::backspace && (press.code < U'0' || press.code > U'9')) {
+    } else if (isBirthDate() && !isDateKey(press.code)) {
         press.drop();
     }
 }

@@ -1,9 +1,15 @@
 #include "tests/adapters/qt/desk.h"
 
+#include <QAccessible>
 #include <QClipboard>
+#include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDateTimeEdit>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 
 namespace opd::qt {
 namespace {
@@ -35,10 +41,96 @@ TEST(QtFields, TypedComposedAndPastedCharactersPassTheSameFilter) {
     paste.character = U'v';
     paste.control = true;
     desk.hands.press(paste);
-    EXPECT_EQ(desk.hands.shownText(desk.form.header.txtLastName), "OPEÑAÑDAÑO");
-    EXPECT_EQ(desk.form.header.txtLastName.text(), "OPEÑAÑDAÑO");
+    EXPECT_EQ(desk.hands.shownText(desk.form.header.txtLastName), "OPEÑAÑ DAÑO");
+    EXPECT_EQ(desk.form.header.txtLastName.text(), "OPEÑAÑ DAÑO");
     desk.press("Backspace");
-    EXPECT_EQ(desk.form.header.txtLastName.text(), "OPEÑAÑDAÑ");
+    EXPECT_EQ(desk.form.header.txtLastName.text(), "OPEÑAÑ DAÑ");
+}
+
+QAccessibleInterface* accessTo(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget);
+}
+
+/// What a screen reader's, dictation's or form filler's text reads then, on the screen and in the model.
+template <class Box> std::string afterWriting(RegistrationDesk& desk, Box& box, const char* widget, const char* text) {
+    QAccessibleEditableTextInterface* content = accessTo(desk.widget<QWidget>(widget))->editableTextInterface();
+    content->replaceText(0, static_cast<int>(box.text().size()), QString::fromUtf8(text));
+    EXPECT_EQ(desk.hands.shownText(box), box.text());
+    return box.text();
+}
+
+TEST(QtFields, WhatAssistiveProgramsWriteReachesTheModelThroughTheSameRules) {
+    RegistrationDesk desk;
+    auto& form = desk.form;
+    previewLetters(form);
+    EXPECT_EQ(afterWriting(desk, form.header.txtFirstName, "txtFirstName", "cora'zon"), "CORAZON");
+    EXPECT_EQ(form.focus(), &form.header.txtFirstName) << "the clerk goes there with it";
+    desk.press("Home");
+    desk.type("x");
+    EXPECT_EQ(desk.hands.shownText(form.header.txtFirstName), "XCORAZON");
+    EXPECT_EQ(afterWriting(desk, form.header.txtAge, "txtAge", "1234"), "123");
+    EXPECT_EQ(afterWriting(desk, form.header.txtBirthDate, "txtBirthDate", "3/7/1980"), "3 /7 /1980");
+    EXPECT_EQ(afterWriting(desk, form.header.txtLastName, "txtLastName", "luna"), "LUNA");
+    EXPECT_EQ(form.header.txtBirthDate.text(), "03/07/1980") << "a date is spelled when it is left";
+    EXPECT_EQ(afterWriting(desk, form.history.txtDiagnosis, "txtDiagnosis", "cou'gh\nfever"), "COUGH\r\nFEVER");
+
+    int clicks = 0;
+    for (ui::Control* choice : std::initializer_list<ui::Control*>{&form.header.male, &form.personal.chkWalkIn})
+        choice->onClick = [&] { ++clicks; };
+    accessTo(desk.widget<QWidget>("optSex_0"))->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(form.header.male.selected() && desk.hands.isChecked(form.header.male));
+    accessTo(desk.widget<QWidget>("chkWalkIn"))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(form.personal.chkWalkIn.checked() && desk.hands.isChecked(form.personal.chkWalkIn));
+    EXPECT_EQ(clicks, 2);
+    form.personal.cboCivilStatus.onClick = [&] { ++clicks; };
+    desk.widget<QComboBox>("cboCivilStatus")->setCurrentIndex(2);
+    EXPECT_EQ(form.personal.cboCivilStatus.text(), "Married");
+    EXPECT_EQ(clicks, 3);
+    desk.widget<QDateTimeEdit>("dtpAdmDate")->setDate(QDate(2024, 11, 5));
+    EXPECT_EQ(form.header.dtpAdmDate.text(), "11/05/2024");
+
+    // A field that refuses to be left keeps the clerk, and what was written elsewhere is gone from the screen, too.
+    form.header.dtpAdmDate.onValidate = [](bool& refuse) { refuse = true; };
+    EXPECT_EQ(afterWriting(desk, form.header.txtFirstName, "txtFirstName", "LIGAYA"), "XCORAZON");
+    desk.widget<QComboBox>("cboCivilStatus")->setCurrentIndex(1);
+    EXPECT_EQ(desk.hands.shownText(form.personal.cboCivilStatus), "Married");
+}
+
+TEST(QtFields, TheMenuAndADropPasteThroughTheSameFilterAndUndoIsTold) {
+    RegistrationDesk desk;
+    previewLetters(desk.form);
+    ui::TextBox& box = desk.form.header.txtLastName;
+    desk.hands.click(box);
+    desk.type("peña");
+    auto* edit = desk.widget<QLineEdit>("txtLastName");
+    const auto choose = [&](const QString& caption) {
+        QContextMenuEvent wanted(QContextMenuEvent::Keyboard, {}, edit->mapToGlobal(QPoint()));
+        QCoreApplication::sendEvent(edit, &wanted);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        for (QAction* action : menu->actions())
+            if (action->text().startsWith(caption))
+                action->trigger();
+        menu->close();
+    };
+    QApplication::clipboard()->setText("o'x");
+    choose("&Paste");
+    EXPECT_EQ(box.text(), "PEÑAOX");
+    choose("&Undo");
+    EXPECT_EQ(box.text(), fromQt(edit->text()));
+    EXPECT_NE(box.text(), "PEÑAOX");
+
+    QMimeData dragged;
+    dragged.setText("d'e ");
+    QDragEnterEvent enter(QPoint(1, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(edit, &enter);
+    QDropEvent drop(QPointF(1, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    box.setText("LUNA");
+    QCoreApplication::sendEvent(edit, &drop);
+    EXPECT_EQ(box.text(), "DE LUNA");
+    EXPECT_EQ(desk.hands.shownText(box), "DE LUNA");
 }
 
 TEST(QtFields, TheLimitIsForTypingNotForWhatTheProgramShows) {

@@ -7,11 +7,16 @@
 namespace opd::qt {
 
 ButtonView::ButtonView(ui::Control& shown, QWidget* shownIn) : ControlView(shown, shownIn, nullptr) {
-    QObject::connect(button(), &QAbstractButton::clicked, button(), [this] {
-        window().click(control());
-        if (!isReleased())
-            show(ui::Aspect::Checked);
-    });
+    if (shown.kind() == ui::Kind::Button)
+        QObject::connect(button(), &QAbstractButton::clicked, button(), [this] { press(); });
+}
+
+void ButtonView::press() {
+    if (isWriting())
+        return;
+    window().click(control());
+    if (!isReleased())
+        show(ui::Aspect::Checked);
 }
 
 void ButtonView::show(ui::Aspect aspect) {
@@ -24,14 +29,22 @@ QString ButtonView::shownText() const {
     return button()->text();
 }
 
+// Whoever ticks it, the clerk's mouse or an assistive program, clicks it.
 ToggleView::ToggleView(ui::Control& shown, QWidget* shownIn) : ButtonView(shown, shownIn) {
     button()->setAutoExclusive(false);
+    if (auto* box = qobject_cast<QCheckBox*>(button()))
+        QObject::connect(box, &QCheckBox::stateChanged, box, [this] { press(); });
+    else
+        QObject::connect(button(), &QAbstractButton::toggled, button(), [this] { press(); });
 }
 
 void ToggleView::show(ui::Aspect aspect) {
     ButtonView::show(aspect);
-    if (aspect != ui::Aspect::Checked)
-        return;
+    if (aspect == ui::Aspect::Checked)
+        write([this] { showState(); });
+}
+
+void ToggleView::showState() {
     if (control().kind() == ui::Kind::OptionButton) {
         button()->setChecked(static_cast<const ui::OptionButton&>(control()).selected());
         return;

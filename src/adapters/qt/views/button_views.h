@@ -13,6 +13,8 @@ class ButtonView : public ControlView {
     QString shownText() const override;
 
   protected:
+    /// A click, by whatever means.
+    void press();
     QAbstractButton* button() const { return static_cast<QAbstractButton*>(widget()); }
 };
 
@@ -24,6 +26,9 @@ class ToggleView final : public ButtonView {
     void show(ui::Aspect aspect) override;
     bool isChecked() const override { return button()->isChecked(); }
     QPoint clickPoint() const override;
+
+  private:
+    void showState();
 };
 
 /// A text of its own.

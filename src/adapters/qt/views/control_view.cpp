@@ -16,6 +16,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <QTabWidget>
 #include <QTableView>
@@ -27,6 +28,8 @@ ControlView::ControlView(ui::Control& control, QWidget* widget, QLabel* label)
     : m_control(control), m_widget(widget), m_label(label) {
     if (m_label != nullptr)
         m_label->setBuddy(m_widget);
+    if (m_widget != nullptr && m_widget->focusPolicy() == Qt::WheelFocus)
+        m_widget->setFocusPolicy(Qt::StrongFocus); // who scrolls past a field does not mean it
 }
 
 void ControlView::show(ui::Aspect aspect) {
@@ -58,6 +61,16 @@ void ControlView::showRefusal() {
         part->style()->unpolish(part); // a style sheet looks at a property only then
         part->style()->polish(part);
     }
+}
+
+void ControlView::letThrough(const std::function<void()>& input) {
+    const QScopedValueRollback passing(m_passed, true);
+    input();
+}
+
+void ControlView::write(const std::function<void()>& writing) {
+    const QScopedValueRollback held(m_writing, true);
+    writing();
 }
 
 void ControlView::release() {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 namespace opd::qt {
@@ -31,8 +32,17 @@ class ControlView {
     /// Selects what a field holds.
     virtual void selectContent() {}
 
-    /// Puts text that passed every filter where the cursor is.
+    /// Puts text that passed every filter where the cursor is, as far as there is room.
     virtual void insert(const QString&) {}
+
+    /// Puts the cursor where a text is dropped, in the coordinates of the widget that is dropped on.
+    virtual void placeCursor(const QPoint&) {}
+
+    /// What is selected in a field.
+    virtual QString selection() const { return {}; }
+
+    /// While `input` runs, what changes in the widget has passed every filter already.
+    void letThrough(const std::function<void()>& input);
 
     /// Takes a character that passed every filter itself, in place of the widget. False when the widget is to take it.
     virtual bool takes(char32_t) { return false; }
@@ -54,6 +64,11 @@ class ControlView {
     virtual void release();
 
   protected:
+    /// While `writing` runs, the widget follows the model and nothing of it is forwarded.
+    void write(const std::function<void()>& writing);
+    bool isWriting() const { return m_writing; }
+    bool hasPassed() const { return m_passed; }
+
     ui::Window& window() const { return m_control.window(); }
     bool isReleased() const { return m_released; }
 
@@ -64,6 +79,8 @@ class ControlView {
     QWidget* m_widget;
     QLabel* m_label;
     bool m_released = false;
+    bool m_writing = false;
+    bool m_passed = false;
 };
 
 /// The view of a control by its kind. The widget must be of the class that `fits` accepts.

@@ -2,25 +2,37 @@
 
 #include "adapters/qt/qt_text.h"
 #include "platform/text/text.h"
+#include "platform/ui/line_edit.h"
 
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPlainTextEdit>
-#include <QSignalBlocker>
-
-#include <algorithm>
 
 namespace opd::qt {
 
 namespace {
 
-constexpr int anyLength = 32767;
+/// What may be typed is limited by the model; the widget holds every text.
+constexpr int anyLength = 1 << 24;
 
-/// The limit is for typing; a longer text set by program is shown whole.
-int limitOf(int maxLength, const std::string& shown) {
-    return std::max(maxLength > 0 ? maxLength : anyLength, static_cast<int>(qt::toQt(shown).size()));
+std::size_t lengthOf(const QString& text) {
+    return static_cast<std::size_t>(text.toUcs4().size());
+}
+
+bool hasRoomFor(int maxLength, const QString& shown, const QString& selected) {
+    return maxLength == 0 || lengthOf(shown) - lengthOf(selected) < static_cast<std::size_t>(maxLength);
+}
+
+/// What of a text fits in the place of what is selected.
+QString fittingPart(const QString& text, int maxLength, const QString& shown, const QString& selected) {
+    return qt::toQt(ui::fitting(qt::fromQt(text), maxLength, lengthOf(shown) - lengthOf(selected)));
+}
+
+/// A text as the toolkit's own fields of several lines hold it.
+QString inLines(QString text) {
+    return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
 QDateTime toQt(const DateTime& value) {
@@ -38,20 +50,21 @@ DateTime fromQt(const QDateTime& value) {
 TextView::TextView(ui::TextBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QLineEdit*>(widget)) {
     m_edit->setReadOnly(box.readOnly);
-    m_edit->setAcceptDrops(false); // dropped text would pass no key filter
-    QObject::connect(m_edit, &QLineEdit::textEdited, m_edit,
-                     [this](const QString& text) { window().edited(m_box, qt::fromQt(text)); });
+    m_edit->setMaxLength(anyLength);
+    QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this](const QString& text) {
+        if (hasPassed())
+            window().edited(m_box, qt::fromQt(text));
+        else if (!isWriting())
+            window().written(m_box, qt::fromQt(text));
+    });
 }
 
 void TextView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
-    if (aspect != ui::Aspect::Text)
-        return;
     const QString text = qt::toQt(m_box.text());
-    m_edit->setMaxLength(limitOf(m_box.maxLength(), m_box.text()));
-    if (m_edit->text() == text)
+    if (aspect != ui::Aspect::Text || m_edit->text() == text)
         return;
-    m_edit->setText(text);
+    write([&] { m_edit->setText(text); });
     if (!m_edit->hasFocus())
         m_edit->setCursorPosition(0);
 }
@@ -62,7 +75,19 @@ void TextView::selectContent() {
 
 void TextView::insert(const QString& text) {
     if (!m_edit->isReadOnly())
-        m_edit->insert(text);
+        m_edit->insert(fittingPart(text, m_box.maxLength(), m_edit->text(), m_edit->selectedText()));
+}
+
+void TextView::placeCursor(const QPoint& point) {
+    m_edit->setCursorPosition(m_edit->cursorPositionAt(point));
+}
+
+bool TextView::hasRoom() const {
+    return hasRoomFor(m_box.maxLength(), m_edit->text(), m_edit->selectedText());
+}
+
+QString TextView::selection() const {
+    return m_edit->selectedText();
 }
 
 QString TextView::shownText() const {
@@ -72,19 +97,29 @@ QString TextView::shownText() const {
 MemoView::MemoView(ui::TextBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QPlainTextEdit*>(widget)) {
     m_edit->setReadOnly(box.readOnly);
-    m_edit->setAcceptDrops(false);
     m_edit->setTabChangesFocus(true);
-    QObject::connect(m_edit, &QPlainTextEdit::textChanged, m_edit,
-                     [this] { window().edited(m_box, qt::fromQt(m_edit->toPlainText())); });
+    QObject::connect(m_edit, &QPlainTextEdit::textChanged, m_edit, [this] { follow(); });
+}
+
+// The widget tells of changes of its layout, too; a text that reads alike is not written anew.
+void MemoView::follow() {
+    if (isWriting() || m_edit->toPlainText() == inLines(qt::toQt(m_box.text())))
+        return;
+    const std::string text = qt::fromQt(shownText());
+    if (hasPassed())
+        window().edited(m_box, text);
+    else
+        window().written(m_box, text);
 }
 
 void MemoView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
-    const QString text = qt::toQt(m_box.text());
+    const QString text = inLines(qt::toQt(m_box.text()));
     if (aspect != ui::Aspect::Text || m_edit->toPlainText() == text)
         return;
-    const QSignalBlocker quiet(m_edit);
-    m_edit->setPlainText(text);
+    write([&] { m_edit->setPlainText(text); });
+    if (m_edit->hasFocus())
+        m_edit->moveCursor(QTextCursor::End);
 }
 
 void MemoView::selectContent() {
@@ -92,49 +127,55 @@ void MemoView::selectContent() {
 }
 
 void MemoView::insert(const QString& text) {
-    if (m_edit->isReadOnly())
-        return;
-    QString fitting = text;
-    if (m_box.maxLength() > 0)
-        fitting.truncate(std::max<qsizetype>(0, m_box.maxLength() - m_edit->toPlainText().size() +
-                                                    m_edit->textCursor().selectedText().size()));
-    m_edit->insertPlainText(fitting);
+    if (!m_edit->isReadOnly())
+        m_edit->insertPlainText(fittingPart(inLines(text), m_box.maxLength(), m_edit->toPlainText(), selection()));
+}
+
+void MemoView::placeCursor(const QPoint& point) {
+    m_edit->setTextCursor(m_edit->cursorForPosition(point));
 }
 
 bool MemoView::hasRoom() const {
-    return m_box.maxLength() == 0 || m_edit->toPlainText().size() < m_box.maxLength() ||
-           m_edit->textCursor().hasSelection();
+    return hasRoomFor(m_box.maxLength(), m_edit->toPlainText(), selection());
+}
+
+QString MemoView::selection() const {
+    return m_edit->textCursor().selectedText().replace(QChar::ParagraphSeparator, '\n');
 }
 
 QString MemoView::shownText() const {
-    return m_edit->toPlainText();
+    return qt::toQt(ui::TextBox::withLineEnds(qt::fromQt(m_edit->toPlainText())));
 }
 
 MaskedView::MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QLineEdit*>(widget)) {
-    m_edit->setAcceptDrops(false);
+    m_edit->setMaxLength(anyLength);
     // text() leaves the blanks out; what is displayed is what the rules look at.
-    QObject::connect(m_edit, &QLineEdit::textEdited, m_edit,
-                     [this] { window().edited(m_box, qt::fromQt(m_edit->displayText())); });
+    QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this] {
+        if (hasPassed())
+            window().edited(m_box, qt::fromQt(m_edit->displayText()));
+        else if (!isWriting())
+            window().written(m_box, qt::fromQt(m_edit->displayText()));
+    });
 }
 
 void MaskedView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
-    if (aspect != ui::Aspect::Text)
-        return;
-    showMask();
+    if (aspect == ui::Aspect::Text)
+        write([this] { showText(); });
+}
+
+void MaskedView::showText() {
+    const QString mask = qt::toQt(m_box.mask()).replace('#', '0'); // the toolkit's sign for a digit or nothing
+    if (m_edit->inputMask() != mask) {
+        m_edit->setInputMask(mask);
+        if (mask.isEmpty())
+            m_edit->setMaxLength(anyLength);
+    }
     if (m_edit->displayText() == qt::toQt(m_box.text()))
         return;
     m_edit->setText(m_box.isBlank() ? QString() : qt::toQt(m_box.text()));
-    m_edit->setCursorPosition(0);
-}
-
-void MaskedView::showMask() {
-    const QString mask = qt::toQt(m_box.mask()).replace('#', '0'); // the toolkit's sign for a digit or nothing
-    if (m_edit->inputMask() != mask)
-        m_edit->setInputMask(mask);
-    if (mask.isEmpty())
-        m_edit->setMaxLength(limitOf(m_box.maxLength(), m_box.text()));
+    m_edit->setCursorPosition(m_box.mask().empty() ? static_cast<int>(m_edit->text().size()) : 0);
 }
 
 void MaskedView::selectContent() {
@@ -143,13 +184,50 @@ void MaskedView::selectContent() {
 }
 
 void MaskedView::insert(const QString& text) {
+    if (m_box.mask().empty()) {
+        m_edit->insert(fittingPart(text, m_box.maxLength(), m_edit->text(), m_edit->selectedText()));
+        return;
+    }
+    if (lengthOf(text) == m_box.mask().size())
+        m_edit->selectAll();
     m_edit->insert(text);
+}
+
+void MaskedView::placeCursor(const QPoint& point) {
+    m_edit->setCursorPosition(m_edit->cursorPositionAt(point));
+}
+
+// A separator closes the part before it; the model knows how.
+bool MaskedView::takes(char32_t character) {
+    if (m_box.mask().empty() || character == ui::key::space || (character >= U'0' && character <= U'9'))
+        return false;
+    ui::LineEdit edit;
+    edit.load(qt::fromQt(m_edit->displayText()), {.mask = m_box.mask()});
+    const int start = m_edit->selectionStart();
+    const auto cursor = static_cast<std::size_t>(m_edit->cursorPosition());
+    edit.place(start < 0 ? cursor : static_cast<std::size_t>(start),
+               start < 0 ? cursor : static_cast<std::size_t>(m_edit->selectionEnd()));
+    edit.insert(text::encode(character));
+    if (const QString text = qt::toQt(edit.text()); text != m_edit->displayText()) {
+        m_edit->selectAll();
+        m_edit->insert(text);
+    }
+    m_edit->setCursorPosition(static_cast<int>(edit.caret()));
+    return true;
 }
 
 // Wherever an empty date is clicked, typing starts with the month.
 void MaskedView::clickedInto() {
     if (m_box.isBlank())
         m_edit->setCursorPosition(0);
+}
+
+bool MaskedView::hasRoom() const {
+    return !m_box.mask().empty() || hasRoomFor(m_box.maxLength(), m_edit->text(), m_edit->selectedText());
+}
+
+QString MaskedView::selection() const {
+    return m_edit->selectedText();
 }
 
 QString MaskedView::shownText() const {
@@ -164,8 +242,10 @@ PickerView::PickerView(ui::DatePicker& picker, QWidget* widget, QLabel* label)
     m_edit->setDisplayFormat(isDate ? QStringLiteral("MM/dd/yyyy") : QStringLiteral("hh:mm AP"));
     m_edit->setCalendarPopup(isDate);
     m_edit->setAcceptDrops(false);
-    QObject::connect(m_edit, &QDateTimeEdit::dateTimeChanged, m_edit,
-                     [this](const QDateTime& value) { window().edited(m_picker, fromQt(value)); });
+    QObject::connect(m_edit, &QDateTimeEdit::dateTimeChanged, m_edit, [this](const QDateTime& value) {
+        if (!isWriting())
+            window().written(m_picker, fromQt(value));
+    });
 }
 
 void PickerView::show(ui::Aspect aspect) {
@@ -173,8 +253,7 @@ void PickerView::show(ui::Aspect aspect) {
     const QDateTime value = toQt(m_picker.value());
     if (aspect != ui::Aspect::Text || m_edit->dateTime() == value)
         return;
-    const QSignalBlocker quiet(m_edit);
-    m_edit->setDateTime(value);
+    write([&] { m_edit->setDateTime(value); });
 }
 
 void PickerView::selectContent() {
@@ -205,20 +284,33 @@ QPoint PickerView::clickPoint() const {
 
 ComboView::ComboView(ui::ComboBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_list(static_cast<QComboBox*>(widget)) {
-    QObject::connect(m_list, &QComboBox::activated, m_list, [this](int index) { window().picked(m_box, index); });
+    QObject::connect(m_list, &QComboBox::currentIndexChanged, m_list, [this](int index) { follow(index); });
+}
+
+// Whoever chooses an entry, the clerk or an assistive program, picks it.
+void ComboView::follow(int index) {
+    if (isWriting())
+        return;
+    if (index >= 0 && window().requestFocus(m_box))
+        window().picked(m_box, index);
+    if (!isReleased())
+        write([this] { showChoice(); });
 }
 
 void ComboView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
     if (aspect == ui::Aspect::Items) {
-        const QSignalBlocker quiet(m_list);
-        m_list->clear();
-        for (const std::string& item : m_box.items())
-            m_list->addItem(qt::toQt(item));
-        showChoice();
+        write([this] { showItems(); });
     } else if (aspect == ui::Aspect::Text) {
-        showChoice();
+        write([this] { showChoice(); });
     }
+}
+
+void ComboView::showItems() {
+    m_list->clear();
+    for (const std::string& item : m_box.items())
+        m_list->addItem(qt::toQt(item));
+    showChoice();
 }
 
 void ComboView::showChoice() {

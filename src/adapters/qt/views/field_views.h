@@ -17,6 +17,9 @@ class TextView final : public ControlView {
     void show(ui::Aspect aspect) override;
     void selectContent() override;
     void insert(const QString& text) override;
+    void placeCursor(const QPoint& point) override;
+    bool hasRoom() const override;
+    QString selection() const override;
     QString shownText() const override;
 
   private:
@@ -32,10 +35,15 @@ class MemoView final : public ControlView {
     void show(ui::Aspect aspect) override;
     void selectContent() override;
     void insert(const QString& text) override;
+    void placeCursor(const QPoint& point) override;
     bool hasRoom() const override;
+    QString selection() const override;
     QString shownText() const override;
 
   private:
+    void follow();
+    void replace(const QString& text);
+
     ui::TextBox& m_box;
     QPlainTextEdit* m_edit;
 };
@@ -49,11 +57,15 @@ class MaskedView final : public ControlView {
     void show(ui::Aspect aspect) override;
     void selectContent() override;
     void insert(const QString& text) override;
+    void placeCursor(const QPoint& point) override;
+    bool takes(char32_t character) override;
     void clickedInto() override;
+    bool hasRoom() const override;
+    QString selection() const override;
     QString shownText() const override;
 
   private:
-    void showMask();
+    void showText();
 
     ui::MaskedBox& m_box;
     QLineEdit* m_edit;
@@ -83,6 +95,8 @@ class ComboView final : public ControlView {
     QString shownText() const override;
 
   private:
+    void follow(int index);
+    void showItems();
     void showChoice();
 
     ui::ComboBox& m_box;

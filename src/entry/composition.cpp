@@ -28,15 +28,21 @@ std::unique_ptr<settings::Store> makeStore() {
     return std::make_unique<settings::IniStore>();
 }
 
-void addProviders() {
-    ado::Providers::ofProcess().add("sqlite", adapters::sqlite::makeSqliteProvider(clock()));
+void addProviders(com::Server& server) {
+    // Once: a second one would take the first one away from the connections of another thread.
+    static const bool added = [&server] {
+        const auto use = [&server] { return std::make_shared<com::Server::Use>(server); };
+        ado::Providers::ofProcess().add("sqlite", adapters::sqlite::makeSqliteProvider(clock(), use));
+        return true;
+    }();
+    static_cast<void>(added);
 }
 
 void traceStatements(ado::Connection& connection) {
     const std::string file = environment::value(environment::trace);
     if (file.empty())
         return;
-    static const auto trace = std::make_shared<TraceFile>(file);
+    static const auto trace = std::make_shared<TraceFile>(file, tellUser);
     connection.setTrace([shared = trace](const std::string& statement) { shared->write(statement); });
 }
 
@@ -56,7 +62,7 @@ std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings
         .photograph =
             [&settings](const std::string& hospNum) {
                 const std::string location = reports::pictureLocation(reports::pictureFolder(settings));
-                return reports::storedPhotograph(images(), reports::photographFile(location, hospNum));
+                return reports::storedPhotograph(images(), reports::photographFile(location, hospNum)).image;
             },
         .onConnect = traceStatements,
     });

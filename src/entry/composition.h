@@ -3,6 +3,7 @@
 #include "platform/ado/connection.h"
 #include "platform/camera/camera.h"
 #include "platform/clock/clock.h"
+#include "platform/com/server.h"
 #include "platform/image/image.h"
 #include "platform/report/engine.h"
 #include "platform/settings/store.h"
@@ -10,6 +11,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 /// Which adapter stands behind which port, as the environment says (see entry/environment.h).
 namespace opd::composition {
@@ -17,12 +19,13 @@ namespace opd::composition {
 /// The workstation user's settings.
 std::unique_ptr<settings::Store> makeStore();
 
-/// Adds the providers that this component brings along to those of the process.
-void addProviders();
+/// Adds the providers that this component brings along to those of the process. What they have opened counts as a use
+/// of the component's server.
+void addProviders(com::Server& server);
 
 /// Has the connection write each statement that it sends to the trace file, if one is asked for. The file begins
-/// empty once per process, with mode 0600: it may hold patient data. Throws std::runtime_error when it cannot be
-/// written.
+/// empty once per process, with mode 0600: it may hold patient data. Throws std::runtime_error when it cannot be begun;
+/// what goes wrong later is told to the user, once, and touches no statement.
 void traceStatements(ado::Connection& connection);
 
 const Clock& clock();
@@ -40,8 +43,13 @@ Camera& camera();
 /// The folder that the component lies in.
 std::filesystem::path moduleFolder();
 
-/// The desktop of the process. It is made when a window or message is first shown on it, and lives as long as the
-/// process; until then neither toolkit nor display is needed. Showing throws std::runtime_error when it cannot be made.
+/// The desktop of the calling thread. It is made when a window or message is first shown on it, and lives as long as
+/// its thread, real windows as long as the process; until then neither toolkit nor display is needed. Showing throws
+/// std::runtime_error when it cannot be made, and on a second thread that asks for real windows: there is one screen.
 ui::Desktop& desktop();
+
+/// Tells the user what hinders no work: on standard error at once and, where a clerk sits before real windows, in a box
+/// behind the next message or before the next window.
+void tellUser(const std::string& text);
 
 } // namespace opd::composition

@@ -7,7 +7,10 @@
 
 #include <iostream>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
+#include <thread>
+#include <utility>
 
 namespace opd::composition {
 
@@ -22,15 +25,28 @@ ui::Desktop* makeQtDesktop(script::Player* player) {
     return made;
 }
 
-ui::Desktop* makeDesktop(script::Player* player) {
+/// Real windows belong to the thread that showed the first one. They are never taken down: a toolkit cannot be at the
+/// end of a process, when parts of it have gone already.
+void claimScreen() {
+    static std::mutex mutex;
+    static std::thread::id owner;
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (owner != std::thread::id{} && owner != std::this_thread::get_id())
+        throw std::runtime_error("Another thread of this program shows the windows already.");
+    owner = std::this_thread::get_id();
+}
+
+bool wantsRealWindows() {
     const std::string kind = environment::value(environment::desktop);
-    if (kind.empty() || kind == "qt")
-        return makeQtDesktop(player);
-    if (kind != "scripted")
+    return kind.empty() || kind == "qt";
+}
+
+std::unique_ptr<ui::Desktop> makeScriptedDesktop(script::Player* player) {
+    if (const std::string kind = environment::value(environment::desktop); kind != "scripted")
         throw std::runtime_error("There is no desktop \"" + kind + "\"; there are \"qt\" and \"scripted\".");
     if (player == nullptr)
         throw std::runtime_error("The scripted desktop needs an operator script.");
-    return std::make_unique<adapters::ScriptedDesktop>(player).release();
+    return std::make_unique<adapters::ScriptedDesktop>(player);
 }
 
 std::unique_ptr<script::Player> makePlayer() {
@@ -39,12 +55,24 @@ std::unique_ptr<script::Player> makePlayer() {
 }
 
 /// Stands for the real desktop, which it makes when it is first needed and keeps.
-class DesktopOfProcess final : public ui::Desktop {
+class DesktopOfThread final : public ui::Desktop {
   public:
-    void showModal(ui::Window& window) override { real().showModal(window); }
+    DesktopOfThread() { ui::Desktop::setOfThread(this); }
+    ~DesktopOfThread() override { ui::Desktop::setOfThread(nullptr); }
+    DesktopOfThread(const DesktopOfThread&) = delete;
+    DesktopOfThread& operator=(const DesktopOfThread&) = delete;
+
+    void showModal(ui::Window& window) override {
+        showNotice();
+        real().showModal(window);
+    }
     void show(ui::Window& window) override { real().show(window); }
     void waitForWindows() override { real().waitForWindows(); }
-    ui::Answer ask(const ui::Message& message) override { return real().ask(message); }
+    ui::Answer ask(const ui::Message& message) override {
+        const ui::Answer answer = real().ask(message);
+        showNotice();
+        return answer;
+    }
     std::optional<std::filesystem::path> askFile(const ui::FileQuestion& question) override {
         return real().askFile(question);
     }
@@ -54,27 +82,57 @@ class DesktopOfProcess final : public ui::Desktop {
     bool isBusy() const override { return m_real != nullptr && m_real->isBusy(); }
     std::optional<std::string> failure() const override { return m_real != nullptr ? m_real->failure() : std::nullopt; }
 
+    /// Keeps a text until the clerk can read it. A script has no reader, and answers nothing that it does not expect.
+    void notice(const std::string& text) {
+        if (wantsRealWindows() && environment::value(environment::script).empty())
+            m_notice = text;
+    }
+
   private:
     ui::Desktop& real() {
-        if (m_real == nullptr) {
-            m_player = makePlayer();
-            m_real = makeDesktop(m_player.get());
-        }
+        if (m_real == nullptr)
+            make();
         return *m_real;
     }
 
-    std::unique_ptr<script::Player> m_player;
+    void make() {
+        const bool onScreen = wantsRealWindows();
+        if (onScreen)
+            claimScreen();
+        m_player = makePlayer();
+        if (onScreen) {
+            m_real = makeQtDesktop(m_player.get());
+            return;
+        }
+        m_scripted = makeScriptedDesktop(m_player.get());
+        m_real = m_scripted.get();
+    }
 
-    /// Never taken down: a toolkit cannot be at the end of a process, when parts of it have gone already.
+    void showNotice() {
+        if (const std::string text = std::exchange(m_notice, {}); !text.empty())
+            real().ask({.text = text, .icon = ui::Icon::Exclamation});
+    }
+
+    std::unique_ptr<script::Player> m_player;
+    std::unique_ptr<ui::Desktop> m_scripted; ///< ends with the thread
     ui::Desktop* m_real = nullptr;
+    std::string m_notice;
 };
+
+DesktopOfThread& ofThread() {
+    thread_local DesktopOfThread desktop;
+    return desktop;
+}
 
 } // namespace
 
 ui::Desktop& desktop() {
-    static DesktopOfProcess ofProcess;
-    ui::Desktop::setOfProcess(&ofProcess);
-    return ofProcess;
+    return ofThread();
+}
+
+void tellUser(const std::string& text) {
+    std::cerr << "opd-registration: " + text + "\n" << std::flush;
+    ofThread().notice(text);
 }
 
 } // namespace opd::composition

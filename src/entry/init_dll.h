@@ -11,9 +11,10 @@
 /// InitSetup.
 ///
 /// Every member answers an HRESULT. After a failure `com::lastErrorText()` has the description for the calling thread,
-/// fit to be shown; no member lets an exception out. Texts are UTF-8 with a zero byte at the end. All objects of one
-/// thread share one session; each thread has its own. Windows run on the thread that calls InitSetup, and because a
-/// process has one screen, one thread of a process shows windows.
+/// fit to be shown; no member lets an exception out. A null pointer where a text, number or object is needed answers
+/// errorPointer. Texts are UTF-8 with a zero byte at the end. All objects of one thread share one session; each thread
+/// has its own. Windows run on the thread that calls InitSetup, and because a process has one screen, one thread of a
+/// process shows windows; InitSetup fails on any other.
 namespace opd {
 
 inline constexpr const char* initDllProgramId = "OPDRegistration.InitDLL";
@@ -47,10 +48,12 @@ class IInitDLL : public com::IUnknown {
 
     /// Takes a connection object (see platform/com/connection_object.h) as the session's connection and opens it anew
     /// with the workstation user's settings. The connection stays the host's: it is shared, never copied, and stays
-    /// open after InitSetup.
+    /// open after InitSetup. An object that holds no connection answers errorInvalidArgument, and the connection
+    /// handed over before stays.
     virtual com::HResult InitDLLConnection(com::IUnknown* connection) = 0;
 
-    /// The user stamped into visits and logs. Write-only.
+    /// The user stamped into visits and logs. Write-only. Answers errorInvalidArgument for one with an apostrophe,
+    /// which no statement can hold.
     virtual com::HResult UserID(const char* user) = 0;
 
     /// Pre-filled into the last name of the search; nothing is searched by itself. Write-only.

@@ -9,7 +9,9 @@
 #include "platform/com/object.h"
 #include "reports/photograph.h"
 
+#include <functional>
 #include <new>
+#include <string>
 #include <string_view>
 
 namespace opd {
@@ -19,10 +21,31 @@ static_assert(std::string_view{connectionSettingsApplication} == data::settingsA
 static_assert(std::string_view{connectionSettingsSection} == data::connectionSection);
 static_assert(std::string_view{pictureSettingsSection} == reports::pictureSection);
 
+namespace {
+
+/// Runs the body with what the pointer leads to. A null pointer fails with a description of its own.
+com::HResult withPointer(const void* pointer, const char* what, const std::function<com::HResult()>& body) {
+    return com::guarded([&] {
+        if (pointer == nullptr)
+            throw com::Error(com::errorPointer, std::string{what} + " is missing: the pointer is null.");
+        return body();
+    });
+}
+
+// The user stands in quotes in statements, and there is no way to write a quote within them.
+void refuseApostrophe(const std::string& user) {
+    if (user.find('\'') != std::string::npos)
+        throw com::Error(com::errorInvalidArgument, "The user id \"" + user +
+                                                        "\" holds an apostrophe, which cannot be stored with a "
+                                                        "registration. Use a user id without one.");
+}
+
+} // namespace
+
 InitDLL::InitDLL(com::Server& server)
     : Counted(iidInitDLL), m_use(server), m_settings(composition::makeStore()),
       m_reports(composition::makeReportEngine(*m_settings)) {
-    composition::addProviders();
+    composition::addProviders(server);
 }
 
 Session InitDLL::session() const {
@@ -52,12 +75,10 @@ com::HResult InitDLL::LoadConnection() {
 }
 
 com::HResult InitDLL::connStr(const std::int32_t* kind, const char* const* databaseName, char** text) {
-    if (text == nullptr)
-        return com::errorPointer;
-    *text = nullptr;
-    if (kind == nullptr || databaseName == nullptr || *databaseName == nullptr)
-        return com::errorPointer;
-    return com::guarded([&] {
+    if (text != nullptr)
+        *text = nullptr;
+    const bool complete = text != nullptr && kind != nullptr && databaseName != nullptr && *databaseName != nullptr;
+    return withPointer(complete ? text : nullptr, "An argument of connStr", [&] {
         *text = com::allocateText(data::connStr(*m_settings, *kind, *databaseName));
         if (*text == nullptr)
             throw std::bad_alloc();
@@ -66,30 +87,28 @@ com::HResult InitDLL::connStr(const std::int32_t* kind, const char* const* datab
 }
 
 com::HResult InitDLL::InitDLLConnection(com::IUnknown* connection) {
-    return com::guarded([&] {
+    return withPointer(connection, "The connection of InitDLLConnection", [&] {
         const auto object = com::queried<com::IConnectionObject>(connection, com::iidConnectionObject);
         if (!object)
-            throw com::Error(connection == nullptr ? com::errorPointer : com::errorNoInterface,
-                             "InitDLLConnection needs a database connection object.");
-        Globals::ofThread().gConnection = object->connection();
+            throw com::Error(com::errorNoInterface, "InitDLLConnection needs a database connection object.");
+        if (!object->connection())
+            throw com::Error(com::errorInvalidArgument, "The connection object holds no database connection.");
         composition::traceStatements(*object->connection());
+        Globals::ofThread().gConnection = object->connection();
         return LoadConnection();
     });
 }
 
 com::HResult InitDLL::UserID(const char* user) {
-    if (user == nullptr)
-        return com::errorPointer;
-    return com::guarded([&] {
+    return withPointer(user, "The text of UserID", [&] {
+        refuseApostrophe(user);
         Globals::ofThread().gUserID = user;
         return com::ok;
     });
 }
 
 com::HResult InitDLL::SearchCriteria(const char* text) {
-    if (text == nullptr)
-        return com::errorPointer;
-    return com::guarded([&] {
+    return withPointer(text, "The text of SearchCriteria", [&] {
         Globals::ofThread().gSearchCriteria = text;
         return com::ok;
     });

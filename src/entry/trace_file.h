@@ -1,23 +1,31 @@
 #pragma once
 
+#include "platform/settings/open_file.h"
+
 #include <filesystem>
-#include <fstream>
+#include <functional>
+#include <mutex>
 #include <string>
 
 namespace opd {
 
-/// The statements sent, one a line. A line break within a statement is written as "\n" or "\r".
+/// The statements sent by all threads, one a line. A line break within a statement is written as "\n" or "\r".
 class TraceFile {
   public:
-    /// Begins the file anew, readable by its owner alone. Throws std::runtime_error.
-    explicit TraceFile(const std::filesystem::path& file);
+    /// Begins the file anew, readable by its owner alone; see settings::GrowingFile. `tell` is told once, by the first
+    /// line that cannot be written. Throws std::runtime_error.
+    TraceFile(const std::filesystem::path& file, std::function<void(const std::string& reason)> tell);
 
-    /// Throws std::runtime_error when the line cannot be written.
-    void write(const std::string& statement);
+    /// Writes the line, or loses it whole: no failure of the trace reaches the statement. The next line is tried anew.
+    void write(const std::string& statement) noexcept;
 
   private:
-    std::filesystem::path m_file;
-    std::ofstream m_out;
+    std::string append(const std::string& statement);
+
+    std::function<void(const std::string&)> m_tell;
+    std::mutex m_mutex; ///< guards what follows
+    settings::GrowingFile m_file;
+    bool m_told = false;
 };
 
 } // namespace opd

@@ -39,16 +39,13 @@ void configure(const ConfigureOptions& options) {
     refuseSemicolon("user", options.user);
     refuseSemicolon("password", password);
 
-    settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
-    const auto set = [&](const char* key, const std::string& value) {
-        store.set(connectionSettingsApplication, connectionSettingsSection, key, value);
-    };
-    set("User", options.user);
-    set("Password", password);
-    set("Server", server);
+    std::vector<settings::IniStore::Value> values{{connectionSettingsSection, "User", options.user},
+                                                  {connectionSettingsSection, "Password", password},
+                                                  {connectionSettingsSection, "Server", server}};
     if (!options.pictures.empty())
-        store.set(connectionSettingsApplication, pictureSettingsSection, "Folder",
-                  std::filesystem::absolute(options.pictures).string());
+        values.push_back({pictureSettingsSection, "Folder", std::filesystem::absolute(options.pictures).string()});
+    settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
+    store.set(connectionSettingsApplication, values);
 }
 
 } // namespace opd::host

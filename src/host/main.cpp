@@ -5,6 +5,9 @@
 
 #include <cstdio>
 #include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 using namespace opd;
 
@@ -21,15 +24,31 @@ struct CommandLine {
 
     CommandLine() {
         app.set_version_flag("--version", "opd-desk " OPD_VERSION);
-        app.require_subcommand(1);
+        app.require_subcommand(0, 1); // its own message names no word; see refuseUnknownWords
+        app.allow_extras();
         addCreateDatabase();
         addConfigure();
         addRun();
     }
 
+    /// Throws unless the words were understood, naming the first that was not.
+    void refuseUnknownWords() const {
+        const std::string commands = "There are create-database, configure and run.";
+        const std::vector<std::string> unknown = app.remaining(true);
+        if (!unknown.empty() && app.get_subcommands().empty())
+            throw std::runtime_error("There is no command \"" + unknown.front() + "\". " + commands);
+        if (!unknown.empty())
+            throw std::runtime_error("\"" + unknown.front() + "\" is no option of \"" +
+                                     app.get_subcommands().front()->get_name() +
+                                     "\"; \"--help\" behind it lists them.");
+        if (!command)
+            throw std::runtime_error("A subcommand is missing. " + commands);
+    }
+
     void addCreateDatabase() {
         CLI::App* sub =
-            app.add_subcommand("create-database", "Make a hospital with synthetic patients in a new folder.");
+            app.add_subcommand("create-database", "Make a hospital with synthetic patients in a new folder.")
+                ->allow_extras();
         sub->add_option("FOLDER", folder, "New or empty folder on a local disk")->required();
         sub->add_option("--patients", hospital.patients, "How many patients are on file")
             ->capture_default_str()
@@ -42,7 +61,8 @@ struct CommandLine {
     }
 
     void addConfigure() {
-        CLI::App* sub = app.add_subcommand("configure", "Store where the hospital's database is, for this user.");
+        CLI::App* sub =
+            app.add_subcommand("configure", "Store where the hospital's database is, for this user.")->allow_extras();
         sub->add_option("--server", settings.server, "Name of a database server, or folder of a hospital")->required();
         sub->add_option("--user", settings.user, "Login at the server; integrated security without it");
         sub->add_flag("--password-stdin", settings.passwordFromInput,
@@ -54,7 +74,7 @@ struct CommandLine {
     }
 
     void addRun() {
-        CLI::App* sub = app.add_subcommand("run", "Open the desk.");
+        CLI::App* sub = app.add_subcommand("run", "Open the desk.")->allow_extras();
         CLI::Option* database = sub->add_option("--database", session.database, "Folder of a hospital, for this run");
         sub->add_option("--settings", session.settings, "Settings file instead of the user's own")->excludes(database);
         sub->add_option("--user", session.user, "User stamped into visits; the login name without it");
@@ -89,6 +109,7 @@ int main(int argc, char** argv) {
                 return line.app.exit(error); // help or version, on standard output
             return fail(error.what());
         }
+        line.refuseUnknownWords();
         line.command();
         return 0;
     } catch (const std::exception& error) {

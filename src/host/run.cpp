@@ -8,9 +8,12 @@
 #include "platform/com/memory.h"
 #include "platform/com/object.h"
 #include "platform/com/server.h"
+#include "platform/com/trust.h"
+#include "platform/ui/desktop_module.h"
 
 #include <fmt/core.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -48,17 +51,27 @@ void check(com::HResult result, const char* step) {
         reason.empty() ? fmt::format("{} failed ({:#010x}).", step, static_cast<std::uint32_t>(result)) : reason);
 }
 
+/// What the class registry knows; a damaged entry counts as none, and the user is told.
+std::optional<com::ClassEntry> knownClass(const char* programId) {
+    try {
+        return com::ClassRegistry{}.find(programId);
+    } catch (const com::Error& damaged) {
+        fmt::print(stderr, "opd-desk: {} It is registered anew.\n", damaged.what());
+        return std::nullopt;
+    }
+}
+
 /// Enters the component that lies beside this program into the class registry, unless it stands there already: a
 /// program runs with the components it came with. Where none lies beside it, the registered one serves.
 void ensureRegistered(const char* programId, const char* libraryName) {
     const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&ensureRegistered)).parent_path();
     const std::filesystem::path file = here / com::libraryFileName(libraryName);
-    const std::optional<com::ClassEntry> known = com::ClassRegistry{}.find(programId);
+    const std::optional<com::ClassEntry> known = knownClass(programId);
     std::error_code missing;
     if (known &&
         (!std::filesystem::exists(file, missing) || std::filesystem::equivalent(file, known->library, missing)))
         return;
-    const com::Library library{file};
+    const com::Library library{com::trustedLibrary(file)};
     com::setLastErrorText({});
     check(library.function<com::RegisterServerExport>(com::exportedNames.registerServer)(), "DllRegisterServer");
 }
@@ -81,9 +94,7 @@ std::string userOf(const RunOptions& options) {
     return !options.user.empty() ? options.user : login != nullptr ? login : "OPD";
 }
 
-} // namespace
-
-void run(const RunOptions& options) {
+void playHost(const RunOptions& options) {
     passOptions(options);
     ensureRegistered(initDllProgramId, "opd-registration");
     ensureRegistered("Trellicode.clsCodeSearch", "opd-codesearch");
@@ -99,6 +110,39 @@ void run(const RunOptions& options) {
     while (outcome == com::ok) {
         outcome = component->InitSetup();
         check(outcome, "InitSetup");
+    }
+}
+
+bool hasDisplay() {
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY"})
+        if (const char* value = std::getenv(variable); value != nullptr && *value != '\0')
+            return true;
+    return false;
+}
+
+/// Shows a failure to a clerk who started the desk from a menu and sees no terminal. Says nothing where that is not
+/// possible: the failure goes to standard error in any case.
+void showFailure(const std::string& reason) {
+    try {
+        const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&showFailure)).parent_path();
+        const com::Library module{com::trustedLibrary(here / com::libraryFileName("opd-desktop-qt"))};
+        const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
+        if (ui::Desktop* const desktop = create(nullptr)) // never taken down, as the component's own
+            desktop->ask({.text = reason, .icon = ui::Icon::Critical});
+    } catch (const std::exception&) {
+        return;
+    }
+}
+
+} // namespace
+
+void run(const RunOptions& options) {
+    try {
+        playHost(options);
+    } catch (const std::exception& failure) {
+        if (options.desktop == "qt" && options.script.empty() && hasDisplay())
+            showFailure(failure.what());
+        throw;
     }
 }
 

@@ -76,6 +76,7 @@ void frmReportViewer::savePdf() {
         return;
     const ui::BusyPointer busy(m_session.desktop);
     m_session.desktop.output().writePdf(*m_fields.CRViewer1.document(), *file);
+    m_window.setStatus("Saved as " + file->string() + ", readable for you alone.");
 }
 
 std::string frmReportViewer::suggestedFileName() const {

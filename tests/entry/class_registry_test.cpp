@@ -74,5 +74,34 @@ TEST(ClassRegistry, ACreationThatCannotBeSaysWhy) {
     }
 }
 
+TEST(ClassRegistry, OnlyWhatNobodyElseCanChangeIsLoaded) {
+    const TemporaryFolder folder;
+    const auto inner = folder / "lib";
+    const auto file = inner / "component.so";
+    std::filesystem::create_directory(inner);
+    std::filesystem::copy_file(tests::codeSearchLibrary(), file);
+    const tests::Variable named("OPD_CLASS_REGISTRY", (folder / "classes.ini").string());
+    registerClass({"A.B", iidUnknown, file});
+    const auto outcome = [] {
+        try {
+            createInstance("A.B", iidUnknown);
+        } catch (const Error& failure) {
+            return std::string{failure.what()};
+        }
+        return std::string{"created"};
+    };
+    EXPECT_NE(outcome().find("no class factory"), std::string::npos) << "loaded: " << outcome();
+    for (const auto& part : {file, inner, folder.path()}) {
+        std::filesystem::permissions(part, std::filesystem::perms::others_write, std::filesystem::perm_options::add);
+        const std::string refusal = outcome();
+        EXPECT_NE(refusal.find("others than you and the administrator can change \"" +
+                               std::filesystem::canonical(part).string() + "\""),
+                  std::string::npos)
+            << refusal;
+        std::filesystem::permissions(part, std::filesystem::perms::others_write, std::filesystem::perm_options::remove);
+    }
+    EXPECT_NE(outcome().find("no class factory"), std::string::npos);
+}
+
 } // namespace
 } // namespace opd::com

@@ -9,6 +9,7 @@
 #include "platform/settings/ini_store.h"
 #include "support/recording_provider.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace opd {
@@ -33,8 +34,8 @@ class Component : public ::testing::Test {
     }
 
     void configure(const char* key, const std::string& value) {
-        settings::IniStore{m_folder / "store.ini"}.set(connectionSettingsApplication, connectionSettingsSection, key,
-                                                       value);
+        settings::IniStore{m_folder / "store.ini"}.set(connectionSettingsApplication,
+                                                       {{connectionSettingsSection, key, value}});
     }
 
     com::HResult handOverConnection() {
@@ -73,6 +74,12 @@ TEST_F(Component, KeepsTheRulesOfAnObject) {
     EXPECT_EQ(m_component->Release(), 3U);
 }
 
+/// Leaves every data source to the component's own provider.
+struct ServesNothing final : ado::Provider {
+    bool serves(const ado::ConnectionString&) const override { return false; }
+    std::unique_ptr<ado::Link> open(const ado::ConnectionString&) override { return nullptr; }
+};
+
 TEST_F(Component, MayBeUnloadedWhenNothingOfItIsLeft) {
     const com::Library library{tests::componentLibrary()};
     const auto canUnload = library.function<com::CanUnloadNowExport>(com::exportedNames.canUnloadNow);
@@ -89,13 +96,32 @@ TEST_F(Component, MayBeUnloadedWhenNothingOfItIsLeft) {
     EXPECT_EQ(canUnload(), com::okButFalse) << "a factory is left";
     EXPECT_EQ(factory->CreateInstance(factory.get(), com::iidUnknown, &object), com::errorNoAggregation);
     EXPECT_EQ(factory->CreateInstance(nullptr, com::iidLateBound, &object), com::errorNoInterface);
+    EXPECT_EQ(factory->LockServer(0), com::errorFail);
+    EXPECT_EQ(com::lastErrorText(), "The component is not locked.");
     factory->LockServer(1);
     com::IClassFactory* last = factory.get();
     last->AddRef();
     factory = {};
     EXPECT_EQ(canUnload(), com::okButFalse) << "a lock is left";
-    last->LockServer(0);
+    EXPECT_EQ(last->LockServer(0), com::ok);
     last->Release();
+    EXPECT_EQ(canUnload(), com::ok);
+
+    // What the component has opened or found for others holds it as well.
+    ASSERT_EQ(std::system(("'" OPD_DESK "' create-database '" + (m_folder / "h").string() + "' --patients 12").c_str()),
+              0);
+    ado::Providers::ofProcess().add("recording", std::make_shared<ServesNothing>());
+    m_connection->Open("Data Source=" + (m_folder / "h").string());
+    EXPECT_EQ(canUnload(), com::okButFalse) << "the host's connection is open";
+    const auto searchCanUnload =
+        com::Library{tests::codeSearchLibrary()}.function<com::CanUnloadNowExport>(com::exportedNames.canUnloadNow);
+    com::Object search{com::createInstance("Trellicode.clsCodeSearch", com::iidLateBound).get()};
+    com::Object record = search.object("ReligionRecord");
+    search = {};
+    EXPECT_EQ(searchCanUnload(), com::okButFalse) << "a record is left";
+    record = {};
+    EXPECT_EQ(searchCanUnload(), com::ok);
+    m_connection->Close();
     EXPECT_EQ(canUnload(), com::ok);
 }
 
@@ -132,9 +158,17 @@ TEST_F(Component, OpensTheHostsOwnConnectionWithItsSettings) {
     ASSERT_EQ(m_component->LoadConnection(), com::ok) << "an open connection is closed first";
     EXPECT_EQ(m_connection->ConnectionString, connStr(4));
 
-    EXPECT_EQ(m_component->InitDLLConnection(nullptr), com::errorPointer);
-    EXPECT_EQ(m_component->InitDLLConnection(m_component.get()), com::errorNoInterface);
-    EXPECT_NE(com::lastErrorText(), "");
+    const auto refused = [&](com::IUnknown* object, com::HResult result, const char* part) {
+        EXPECT_EQ(m_component->InitDLLConnection(object), result) << part;
+        EXPECT_NE(com::lastErrorText().find(part), std::string::npos) << com::lastErrorText();
+    };
+    const tests::Variable traced("OPD_TRACE", (m_folder / "trace").string());
+    refused(nullptr, com::errorPointer, "connection of InitDLLConnection");
+    refused(m_component.get(), com::errorNoInterface, "connection object");
+    refused(com::makeConnectionObject(nullptr).get(), com::errorInvalidArgument, "holds no database connection");
+    configure("Server", "THIRD");
+    ASSERT_EQ(m_component->LoadConnection(), com::ok) << "the connection before is still the session's";
+    EXPECT_EQ(m_connection->ConnectionString, connStr(4));
 }
 
 TEST_F(Component, WithoutAConnectionNothingIsShownAndTheHostIsToldWhy) {
@@ -181,8 +215,19 @@ TEST_F(Component, ShowsTheSearchWithTheHostsTextUntilTheClerkClosesIt) {
 
 TEST_F(Component, KeepsAnObjectForTheHost) {
     EXPECT_EQ(m_component->sSearcherObject(nullptr), com::ok);
-    EXPECT_EQ(m_component->UserID(nullptr), com::errorPointer);
-    EXPECT_EQ(m_component->SearchCriteria(nullptr), com::errorPointer);
+}
+
+TEST_F(Component, AnArgumentThatCannotBeIsDescribedByTheMemberThatRefusesIt) {
+    const std::int32_t kind = 1;
+    const auto describedAs = [](com::HResult result, com::HResult wanted, const char* part) {
+        EXPECT_EQ(result, wanted) << part;
+        EXPECT_NE(com::lastErrorText().find(part), std::string::npos) << com::lastErrorText();
+        com::setLastErrorText({});
+    };
+    describedAs(m_component->UserID(nullptr), com::errorPointer, "UserID");
+    describedAs(m_component->SearchCriteria(nullptr), com::errorPointer, "SearchCriteria");
+    describedAs(m_component->connStr(&kind, nullptr, nullptr), com::errorPointer, "connStr");
+    describedAs(m_component->UserID("O'BRIEN"), com::errorInvalidArgument, "\"O'BRIEN\" holds an apostrophe");
 }
 
 } // namespace

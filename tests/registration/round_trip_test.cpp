@@ -3,14 +3,20 @@
 
 #include "adapters/sqlite/create_database.h"
 #include "adapters/sqlite/provider.h"
+#include "entry/trace_file.h"
 #include "registration/registration_form.h"
 #include "registration/rules/validate_data.h"
 #include "registration/save/save_data.h"
 
 #include <algorithm>
+#include <csignal>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <map>
 #include <set>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace opd::tests {
@@ -411,6 +417,72 @@ TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
     // A patient's hospital number is a number to look at; it is stored with its leading zeros all the same.
     form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
     EXPECT_EQ(form->fields().employment.mshDependents.rows(), Rows(1, ui::Grid::Row(2)));
+}
+
+/// A trace on a disk that has no room for the lines of one parity, so that each line of a registration is hit by one of
+/// two runs and there is room again behind it. The database's own files have room always.
+struct FullEveryOtherLine {
+    explicit FullEveryOtherLine(int which) : full(which), before(std::signal(SIGXFSZ, SIG_IGN)) {}
+    ~FullEveryOtherLine() { std::signal(SIGXFSZ, before); }
+
+    void operator()(const std::string& statement) {
+        const bool noRoom = lines++ % 2 == full;
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlim_t room =
+            std::exchange(limit.rlim_cur, noRoom ? std::filesystem::file_size(file) + 3 : limit.rlim_cur);
+        setrlimit(RLIMIT_FSIZE, &limit);
+        trace.write(statement);
+        limit.rlim_cur = room;
+        setrlimit(RLIMIT_FSIZE, &limit);
+        expected += noRoom ? "" : statement + "\n";
+    }
+
+    int full;
+    void (*before)(int);
+    std::filesystem::path file = std::filesystem::temp_directory_path() / ("trace-" + std::to_string(getpid()));
+    std::vector<std::string> told;
+    TraceFile trace{file, [this](const std::string& reason) { told.push_back(reason); }};
+    std::string expected;
+    int lines = 0;
+};
+
+TEST(RoundTrip, ATraceWithoutRoomIsToldOnceAndTouchesNoStatementOfARegistration) {
+    for (const int which : {0, 1}) {
+        HospitalSession hospital("");
+        FullEveryOtherLine full(which);
+        hospital.globals.gConnection->setTrace([&](const std::string& statement) { full(statement); });
+        auto form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
+        ASSERT_TRUE(registration::ValidateData(form->context()));
+        hospital.desktop.answer(ui::Answer::Ok);
+        ASSERT_TRUE(registration::SaveData(form->context(), false));
+        EXPECT_GT(full.lines, 20);
+        ASSERT_EQ(full.told.size(), 1U);
+        EXPECT_NE(full.told[0].find(full.file.string()), std::string::npos) << full.told[0];
+        std::ifstream written(full.file);
+        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(written), {}), full.expected);
+        EXPECT_NO_THROW(hospital.open({"Edit", "00000012", form->record().SaveIDNum + "B", {}}));
+
+        // What throws in a trace of the host's own is no failure of the statement either, nor of its rollback.
+        hospital.globals.gConnection->setTrace([](const std::string&) { throw std::logic_error("trace"); });
+        { const ado::Transaction givenUp(*hospital.globals.gConnection); }
+        EXPECT_FALSE(hospital.globals.gConnection->inTransaction());
+        std::filesystem::remove(full.file);
+    }
+}
+
+TEST(RoundTrip, ATraceFollowsNoLinkAndOpensNothingButAPlainFile) {
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("traces-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "target") << "kept";
+    std::filesystem::create_symlink(folder / "target", folder / "link");
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    for (const char* name : {"link", "pipe", "."})
+        EXPECT_THROW(TraceFile(folder / name, {}), std::runtime_error) << name;
+    EXPECT_THROW(TraceFile("/dev/full", {}), std::runtime_error);
+    EXPECT_EQ(std::filesystem::file_size(folder / "target"), 4U);
+    std::filesystem::remove_all(folder);
 }
 
 } // namespace

@@ -4,9 +4,12 @@
 #include "reports/web_cam_capture.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <fstream>
 #include <iterator>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace opd::tests {
@@ -58,11 +61,11 @@ TEST_F(Photographs, TheFolderIsTheOneSetOrLiesBesideAnEmbeddedHospital) {
 
 TEST_F(Photographs, AreStoredInAFolderThatIsMadeAndReplaceTheOneBefore) {
     const std::filesystem::path file = folder / "new" / "00000012.bmp";
-    EXPECT_EQ(reports::storedPhotograph(images, file), nullptr);
+    EXPECT_EQ(reports::storedPhotograph(images, file).image, nullptr);
     reports::storePhotograph(images, picture, file);
-    EXPECT_EQ(reports::storedPhotograph(images, file)->width, 8);
+    EXPECT_EQ(reports::storedPhotograph(images, file).image->width, 8);
     reports::storePhotograph(images, {1, 1, {0, 0, 0}}, file);
-    EXPECT_EQ(reports::storedPhotograph(images, file)->width, 1);
+    EXPECT_EQ(reports::storedPhotograph(images, file).image->width, 1);
     EXPECT_THROW(reports::storePhotograph(images, picture, reports::photographFile("\\", "00000012")),
                  std::runtime_error);
 }
@@ -74,8 +77,46 @@ TEST_F(Photographs, AFullDiskLeavesTheOneBeforeAndNothingHalfWritten) {
         const FullDisk full(2);
         EXPECT_THROW(reports::storePhotograph(images, picture, file), std::runtime_error);
     }
-    EXPECT_EQ(reports::storedPhotograph(images, file)->width, 1);
+    EXPECT_EQ(reports::storedPhotograph(images, file).image->width, 1);
     EXPECT_EQ(filesThere(), 1U);
+}
+
+TEST_F(Photographs, AreForOwnerAndGroupStayInTheirFolderAndClearUpBehindKilledWriters) {
+    const auto modeOf = [](const std::filesystem::path& path) {
+        return static_cast<unsigned>(std::filesystem::status(path).permissions());
+    };
+    const mode_t before = umask(002);
+    const std::filesystem::path file = folder / "new" / "00000012.bmp";
+    reports::storePhotograph(images, picture, file);
+    EXPECT_EQ(modeOf(file), 0660U);
+    EXPECT_EQ(modeOf(file.parent_path()), 0770U);
+    umask(077);
+    reports::storePhotograph(images, picture, file);
+    EXPECT_EQ(modeOf(file), 0600U) << "the umask is respected";
+    umask(before);
+
+    const std::filesystem::path left = file.string() + ".new4711-1";
+    const std::filesystem::path living = file.string() + ".new4711-2";
+    const std::filesystem::path other = file.string() + ".newer";
+    for (const std::filesystem::path& each : {left, living, other})
+        std::ofstream(each) << "half";
+    const int descriptor = open(living.c_str(), O_RDONLY);
+    ASSERT_EQ(flock(descriptor, LOCK_EX), 0);
+    std::ofstream(folder / "elsewhere") << "kept";
+    std::filesystem::remove(file);
+    std::filesystem::create_symlink(folder / "elsewhere", file);
+    reports::storePhotograph(images, picture, file);
+    close(descriptor);
+    EXPECT_FALSE(std::filesystem::exists(left));
+    EXPECT_TRUE(std::filesystem::exists(living));
+    EXPECT_TRUE(std::filesystem::exists(other));
+    EXPECT_EQ(std::filesystem::file_size(folder / "elsewhere"), 4U);
+
+    for (const char* number : {"../../x", "..\\x", "/x", ""}) {
+        EXPECT_EQ(reports::photographFile(folder.string(), number), "") << number;
+        EXPECT_THROW(reports::storePhotograph(images, picture, reports::photographFile(folder.string(), number)),
+                     std::runtime_error);
+    }
 }
 
 TEST_F(Photographs, ACaptureShowsAWindowForTheTimeAndSaysNothingWithoutACamera) {

@@ -11,10 +11,13 @@ namespace {
 /// A found row as the caller sees it: read-only members by name.
 class Record final : public com::LateBound {
   public:
-    explicit Record(const Row& row) {
+    Record(const Row& row, com::Server& server) : m_use(server) {
         for (const auto& [member, text] : row)
             onGet(member, [value = text] { return com::Variant{value}; });
     }
+
+  private:
+    com::Server::Use m_use;
 };
 
 com::Variant objectVariant(com::IUnknown* object) {
@@ -23,7 +26,7 @@ com::Variant objectVariant(com::IUnknown* object) {
 
 } // namespace
 
-CodeSearch::CodeSearch(com::Server& server) : m_use(server) {
+CodeSearch::CodeSearch(com::Server& server) : m_server(server), m_use(server) {
     onCall("Initialize_Classes", [this](const Arguments&) {
         m_found.clear();
         return com::Variant{};
@@ -65,7 +68,7 @@ bool CodeSearch::search(const std::string& criteria, int number) {
 }
 
 std::optional<Row> CodeSearch::pick(const Listing& listing, const std::string& criteria) {
-    ui::Desktop* const desktop = ui::Desktop::ofProcess();
+    ui::Desktop* const desktop = ui::Desktop::ofThread();
     if (desktop == nullptr)
         return std::nullopt;
     ListingWindow window(*desktop, listing, everyRow(*m_connection->connection(), listing, text("OtherSectionID")),
@@ -97,7 +100,7 @@ com::Variant CodeSearch::record(const Listing& listing) const {
         row[field.member];
     if (const auto found = m_found.find(listing.number); found != m_found.end())
         row = found->second;
-    return objectVariant(new Record(row));
+    return objectVariant(new Record(row, m_server));
 }
 
 } // namespace opd::codesearch

@@ -20,7 +20,7 @@ namespace opd::codesearch {
 /// Connection (a connection object); SearchListing(criteria, listing) -> flag; a record for every listing.
 ///
 /// An exact code resolves at once. Anything else, the empty text included, leads to a window with the rows whose code
-/// or name holds the text; when there is none the clerk is told. Without a desktop in the process only exact codes
+/// or name holds the text; when there is none the clerk is told. Without a desktop of its thread only exact codes
 /// resolve. A listing without a line in the table answers false.
 class CodeSearch final : public com::LateBound {
   public:
@@ -34,6 +34,7 @@ class CodeSearch final : public com::LateBound {
     bool exactCodesOnly() const;
     com::Variant record(const Listing& listing) const;
 
+    com::Server& m_server;
     com::Server::Use m_use;
     com::Ref<com::IConnectionObject> m_connection;
     std::map<std::string, com::Variant> m_properties;

@@ -6,6 +6,8 @@
 #include "adapters/report/report_file.h"
 #include "adapters/report/template_data.h"
 
+#include <stdexcept>
+
 namespace opd::adapters {
 
 namespace {
@@ -51,13 +53,22 @@ class FileReport final : public report::Report {
         const std::string kind = source.substr(0, colon);
         const std::string value = colon == std::string::npos ? std::string{} : source.substr(colon + 1);
         SharedImage image;
-        if (kind == "code128" && !value.empty())
-            image = std::make_shared<const Image>(code128(value));
+        if (kind == "code128")
+            image = barcode(value);
         else if (kind == "photograph" && m_surroundings.photograph)
             image = m_surroundings.photograph(value);
         if (image)
             images[source] = image;
         return image != nullptr;
+    }
+
+    /// Null for a text that the code cannot hold: the rest of the report is worth having without it.
+    static SharedImage barcode(const std::string& value) {
+        try {
+            return std::make_shared<const Image>(code128(value));
+        } catch (const std::runtime_error&) {
+            return nullptr;
+        }
     }
 
     ReportFile m_file;

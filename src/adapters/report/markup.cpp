@@ -89,6 +89,13 @@ void replaceMissingImages(const pugi::xml_node& root, const std::function<bool(c
     }
 }
 
+// What walks through the markup, here and in the desktop, goes down with it.
+constexpr int deepest = 200;
+
+class DepthCheck final : public pugi::xml_tree_walker {
+    bool for_each(pugi::xml_node&) override { return depth() <= deepest; }
+};
+
 std::string contentOf(const pugi::xml_node& root) {
     std::ostringstream content;
     for (const pugi::xml_node& child : root.children())
@@ -105,13 +112,14 @@ Markup lookThrough(const std::string& markup, const std::function<bool(const std
         whole.data(), whole.size(), pugi::parse_default | pugi::parse_ws_pcdata, pugi::encoding_utf8);
     if (!parsed)
         throw std::runtime_error(std::string{"The layout of the report is broken: "} + parsed.description() + ".");
+    if (DepthCheck check; !document.traverse(check))
+        throw std::runtime_error("The layout of the report is broken: its parts lie too deep within each other.");
     const pugi::xml_node root = document.child("body");
     replaceMissingImages(root, haveImage);
     Markup result{contentOf(root), textOf(root), {}};
     for (const pugi::xpath_node& heading : root.select_nodes(".//h4")) {
-        std::string text = textOf(heading.node());
-        text.pop_back(); // the end of its line
-        result.groups.push_back(std::move(text));
+        const std::string text = textOf(heading.node());
+        result.groups.push_back(text.substr(0, text.find('\n')));
     }
     return result;
 }

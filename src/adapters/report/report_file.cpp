@@ -2,6 +2,7 @@
 
 #include "platform/text/text.h"
 
+#include <cstdint>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -10,6 +11,9 @@
 namespace opd::adapters::reporting {
 
 namespace {
+
+constexpr int widestMargin = 90; ///< leaves room for something between two of them on every paper
+constexpr std::uintmax_t largestFile = 1024 * 1024;
 
 std::vector<std::string> words(const std::string& line) {
     std::istringstream stream(line);
@@ -85,6 +89,9 @@ class Parser {
         report::Margins& margins = m_report.margins;
         if (key != "margins" || !(numbers >> margins.left >> margins.top >> margins.right >> margins.bottom))
             throw std::runtime_error("expected \"title = text\" or \"margins = left top right bottom\"");
+        for (const double margin : {margins.left, margins.top, margins.right, margins.bottom})
+            if (!(margin >= 0 && margin <= widestMargin))
+                throw std::runtime_error("a margin is between 0 and " + std::to_string(widestMargin) + " mm");
     }
 
     void beginQuery(const std::string& name, bool manyRows) {
@@ -123,9 +130,14 @@ class Parser {
 } // namespace
 
 ReportFile readReportFile(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    if (!stream)
+    std::error_code unreadable;
+    std::ifstream stream;
+    if (std::filesystem::is_regular_file(file, unreadable)) // a pipe would be waited for
+        stream.open(file);
+    if (!stream.is_open())
         throw std::runtime_error("The report file " + file.string() + " cannot be read.");
+    if (std::filesystem::file_size(file, unreadable) > largestFile)
+        throw std::runtime_error("The report file " + file.string() + " is larger than any report can be.");
     Parser parser;
     std::size_t number = 0;
     try {

@@ -3,6 +3,7 @@
 #include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace opd::adapters::reporting {
@@ -89,6 +90,10 @@ std::string rendered(const std::string& layout, const data& values) {
     std::string text = view.is_valid() ? view.render(values) : std::string{};
     if (!view.is_valid())
         throw std::runtime_error("The layout of the report is broken: " + view.error_message());
+    // Another program's row may hold characters that no markup can: they would end it in the middle.
+    std::replace_if(
+        text.begin(), text.end(),
+        [](unsigned char each) { return each < ' ' && each != '\t' && each != '\n' && each != '\r'; }, ' ');
     return text;
 }
 

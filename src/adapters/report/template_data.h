@@ -16,7 +16,8 @@ kainjow::mustache::data templateData(const ReportFile& file, const report::Repor
 /// A layout with its names in upper case, so that they may be written in any.
 std::string withUpperNames(std::string layout);
 
-/// The layout with the data in it, every value as text that cannot become markup. Throws std::runtime_error when the
+/// The layout with the data in it, every value as text that cannot become markup; a control character
+/// reads as a blank. Throws std::runtime_error when the
 /// layout is broken.
 std::string rendered(const std::string& layout, const kainjow::mustache::data& data);
 

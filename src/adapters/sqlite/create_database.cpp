@@ -4,6 +4,8 @@
 #include "adapters/sqlite/generator/patients.h"
 #include "adapters/sqlite/generator/reference.h"
 #include "adapters/sqlite/procedures.h"
+#include "platform/settings/open_file.h"
+#include "platform/settings/safe_file.h"
 
 #include <stdexcept>
 
@@ -11,23 +13,42 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
-/// Removes the unfinished files at the end of its scope unless the database became whole.
+constexpr const char* unfinishedName = "hospital.db.unfinished";
+
+/// The file that becomes the database, held against others that make one in the same folder. What is unfinished at the
+/// end of its scope is removed.
 class Unfinished {
   public:
-    explicit Unfinished(std::filesystem::path file) : m_file(std::move(file)) {}
-    ~Unfinished() { removeFiles(); }
+    explicit Unfinished(const std::filesystem::path& file) : m_file(file), m_held(file) { removeJournals(); }
+    ~Unfinished() {
+        removeJournals();
+        std::error_code ignored;
+        std::filesystem::remove(m_file, ignored);
+    }
     Unfinished(const Unfinished&) = delete;
     Unfinished& operator=(const Unfinished&) = delete;
 
-    void removeFiles() const {
+  private:
+    void removeJournals() const {
         std::error_code ignored;
-        for (const char* suffix : {"", "-wal", "-shm", "-journal"})
+        for (const char* suffix : {"-wal", "-shm", "-journal"})
             std::filesystem::remove(m_file.string() + suffix, ignored);
     }
 
-  private:
     std::filesystem::path m_file;
+    settings::HeldFile m_held;
 };
+
+/// What a creation that was killed has left is no use of the folder.
+void refuseUsedFolder(const std::filesystem::path& folder) {
+    if (!std::filesystem::exists(folder))
+        return;
+    if (!std::filesystem::is_directory(folder))
+        throw std::runtime_error("\"" + folder.string() + "\" is no folder.");
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (!entry.path().filename().string().starts_with(unfinishedName))
+            throw std::runtime_error("The folder \"" + folder.string() + "\" is not empty.");
+}
 
 void fill(Database& database, const DatabaseOptions& options, const std::function<void(int, int)>& progress) {
     database.run("BEGIN");
@@ -48,12 +69,10 @@ void fill(Database& database, const DatabaseOptions& options, const std::functio
 
 void createDatabase(const std::filesystem::path& folder, const DatabaseOptions& options,
                     const std::function<void(int, int)>& progress) {
-    const std::filesystem::path unfinished = folder / "hospital.db.unfinished";
-    const Unfinished cleanUp(unfinished);
-    cleanUp.removeFiles(); // what a run that was killed has left
-    if (std::filesystem::exists(folder) && !std::filesystem::is_empty(folder))
-        throw std::runtime_error("The folder \"" + folder.string() + "\" is not empty.");
-    std::filesystem::create_directories(folder);
+    refuseUsedFolder(folder);
+    settings::makeFolderForGroup(folder);
+    const std::filesystem::path unfinished = folder / unfinishedName;
+    const Unfinished held(unfinished);
     const SystemClock clock;
     {
         Database database(unfinished, Database::Mode::Create, clock);

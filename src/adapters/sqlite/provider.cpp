@@ -65,6 +65,9 @@ class SqliteLink final : public ado::Link {
 
     Database& database() { return m_database; }
 
+    /// Keeps what the link needs to live, as long as it lives.
+    void keep(std::shared_ptr<void> needed) { m_needed = std::move(needed); }
+
     ado::ResultSet run(const ado::Request& request) override {
         m_database.statementBegins();
         const auto statement = parse(request.text, m_catalog);
@@ -161,6 +164,7 @@ class SqliteLink final : public ado::Link {
         return value;
     }
 
+    std::shared_ptr<void> m_needed;
     Database m_database;
     Catalog m_catalog;
 };
@@ -190,7 +194,7 @@ void checkVersion(Database& database, const std::string& folder) {
 
 class SqliteProvider final : public ado::Provider {
   public:
-    explicit SqliteProvider(const Clock& clock) : m_clock(clock) {}
+    SqliteProvider(const Clock& clock, NeedOfLink needOfLink) : m_clock(clock), m_needOfLink(std::move(needOfLink)) {}
 
     bool serves(const ado::ConnectionString& settings) const override { return ado::isFolder(settings.dataSource()); }
 
@@ -207,6 +211,8 @@ class SqliteProvider final : public ado::Provider {
         checkVersion(link->database(), folder);
         checkWritable(link->database(), file);
         guardDrawnNumbers(link->database());
+        if (m_needOfLink)
+            link->keep(m_needOfLink());
         return link;
     }
 
@@ -224,12 +230,13 @@ class SqliteProvider final : public ado::Provider {
     }
 
     const Clock& m_clock;
+    NeedOfLink m_needOfLink;
 };
 
 } // namespace
 
-std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock) {
-    return std::make_shared<SqliteProvider>(clock);
+std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock, NeedOfLink needOfLink) {
+    return std::make_shared<SqliteProvider>(clock, std::move(needOfLink));
 }
 
 } // namespace opd::adapters::sqlite

@@ -3,12 +3,16 @@
 #include "platform/ado/provider.h"
 #include "platform/clock/clock.h"
 
+#include <functional>
 #include <memory>
 
 namespace opd::adapters::sqlite {
 
+/// Gives what a link needs to live; it is held by the link to its end.
+using NeedOfLink = std::function<std::shared_ptr<void>()>;
+
 /// The provider of the embedded hospital database: serves data sources that are folders, each with its `hospital.db`.
 /// The clock, which outlives the provider and its links, is the database's server date.
-std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock);
+std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock, NeedOfLink needOfLink = {});
 
 } // namespace opd::adapters::sqlite

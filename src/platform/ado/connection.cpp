@@ -96,8 +96,12 @@ Link& Connection::link() const {
 }
 
 void Connection::traced(const std::string& line) const {
-    if (m_trace)
+    if (!m_trace)
+        return;
+    try {
         m_trace(line);
+    } catch (...) { // see setTrace
+    }
 }
 
 Transaction::Transaction(Connection& connection) : m_connection(connection) {

@@ -46,7 +46,8 @@ class Connection {
     /// True between BeginTrans and the commit or rollback that ends it.
     bool inTransaction() const { return m_inTransaction; }
 
-    /// Sets what is told every statement; an empty function ends the trace.
+    /// Sets what is told every statement; an empty function ends the trace. What the trace throws is lost: it never
+    /// touches the statement.
     void setTrace(Trace trace) { m_trace = std::move(trace); }
 
     /// How long a statement, a commit too, waits for a database that others hold before it fails.

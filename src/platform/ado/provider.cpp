@@ -30,20 +30,30 @@ bool isFolder(const std::string& dataSource) {
 }
 
 void Providers::add(const std::string& kind, std::shared_ptr<Provider> provider) {
-    const auto same = std::find_if(m_providers.begin(), m_providers.end(),
-                                   [&](const auto& entry) { return entry.first == kind; });
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto same =
+        std::find_if(m_providers.begin(), m_providers.end(), [&](const auto& entry) { return entry.first == kind; });
     if (same != m_providers.end())
         same->second = std::move(provider);
     else
         m_providers.emplace_back(kind, std::move(provider));
 }
 
+std::shared_ptr<Provider> Providers::serving(const ConnectionString& settings) const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = std::find_if(m_providers.begin(), m_providers.end(),
+                                    [&](const auto& entry) { return entry.second->serves(settings); });
+    return found == m_providers.end() ? nullptr : found->second;
+}
+
 std::unique_ptr<Link> Providers::open(const ConnectionString& settings) const {
-    for (const auto& [kind, provider] : m_providers)
-        if (provider->serves(settings))
-            return provider->open(settings);
-    throw Error("No database provider serves the data source \"" + settings.dataSource() + "\".", "Connection", 0,
-                "08001");
+    // Opened without the lock: a database that does not answer keeps nobody else waiting.
+    if (const std::shared_ptr<Provider> provider = serving(settings))
+        return provider->open(settings);
+    throw Error("\"" + settings.dataSource() +
+                    "\" is the name of a database server, and this program reaches no servers. Name the folder of a "
+                    "hospital instead.",
+                "Connection", 0, "08001");
 }
 
 Providers& Providers::ofProcess() {

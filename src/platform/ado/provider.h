@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -89,14 +90,16 @@ class Provider {
     /// True when this provider serves the data source: a folder is the embedded database, anything else a server name.
     virtual bool serves(const ConnectionString& settings) const = 0;
 
-    /// Opens a session. Throws Error with a clear message when the database cannot be reached.
+    /// Opens a session; several threads may ask at once. Throws Error with a clear message when the database cannot be
+    /// reached.
     virtual std::unique_ptr<Link> open(const ConnectionString& settings) = 0;
 };
 
 /// True when a data source names a folder (it holds a "/" or is a folder on this machine) and not a server.
 bool isFolder(const std::string& dataSource);
 
-/// The providers that connections choose from; the first that serves a data source opens it.
+/// The providers that connections choose from; the first that serves a data source opens it. For use by several
+/// threads.
 class Providers {
   public:
     /// Adds a provider, once per kind: a second one of the same `kind` takes the place of the first.
@@ -109,6 +112,9 @@ class Providers {
     static Providers& ofProcess();
 
   private:
+    std::shared_ptr<Provider> serving(const ConnectionString& settings) const;
+
+    mutable std::mutex m_mutex; ///< guards the list
     std::vector<std::pair<std::string, std::shared_ptr<Provider>>> m_providers;
 };
 

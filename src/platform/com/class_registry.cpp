@@ -4,10 +4,12 @@
 #include "platform/com/library.h"
 #include "platform/com/object.h"
 #include "platform/com/server.h"
+#include "platform/com/trust.h"
 #include "platform/settings/ini_file.h"
 #include "platform/settings/safe_file.h"
 
 #include <cstdlib>
+#include <mutex>
 
 namespace opd::com {
 
@@ -20,6 +22,12 @@ std::filesystem::path registryFile() {
     const char* named = std::getenv("OPD_CLASS_REGISTRY");
     return named != nullptr && *named != '\0' ? std::filesystem::path{named}
                                               : settings::dataFolder() / "opd-registration" / "classes.ini";
+}
+
+/// Held while the file is read, changed and written by a thread of this process.
+std::mutex& changing() {
+    static std::mutex mutex;
+    return mutex;
 }
 
 void throwUnlessSucceeded(HResult result, const std::string& programId, const char* step) {
@@ -46,6 +54,7 @@ std::optional<ClassEntry> ClassRegistry::find(const std::string& programId) cons
 }
 
 void ClassRegistry::add(const ClassEntry& entry) const {
+    const std::lock_guard<std::mutex> lock(changing());
     settings::IniFile file{m_file};
     file.set(entry.programId, classKey, toText(entry.classId));
     file.set(entry.programId, libraryKey, entry.library.string());
@@ -53,6 +62,7 @@ void ClassRegistry::add(const ClassEntry& entry) const {
 }
 
 void ClassRegistry::remove(const std::string& programId) const {
+    const std::lock_guard<std::mutex> lock(changing());
     settings::IniFile file{m_file};
     if (!file.hasSection(programId))
         return;
@@ -72,7 +82,7 @@ Ref<IUnknown> createInstance(const std::string& programId, const Guid& interface
     const std::optional<ClassEntry> entry = ClassRegistry{}.find(programId);
     if (!entry)
         throw Error(errorClassNotRegistered, "The component \"" + programId + "\" is not registered on this machine.");
-    const Library library{entry->library};
+    const Library library{trustedLibrary(entry->library)};
     const auto getClassObject = library.function<GetClassObjectExport>(exportedNames.getClassObject);
 
     setLastErrorText({});

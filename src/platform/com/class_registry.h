@@ -43,7 +43,8 @@ void unregisterClass(const std::string& programId);
 
 /// Makes an object of the class: opens its library, asks it for the class factory and the factory for the interface.
 /// Throws com::Error: errorClassNotRegistered when the registry does not name the class; otherwise what the library or
-/// the factory answered, or errorFail when the library or its export is missing.
+/// the factory answered, or errorFail when the library or its export is missing or others can change the library (see
+/// trustedLibrary).
 Ref<IUnknown> createInstance(const std::string& programId, const Guid& interfaceId);
 
 /// The same, typed.

@@ -13,6 +13,7 @@ inline constexpr Guid iidConnectionObject{0x6C1F3A52, 0x8E0B, 0x4D57, {0x9A, 0x4
 /// that host and component then share.
 class IConnectionObject : public IUnknown {
   public:
+    /// Null in an object that was made around nothing; no component takes such a one.
     virtual const std::shared_ptr<ado::Connection>& connection() const = 0;
 
   protected:

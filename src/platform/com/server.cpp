@@ -24,8 +24,11 @@ class ClassFactory final : public Counted<IClassFactory> {
     }
 
     HResult LockServer(std::int32_t lock) override {
-        m_server.lock(lock != 0);
-        return ok;
+        return guarded([&] {
+            if (!m_server.lock(lock != 0))
+                throw Error(errorFail, "The component is not locked.");
+            return ok;
+        });
     }
 
   private:
@@ -45,6 +48,17 @@ HResult Server::getClassObject(const Guid& classId, const Guid& interfaceId, voi
         const auto factory = Ref<IClassFactory>::taking(new ClassFactory(*this));
         return factory->QueryInterface(interfaceId, object);
     });
+}
+
+bool Server::lock(bool lock) {
+    if (lock) {
+        ++m_locks;
+        return true;
+    }
+    for (int locks = m_locks; locks > 0;)
+        if (m_locks.compare_exchange_weak(locks, locks - 1))
+            return true;
+    return false;
 }
 
 HResult Server::registerServer() const {

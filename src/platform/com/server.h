@@ -35,7 +35,7 @@ class Server {
     HResult getClassObject(const Guid& classId, const Guid& interfaceId, void** object);
 
     /// okButFalse while an object, a factory or a lock is left.
-    HResult canUnloadNow() const { return m_uses == 0 ? ok : okButFalse; }
+    HResult canUnloadNow() const { return m_uses == 0 && m_locks == 0 ? ok : okButFalse; }
 
     /// Enters the class with the library that holds this object, or removes it.
     HResult registerServer() const;
@@ -55,13 +55,16 @@ class Server {
 
     /// For the class factory.
     Ref<IUnknown> make() const { return m_make(); }
-    void lock(bool lock) { lock ? ++m_uses : --m_uses; }
+
+    /// Adds a lock, or takes one away. False when there is none to take away.
+    bool lock(bool lock);
 
   private:
     std::string m_programId;
     Guid m_classId;
     Maker m_make;
     std::atomic<int> m_uses{0};
+    std::atomic<int> m_locks{0};
 };
 
 /// Runs a body at a component's boundary: what it throws becomes its HRESULT, with the description in the thread's

@@ -17,7 +17,7 @@ class Output {
     /// a question. Throws std::runtime_error when the printer fails.
     virtual Printed print(const Document& document, bool atOnce) = 0;
 
-    /// Writes a PDF file, whole or not at all. Throws std::runtime_error with the reason.
+    /// Writes a PDF file, readable by its owner alone, whole or not at all. Throws std::runtime_error with the reason.
     virtual void writePdf(const Document& document, const std::filesystem::path& file) = 0;
 };
 

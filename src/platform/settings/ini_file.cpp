@@ -36,8 +36,12 @@ void refuseLineBreaks(const std::string& text) {
 
 IniFile::IniFile(std::filesystem::path file) : m_file(std::move(file)) {
     std::error_code error;
-    if (std::filesystem::status(m_file, error).type() == std::filesystem::file_type::not_found)
+    const std::filesystem::file_type type = std::filesystem::status(m_file, error).type();
+    if (type == std::filesystem::file_type::not_found)
         return;
+    if (type != std::filesystem::file_type::regular) // a pipe would be waited for
+        throw std::runtime_error("Cannot read \"" + m_file.string() +
+                                 "\": " + (error ? error.message() : "it is no plain file") + ".");
     std::ifstream in(m_file, std::ios::binary);
     std::string line;
     while (std::getline(in, line)) {

@@ -6,13 +6,14 @@
 namespace opd::settings {
 
 std::string IniStore::get(const std::string& application, const std::string& section, const std::string& key) const {
+    refuseUnlessPrivate(fileOf(application));
     return IniFile{fileOf(application)}.get(section, key);
 }
 
-void IniStore::set(const std::string& application, const std::string& section, const std::string& key,
-                   const std::string& value) {
+void IniStore::set(const std::string& application, const std::vector<Value>& values) {
     IniFile file{fileOf(application)};
-    file.set(section, key, value);
+    for (const Value& value : values)
+        file.set(value.section, value.key, value.text);
     file.save();
 }
 

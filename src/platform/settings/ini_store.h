@@ -3,6 +3,8 @@
 #include "platform/settings/store.h"
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace opd::settings {
 
@@ -13,12 +15,18 @@ class IniStore final : public Store {
     IniStore() = default;
     explicit IniStore(std::filesystem::path file) : m_file(std::move(file)) {}
 
+    /// Throws std::runtime_error also for a file that others than its owner can read or change.
     std::string get(const std::string& application, const std::string& section, const std::string& key) const override;
 
-    /// Stores a text as it stands; the file ends up whole, with mode 0600. Throws std::runtime_error when it cannot be
-    /// written and std::invalid_argument for a text with line breaks.
-    void set(const std::string& application, const std::string& section, const std::string& key,
-             const std::string& value);
+    struct Value {
+        std::string section;
+        std::string key;
+        std::string text; ///< as it stands
+    };
+
+    /// Stores all values in one step; the file ends up whole, with mode 0600. Throws std::runtime_error when it cannot
+    /// be written and std::invalid_argument for a text with line breaks, and has stored nothing then.
+    void set(const std::string& application, const std::vector<Value>& values);
 
     /// The file that holds an application's settings.
     std::filesystem::path fileOf(const std::string& application) const;

@@ -13,12 +13,12 @@ struct NoOutput final : report::Output {
     }
 };
 
-Desktop* processDesktop = nullptr;
+thread_local Desktop* threadDesktop = nullptr;
 
 } // namespace
 
-Desktop* Desktop::ofProcess() {
-    return processDesktop;
+Desktop* Desktop::ofThread() {
+    return threadDesktop;
 }
 
 std::optional<std::filesystem::path> Desktop::askFile(const FileQuestion&) {
@@ -30,8 +30,8 @@ report::Output& Desktop::output() {
     return none;
 }
 
-void Desktop::setOfProcess(Desktop* desktop) {
-    processDesktop = desktop;
+void Desktop::setOfThread(Desktop* desktop) {
+    threadDesktop = desktop;
 }
 
 } // namespace opd::ui

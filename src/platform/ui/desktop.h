@@ -68,10 +68,10 @@ class Desktop {
     /// has nothing to draw.
     virtual void showWaiting(bool /*waits*/) {}
 
-    /// The desktop on which components of this process show their windows, or null. It is set once, by whoever makes
-    /// it.
-    static Desktop* ofProcess();
-    static void setOfProcess(Desktop* desktop);
+    /// The desktop on which components show their windows to the calling thread, or null. It is set by whoever makes it
+    /// and ends it.
+    static Desktop* ofThread();
+    static void setOfThread(Desktop* desktop);
 
     /// Why the desktop gave up (a script that failed), when it has; every window is closed then.
     virtual std::optional<std::string> failure() const { return std::nullopt; }

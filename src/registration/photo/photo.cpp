@@ -19,10 +19,12 @@ void showStoredPhotograph(FormContext& form) {
     AdditionalTab& additional = form.fields.additional;
     const std::filesystem::path file =
         reports::photographFile(additional.txtPictureLocation.text(), form.record.HospNum);
-    SharedImage image = reports::storedPhotograph(form.session.devices.images, file);
-    if (!image)
+    reports::StoredPhotograph stored = reports::storedPhotograph(form.session.devices.images, file);
+    if (!stored.problem.empty())
+        form.window.setStatus("The photograph on file is not shown. " + stored.problem);
+    if (!stored.image)
         return;
-    additional.picPatient.setImage(std::move(image));
+    additional.picPatient.setImage(std::move(stored.image));
     additional.txtPictureFileName.setText(file.filename().string());
 }
 

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <sqlite3.h>
 
 namespace opd::tests {
 namespace {
@@ -95,6 +96,46 @@ TEST_F(Reports, AReportThatCannotBeMadeSaysWhy) {
     EXPECT_NE(failureOf(oneQuery + "[body]\n<p/>\n", "9999B").find("nothing on file"), std::string::npos);
     EXPECT_NE(failureOf(oneQuery + "[body]\n<p/>\n", "1' or '1'='1").find("single quote"), std::string::npos);
     EXPECT_THROW(m_engine.open(m_files.path() / "missing.rpt"), std::runtime_error);
+}
+
+TEST_F(Reports, NoReportFileAndNoStoredTextTakesTheDeskAlong) {
+    sqlite3* file = nullptr; // another program, which writes what this one never would
+    ASSERT_EQ(sqlite3_open(m_hospital.file().c_str(), &file), SQLITE_OK);
+    sqlite3_create_collation(file, "OPD", SQLITE_UTF8, nullptr,
+                             [](void*, int, const void*, int, const void*) { return 0; });
+    EXPECT_EQ(sqlite3_exec(file,
+                           "update Patient_Data_tbOutPatient set ChiefComplaints = cast(x'41001B5B306D0142' as text)",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK)
+        << sqlite3_errmsg(file);
+    sqlite3_close(file);
+    const std::string sheet = dataSheet("2600000001B").text;
+    EXPECT_NE(sheet.find("A [0m B"), std::string::npos) << sheet;
+    EXPECT_NE(sheet.find("Medications and Orders"), std::string::npos) << sheet;
+
+    const report::Document blank = open(written(oneQuery +
+                                                "[body]\n<h4></h4><h4> {{none}} </h4><h4>A<br/>B</h4>"
+                                                "<p><img src=\"code128:" +
+                                                std::string(300, '9') + "\" alt=\"no bars\"/></p>\n"),
+                                        "2600000001B")
+                                       ->document();
+    EXPECT_EQ(blank.groups, (std::vector<std::string>{"", "", "A"}));
+    EXPECT_EQ(blank.text, "A\nB\nno bars\n");
+
+    std::string deep;
+    for (int i = 0; i < 60000; ++i)
+        deep += "<b>";
+    for (int i = 0; i < 60000; ++i)
+        deep += "</b>";
+    EXPECT_NE(failureOf(oneQuery + "[body]\n" + deep).find("too deep"), std::string::npos);
+    EXPECT_NE(failureOf(oneQuery + "[body]\n" + std::string(2'000'000, 'x')).find("larger than any"),
+              std::string::npos);
+    for (const char* margins : {"1e9 0 0 0", "-1 0 0 0", "nan 1 1 1", "91 1 1 1"})
+        EXPECT_NE(failureOf(std::string{"[report]\nmargins = "} + margins + "\n").find("margin"), std::string::npos)
+            << margins;
+    for (const char* body :
+         {"{{#a}}{{/b}}", "{{", "{{=x", "{{>self}}<p>&#0;x</p>", "<p/>{{{", "<!-- -", "<p>\xFF\xFE</p>"})
+        failureOf(oneQuery + "[body]\n" + body + "\n"); // whatever it says, it comes back
 }
 
 TEST_F(Reports, NamesAreFoundInAnyLetterCaseAndWhatIsEmptyHidesItsPart) {

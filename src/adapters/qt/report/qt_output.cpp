@@ -2,12 +2,13 @@
 
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/report/paged_document.h"
+#include "platform/settings/safe_file.h"
 
+#include <QBuffer>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <stdexcept>
@@ -53,21 +54,19 @@ report::Printed QtOutput::print(const report::Document& document, bool atOnce) {
 }
 
 void QtOutput::writePdf(const report::Document& document, const std::filesystem::path& file) {
-    QSaveFile target(toQt(file.string()));
-    const auto fail = [&] {
-        throw std::runtime_error("Cannot write \"" + file.string() + "\": " + fromQt(target.errorString()) + ".");
-    };
-    if (!target.open(QIODevice::WriteOnly))
-        fail();
+    std::error_code missing;
+    if (file.has_parent_path() && !std::filesystem::is_directory(file.parent_path(), missing))
+        throw std::runtime_error("Cannot write \"" + file.string() + "\": its folder does not exist.");
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
     {
-        QPdfWriter writer(&target);
+        QPdfWriter writer(&content);
         writer.setTitle(toQt(document.title));
         PagedDocument::prepare(writer);
         const PagedDocument pages(document);
         pages.paint(writer, 1, pages.pageCount());
     }
-    if (!target.commit())
-        fail();
+    settings::writePrivately(file, content.data().toStdString());
 }
 
 } // namespace opd::qt

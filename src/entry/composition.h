@@ -25,6 +25,9 @@ void addProviders();
 /// written.
 void traceStatements(ado::Connection& connection);
 
+/// Has the desktop draw itself while statements of the connection wait.
+void drawWhileWaiting(ado::Connection& connection);
+
 const Clock& clock();
 
 /// What reads and writes picture files.

@@ -52,6 +52,10 @@ class DesktopOfProcess final : public ui::Desktop {
     void beep() override { real().beep(); }
     void setBusy(bool busy) override { real().setBusy(busy); }
     bool isBusy() const override { return m_real != nullptr && m_real->isBusy(); }
+    void showWaiting(bool waits) override {
+        if (m_real != nullptr)
+            m_real->showWaiting(waits);
+    }
     std::optional<std::string> failure() const override { return m_real != nullptr ? m_real->failure() : std::nullopt; }
 
   private:

@@ -73,6 +73,7 @@ com::HResult InitDLL::InitDLLConnection(com::IUnknown* connection) {
                              "InitDLLConnection needs a database connection object.");
         Globals::ofThread().gConnection = object->connection();
         composition::traceStatements(*object->connection());
+        composition::drawWhileWaiting(*object->connection());
         return LoadConnection();
     });
 }

@@ -257,6 +257,38 @@ TEST(Save, WritesToTheNumbersThatTheFormWasOpenedForAndToNoOthers) {
     }
 }
 
+TEST(Save, ACommitWithoutAnAnswerIsSettledByTheNextTry) {
+    for (const bool wasCarriedOut : {true, false}) {
+        SCOPED_TRACE(wasCarriedOut);
+        FormFixture desk;
+        desk.openNewPatient();
+        desk.fillRequired();
+        desk.form->fields().consultation.doctorCode1.setText("D001");
+        desk.provider->commitFailure = "The connection is lost.";
+        desk.desktop.work([&](ui::Window& window) {
+            desk.desktop.answer(ui::Answer::Ok);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_EQ(
+                desk.desktop.messages.back().text,
+                "The connection is lost.\r\n\r\nIt is not certain whether this was saved. Please try again: it is "
+                "saved under the same numbers, and cannot come twice.");
+
+            desk.provider->commitFailure.clear();
+            if (wasCarriedOut) {
+                desk.provider->answer("Select IDNum from Patient_Data..tbOutPatient", oneRow({{"IDNum", "x"}}));
+                desk.provider->answer("PATIENT_DATA..sp_AOPD_SearchSimilarRecords", oneRow({{"HospNum", "x"}}));
+            }
+            desk.provider->log.clear();
+            desk.desktop.answer(ui::Answer::Ok);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_FALSE(window.isOpen());
+            EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+            EXPECT_EQ(desk.provider->log.find("DoctorConsultation 'D001'") == std::string::npos, wasCarriedOut);
+        });
+        desk.desktop.showModal(desk.form->window());
+    }
+}
+
 TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
     const ado::ResultSet someone = oneRow({{"HospNum", "00000001"}});
     const struct {

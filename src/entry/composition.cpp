@@ -46,6 +46,13 @@ void traceStatements(ado::Connection& connection) {
     connection.setTrace([shared = trace](const std::string& statement) { shared->write(statement); });
 }
 
+void drawWhileWaiting(ado::Connection& connection) {
+    connection.setWaiting([](bool waits) {
+        if (ui::Desktop* desktop = ui::Desktop::ofProcess())
+            desktop->showWaiting(waits);
+    });
+}
+
 const Clock& clock() {
     static const SystemClock ofMachine;
     return ofMachine;
@@ -64,7 +71,11 @@ std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings
                 const std::string location = reports::pictureLocation(reports::pictureFolder(settings));
                 return reports::storedPhotograph(images(), reports::photographFile(location, hospNum)).image;
             },
-        .onConnect = traceStatements,
+        .onConnect =
+            [](ado::Connection& connection) {
+                traceStatements(connection);
+                drawWhileWaiting(connection);
+            },
     });
 }
 

@@ -28,6 +28,9 @@ void addProviders(com::Server& server);
 /// what goes wrong later is told to the user, once, and touches no statement.
 void traceStatements(ado::Connection& connection);
 
+/// Has the desktop draw itself while statements of the connection wait.
+void drawWhileWaiting(ado::Connection& connection);
+
 const Clock& clock();
 
 /// What reads and writes picture files.

@@ -94,6 +94,7 @@ com::HResult InitDLL::InitDLLConnection(com::IUnknown* connection) {
         if (!object->connection())
             throw com::Error(com::errorInvalidArgument, "The connection object holds no database connection.");
         composition::traceStatements(*object->connection());
+        composition::drawWhileWaiting(*object->connection());
         Globals::ofThread().gConnection = object->connection();
         return LoadConnection();
     });

@@ -1,10 +1,6 @@
-#include "registration/listing_stand_in.h"
-#include "support/test_session.h"
+#include "registration/hospital_session.h"
 
-#include "adapters/sqlite/create_database.h"
-#include "adapters/sqlite/provider.h"
 #include "entry/trace_file.h"
-#include "registration/registration_form.h"
 #include "registration/rules/validate_data.h"
 #include "registration/save/save_data.h"
 
@@ -23,44 +19,12 @@ namespace opd::tests {
 
 namespace {
 
-/// A session on an embedded hospital of its own.
-struct HospitalSession {
-    explicit HospitalSession(const std::string& clientCode) {
-        adapters::sqlite::createDatabase(folder, {.patients = 12, .seed = 1, .clientCode = clientCode}, {});
-        providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
-        globals.gConnection = std::make_shared<ado::Connection>(providers);
-        globals.gConnection->Open("Data Source=" + folder.string());
-        globals.gClientName = clientCode;
-        globals.gUserID = "CLERK";
-        globals.gServerDate = clock.moment;
-        globals.gCodeSearch = com::Object{listing.get()};
+/// A hospital that uses everything.
+struct FullHospital : HospitalSession {
+    explicit FullHospital(const std::string& clientCode) : HospitalSession(clientCode) {
         globals.isAllowCorvane = globals.IsAllowOPDMABRate = globals.IsAllowOPDUpdateHMOLOA = true;
         globals.IsAllowOPDPatientClass = globals.isAllowOPDPayCode = globals.isAllowOPDRegisterInpatient = true;
     }
-    ~HospitalSession() {
-        globals.gConnection->Close();
-        std::filesystem::remove_all(folder);
-    }
-    HospitalSession(const HospitalSession&) = delete;
-    HospitalSession& operator=(const HospitalSession&) = delete;
-
-    std::unique_ptr<registration::RegistrationForm> open(const registration::Opening& opening) {
-        auto form = std::make_unique<registration::RegistrationForm>(session, opening);
-        form->SetRegistrationMode();
-        return form;
-    }
-
-    std::filesystem::path folder = std::filesystem::temp_directory_path() / ("round-trip-" + std::to_string(getpid()));
-    FixedClock clock;
-    ado::Providers providers;
-    Globals globals;
-    TestDesktop desktop;
-    MemoryStore store;
-    com::Ref<ListingStandIn> listing = com::Ref<ListingStandIn>::taking(new ListingStandIn);
-    StandInEngine reports;
-    StandInCamera camera;
-    StandInCodec images;
-    Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
 };
 
 /// What no save writes: the complaint is stored by its memo, the barangay by its free text where none is coded.
@@ -146,7 +110,7 @@ void expectChosen(registration::Fields& fields) {
 TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
     for (const char* client : {"", "RVT", "TKWA"}) {
         SCOPED_TRACE(std::string{"client "} + client);
-        HospitalSession hospital(client);
+        FullHospital hospital(client);
         auto form = hospital.open({"NEW", "NEW", "(TO BE GENERATED)", {}});
         int serial = 0;
         std::map<std::string, std::string> typed;
@@ -256,7 +220,7 @@ struct RowKeys {
     }
 };
 
-ado::ResultSet contentOf(HospitalSession& hospital, const Table& table, const RowKeys& keys) {
+ado::ResultSet contentOf(FullHospital& hospital, const Table& table, const RowKeys& keys) {
     ado::Recordset rows;
     rows.Open(std::string{"Select * from Patient_Data.."} + table.name + keys.condition(table),
               *hospital.globals.gConnection);
@@ -264,7 +228,7 @@ ado::ResultSet contentOf(HospitalSession& hospital, const Table& table, const Ro
 }
 
 /// Fills every column of the visit and its patient, or empties each that may be empty.
-void fillColumns(HospitalSession& hospital, const RowKeys& keys, bool empty) {
+void fillColumns(FullHospital& hospital, const RowKeys& keys, bool empty) {
     for (const Table& table : tables) {
         if (std::string{table.name} == "tbMasterDependent")
             continue; // the demonstration patient has two
@@ -294,7 +258,7 @@ std::string plain(const ado::Value& value) {
 
 using Contents = std::vector<ado::ResultSet>;
 
-Contents everything(HospitalSession& hospital, const RowKeys& keys) {
+Contents everything(FullHospital& hospital, const RowKeys& keys) {
     Contents contents;
     for (const Table& table : tables)
         contents.push_back(contentOf(hospital, table, keys));
@@ -317,7 +281,7 @@ void expectUnchanged(const Contents& before, const Contents& after, bool visitTo
 
 TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
     for (const char* client : {"", "RVT", "TKWA"}) {
-        HospitalSession hospital(client);
+        FullHospital hospital(client);
         const auto save = [&hospital](registration::RegistrationForm& form) {
             ASSERT_TRUE(registration::ValidateData(form.context())) << hospital.desktop.messages.back().text;
             hospital.desktop.answer(ui::Answer::Ok);
@@ -349,7 +313,7 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
 }
 
 TEST(RoundTrip, EveryDemonstrationPatientOpensAsItsVisitSays) {
-    HospitalSession hospital("");
+    FullHospital hospital("");
     const auto opens = [&](const char* type, const char* hospNum, const char* opd) {
         return hospital.open({type, hospNum, opd, {}});
     };
@@ -379,7 +343,7 @@ TEST(RoundTrip, EveryDemonstrationPatientOpensAsItsVisitSays) {
 using Rows = std::vector<ui::Grid::Row>;
 
 TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
-    HospitalSession hospital("");
+    FullHospital hospital("");
     hospital.globals.IsAllowOPDPatientClass = false;
     const registration::Opening edit{"Edit", "00000002", "2600000001B", {}};
     auto form = hospital.open(edit);

@@ -3,6 +3,8 @@
 #include "platform/ado/error.h"
 #include "registration/save/save_data.h"
 
+#include <map>
+
 namespace opd::tests {
 
 namespace {
@@ -255,6 +257,38 @@ TEST(Save, WritesToTheNumbersThatTheFormWasOpenedForAndToNoOthers) {
     }
 }
 
+TEST(Save, ACommitWithoutAnAnswerIsSettledByTheNextTry) {
+    for (const bool wasCarriedOut : {true, false}) {
+        SCOPED_TRACE(wasCarriedOut);
+        FormFixture desk;
+        desk.openNewPatient();
+        desk.fillRequired();
+        desk.form->fields().consultation.doctorCode1.setText("D001");
+        desk.provider->commitFailure = "The connection is lost.";
+        desk.desktop.work([&](ui::Window& window) {
+            desk.desktop.answer(ui::Answer::Ok);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_EQ(
+                desk.desktop.messages.back().text,
+                "The connection is lost.\r\n\r\nIt is not certain whether this was saved. Please try again: it is "
+                "saved under the same numbers, and cannot come twice.");
+
+            desk.provider->commitFailure.clear();
+            if (wasCarriedOut) {
+                desk.provider->answer("Select IDNum from Patient_Data..tbOutPatient", oneRow({{"IDNum", "x"}}));
+                desk.provider->answer("PATIENT_DATA..sp_AOPD_SearchSimilarRecords", oneRow({{"HospNum", "x"}}));
+            }
+            desk.provider->log.clear();
+            desk.desktop.answer(ui::Answer::Ok);
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_FALSE(window.isOpen());
+            EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
+            EXPECT_EQ(desk.provider->log.find("DoctorConsultation 'D001'") == std::string::npos, wasCarriedOut);
+        });
+        desk.desktop.showModal(desk.form->window());
+    }
+}
+
 TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
     const ado::ResultSet someone = oneRow({{"HospNum", "00000001"}});
     const struct {
@@ -294,6 +328,93 @@ TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {
         desk.desktop.showModal(desk.form->window());
         EXPECT_EQ(desk.provider->log.find("{call"), std::string::npos);
         EXPECT_EQ(desk.provider->log.find("begin"), std::string::npos);
+    }
+}
+
+/// All that a clerk can have put into a form, by control.
+std::map<std::string, std::string> heldBy(const registration::RegistrationForm& form) {
+    std::map<std::string, std::string> held;
+    std::vector<ui::Control*> everything;
+    const_cast<registration::RegistrationForm&>(form).window().collect(everything);
+    for (const ui::Control* control : everything) {
+        std::string& all = held[control->name()];
+        all = control->shownText() + (control->enabled() ? "" : " disabled") + (control->visible() ? "" : " hidden");
+        if (const auto* option = dynamic_cast<const ui::OptionButton*>(control))
+            all += option->selected() ? " selected" : "";
+        if (const auto* box = dynamic_cast<const ui::CheckBox*>(control))
+            all += " " + std::to_string(box->value());
+        if (const auto* grid = dynamic_cast<const ui::Grid*>(control))
+            for (const ui::Grid::Row& row : grid->rows())
+                for (const std::string& cell : row)
+                    all += "|" + cell;
+    }
+    return held;
+}
+
+TEST(Save, WhatCouldNotBeSavedIsOfferedAgainWholeUntilItIsSavedOrGivenUp) {
+    FormFixture desk;
+    const auto press = [&](bool closes) {
+        desk.desktop.work([&desk, closes](ui::Window& window) {
+            window.click(desk.form->fields().buttons.cmdSave);
+            EXPECT_EQ(window.isOpen(), !closes);
+        });
+        desk.desktop.showModal(desk.form->window());
+    };
+    const std::string question = "Continue with the registration of txtLastName, txtFirstName txtMiddleName that could "
+                                 "not be saved?";
+    desk.openNewPatient();
+    fillWithNames(desk);
+    ui::Grid& dependents = desk.form->fields().employment.mshDependents;
+    dependents.setCell(1, 0, "LIZA");
+    dependents.setCell(1, 1, "01/02/2015");
+    dependents.addRow();
+    desk.form->fields().additional.picPatient.setImage(std::make_shared<Image>(Image{2, 1, {1, 2, 3, 4, 5, 6}}));
+    desk.form->fields().additional.txtPictureLocation.setText(""); // no photograph is written here
+    desk.form->record().PhotoTaken = true;
+    desk.form->fields().personal.chkPatientType.setValue(2);
+    desk.form->fields().tabOPD.show(2);
+    desk.provider->failOn("Patient_Data..sp_aopd_GetNewOPDID", "The database is locked.");
+    desk.desktop.answer(ui::Answer::Ok);
+    std::map<std::string, std::string> typed;
+    desk.form->window().onUnload = [&] { typed = heldBy(*desk.form); };
+    press(true);
+    EXPECT_TRUE(desk.desktop.messages.back().text.starts_with(
+        "Unable to assign a new OPD Number\r\n\r\nThe database is locked.\r\n\r\nNothing was saved."));
+
+    desk.open("New", "00000001", "(TO BE GENERATED)"); // another patient: nothing is asked
+    desk.desktop.answer(ui::Answer::Yes);
+    desk.provider->log.clear();
+    desk.openNewPatient();
+    EXPECT_EQ(desk.desktop.messages.back().text, question);
+    EXPECT_EQ(heldBy(*desk.form), typed);
+    EXPECT_EQ(desk.form->fields().additional.picPatient.image()->width, 2);
+    EXPECT_TRUE(desk.form->record().PhotoTaken);
+    desk.provider->forgetRules("Patient_Data..sp_aopd_GetNewOPDID");
+    desk.desktop.answer(ui::Answer::Ok);
+    desk.desktop.answer(ui::Answer::Ok); // of the photograph that could not be stored
+    press(true);
+    EXPECT_NE(desk.provider->log.find("sp_aopd_Update_tbOutpatient '00000012','26A0000007B'"), std::string::npos);
+    EXPECT_EQ(desk.provider->log.find("GetNewHospNum"), std::string::npos) << "the number that was drawn serves";
+    EXPECT_NE(desk.provider->log.find("sp_Adm_SaveDependents  00000012, 'LIZA', '01/02/2015'"), std::string::npos);
+    desk.openNewPatient(); // it is saved: no question
+    EXPECT_EQ(desk.form->fields().header.txtLastName.text(), "");
+
+    // Given up: by No, or by closing the form that continues it.
+    for (const bool byNo : {true, false}) {
+        fillWithNames(desk);
+        desk.provider->failOn("Patient_Data..sp_adm_GetNewHospNum", "The database is locked.");
+        desk.desktop.answer(ui::Answer::Ok);
+        press(true);
+        desk.desktop.answer(byNo ? ui::Answer::No : ui::Answer::Yes);
+        desk.openNewPatient();
+        if (!byNo) {
+            desk.desktop.answer(ui::Answer::Ok);
+            desk.desktop.work([&](ui::Window& window) { window.requestClose(); });
+            desk.desktop.showModal(desk.form->window());
+            desk.openNewPatient();
+        }
+        EXPECT_EQ(desk.form->fields().header.txtLastName.text(), "");
+        EXPECT_TRUE(desk.globals.keptRegistrations.empty());
     }
 }
 

@@ -27,6 +27,7 @@ class TestDesktop final : public ui::Desktop {
 
     std::vector<ui::Message> messages; ///< all that were shown
     std::vector<std::string> shown;    ///< names of the windows that were shown; modeless ones end in "~"
+    bool agreesToAll = false;          ///< answers Yes or OK where nothing is queued
     int beeps = 0;
     std::vector<ui::FileQuestion> fileQuestions;
     std::optional<std::filesystem::path> file; ///< the answer to a question for a file
@@ -54,6 +55,8 @@ class TestDesktop final : public ui::Desktop {
 
     ui::Answer ask(const ui::Message& message) override {
         messages.push_back(message);
+        if (m_answers.empty() && agreesToAll)
+            return message.buttons == ui::Buttons::YesNo ? ui::Answer::Yes : ui::Answer::Ok;
         if (m_answers.empty()) {
             ADD_FAILURE() << "An unexpected message: " << message.text;
             return ui::Answer::Cancel;

@@ -4,6 +4,7 @@
 #include "adapters/qt/input_filter.h"
 #include "adapters/qt/qt_driver.h"
 #include "adapters/qt/report/qt_output.h"
+#include "adapters/qt/waiting.h"
 #include "platform/script/player.h"
 #include "platform/ui/desktop.h"
 
@@ -37,6 +38,7 @@ class QtDesktop final : public ui::Desktop {
     void beep() override;
     void setBusy(bool busy) override;
     bool isBusy() const override { return m_busy; }
+    void showWaiting(bool waits) override { waits ? m_waiting.draw() : m_waiting.over(); }
     std::optional<std::string> failure() const override;
 
     /// The window opened last of those that are on the screen, or null.
@@ -54,6 +56,7 @@ class QtDesktop final : public ui::Desktop {
     QtOutput m_output;
     InputFilter m_input;
     Activation m_activation;
+    Waiting m_waiting;
     std::vector<WindowShell*> m_shells;
     bool m_busy = false;
     bool m_over = false; // the script has ended or failed: nothing is shown any more

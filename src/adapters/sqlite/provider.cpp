@@ -169,14 +169,12 @@ class SqliteLink final : public ado::Link {
     Catalog m_catalog;
 };
 
-/// Throws when this user may only read the database: told at the start, not when the first patient is to be saved.
-void checkWritable(const Database& database, const std::filesystem::path& file) {
-    const bool readOnly = sqlite3_db_readonly(database.handle(), "main") == 1 ||
-                          eaccess(file.parent_path().c_str(), W_OK | X_OK) != 0; // its journal lies beside it
-    if (readOnly)
-        throw serverError("The database in \"" + file.parent_path().string() +
-                              "\" is read-only for this user: nothing could be saved.",
-                          3906, "25000");
+/// Throws when this user may only read the database: told at the start, not when the first patient is to be saved. The
+/// journal lies beside the file, so the folder counts as well.
+void checkWritable(const std::filesystem::path& file) {
+    const bool canBeRead = eaccess(file.c_str(), R_OK) == 0;
+    if (canBeRead && (eaccess(file.c_str(), W_OK) != 0 || eaccess(file.parent_path().c_str(), W_OK | X_OK) != 0))
+        throw serverError("This user may only read it: nothing could be saved.", 3906, "25000");
 }
 
 /// Throws when the file is no hospital database, or one of another version.
@@ -209,7 +207,6 @@ class SqliteProvider final : public ado::Provider {
             throw serverError("The folder \"" + folder + "\" holds no hospital database.", 5133, "08001");
         auto link = opened(file);
         checkVersion(link->database(), folder);
-        checkWritable(link->database(), file);
         guardDrawnNumbers(link->database());
         if (m_needOfLink)
             link->keep(m_needOfLink());
@@ -220,6 +217,7 @@ class SqliteProvider final : public ado::Provider {
     /// Opens the file and reads its first page; a failure says which folder it is about.
     std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file) const {
         try {
+            checkWritable(file);
             auto link = std::make_unique<SqliteLink>(file, m_clock);
             Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();
             return link;

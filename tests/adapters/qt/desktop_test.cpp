@@ -1,6 +1,8 @@
 #include "tests/adapters/qt/desk.h"
 
+#include <QElapsedTimer>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
@@ -52,6 +54,46 @@ TEST(QtDesktopTest, AMessageBoxShowsItsTextAndAnswersByKey) {
     EXPECT_EQ(answerAfter(desktop, message, "Escape"), ui::Answer::Cancel);
     message.buttons = ui::Buttons::Ok;
     EXPECT_EQ(answerAfter(desktop, message, "Escape"), ui::Answer::Ok);
+}
+
+/// Counts how often a widget is drawn.
+struct PaintCounter final : QObject {
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+// A slow database must not look like a crash, and nothing may come between the parts of a handler.
+TEST(QtDesktopTest, AWindowDrawsItselfWhileAStatementWaitsAndTakesNothing) {
+    SearchDesk desk;
+    int ticks = 0, closings = 0;
+    desk.form.tmrBarCode.onTick = [&] { ++ticks; };
+    desk.form.onCloseRequest = [&] { ++closings; };
+    desk.form.tmrBarCode.start();
+    PaintCounter counter;
+    desk.widget<QLineEdit>("txtName_0")->installEventFilter(&counter);
+    const auto forTwoTicks = [&](const std::function<void()>& again) {
+        for (QElapsedTimer time; !time.isValid() || time.elapsed() < 2L * desk.form.tmrBarCode.interval();) {
+            if (!time.isValid())
+                time.start();
+            again();
+        }
+    };
+    desk.form.lastName.setText("SLOW");
+    QMetaObject::invokeMethod(&desk.shell(), "close", Qt::QueuedConnection);
+    forTwoTicks([&] { desk.desktop.showWaiting(true); });
+    EXPECT_GT(counter.paints, 0);
+    EXPECT_EQ(ticks, 0);
+    EXPECT_EQ(closings, 0);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+
+    desk.desktop.showWaiting(false);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    forTwoTicks([] { QCoreApplication::processEvents(); });
+    EXPECT_GT(ticks, 0) << "the timer goes on afterwards";
 }
 
 // The search window gives way to the registration form and comes back afresh, all inside one of its own clicks.

@@ -2,8 +2,10 @@
 #include "adapters/sqlite/hospital.h"
 
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/wait.h>
 
 using namespace opd;
 using namespace opd::tests;
@@ -85,6 +87,51 @@ TEST(Opening, RefusesAFileThatTheUserMayNotRead) {
     const EmbeddedHospital hospital;
     std::filesystem::permissions(hospital.file(), std::filesystem::perms::none);
     expectMessage(hospital.folder(), "cannot be opened");
+}
+
+TEST(Opening, SaysThatTheDatabaseIsReadOnly) {
+    const EmbeddedHospital hospital;
+    using std::filesystem::perms;
+    const pid_t clerk = fork(); // who is no superuser: that one may write everything
+    if (clerk == 0) {
+        std::filesystem::permissions(hospital.folder().parent_path(), perms::all);
+        std::filesystem::permissions(hospital.folder(), perms::all);
+        std::filesystem::permissions(hospital.file(), perms::owner_read | perms::group_read | perms::others_read);
+        if (geteuid() == 0 && setuid(65534) != 0)
+            _exit(3);
+        const bool told = messageOf(hospital.folder()).find("may only read it") != std::string::npos;
+        _exit(told ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(clerk, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+TEST(Opening, NothingIsWrittenIntoAFileThatIsNoLongerThere) {
+    EmbeddedHospital hospital, restored;
+    const auto desk = hospital.connect();
+    const auto refused = [&](const std::function<void()>& write) {
+        try {
+            write();
+        } catch (const ado::Error& error) {
+            return std::string{error.what()}.find("removed or replaced") != std::string::npos;
+        }
+        return false;
+    };
+    const auto expectRefused = [&] {
+        EXPECT_TRUE(refused([&] { newHospNum(*desk); }));
+        EXPECT_TRUE(refused([&] { ado::Transaction{*desk}; }));
+        EXPECT_TRUE(
+            refused([&] { desk->Execute("Update Patient_Data..tbOutPatient set isWalkIn = '1' where IDNum = 'X'"); }));
+    };
+    newHospNum(*desk);
+    std::filesystem::rename(hospital.file(), hospital.folder() / "moved.db");
+    expectRefused();
+    std::filesystem::copy_file(restored.file(), hospital.file());
+    expectRefused();
+    EXPECT_NO_THROW(newHospNum(*hospital.connect())) << "a desk that starts now";
+    std::filesystem::rename(hospital.folder() / "moved.db", hospital.file());
+    EXPECT_NO_THROW(newHospNum(*desk)) << "its own file is back";
 }
 
 TEST(Opening, ShellWithoutTheCollationCanChangeTheSettingsRow) {

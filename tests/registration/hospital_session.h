@@ -1,0 +1,60 @@
+#pragma once
+
+#include "registration/listing_stand_in.h"
+#include "support/test_session.h"
+
+#include "adapters/sqlite/create_database.h"
+#include "adapters/sqlite/provider.h"
+#include "registration/registration_form.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <unistd.h>
+
+namespace opd::tests {
+
+/// A session on an embedded hospital of its own.
+struct HospitalSession {
+    explicit HospitalSession(const std::string& clientCode = {}) {
+        adapters::sqlite::createDatabase(folder, {.patients = 12, .seed = 1, .clientCode = clientCode}, {});
+        providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
+        globals.gConnection = connect();
+        globals.gClientName = clientCode;
+        globals.gUserID = "CLERK";
+        globals.gServerDate = clock.moment;
+        globals.gCodeSearch = com::Object{listing.get()};
+    }
+    ~HospitalSession() {
+        globals.gConnection->Close();
+        std::filesystem::remove_all(folder);
+    }
+    HospitalSession(const HospitalSession&) = delete;
+    HospitalSession& operator=(const HospitalSession&) = delete;
+
+    std::shared_ptr<ado::Connection> connect() const {
+        auto connection = std::make_shared<ado::Connection>(providers);
+        connection->Open("Data Source=" + folder.string());
+        return connection;
+    }
+
+    std::unique_ptr<registration::RegistrationForm> open(const registration::Opening& opening) {
+        auto form = std::make_unique<registration::RegistrationForm>(session, opening);
+        form->SetRegistrationMode();
+        return form;
+    }
+
+    std::filesystem::path folder = std::filesystem::temp_directory_path() / ("round-trip-" + std::to_string(getpid()));
+    FixedClock clock;
+    ado::Providers providers;
+    Globals globals;
+    TestDesktop desktop;
+    MemoryStore store;
+    com::Ref<ListingStandIn> listing = com::Ref<ListingStandIn>::taking(new ListingStandIn);
+    StandInEngine reports;
+    StandInCamera camera;
+    StandInCodec images;
+    Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
+};
+
+} // namespace opd::tests

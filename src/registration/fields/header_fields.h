@@ -15,7 +15,7 @@ struct HeaderFields {
     ui::DatePicker dtpAdmDate{header, "dtpAdmDate", "Cons. Date", ui::DatePicker::Format::Date};
     ui::DatePicker txtAdmTime{header, "txtAdmTime", "Time", ui::DatePicker::Format::Time};
     ui::Label lblAdmissionStatus{header, "lblAdmissionStatus", "( Revoked )"};
-    ui::TextBox txtLastName{header, "txtLastName", "Last Name", 30};
+    ui::TextBox txtLastName{header, "txtLastName", "&Last Name", 30};
     ui::TextBox txtFirstName{header, "txtFirstName", "First Name", 30};
     ui::TextBox txtMiddleName{header, "txtMiddleName", "Middle Name", 30};
     ui::TextBox txtTitle{header, "txtTitle", "Title"};
@@ -24,6 +24,7 @@ struct HeaderFields {
     ui::OptionButton& male = optSex.add(sex, 0, "M");
     ui::OptionButton& female = optSex.add(sex, 1, "F");
     ui::MaskedBox txtBirthDate{header, "txtBirthDate", "Birthdate"};
+    ui::Label lblAgeInMonths{header, "lblAgeInMonths", ""}; ///< an infant's, beside the years
     ui::TextBox txtAge{header, "txtAge", "Age", 3};
     ui::Frame fraMasterFileRegistrationOnly{header, "fraMasterFileRegistrationOnly", "Master File Registration Only"};
 };

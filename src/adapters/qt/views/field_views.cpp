@@ -52,9 +52,11 @@ TextView::TextView(ui::TextBox& box, QWidget* widget, QLabel* label)
     m_edit->setReadOnly(box.readOnly);
     m_edit->setMaxLength(anyLength);
     QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this](const QString& text) {
+        if (isWriting())
+            return;
         if (hasPassed())
             window().edited(m_box, qt::fromQt(text));
-        else if (!isWriting())
+        else
             window().written(m_box, qt::fromQt(text));
     });
 }
@@ -152,9 +154,11 @@ MaskedView::MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label)
     m_edit->setMaxLength(anyLength);
     // text() leaves the blanks out; what is displayed is what the rules look at.
     QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this] {
+        if (isWriting())
+            return;
         if (hasPassed())
             window().edited(m_box, qt::fromQt(m_edit->displayText()));
-        else if (!isWriting())
+        else
             window().written(m_box, qt::fromQt(m_edit->displayText()));
     });
 }

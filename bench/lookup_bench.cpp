@@ -25,7 +25,7 @@ void openLargestListing(benchmark::State& state) {
     BriefDesktop desktop;
     for (auto _ : state) {
         codesearch::ListingWindow window = listingOf(desktop, towns);
-        benchmark::DoNotOptimize(window.pick(""));
+        benchmark::DoNotOptimize(window.pick("", ""));
     }
 }
 BENCHMARK(openLargestListing)->Unit(benchmark::kMillisecond);
@@ -42,7 +42,7 @@ void filterLargestListing(benchmark::State& state) {
             shown.edited(box, narrow ? "A" : "AN");
         }
     };
-    window.pick("");
+    window.pick("", "");
 }
 BENCHMARK(filterLargestListing)->Unit(benchmark::kMillisecond);
 

@@ -64,6 +64,7 @@ bool clsSearch::choose(const std::string& caption, const std::string& criteria, 
     m_dialog.SearchCaption = caption;
     m_dialog.Criteria = criteria;
     m_dialog.Query = query;
+    m_dialog.PresentCode = m_session.globals.presentCode;
     m_dialog.showModal();
     if (!m_dialog.Valid())
         return false;

@@ -5,6 +5,9 @@
 
 namespace opd::search {
 
+/// Characters that a search box takes: every key may ask the database.
+inline constexpr int longestSearch = 100;
+
 /// The controls that both search dialogs have, a line each, in the order in which a clerk meets them.
 struct SearchDialogFields {
     explicit SearchDialogFields(ui::Container& form) : window(form) {}
@@ -15,7 +18,7 @@ struct SearchDialogFields {
     ui::Label lblTitle{window, "lblTitle", ""};
     ui::Label lblSTitle{window, "lblSTitle", ""};
     ui::Label lblHospital{window, "lblHospital", "#Hospital#"};
-    ui::TextBox txtSearchStr{window, "txtSearchStr", "Search"};
+    ui::TextBox txtSearchStr{window, "txtSearchStr", "Search", longestSearch};
     ui::Frame records{window, "fraRecords", "Records List"};
     ui::Grid grdDispWindow{records, "grdDispWindow"};
     ui::Label lblHelpTip{window, "lblHelpTip", "Down arrow moves into the list, Enter selects, Esc leaves."};

@@ -2,21 +2,24 @@
 
 #include "platform/ui/controls.h"
 #include "platform/ui/grid.h"
+#include "search/lookup_fields.h"
 
 namespace opd::search {
 
 /// Every control of the search window, a line each, in the order in which a clerk meets them.
 struct MasterSearchFields {
+    static constexpr int longestNumber = 30;
+
     explicit MasterSearchFields(ui::Container& form) : window(form) {}
 
     ui::Container& window;
 
     ui::Frame scan{window, "fraScan", "SCAN"};
-    ui::TextBox txtHospNum{scan, "txtHospNum", "HOSPITAL CARD NO."};
+    ui::TextBox txtHospNum{scan, "txtHospNum", "HOSPITAL CARD NO.", longestNumber};
 
     ui::Frame criteria{window, "fraCriteria", "Patient"};
     ui::ControlArray<ui::TextBox> txtName{"txtName"};
-    ui::TextBox& lastName = txtName.add(criteria, 0, "&Last Name :");
+    ui::TextBox& lastName = txtName.add(criteria, 0, "&Last Name :", longestSearch);
     ui::Frame sex{criteria, "fraSex", "Sex"};
     ui::ControlArray<ui::OptionButton> Option1{"Option1"};
     ui::OptionButton& male = Option1.add(sex, 0, "&Male");
@@ -29,9 +32,9 @@ struct MasterSearchFields {
     ui::ComboBox cboBirthDay{criteria, "cboBirthDay"};
 
     ui::Frame otherNumbers{window, "fraOtherNumbers", "Search Other No. :"};
-    ui::TextBox txtPHICNum{otherNumbers, "txtPHICNum", "PHIC No. :"};
-    ui::TextBox txtGSISNum{otherNumbers, "txtGSISNum", "GSIS No. :"};
-    ui::TextBox txtSSSNum{otherNumbers, "txtSSSNum", "SSS No. :"};
+    ui::TextBox txtPHICNum{otherNumbers, "txtPHICNum", "PHIC No. :", longestNumber};
+    ui::TextBox txtGSISNum{otherNumbers, "txtGSISNum", "GSIS No. :", longestNumber};
+    ui::TextBox txtSSSNum{otherNumbers, "txtSSSNum", "SSS No. :", longestNumber};
 
     ui::ControlArray<ui::Button> Command1{"Command1"};
     ui::Button& search = Command1.add(window, 0, "&Search");

@@ -2,19 +2,13 @@
 
 #include "data/rows.h"
 
-#include <utility>
-
 namespace opd::search {
 
 frmSearchChiefComplaint::frmSearchChiefComplaint(Session& session)
     : SearchDialog(session, "frmSearchChiefComplaint", 2) {
     ui::TextBox& box = fields().txtSearchStr;
-    box.onKeyPress = [this, base = box.onKeyPress](ui::KeyPress& press) {
-        m_typed = press.code != ui::key::enter;
-        base(press);
-    };
     box.onChange = [this, &box] {
-        if (!std::exchange(m_typed, false))
+        if (writesBox())
             return;
         SearchText = box.text();
         search();
@@ -23,7 +17,6 @@ frmSearchChiefComplaint::frmSearchChiefComplaint(Session& session)
 }
 
 void frmSearchChiefComplaint::load() {
-    m_typed = false;
     setHeadings("Chief Complaints");
     search();
     fields().Timer1.start();
@@ -33,10 +26,10 @@ void frmSearchChiefComplaint::search() {
     if (SearchMode != "CHIEFCOMPLAINT")
         return;
     const std::string& typed = fields().txtSearchStr.text();
-    show(data::openPlain(session(), data::Statement("PATIENT_DATA..sp_AOPD_SearchChiefComplaint '")
-                                        .value(typed.empty() ? SearchText : typed)
-                                        .text("'")),
-         {200, 1000, 5000, 0});
+    const std::string wanted = typed.empty() ? SearchText : typed;
+    show(data::openPlain(session(),
+                         data::Statement("PATIENT_DATA..sp_AOPD_SearchChiefComplaint '").value(wanted).text("'")),
+         {200, 1000, 5000, 0}, {wanted, 1, 2});
 }
 
 void frmSearchChiefComplaint::take(const ui::Grid& grid, int row) {

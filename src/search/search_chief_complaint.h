@@ -23,7 +23,6 @@ class frmSearchChiefComplaint final : public SearchDialog {
 
     std::string m_code;
     std::string m_text;
-    bool m_typed = false; ///< the next change of the search box comes from a key
 };
 
 } // namespace opd::search

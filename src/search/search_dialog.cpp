@@ -1,9 +1,23 @@
 #include "search/search_dialog.h"
 
 #include "data/rows.h"
+#include "platform/text/folding.h"
+#include "platform/text/ranking.h"
 #include "platform/text/text.h"
 
+#include <algorithm>
+
 namespace opd::search {
+
+namespace {
+
+std::string recordsFound(std::size_t count) {
+    if (count == 0)
+        return "No record holds this text.";
+    return count == 1 ? "1 record." : std::to_string(count) + " records, the best match first.";
+}
+
+} // namespace
 
 SearchDialog::SearchDialog(Session& session, const char* name, int shownColumn)
     : m_session(session), m_window(name, ""), m_shownColumn(shownColumn) {
@@ -36,8 +50,11 @@ void SearchDialog::bind() {
     };
     grid.onRowChange = [this, &box, &grid] {
         // While the list is being filled the box keeps what was typed; later it shows the row walked to.
-        if (m_window.focus() == &grid)
-            box.setText(grid.cell(grid.currentRow(), m_shownColumn));
+        if (m_fills || m_window.focus() != &grid)
+            return;
+        m_writesBox = true;
+        box.setText(grid.cell(grid.currentRow(), m_shownColumn));
+        m_writesBox = false;
     };
     m_fields.cmdSelect.onClick = [this] { select(); };
     m_fields.cmdCancel.onClick = [this] { m_window.unload(); };
@@ -49,7 +66,7 @@ void SearchDialog::showModal() {
     m_session.desktop.showModal(m_window);
 }
 
-void SearchDialog::show(const ado::Recordset& rows, const std::vector<int>& widths) {
+void SearchDialog::show(const ado::Recordset& rows, const std::vector<int>& widths, const Wanted& wanted) {
     const ado::ResultSet& result = rows.all();
     std::vector<ui::Grid::Column> columns{{"", widths.front(), false}};
     for (std::size_t i = 0; i < result.columns.size(); ++i)
@@ -61,8 +78,30 @@ void SearchDialog::show(const ado::Recordset& rows, const std::vector<int>& widt
         for (const ado::Value& value : row)
             texts.push_back(value.asText());
     }
+    cells = bestFirst(std::move(cells), wanted);
+    const auto present = std::find_if(cells.begin(), cells.end(), [&](const ui::Grid::Row& row) {
+        return !PresentCode.empty() && row.at(wanted.codeColumn) == PresentCode;
+    });
+    const int current = present == cells.end() ? 1 : static_cast<int>(present - cells.begin()) + 1;
     m_fields.cmdSelect.setEnabled(!cells.empty());
+    m_window.setStatus(recordsFound(cells.size()));
+    m_fills = true;
     m_fields.grdDispWindow.show(std::move(columns), std::move(cells));
+    m_fields.grdDispWindow.setCurrentRow(current);
+    m_fills = false;
+}
+
+std::vector<ui::Grid::Row> SearchDialog::bestFirst(std::vector<ui::Grid::Row> rows, const Wanted& wanted) {
+    std::vector<text::SearchedRow> searched;
+    std::vector<std::size_t> places;
+    for (const ui::Grid::Row& row : rows) {
+        places.push_back(places.size());
+        searched.emplace_back(std::vector{row.at(wanted.codeColumn), row.at(wanted.nameColumn)}, 0, 1);
+    }
+    std::vector<ui::Grid::Row> ordered;
+    for (const std::size_t place : text::ranked(text::trimmed(text::folded(wanted.text)), searched, places))
+        ordered.push_back(std::move(rows[place]));
+    return ordered;
 }
 
 void SearchDialog::setHeadings(const std::string& caption) {

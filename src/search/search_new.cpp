@@ -25,7 +25,7 @@ void frmSearchNew::load() {
     fields().txtSearchStr.setText("");
     ado::Recordset rows;
     rows.Open(text::replaced(Query, "##", Criteria), session().connection());
-    show(rows, {200, 4150, 2000});
+    show(rows, {200, 4150, 2000}, {Criteria, 2, 1});
     setHeadings(SearchCaption);
     fields().lblHospital.setCaption(session().globals.gCompanyName);
 }

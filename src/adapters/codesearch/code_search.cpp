@@ -31,7 +31,7 @@ CodeSearch::CodeSearch(com::Server& server) : m_server(server), m_use(server) {
         m_found.clear();
         return com::Variant{};
     });
-    for (const char* member : {"CompanyName", "SearchMode", "OtherSectionID", "ExactCodesOnly"})
+    for (const char* member : {"CompanyName", "SearchMode", "OtherSectionID", "ExactCodesOnly", "PresentCode"})
         keepProperty(member);
     onSet("Connection", [this](const com::Variant& value) {
         const auto* object = std::get_if<com::Ref<com::IUnknown>>(&value);
@@ -59,15 +59,17 @@ bool CodeSearch::search(const std::string& criteria, int number) {
         return false;
     if (!m_connection)
         throw com::Error(com::errorFail, "The code search has not been given a database connection.");
+    const std::string present = text("PresentCode");
+    m_properties.erase("PresentCode"); // it is the wish of one search
     std::optional<Row> row = lookUp(*m_connection->connection(), *listing, text("OtherSectionID"), criteria);
     if (!row && !exactCodesOnly())
-        row = pick(*listing, criteria);
+        row = pick(*listing, criteria, present);
     if (row)
         m_found[number] = std::move(*row);
     return row.has_value();
 }
 
-std::optional<Row> CodeSearch::pick(const Listing& listing, const std::string& criteria) {
+std::optional<Row> CodeSearch::pick(const Listing& listing, const std::string& criteria, const std::string& present) {
     ui::Desktop* const desktop = ui::Desktop::ofThread();
     if (desktop == nullptr)
         return std::nullopt;
@@ -79,7 +81,7 @@ std::optional<Row> CodeSearch::pick(const Listing& listing, const std::string& c
                       .icon = ui::Icon::Information});
         return std::nullopt;
     }
-    return window.pick(criteria);
+    return window.pick(criteria, present);
 }
 
 bool CodeSearch::exactCodesOnly() const {

@@ -17,6 +17,7 @@ namespace opd::codesearch {
 ///
 /// Members: Initialize_Classes(); CompanyName, SearchMode (kept for the caller); OtherSectionID (restricts listing 21);
 /// ExactCodesOnly (true: no window and no message, whatever is searched for);
+/// PresentCode (the list of the next search for an empty text opens on the row of this code);
 /// Connection (a connection object); SearchListing(criteria, listing) -> flag; a record for every listing.
 ///
 /// An exact code resolves at once. Anything else, the empty text included, leads to a window with the rows whose code
@@ -29,7 +30,7 @@ class CodeSearch final : public com::LateBound {
   private:
     void keepProperty(const std::string& member);
     bool search(const std::string& criteria, int number);
-    std::optional<Row> pick(const Listing& listing, const std::string& criteria);
+    std::optional<Row> pick(const Listing& listing, const std::string& criteria, const std::string& present);
     std::string text(const char* property) const;
     bool exactCodesOnly() const;
     com::Variant record(const Listing& listing) const;

@@ -13,7 +13,7 @@ struct ListingFields {
 
     ui::Label lblTitle{window, "lblTitle", ""};
     ui::Label lblCompany{window, "lblCompany", ""};
-    ui::TextBox txtSearch{window, "txtSearch", "Search"};
+    ui::TextBox txtSearch{window, "txtSearch", "Search", 100};
     ui::Grid grdListing{window, "grdListing"};
     ui::Label lblCount{window, "lblCount", ""};
     ui::Button cmdSelect{window, "cmdSelect", "&Select"};

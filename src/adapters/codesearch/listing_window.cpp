@@ -1,20 +1,13 @@
 #include "adapters/codesearch/listing_window.h"
 
+#include "platform/text/folding.h"
 #include "platform/text/text.h"
+
+#include <algorithm>
 
 namespace opd::codesearch {
 
 namespace {
-
-/// Parts the texts of a row, so that a search never matches over the border of two of them.
-constexpr char border = '\n';
-
-std::string searchedText(const std::vector<std::string>& row) {
-    std::string searched;
-    for (const std::string& cell : row)
-        searched += text::upper(cell) + border;
-    return searched;
-}
 
 std::vector<ui::Grid::Column> columnsOf(const Listing& listing) {
     std::vector<ui::Grid::Column> columns;
@@ -30,7 +23,7 @@ ListingWindow::ListingWindow(ui::Desktop& desktop, const Listing& listing, std::
     : m_desktop(desktop), m_listing(listing), m_rows(std::move(rows)), m_window("frmCodeSearch", listing.title) {
     m_searched.reserve(m_rows.size());
     for (const std::vector<std::string>& row : m_rows)
-        m_searched.push_back(searchedText(row));
+        m_searched.emplace_back(row, 0, 1);
     m_fields.lblTitle.setCaption(listing.title);
     m_fields.lblCompany.setCaption(company);
     bind();
@@ -55,15 +48,20 @@ void ListingWindow::bind() {
     m_fields.grdListing.typesInto = [this](char32_t) { return &m_fields.txtSearch; };
     m_fields.txtSearch.onChange = [this] { filter(); };
     m_fields.txtSearch.onArrowDown = [this] { m_window.setFocus(m_fields.grdListing); };
+    m_fields.grdListing.onRowChange = [this] { rowChanged(); };
+    m_fields.grdListing.onGotFocus = [this] {
+        if (m_fields.grdListing.currentRow() == 0)
+            m_fields.grdListing.setCurrentRow(1);
+    };
 }
 
-std::vector<ui::Grid::Row> ListingWindow::matches(const std::string& text) const {
-    const std::string wanted = text::upper(text::trimmed(text));
-    std::vector<ui::Grid::Row> found;
+std::vector<std::size_t> ListingWindow::matches(const std::string& text) const {
+    const std::string wanted = text::trimmed(text::folded(text));
+    std::vector<std::size_t> found;
     for (std::size_t i = 0; i < m_rows.size(); ++i)
-        if (m_searched[i].find(wanted) != std::string::npos)
-            found.push_back(m_rows[i]);
-    return found;
+        if (m_searched[i].holds(wanted))
+            found.push_back(i);
+    return text::ranked(wanted, m_searched, found);
 }
 
 bool ListingWindow::hasMatch(const std::string& text) const {
@@ -71,16 +69,40 @@ bool ListingWindow::hasMatch(const std::string& text) const {
 }
 
 void ListingWindow::filter() {
-    std::vector<ui::Grid::Row> found = matches(m_fields.txtSearch.text());
+    std::vector<ui::Grid::Row> found;
+    for (const std::size_t place : matches(m_fields.txtSearch.text()))
+        found.push_back(m_rows[place]);
     m_fields.lblCount.setCaption(std::to_string(found.size()) + " of " + std::to_string(m_rows.size()));
-    m_fields.cmdSelect.setEnabled(!found.empty());
     m_fields.grdListing.show(columnsOf(m_listing), std::move(found));
+    rowChanged();
 }
 
-std::optional<Row> ListingWindow::pick(const std::string& text) {
+void ListingWindow::rowChanged() {
+    const ui::Grid& grid = m_fields.grdListing;
+    m_fields.cmdSelect.setEnabled(grid.currentRow() != 0);
+    if (grid.rowCount() == 0)
+        m_window.setStatus("No record holds this text.");
+    else if (grid.currentRow() == 0)
+        m_window.setStatus("Type a part of the code or name, or go into the list with the Down arrow.");
+    else
+        m_window.setStatus("Enter takes the marked record, Esc leaves the field as it was.");
+}
+
+int ListingWindow::rowOf(const std::string& code) const {
+    const std::vector<ui::Grid::Row>& rows = m_fields.grdListing.rows();
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const ui::Grid::Row& row) {
+        return text::equalsIgnoringCase(text::trimmed(row.front()), code);
+    });
+    return found == rows.end() ? 0 : static_cast<int>(found - rows.begin()) + 1;
+}
+
+std::optional<Row> ListingWindow::pick(const std::string& text, const std::string& present) {
     m_picked.reset();
-    m_fields.txtSearch.setText(text::trimmed(text));
+    const std::string wanted = text::trimmed(text);
+    m_fields.txtSearch.setText(wanted);
     filter();
+    if (wanted.empty())
+        m_fields.grdListing.setCurrentRow(rowOf(text::trimmed(present)));
     m_window.load();
     m_window.setFocus(m_fields.txtSearch);
     m_desktop.showModal(m_window);

@@ -2,6 +2,7 @@
 
 #include "adapters/codesearch/listing_fields.h"
 #include "adapters/codesearch/listings.h"
+#include "platform/text/ranking.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/window.h"
 
@@ -12,7 +13,8 @@
 namespace opd::codesearch {
 
 /// The window in which the clerk picks a row of a listing. What is typed narrows the list to the rows whose code or
-/// name holds it, in any letter case; the rows are in memory, so a keystroke asks no database.
+/// name holds it, whatever the letter case and the accents, the best match first; the rows are in memory, so a
+/// keystroke asks no database.
 class ListingWindow {
   public:
     ListingWindow(ui::Desktop& desktop, const Listing& listing, std::vector<std::vector<std::string>> rows,
@@ -21,19 +23,23 @@ class ListingWindow {
     /// True when a row holds the text.
     bool hasMatch(const std::string& text) const;
 
-    /// Shows the rows that hold the text and returns the picked one; nothing when the clerk cancelled.
-    std::optional<Row> pick(const std::string& text);
+    /// Shows the rows that hold the text and returns the picked one; nothing when the clerk cancelled. For an empty
+    /// text the row of the present code is the current one; without such a row there is none until the clerk moves or
+    /// types, so that no key pressed too often picks a row that nobody chose.
+    std::optional<Row> pick(const std::string& text, const std::string& present);
 
   private:
     void bind();
     void filter();
+    void rowChanged();
+    int rowOf(const std::string& code) const;
     void select();
-    std::vector<ui::Grid::Row> matches(const std::string& text) const;
+    std::vector<std::size_t> matches(const std::string& text) const;
 
     ui::Desktop& m_desktop;
     const Listing& m_listing;
     std::vector<std::vector<std::string>> m_rows;
-    std::vector<std::string> m_searched; ///< of each row: its texts in upper case
+    std::vector<text::SearchedRow> m_searched;
     ui::Window m_window;
     ListingFields m_fields{m_window};
     std::optional<Row> m_picked;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/text.h"
 #include "platform/ui/window.h"
 #include "registration/form_context.h"
 #include "registration/rules/validate_data.h"
@@ -18,9 +19,21 @@ struct LookupRequest {
     bool isNone() const { return !forced && text.empty(); }
 };
 
+/// Names the code on whose row the next list opens, for either kind of list.
+inline void openOn(Session& session, const std::string& code) {
+    session.globals.presentCode = code;
+    if (code.empty())
+        return;
+    try {
+        session.globals.gCodeSearch.set("PresentCode", code);
+    } catch (const com::Error&) { // a component that does not know the wish opens its list at the top
+    }
+}
+
 /// The request of a field. A lookup button's wish holds for this one lookup, however it ends.
 inline LookupRequest takeRequest(Session& session, const ui::TextBox& code) {
     const bool forced = std::exchange(session.globals.gForceSearch, false);
+    openOn(session, forced ? text::trimmed(code.text()) : std::string{});
     return {forced, forced ? std::string{} : code.text()};
 }
 

@@ -7,7 +7,11 @@ namespace opd::search {
 
 /// Every control of the search window, a line each, in the order in which a clerk meets them.
 struct MasterSearchFields {
-    explicit MasterSearchFields(ui::Container& form) : window(form) {}
+    explicit MasterSearchFields(ui::Container& form) : window(form) {
+        gridPatientList.spokenName = "Patients found";
+        cboBirthDay.spokenName = "Day";
+        txtBirthDate.offersCalendar = true;
+    }
 
     ui::Container& window;
 

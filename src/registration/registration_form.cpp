@@ -7,6 +7,7 @@
 #include "registration/revoke/revoke.h"
 #include "registration/rules/clinical_codes.h"
 #include "registration/rules/code_lookups.h"
+#include "registration/rules/guidance.h"
 #include "registration/rules/key_rules.h"
 #include "registration/rules/patient_rules.h"
 #include "registration/rules/payer_rules.h"
@@ -38,6 +39,7 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     bindDependents(m_context);
     bindMarks(m_context);
     bindApostrophes(m_context);
+    bindGuidance(m_context);
     bindButtons();
     disableIdleButtons();
 }

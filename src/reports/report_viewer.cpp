@@ -12,6 +12,12 @@ frmReportViewer::frmReportViewer(Session& session) : m_session(session) {
     m_window.cancelButton = &m_fields.cmdClose;
     m_window.defaultButton = &m_fields.cmdPrint;
     m_fields.CRViewer1.onPage = [this] { showPage(); };
+    m_window.hint =
+        "Enter prints, Page Up and Page Down turn the pages, + and - enlarge, Esc closes, F1 lists the keys.";
+    m_window.ownKeys = {{"Enter", "print"},
+                        {"Page Up, Page Down", "previous page, next page"},
+                        {"Home, End", "first page, last page"},
+                        {"+, -", "larger, smaller"}};
     bindButtons();
 }
 
@@ -75,6 +81,7 @@ void frmReportViewer::savePdf() {
     if (!file)
         return;
     const ui::BusyPointer busy(m_session.desktop);
+    m_window.setStatus({});
     m_session.desktop.output().writePdf(*m_fields.CRViewer1.document(), *file);
     m_window.setStatus("Saved as " + file->string() + ", readable for you alone.");
 }
@@ -91,6 +98,7 @@ void frmReportViewer::toggleToolbar() {
 }
 
 void frmReportViewer::showPage() {
+    m_window.setStatus({});
     const int page = m_fields.CRViewer1.page();
     const int count = m_fields.CRViewer1.pageCount();
     m_fields.lblPage.setCaption("Page " + std::to_string(page) + " of " + std::to_string(count));

@@ -7,7 +7,16 @@ namespace opd::reports {
 
 /// The controls of the report viewer, in tab order.
 struct ReportViewerFields {
-    explicit ReportViewerFields(ui::Container& form) : window(form) {}
+    explicit ReportViewerFields(ui::Container& form) : window(form) {
+        const std::pair<ui::Button*, const char*> signs[] = {
+            {&cmdFirstPage, "First page"}, {&cmdPreviousPage, "Previous page"},
+            {&cmdNextPage, "Next page"},   {&cmdLastPage, "Last page"},
+            {&cmdZoomOut, "Smaller"},      {&cmdZoomIn, "Larger"},
+            {&cmdShow, "Toolbar"}};
+        for (const auto& [button, name] : signs)
+            button->spokenName = name;
+        CRViewer1.spokenName = "Report";
+    }
 
     ui::Container& window;
     ui::Frame Toolbar1{window, "Toolbar1", ""};

@@ -29,7 +29,7 @@ struct SearchDialogFields {
 
 /// The controls of the doctor pick list.
 struct PickListFields {
-    explicit PickListFields(ui::Container& form) : window(form) {}
+    explicit PickListFields(ui::Container& form) : window(form) { grdMain.spokenName = "Doctors"; }
 
     ui::Container& window;
 

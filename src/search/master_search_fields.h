@@ -10,7 +10,11 @@ namespace opd::search {
 struct MasterSearchFields {
     static constexpr int longestNumber = 30;
 
-    explicit MasterSearchFields(ui::Container& form) : window(form) {}
+    explicit MasterSearchFields(ui::Container& form) : window(form) {
+        gridPatientList.spokenName = "Patients found";
+        cboBirthDay.spokenName = "Day";
+        txtBirthDate.offersCalendar = true;
+    }
 
     ui::Container& window;
 

@@ -98,6 +98,19 @@ TEST(Form, TheBirthDateKeepsTheFocusUntilItIsRightAndThenDecidesTheAge) {
         });
 }
 
+TEST(Form, AnInfantsAgeInMonthsStandsBesideTheYearsForAsLongAsItIsTrue) {
+    inNewForm([](FormFixture&, ui::Window& window, Fields& fields) {
+        const std::pair<const char*, const char*> cases[] = {
+            {"11/24/2026", "0 days"},    {"10/25/2026", "30 days"},   {"10/24/2026", "1 month"},
+            {"12/25/2024", "22 months"}, {"11/25/2024", "23 months"}, {"11/24/2024", ""},
+            {"11/25/2025", "11 months"}, {"11/25/2026", ""},          {"1 /  /    ", ""}};
+        for (const auto& [birthDate, months] : cases) {
+            window.edited(fields.header.txtBirthDate, birthDate);
+            EXPECT_EQ(fields.header.lblAgeInMonths.caption(), months) << birthDate;
+        }
+    });
+}
+
 TEST(Form, ABirthDateAfterTodayButNotAfterTheConsultationIsRefusedAsInTheFuture) {
     inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
         fields.header.dtpAdmDate.setValue({2026, 12, 31, 0, 0, 0});

@@ -7,7 +7,7 @@ namespace opd::codesearch {
 
 /// The controls of the listing window, a line each, in the order in which a clerk meets them.
 struct ListingFields {
-    explicit ListingFields(ui::Container& form) : window(form) {}
+    explicit ListingFields(ui::Container& form) : window(form) { grdListing.spokenName = "Entries"; }
 
     ui::Container& window;
 

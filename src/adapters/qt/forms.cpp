@@ -1,6 +1,7 @@
 #include "adapters/qt/forms.h"
 
 #include "ui_frmCodeSearch.h"
+#include "ui_frmKeyCard.h"
 #include "ui_frmMasterSearch.h"
 #include "ui_frmPickList.h"
 #include "ui_frmRegistration.h"
@@ -23,6 +24,7 @@ template <class Form> void build(QWidget& shell) {
 bool buildForm(const std::string& windowName, QWidget& shell) {
     static const std::map<std::string, void (*)(QWidget&)> forms{
         {"frmCodeSearch", build<Ui::frmCodeSearch>},
+        {"frmKeyCard", build<Ui::frmKeyCard>},
         {"frmMasterSearch", build<Ui::frmMasterSearch>},
         {"frmPickList", build<Ui::frmPickList>},
         {"frmRegistration", build<Ui::frmRegistration>},

@@ -147,6 +147,10 @@ bool InputFilter::keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& k
             shell.model().pressAccessKey(character);
         return character != 0;
     }
+    if (key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier) {
+        shell.model().pressHelp(m_desktop);
+        return true;
+    }
     if (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier && shell.model().pressLookup())
         return true;
     if (navigated(shell, key) || arrowPressed(shell, key) || cellKeyPressed(shell, key))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ui/desktop.h"
+
 #include <QClipboard>
 #include <QObject>
 
@@ -23,6 +25,9 @@ class InputFilter final : public QObject {
     Q_OBJECT
 
   public:
+    /// Shows the cards of keys on `desktop`.
+    explicit InputFilter(ui::Desktop& desktop) : m_desktop(desktop) {}
+
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
@@ -40,6 +45,7 @@ class InputFilter final : public QObject {
     void paste(WindowShell& shell, const QString& text);
     void resend(ControlView& view, QWidget& receiver, QEvent& event);
 
+    ui::Desktop& m_desktop;
     const QEvent* m_resent = nullptr; // the one event that has passed the filter already
 };
 

@@ -3,6 +3,9 @@
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/style.h"
 
+#include <QGridLayout>
+#include <QStyle>
+
 namespace opd::qt {
 
 namespace {
@@ -37,6 +40,16 @@ QMessageBox::StandardButtons buttonsOf(ui::Buttons buttons) {
     return QMessageBox::Ok;
 }
 
+/// Keeps a box wide enough for its title: the toolkit reckons with plain letters and no buttons in the title bar.
+void makeRoomForTitle(QMessageBox& box) {
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int buttonsOfFrame = 4 * box.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &box);
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + buttonsOfFrame;
+    auto* const grid = static_cast<QGridLayout*>(box.layout());
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 QMessageBox::StandardButton standardButton(ui::Answer answer) {
     switch (answer) {
     case ui::Answer::Cancel:
@@ -68,6 +81,7 @@ void fill(QMessageBox& box, const ui::Message& message) {
     // The same order on every desktop environment: Yes, No, Cancel and OK, Cancel.
     box.setStyleSheet(QStringLiteral("QDialogButtonBox { button-layout: 0; } QPushButton { min-width: 72px; }"));
     dress(box);
+    makeRoomForTitle(box);
 }
 
 QAbstractButton* buttonOf(const QMessageBox& box, ui::Answer answer) {

@@ -54,7 +54,7 @@ class QtDesktop final : public ui::Desktop {
     script::Player* m_player;
     QtDriver m_driver{*this};
     QtOutput m_output;
-    InputFilter m_input;
+    InputFilter m_input{*this};
     Activation m_activation;
     Waiting m_waiting;
     std::vector<WindowShell*> m_shells;

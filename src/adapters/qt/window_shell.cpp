@@ -5,6 +5,7 @@
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/views/cell_float.h"
+#include "platform/ui/spoken_names.h"
 
 #include <QCloseEvent>
 #include <QLayout>
@@ -43,6 +44,7 @@ WindowShell::WindowShell(ui::Window& window) : m_window(window) {
         if (label->property("decoration") == QStringLiteral("statusLine"))
             m_statusLine = label;
     floatOverCells();
+    nameAll();
     dress(*this);
     showAll();
 }
@@ -54,6 +56,12 @@ void WindowShell::floatOverCells() {
         if (const ui::Grid* grid = view->control().floatsOver)
             if (const ControlView* below = viewOf(*grid); below != nullptr && view->widget() != nullptr)
                 new CellFloat(*view->widget(), static_cast<QTableView&>(*below->widget())); // the table owns it
+}
+
+void WindowShell::nameAll() {
+    const ui::SpokenNames names(m_window);
+    for (const auto& view : m_views)
+        view->setSpoken(toQt(names.of(view->control())), toQt(ui::tipOf(view->control(), names)));
 }
 
 void WindowShell::showAll() {
@@ -122,18 +130,24 @@ void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
         view->show(aspect);
     if (aspect == ui::Aspect::CurrentPage)
         followPage();
-    else if (aspect == ui::Aspect::Refusal)
-        showStatus();
+    else if (aspect == ui::Aspect::Caption && &control != &m_window)
+        nameAll();
+    if (aspect != ui::Aspect::Status)
+        showStatus(); // what is still to be done may be less or more by any change
 }
 
 void WindowShell::showStatus() {
-    if (m_statusLine == nullptr)
+    if (m_statusLine == nullptr || !m_open)
         return;
     const ui::Control* focus = m_window.focus();
-    m_statusLine->setProperty("alert", focus != nullptr && !focus->refusal().empty());
+    const bool isAlert = focus != nullptr && !focus->refusal().empty();
+    const QString text = toQt(m_window.statusLine());
+    if (text == m_statusLine->text() && isAlert == m_statusLine->property("alert").toBool())
+        return;
+    m_statusLine->setProperty("alert", isAlert);
     m_statusLine->style()->unpolish(m_statusLine); // a style sheet looks at a property only then
     m_statusLine->style()->polish(m_statusLine);
-    m_statusLine->setText(toQt(m_window.statusLine()));
+    m_statusLine->setText(text);
 }
 
 // Turning a page makes Qt look for a new focus; the model has the say.

@@ -53,6 +53,7 @@ class WindowShell final : public QWidget, public ui::WindowView {
 
   private:
     void floatOverCells();
+    void nameAll();
     void showAll();
     void fitScreen(const WindowShell* served);
     void followPage();

@@ -37,6 +37,8 @@ void ModelDriver::pressNamed(ui::Window& window, const script::KeyStroke& key) {
         pressCharacter(window, ui::key::space);
     else if (name == "Down" && window.pressArrowDown())
         return;
+    else if (name == "F1")
+        window.pressHelp(m_desktop);
     else if (name == "F2")
         window.pressOnCell(ui::key::enter);
     else if (name == "F4")

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/script/driver.h"
+#include "platform/ui/desktop.h"
 #include "platform/ui/line_edit.h"
 
 #include <functional>
@@ -13,8 +14,8 @@ namespace opd::adapters {
 class ModelDriver final : public script::Driver {
   public:
     /// `currentWindow` gives the topmost open window or null, `advance` lets that many milliseconds pass.
-    ModelDriver(std::function<ui::Window*()> currentWindow, std::function<void(int)> advance)
-        : m_currentWindow(std::move(currentWindow)), m_advance(std::move(advance)) {}
+    ModelDriver(ui::Desktop& desktop, std::function<ui::Window*()> currentWindow, std::function<void(int)> advance)
+        : m_desktop(desktop), m_currentWindow(std::move(currentWindow)), m_advance(std::move(advance)) {}
 
     ui::Window* currentWindow() override { return m_currentWindow(); }
     void press(const script::KeyStroke& key) override;
@@ -59,6 +60,7 @@ class ModelDriver final : public script::Driver {
     void takeOver(ui::Window& window);
     void load(ui::Window& window);
 
+    ui::Desktop& m_desktop;
     std::function<ui::Window*()> m_currentWindow;
     std::function<void(int)> m_advance;
     std::map<const ui::Window*, ui::LineEdit> m_edits; ///< of the field that has the focus in each window

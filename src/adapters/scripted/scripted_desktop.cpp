@@ -62,7 +62,8 @@ class ScriptedDesktop::View final : public ui::WindowView {
 
 ScriptedDesktop::ScriptedDesktop(script::Player* player)
     : m_player(player),
-      m_driver([this] { return currentWindow(); }, [this](int milliseconds) { advance(milliseconds); }) {}
+      m_driver(
+          *this, [this] { return currentWindow(); }, [this](int milliseconds) { advance(milliseconds); }) {}
 
 ScriptedDesktop::~ScriptedDesktop() = default;
 

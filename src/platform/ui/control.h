@@ -105,6 +105,9 @@ class Control {
     /// The control's answer to a click of the clerk: changes its own state, then raises `onClick`.
     virtual void clicked();
 
+    std::string spokenName; ///< what a screen reader calls it, where `SpokenNames` would not find it by itself
+    std::string tip;        ///< what the mouse is told, where there is more to say than the caption does
+
     std::string hint; ///< what the clerk can do here ("F4 lists the codes"), said while the control has the focus
 
     bool tabStop = true;

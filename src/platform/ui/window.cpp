@@ -98,10 +98,14 @@ void Window::setStatus(const std::string& status) {
     tellView(*this, Aspect::Status);
 }
 
-const std::string& Window::statusLine() const {
+std::string Window::statusLine() const {
     if (m_focus != nullptr && !m_focus->refusal().empty())
         return m_focus->refusal();
-    return m_status.empty() && m_focus != nullptr ? m_focus->hint : m_status;
+    if (!m_status.empty())
+        return m_status;
+    const std::string& here = m_focus != nullptr && !m_focus->hint.empty() ? m_focus->hint : hint;
+    const std::string rest = stillToDo ? stillToDo() : std::string{};
+    return here.empty() || rest.empty() ? here + rest : rest + "   " + here;
 }
 
 Control* Window::find(const std::string& name) const {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace opd::ui {
 
@@ -23,6 +24,14 @@ class WindowView {
 
     /// The window is unloaded; the view disappears. The window does not use it any more.
     virtual void closed() = 0;
+};
+
+class Desktop;
+
+/// A key and what it does, for the card of a window's keys.
+struct KeyNote {
+    std::string key;
+    std::string deed;
 };
 
 /// The model of a window: its controls, who has the focus, and the rules by which keys and the focus move. Every
@@ -44,6 +53,9 @@ class Window : public Container {
     std::function<void(KeyPress&)> onKeyPress;            ///< previews every character while `keyPreview` is set
     std::function<void()> onCloseRequest;                 ///< the clerk closes the frame; unloads when there is none
     std::function<void(const std::exception&)> onFailure; ///< a handler let a failure through
+    std::function<std::string()> stillToDo;               ///< what the window's work lacks yet; read whenever shown
+    std::function<void()> onHelp;                         ///< F1; the card of the window's keys when there is none
+    std::vector<KeyNote> ownKeys;                         ///< that the card of keys cannot find by itself
     bool keyPreview = true;
     Button* cancelButton = nullptr;  ///< Esc presses it
     Button* defaultButton = nullptr; ///< Enter presses it outside other buttons
@@ -78,8 +90,8 @@ class Window : public Container {
     void setStatus(const std::string& status);
 
     /// What the status line reads: why the content of the control that has the focus is refused, or else the window's
-    /// own status, or else the hint of that control.
-    const std::string& statusLine() const;
+    /// own status, or else the hint of that control (the window's own when it has none) and what is still to be done.
+    std::string statusLine() const;
 
     /// The control of a name, or null.
     Control* find(const std::string& name) const;
@@ -93,7 +105,9 @@ class Window : public Container {
     /// Tab, or Shift+Tab.
     void pressTab(bool backward);
 
-    /// Alt with a character. False when no control that is shown has that access key.
+    /// Alt with a character: presses or focuses the control that is shown with that access key; where several are, the
+    /// next of them gets the focus and nothing is pressed. A frame's leads to its first field, also on another page.
+    /// Without such a control, a digit shows the page of that number. False when there is neither.
     bool pressAccessKey(char32_t character);
 
     /// An arrow key in a group of options: selects the next one, or the one before. False elsewhere.
@@ -105,6 +119,9 @@ class Window : public Container {
     /// F4: clicks the lookup button of the text box that has the focus, the button "..." that comes next in its
     /// container. False when there is none that is shown and usable.
     bool pressLookup();
+
+    /// F1: shows the card of this window's keys, or what the window has in its place.
+    void pressHelp(Desktop& desktop);
 
     /// F2 and Delete on a grid whose cells are picked: there they stand for Enter and Backspace, which `code` names.
     /// False elsewhere.
@@ -168,6 +185,10 @@ class Window : public Container {
     template <class Box> std::string withFiltered(Box& box, const std::string& text);
     template <class Box> void write(Box& box, const std::string& text);
     void completeDate();
+    Tabs* tabs() const;
+    bool pickPageNumber(int number);
+    std::vector<Control*> behindAccessKey(char32_t key) const;
+    Control* firstStopIn(const Container& container) const;
     void showEmptyPage(Tabs& tabs, int index);
     bool mayLeaveFor(const Control& target);
     void giveFocus(Control* target);

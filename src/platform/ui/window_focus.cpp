@@ -156,34 +156,50 @@ Control* Window::neighbour(const Control* from, bool backward) const {
     return nullptr;
 }
 
-void Window::turnPage(bool backward) {
+Tabs* Window::tabs() const {
     std::vector<Control*> everything;
     collect(everything);
     const auto found = std::find_if(everything.begin(), everything.end(),
                                     [](const auto* control) { return control->kind() == Kind::Tabs; });
-    if (found == everything.end())
+    return found == everything.end() ? nullptr : static_cast<Tabs*>(*found);
+}
+
+void Window::turnPage(bool backward) {
+    Tabs* const turned = tabs();
+    if (turned == nullptr)
         return;
-    auto& tabs = static_cast<Tabs&>(**found);
-    const int count = static_cast<int>(tabs.pages().size());
+    const int count = static_cast<int>(turned->pages().size());
     for (int step = 1; step < count; ++step) {
-        const int index = (tabs.current() + (backward ? count - step : step)) % count;
-        const Page& page = *tabs.pages()[static_cast<std::size_t>(index)];
+        const int index = (turned->current() + (backward ? count - step : step)) % count;
+        const Page& page = *turned->pages()[static_cast<std::size_t>(index)];
         if (page.visible() && page.isUsable()) {
-            pickPage(tabs, index);
+            pickPage(*turned, index);
             return;
         }
     }
 }
 
+bool Window::pickPageNumber(int number) {
+    Tabs* const picked = tabs();
+    if (picked == nullptr || number < 1 || number > static_cast<int>(picked->pages().size()))
+        return false;
+    pickPage(*picked, number - 1);
+    return true;
+}
+
+Control* Window::firstStopIn(const Container& container) const {
+    std::vector<Control*> inside;
+    container.collect(inside);
+    const auto first =
+        std::find_if(inside.begin(), inside.end(), [](const auto* control) { return isTabStop(*control); });
+    return first == inside.end() ? nullptr : *first;
+}
+
 void Window::pickPage(Tabs& tabs, int index) {
     if (m_handling)
         return;
-    std::vector<Control*> onPage;
-    tabs.pages().at(static_cast<std::size_t>(index))->collect(onPage);
-    const auto first =
-        std::find_if(onPage.begin(), onPage.end(), [](const auto* control) { return isTabStop(*control); });
-    if (first != onPage.end())
-        requestFocus(**first);
+    if (Control* first = firstStopIn(*tabs.pages().at(static_cast<std::size_t>(index))))
+        requestFocus(*first);
     else
         handle([&] { showEmptyPage(tabs, index); });
 }

@@ -1,6 +1,7 @@
 #include "platform/ui/window.h"
 
 #include "platform/text/text.h"
+#include "platform/ui/key_card.h"
 
 #include <algorithm>
 #include <utility>
@@ -79,23 +80,56 @@ bool Window::typesElsewhere(KeyPress& press) {
     return true;
 }
 
+std::vector<Control*> Window::behindAccessKey(char32_t key) const {
+    std::vector<Control*> everything;
+    collect(everything);
+    std::vector<Control*> found;
+    for (Control* control : everything) {
+        if (accessKeyOf(control->caption()) != key)
+            continue;
+        if (control->kind() == Kind::Frame)
+            control = firstStopIn(static_cast<Container&>(*control));
+        else if (!control->isShown() || !control->canTakeFocus())
+            control = nullptr;
+        if (control != nullptr)
+            found.push_back(control);
+    }
+    return found;
+}
+
 bool Window::pressAccessKey(char32_t character) {
     if (m_handling || character == 0)
         return false;
-    std::vector<Control*> everything;
-    collect(everything);
-    const char32_t wanted = text::upper(character);
-    for (Control* control : everything) {
-        if (!control->isShown() || !control->canTakeFocus() || accessKeyOf(control->caption()) != wanted)
-            continue;
-        const Kind kind = control->kind();
-        if (kind == Kind::Button || kind == Kind::CheckBox || kind == Kind::OptionButton)
-            click(*control);
-        else
-            requestFocus(*control);
+    const char32_t key = text::upper(character);
+    const std::vector<Control*> found = behindAccessKey(key);
+    if (found.empty())
+        return key >= U'1' && key <= U'9' && pickPageNumber(static_cast<int>(key - U'0'));
+    if (found.size() > 1) {
+        const auto here = std::find(found.begin(), found.end(), m_focus);
+        requestFocus(here == found.end() || here + 1 == found.end() ? *found.front() : **(here + 1));
         return true;
     }
-    return false;
+    Control& target = *found.front();
+    const bool isPressed =
+        accessKeyOf(target.caption()) == key &&
+        (target.kind() == Kind::Button || target.kind() == Kind::CheckBox || target.kind() == Kind::OptionButton);
+    if (isPressed)
+        click(target);
+    else
+        requestFocus(target);
+    return true;
+}
+
+void Window::pressHelp(Desktop& desktop) {
+    if (m_handling)
+        return;
+    // The card is shown within this event, so that no timer of this window opens another one above it.
+    handle([&] {
+        if (onHelp)
+            onHelp();
+        else
+            showKeyCard(desktop, *this);
+    });
 }
 
 bool Window::pressArrow(bool backward) {

@@ -16,7 +16,7 @@ struct ConsultationTab {
     ui::ControlArray<ui::Button>& cmdSearch;
     ui::ControlArray<ui::TextBox>& txtChiefComplaint;
 
-    ui::Frame guarantor{page, "fraGuarantor", "Responsible for the Patient's Account "};
+    ui::Frame guarantor{page, "fraGuarantor", "Responsi&ble for the Patient's Account "};
     ui::ControlArray<ui::TextBox> txtGuarantor{"txtGuarantor"};
     ui::TextBox& guarantorName = txtGuarantor.add(guarantor, 0, "Name", 50);
     ui::TextBox& guarantorAddress = txtGuarantor.add(guarantor, 1, "Address", 50);
@@ -31,14 +31,14 @@ struct ConsultationTab {
     ui::TextBox& informantTelephone = txtInformant.add(informant, 2, "Tel. #", 15);
     ui::TextBox& informantRelation = txtInformant.add(informant, 3, "Rel.to Px", 30);
 
-    ui::Frame chiefComplaint{page, "fraChiefComplaint", "Cheif Complaint"};
+    ui::Frame chiefComplaint{page, "fraChiefComplaint", "Che&if Complaint"};
     ui::ControlArray<ui::TextBox> txtChiefComplaintID{"txtChiefComplaintID"};
     ui::TextBox& chiefComplaintCode = txtChiefComplaintID.add(chiefComplaint, 0);
     ui::ControlArray<ui::Button> cmdSearchChiefComplaint{"cmdSearchChiefComplaint"};
     ui::Button& searchChiefComplaint = cmdSearchChiefComplaint.add(chiefComplaint, 0, "...");
     ui::TextBox& chiefComplaintText = txtChiefComplaint.add(chiefComplaint, 0);
 
-    ui::Frame services{page, "fraServices", "Services"};
+    ui::Frame services{page, "fraServices", "Ser&vices"};
     ui::ControlArray<ui::TextBox> txtService{"txtService"};
     ui::TextBox& serviceCode1 = txtService.add(services, 0, "1");
     ui::Button& searchService1 = cmdSearch.add(services, 0, "...");
@@ -50,7 +50,7 @@ struct ConsultationTab {
     ui::Button& searchService3 = cmdSearch.add(services, 2, "...");
     ui::TextBox& serviceName3 = txtService.add(services, 5);
 
-    ui::Frame doctors{page, "fraDoctors", "Attending Doctors"};
+    ui::Frame doctors{page, "fraDoctors", "Attending &Doctors"};
     ui::ControlArray<ui::TextBox> txtDoctor{"txtDoctor"};
     ui::TextBox& doctorCode1 = txtDoctor.add(doctors, 0, "1");
     ui::Button& searchDoctor1 = cmdSearch.add(doctors, 6, "...");
@@ -69,7 +69,7 @@ struct ConsultationTab {
     ui::Button& searchDoctor5 = cmdSearch.add(doctors, 17, "...");
     ui::TextBox& doctorName5 = txtAddDoctor.add(doctors, 5);
 
-    ui::Frame causes{page, "fraCauses", "Causes of Consultation"};
+    ui::Frame causes{page, "fraCauses", "Causes of Consul&tation"};
     ui::TextBox txtCauseofConsultationID1{causes, "txtCauseofConsultationID1", "1"};
     ui::Button cmdCauseofConsultation1{causes, "cmdCauseofConsultation1", "..."};
     ui::TextBox txtCauseofConsultation1{causes, "txtCauseofConsultation1"};
@@ -80,7 +80,7 @@ struct ConsultationTab {
     ui::Button cmdCauseofConsultation3{causes, "cmdCauseofConsultation3", "..."};
     ui::TextBox txtCauseofConsultation3{causes, "txtCauseofConsultation3"};
 
-    ui::Frame vitalSigns{page, "fraVitalSign", "Vital Sign"};
+    ui::Frame vitalSigns{page, "fraVitalSign", "Vital Si&gn"};
     ui::ControlArray<ui::TextBox> txtBP{"txtBP"};
     ui::TextBox& systolic = txtBP.add(vitalSigns, 0, "B.P.", 3);
     ui::TextBox& diastolic = txtBP.add(vitalSigns, 1, "/", 3);
@@ -102,7 +102,7 @@ struct ConsultationTab {
     ui::OptionButton& corvaneType = optPatientType.add(patientType, 2, "CORVANE");
     ui::OptionButton& regularType = optPatientType.add(patientType, 3, "Regular");
 
-    ui::Frame consultationType{page, "fraConsType", "Consultation Type"};
+    ui::Frame consultationType{page, "fraConsType", "Consultation T&ype"};
     ui::ControlArray<ui::OptionButton> optConsType{"optConsType"};
     ui::OptionButton& withBill = optConsType.add(consultationType, 1, "With Bill");
     ui::OptionButton& withoutBill = optConsType.add(consultationType, 0, "Without Bill");

@@ -27,6 +27,8 @@ struct Fields {
             showOnly(*name);
         for (ui::TextBox* name : namesOfCodes())
             showOnly(*name);
+        nameForTheEar();
+        header.txtBirthDate.offersCalendar = true;
     }
 
     ui::ControlArray<ui::Button> cmdSearch{"cmdSearch"};
@@ -46,6 +48,36 @@ struct Fields {
     static void showOnly(ui::TextBox& box) {
         box.tabStop = false;
         box.readOnly = true;
+    }
+
+    /// The names of controls that neither a caption nor what is around them tells.
+    void nameForTheEar() {
+        const std::pair<ui::Control*, const char*> names[] = {
+            {&tabOPD, "Registration"},
+            {&header.male, "Male"},
+            {&header.female, "Female"},
+            {&personal.txtBarangayID, "Barangay code"},
+            {&personal.searchBarangay, "Look up Barangay"},
+            {&personal.txtBarangayName, "Barangay name"},
+            {&personal.accountName, "Account name"},
+            {&personal.chkSeniorCitizen, "Senior Citizen"},
+            {&personal.townName, "Town name"},
+            {&personal.cmbPaycodeID, "Paycode"},
+            {&personal.cmbPaycode, "Paycode name"},
+            {&personal.txtSeniorCitizenID, "Senior Citizen No."},
+            {&personal.txtSeniorID, "Senior Citizen discount No."},
+            {&additional.picPatient, "Photograph"},
+            {&additional.spouseEmployerAddress, "Spouse's employer: Address"},
+            {&additional.spouseEmployerTelephone, "Spouse's employer: Tel. #"},
+            {&consultation.systolic, "B.P. systolic"},
+            {&consultation.diastolic, "B.P. diastolic"},
+            {&consultation.chiefComplaintCode, "Complaint code"},
+            {&consultation.chiefComplaintText, "Complaint"},
+            {&consultation.searchChiefComplaint, "Look up Complaint"},
+            {&history.txtMedHistory, "Other medical history"},
+        };
+        for (const auto& [control, name] : names)
+            control->spokenName = name;
     }
 
     /// The boxes of control arrays that show what a code stands for; nobody types there.

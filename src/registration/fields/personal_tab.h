@@ -13,7 +13,7 @@ struct PersonalTab {
     ui::ControlArray<ui::Button>& cmdSearch;
     ui::ControlArray<ui::TextBox>& txtPersonal;
 
-    ui::Frame address{page, "fraAddress", "Address"};
+    ui::Frame address{page, "fraAddress", "&Address"};
     ui::TextBox txtHouseStreet{address, "txtHouseStreet", "House/St.#", 100};
     ui::TextBox txtBarangay{address, "txtBarangay", "Barangay", 100};
     ui::TextBox txtBarangayID{address, "txtBarangayID", "Barangay"};
@@ -44,25 +44,25 @@ struct PersonalTab {
     ui::TextBox& household = txtPersonal.add(particulars, 13, "No. of HouseHold");
     ui::TextBox& barangayCaptain = txtPersonal.add(particulars, 9, "Brgy.Capt.", 30);
 
-    ui::Frame father{page, "fraFather", "Father"};
+    ui::Frame father{page, "fraFather", "&Father"};
     ui::ControlArray<ui::TextBox> txtFather{"txtFather"};
     ui::TextBox& fatherName = txtFather.add(father, 0, "Name", 50);
     ui::TextBox& fatherAddress = txtFather.add(father, 1, "Address", 50);
     ui::TextBox& fatherTelephone = txtFather.add(father, 2, "Tel. #", 15);
 
-    ui::Frame mother{page, "fraMother", "Mother"};
+    ui::Frame mother{page, "fraMother", "&Mother"};
     ui::ControlArray<ui::TextBox> txtMother{"txtMother"};
     ui::TextBox& motherName = txtMother.add(mother, 0, "Name", 50);
     ui::TextBox& motherAddress = txtMother.add(mother, 1, "Address", 50);
     ui::TextBox& motherTelephone = txtMother.add(mother, 2, "Tel. #", 15);
 
-    ui::Frame plan{page, "fraHospPlan", "Hospitalization Plan"};
+    ui::Frame plan{page, "fraHospPlan", "&Hospitalization Plan"};
     ui::ControlArray<ui::OptionButton> optHospPlan{"optHospPlan"};
     ui::OptionButton& planPersonal = optHospPlan.add(plan, 0, "Personal");
     ui::OptionButton& planCompany = optHospPlan.add(plan, 1, "Company");
     ui::OptionButton& planInsurance = optHospPlan.add(plan, 2, "Insurance/HMO");
 
-    ui::Frame insurance{page, "fraInsurance", "With Health Insurance / HMO?"};
+    ui::Frame insurance{page, "fraInsurance", "&With Health Insurance / HMO?"};
     ui::ControlArray<ui::OptionButton> optInsurance{"optInsurance"};
     ui::OptionButton& insured = optInsurance.add(insurance, 0, "Yes");
     ui::OptionButton& notInsured = optInsurance.add(insurance, 1, "No");
@@ -72,7 +72,7 @@ struct PersonalTab {
     ui::CheckBox& purposeRicu = chkPurpose.add(purpose, 0, "RICU");
     ui::CheckBox& purposeHema = chkPurpose.add(purpose, 1, "HEMA/ONCO");
 
-    ui::Frame account{page, "fraAccount", "Account"};
+    ui::Frame account{page, "fraAccount", "Acc&ount"};
     ui::Label lblPaycode{account, "lblPaycode", "Paycode"};
     ui::ComboBox cmbPaycodeID{account, "cmbPaycodeID"};
     ui::ComboBox cmbPaycode{account, "cmbPaycode"};
@@ -100,14 +100,14 @@ struct PersonalTab {
     ui::CheckBox chkSenior{fraSenior, "chkSenior", "&Senior Citizen Discounted"};
     ui::TextBox txtSeniorID{fraSenior, "txtSeniorID"};
 
-    ui::Frame notify{page, "fraNotify", "Whom To Notify In Case Of Emergency"};
+    ui::Frame notify{page, "fraNotify", "Whom To &Notify In Case Of Emergency"};
     ui::ControlArray<ui::TextBox> txtNotify{"txtNotify"};
     ui::TextBox& notifyName = txtNotify.add(notify, 0, "Name", 50);
     ui::TextBox& notifyAddress = txtNotify.add(notify, 1, "Address", 50);
     ui::TextBox& notifyTelephone = txtNotify.add(notify, 2, "Tel. #", 15);
     ui::TextBox& notifyRelation = txtNotify.add(notify, 3, "Rel.to Px", 30);
 
-    ui::TextBox txtRemarks{page, "txtRemarks", "Remarks", 60};
+    ui::TextBox txtRemarks{page, "txtRemarks", "Remar&ks", 60};
 };
 
 } // namespace opd::registration

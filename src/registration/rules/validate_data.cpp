@@ -121,6 +121,14 @@ bool isStandingFault(const FormContext& form, const ui::Control& field) {
     });
 }
 
+std::vector<const ui::Control*> missingFields(const FormContext& form) {
+    std::vector<const ui::Control*> missing;
+    for (const Rule& rule : rulesOf(form.fields))
+        if (!rule.holds(form.fields))
+            missing.push_back(&rule.field);
+    return missing;
+}
+
 void bindMarks(FormContext& form) {
     Fields& fields = form.fields;
     const auto takeBack = [&fields] { takeBackMarks(fields); };

@@ -80,7 +80,7 @@ std::string clippedIn(const QWidget& shell) {
         bold.setBold(true);
         int needed = 0;
         if (box != nullptr)
-            needed = QFontMetrics(bold).horizontalAdvance(box->title()) + 16;
+            needed = QFontMetrics(bold).horizontalAdvance(box->title().remove('&')) + 16;
         else if ((label != nullptr && !label->wordWrap()) || isButton)
             needed = widget->sizeHint().width();
         if (widget->isVisible() && widget->width() < needed)

@@ -35,6 +35,11 @@ void PageView::show(ui::Aspect aspect) {
         m_tabs->setTabVisible(tab, control().visible());
 }
 
+void PageView::setSpoken(const QString& name, const QString& tip) {
+    widget()->setAccessibleName(name);
+    m_tabs->setTabToolTip(m_tabs->indexOf(widget()), tip);
+}
+
 QString PageView::shownText() const {
     return m_tabs->tabText(m_tabs->indexOf(widget()));
 }
@@ -49,6 +54,11 @@ void TabsView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
     if (aspect == ui::Aspect::CurrentPage)
         m_tabs->setCurrentIndex(m_pages.current());
+}
+
+void TabsView::setSpoken(const QString& name, const QString& tip) {
+    ControlView::setSpoken(name, tip);
+    m_tabs->tabBar()->setAccessibleName(name);
 }
 
 QString TabsView::shownText() const {

@@ -23,6 +23,7 @@ class PageView final : public ControlView {
     PageView(ui::Control& control, QWidget* widget);
 
     void show(ui::Aspect aspect) override;
+    void setSpoken(const QString& name, const QString& tip) override;
     QString shownText() const override;
 
   private:
@@ -34,6 +35,7 @@ class TabsView final : public ControlView {
     TabsView(ui::Tabs& tabs, QWidget* widget);
 
     void show(ui::Aspect aspect) override;
+    void setSpoken(const QString& name, const QString& tip) override;
     QString shownText() const override;
 
   private:

@@ -47,6 +47,16 @@ void ControlView::show(ui::Aspect aspect) {
         showRefusal();
 }
 
+void ControlView::setSpoken(const QString& name, const QString& tip) {
+    if (m_widget == nullptr)
+        return;
+    m_widget->setAccessibleName(name);
+    m_tip = tip;
+    for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)})
+        if (part != nullptr && m_control.refusal().empty())
+            part->setToolTip(tip);
+}
+
 // A coloured frame for the eye, the reason for the mouse and for a screen reader.
 void ControlView::showRefusal() {
     const QString reason = toQt(m_control.refusal());
@@ -56,7 +66,7 @@ void ControlView::showRefusal() {
         if (part == nullptr)
             continue;
         part->setProperty("refused", !reason.isEmpty());
-        part->setToolTip(reason.isEmpty() ? QString() : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
+        part->setToolTip(reason.isEmpty() ? m_tip : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
         part->setAccessibleDescription(reason);
         part->style()->unpolish(part); // a style sheet looks at a property only then
         part->style()->polish(part);

@@ -29,6 +29,9 @@ class ControlView {
     /// Brings one aspect of the model to the widget.
     virtual void show(ui::Aspect aspect);
 
+    /// What a screen reader calls the control, and what the mouse is told there while nothing is refused.
+    virtual void setSpoken(const QString& name, const QString& tip);
+
     /// Selects what a field holds.
     virtual void selectContent() {}
 
@@ -78,6 +81,7 @@ class ControlView {
     ui::Control& m_control;
     QWidget* m_widget;
     QLabel* m_label;
+    QString m_tip;
     bool m_released = false;
     bool m_writing = false;
     bool m_passed = false;

@@ -1,6 +1,8 @@
 #include "adapters/qt/views/field_views.h"
 
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/views/calendar_popup.h"
+#include "platform/clock/date_text.h"
 #include "platform/text/text.h"
 #include "platform/ui/line_edit.h"
 
@@ -152,6 +154,8 @@ QString MemoView::shownText() const {
 MaskedView::MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QLineEdit*>(widget)) {
     m_edit->setMaxLength(anyLength);
+    if (box.offersCalendar)
+        addCalendar();
     // text() leaves the blanks out; what is displayed is what the rules look at.
     QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this] {
         if (isWriting())
@@ -180,6 +184,19 @@ void MaskedView::showText() {
         return;
     m_edit->setText(m_box.isBlank() ? QString() : qt::toQt(m_box.text()));
     m_edit->setCursorPosition(m_box.mask().empty() ? static_cast<int>(m_edit->text().size()) : 0);
+}
+
+// A picked date comes as a typed one does, and is asked about when the box is left.
+void MaskedView::addCalendar() {
+    const auto held = [this] {
+        const std::optional<DateTime> date = parseDate(m_box.text());
+        return date ? QDate(date->year, date->month, date->day) : QDate();
+    };
+    const auto picked = [this](const QDate& day) {
+        window().edited(m_box, dateText({day.year(), day.month(), day.day(), 0, 0, 0}));
+        selectContent();
+    };
+    new CalendarPopup(*m_edit, held, picked); // the field owns it
 }
 
 void MaskedView::selectContent() {

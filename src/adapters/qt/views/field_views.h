@@ -65,6 +65,7 @@ class MaskedView final : public ControlView {
     QString shownText() const override;
 
   private:
+    void addCalendar();
     void showText();
 
     ui::MaskedBox& m_box;

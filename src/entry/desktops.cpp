@@ -1,6 +1,7 @@
 #include "adapters/scripted/scripted_desktop.h"
 #include "entry/composition.h"
 #include "entry/environment.h"
+#include "entry/stored_places.h"
 #include "platform/com/library.h"
 #include "platform/script/player.h"
 #include "platform/ui/desktop_module.h"
@@ -19,7 +20,9 @@ namespace {
 ui::Desktop* makeQtDesktop(script::Player* player) {
     const com::Library module{moduleFolder() / com::libraryFileName("opd-desktop-qt")};
     const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
-    ui::Desktop* made = create(player);
+    static StoredPlaces places{settings::IniStore{}};
+    // A script finds every window as a new workstation shows it.
+    ui::Desktop* made = create(player, player == nullptr ? &places : nullptr);
     if (made == nullptr)
         throw std::runtime_error("There is no display to show windows on.");
     return made;

@@ -3,6 +3,7 @@
 #include "adapters/qt/names.h"
 
 #include <QDebug>
+#include <QScrollArea>
 #include <QSet>
 
 namespace opd::qt {
@@ -27,6 +28,11 @@ QList<QWidget*> namedWidgets(const QWidget& form) {
         const QString name = child->objectName();
         if (name.startsWith("qt_tabwidget_stackedwidget"))
             named += namedWidgets(*child);
+        if (const auto* scrolled = qobject_cast<const QScrollArea*>(child)) {
+            if (scrolled->widget() != nullptr)
+                named += namedWidgets(*scrolled->widget()); // it shows nothing itself
+            continue;
+        }
         if (name.isEmpty() || name.startsWith("qt_"))
             continue;
         if (!isDecoration(*child))

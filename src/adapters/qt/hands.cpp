@@ -1,5 +1,6 @@
 #include "adapters/qt/hands.h"
 
+#include "adapters/qt/scroll_page.h"
 #include "platform/text/text.h"
 
 #include <QApplication>
@@ -80,12 +81,14 @@ void press(QWidget& window, const script::KeyStroke& key) {
 
 void click(QWidget& widget, const QPoint& point) {
     QWidget* const window = widget.window();
+    scrollIntoSight(widget);
     if (window->windowHandle() != nullptr)
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget.mapTo(window, point));
 }
 
 void doubleClick(QWidget& widget, const QPoint& point) {
     QWidget* const window = widget.window();
+    scrollIntoSight(widget);
     if (window->windowHandle() != nullptr)
         QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, widget.mapTo(window, point));
 }

@@ -11,7 +11,7 @@ namespace opd::qt::hands {
 /// Presses and releases a key in a window. Throws std::invalid_argument for a key of unknown name.
 void press(QWidget& window, const script::KeyStroke& key);
 
-/// Clicks with the left button at a point of a widget.
+/// Clicks with the left button at a point of a widget, which is scrolled into sight as a clerk would do.
 void click(QWidget& widget, const QPoint& point);
 void doubleClick(QWidget& widget, const QPoint& point);
 

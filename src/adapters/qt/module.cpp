@@ -13,7 +13,8 @@ namespace {
 /// The desktop together with the application it may have had to bring along.
 class OwnDesktop final : public opd::ui::Desktop {
   public:
-    explicit OwnDesktop(opd::script::Player* player) : m_application(makeApplication()), m_desktop(player) {}
+    OwnDesktop(opd::script::Player* player, opd::ui::WindowPlaces* places)
+        : m_application(makeApplication()), m_desktop(player, places) {}
 
     void showModal(opd::ui::Window& window) override { m_desktop.showModal(window); }
     void show(opd::ui::Window& window) override { m_desktop.show(window); }
@@ -76,12 +77,12 @@ class ScreenProbe {
 
 } // namespace
 
-extern "C" opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player) {
+extern "C" opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player, opd::ui::WindowPlaces* places) {
     // Open until the toolkit is connected too: some X servers start over when their only client leaves.
     const ScreenProbe probe;
     if (!probe.found())
         return nullptr;
-    return std::make_unique<OwnDesktop>(player).release();
+    return std::make_unique<OwnDesktop>(player, places).release();
 }
 
 extern "C" void opdDestroyDesktop(opd::ui::Desktop* desktop) {

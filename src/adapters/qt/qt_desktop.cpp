@@ -32,8 +32,8 @@ std::optional<std::filesystem::path> fileChosenByClerk(const ui::FileQuestion& q
 
 } // namespace
 
-QtDesktop::QtDesktop(script::Player* player)
-    : m_player(player), m_output(player != nullptr, [this] { return currentShell(); }) {
+QtDesktop::QtDesktop(script::Player* player, ui::WindowPlaces* places)
+    : m_player(player), m_places(places), m_output(player != nullptr, [this] { return currentShell(); }) {
     qApp->installEventFilter(&m_activation);
     qApp->installEventFilter(&m_input); // installed last, asked first
 }
@@ -66,7 +66,7 @@ WindowShell* QtDesktop::open(ui::Window& window, bool modal) {
         return nullptr;
     }
     window.load();
-    auto owned = std::make_unique<WindowShell>(window);
+    auto owned = std::make_unique<WindowShell>(window, m_places);
     WindowShell* const served = modal ? currentShell() : nullptr;
     WindowShell* const shell = owned.release(); // it deletes itself when the window is unloaded
     m_shells.push_back(shell);

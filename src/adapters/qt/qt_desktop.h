@@ -7,6 +7,7 @@
 #include "adapters/qt/waiting.h"
 #include "platform/script/player.h"
 #include "platform/ui/desktop.h"
+#include "platform/ui/window_places.h"
 
 #include <QApplication>
 
@@ -24,7 +25,7 @@ class WindowShell;
 class QtDesktop final : public ui::Desktop {
   public:
     /// Needs a QApplication. `player` may be null and must outlive the desktop.
-    explicit QtDesktop(script::Player* player = nullptr);
+    explicit QtDesktop(script::Player* player = nullptr, ui::WindowPlaces* places = nullptr);
 
     /// Unloads the windows that are still shown.
     ~QtDesktop() override;
@@ -52,6 +53,7 @@ class QtDesktop final : public ui::Desktop {
     void closeEverything();
 
     script::Player* m_player;
+    ui::WindowPlaces* m_places;
     QtDriver m_driver{*this};
     QtOutput m_output;
     InputFilter m_input{*this};

@@ -3,12 +3,14 @@
 #include "adapters/qt/binder.h"
 #include "adapters/qt/forms.h"
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/scroll_page.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/views/cell_float.h"
 #include "platform/ui/spoken_names.h"
 
 #include <QCloseEvent>
 #include <QLayout>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QStyle>
 #include <QTableView>
@@ -27,11 +29,20 @@ QSize frameOf(const QWidget& window) {
 }
 
 /// Before it is shown a window does not know how wide its frame is; the window that closed last tells.
-QSize knownFrame(0, 0);
+QSize knownFrame(8, 34);
+
+constexpr const char* maximised = "maximised";
+
+/// A size as it is remembered: "1240x690", perhaps with " maximised" behind it. Null when the text is none.
+QSize sizeIn(const QString& place) {
+    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})\\b"));
+    const QRegularExpressionMatch found = pattern.match(place);
+    return found.hasMatch() ? QSize(found.captured(1).toInt(), found.captured(2).toInt()) : QSize();
+}
 
 } // namespace
 
-WindowShell::WindowShell(ui::Window& window) : m_window(window) {
+WindowShell::WindowShell(ui::Window& window, ui::WindowPlaces* places) : m_window(window), m_places(places) {
     if (!buildForm(window.name(), *this))
         throw std::logic_error("There is no form for the window " + window.name() + ".");
     m_views = bind(window, *this);
@@ -78,6 +89,7 @@ void WindowShell::present(bool modal, WindowShell* served) {
     setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     if (served != nullptr) {
         setWindowFlag(Qt::Dialog);
+        setWindowFlag(Qt::WindowMaximizeButtonHint);
         create();
         windowHandle()->setTransientParent(served->windowHandle()); // window managers keep it above that one
     }
@@ -93,16 +105,24 @@ void WindowShell::fitScreen(const WindowShell* served) {
     layout()->activate();
     const QRect available = (served == nullptr ? this : served)->screen()->availableGeometry();
     const QSize frame = served == nullptr ? knownFrame : frameOf(*served);
-    resize(size().expandedTo(minimumSizeHint()).boundedTo(available.size() - frame));
-    if (served == nullptr) {
-        move(available.center() - rect().center());
-        return;
-    }
+    const QString remembered = m_places == nullptr ? QString() : toQt(m_places->placeOf(m_window.name()));
+    const QSize wanted = sizeIn(remembered).isEmpty() ? size().expandedTo(sizeHint()) : sizeIn(remembered);
+    resize(wanted.expandedTo(minimumSizeHint()).boundedTo(available.size() - frame));
     QRect place(QPoint(), size() + frame);
-    place.moveCenter(served->frameGeometry().center());
+    place.moveCenter(served == nullptr ? available.center() : served->frameGeometry().center());
     place.moveRight(std::min(place.right(), available.right()));
     place.moveBottom(std::min(place.bottom(), available.bottom()));
     move(std::max(place.left(), available.left()), std::max(place.top(), available.top()));
+    if (remembered.endsWith(QLatin1String(maximised)))
+        setWindowState(Qt::WindowMaximized);
+}
+
+void WindowShell::rememberPlace() {
+    if (m_places == nullptr || !isVisible())
+        return;
+    const QSize usual = isMaximized() ? normalGeometry().size() : size();
+    const QString place = QStringLiteral("%1x%2").arg(usual.width()).arg(usual.height());
+    m_places->keep(m_window.name(), fromQt(isMaximized() ? place + ' ' + maximised : place));
 }
 
 ControlView* WindowShell::viewOf(const ui::Control& control) const {
@@ -153,10 +173,12 @@ void WindowShell::showStatus() {
 // Turning a page makes Qt look for a new focus; the model has the say.
 void WindowShell::followPage() {
     const ControlView* view = focusView();
-    if (view != nullptr && view->widget()->isVisible())
+    if (view != nullptr && view->widget()->isVisible()) {
         view->widget()->setFocus(Qt::OtherFocusReason);
-    else
+        scrollIntoSight(*view->widget());
+    } else {
         setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void WindowShell::focusMoved(ui::Control* control) {
@@ -167,11 +189,13 @@ void WindowShell::focusMoved(ui::Control* control) {
         return;
     }
     view->widget()->setFocus(Qt::OtherFocusReason);
+    scrollIntoSight(*view->widget());
     view->selectContent();
 }
 
 void WindowShell::closed() {
     m_open = false;
+    rememberPlace();
     knownFrame = frameOf(*this);
     for (const auto& view : m_views)
         view->release();

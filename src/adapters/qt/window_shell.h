@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/qt/views/control_view.h"
+#include "platform/ui/window_places.h"
 
 #include <QWidget>
 
@@ -16,12 +17,14 @@ class WindowShell final : public QWidget, public ui::WindowView {
     Q_OBJECT
 
   public:
-    /// Throws std::logic_error when there is no form for the window.
-    explicit WindowShell(ui::Window& window);
+    /// `places` remember the window's size from one time to the next; null when nobody does. Throws std::logic_error
+    /// when there is no form for the window.
+    explicit WindowShell(ui::Window& window, ui::WindowPlaces* places = nullptr);
     ~WindowShell() override;
 
     /// Shows it and tells the model. `modal` keeps the clerk from every other window meanwhile. It stands in the middle
-    /// of the window it serves, or of the screen when there is none.
+    /// of the window it serves, or of the screen when there is none, as large as it was left or as its content wants,
+    /// and never larger than the screen with its frame.
     void present(bool modal, WindowShell* served);
 
     /// False from the moment when the model is unloaded; the model may be gone then.
@@ -56,10 +59,12 @@ class WindowShell final : public QWidget, public ui::WindowView {
     void nameAll();
     void showAll();
     void fitScreen(const WindowShell* served);
+    void rememberPlace();
     void followPage();
     void showStatus();
 
     ui::Window& m_window;
+    ui::WindowPlaces* m_places;
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::unordered_map<const ui::Control*, ControlView*> m_byControl;
     std::unordered_map<const QWidget*, ControlView*> m_byWidget;

@@ -16,12 +16,12 @@ TEST(QtModule, OpensAtRunTimeAndBringsItsOwnApplication) {
     ASSERT_TRUE(create != nullptr && destroy != nullptr);
     for (const char* screen : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
         unsetenv(screen);
-    EXPECT_EQ(create(nullptr), nullptr) << "there is no screen";
+    EXPECT_EQ(create(nullptr, nullptr), nullptr) << "there is no screen";
     setenv("DISPLAY", ":7654", 1);
-    EXPECT_EQ(create(nullptr), nullptr) << "the display does not answer";
+    EXPECT_EQ(create(nullptr, nullptr), nullptr) << "the display does not answer";
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     for (int i = 0; i < 2; ++i) {
-        Desktop* const desktop = create(nullptr);
+        Desktop* const desktop = create(nullptr, nullptr);
         ASSERT_NE(desktop, nullptr);
         {
             const BusyPointer busy(*desktop);

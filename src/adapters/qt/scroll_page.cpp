@@ -1,0 +1,82 @@
+#include "adapters/qt/scroll_page.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace opd::qt {
+
+namespace {
+
+constexpr int closest = 3; ///< between two rows of fields, in pixels
+constexpr int usual = 5;
+constexpr int furthest = 16;
+
+constexpr int around = 24; ///< what is shown of the surroundings of a widget that is scrolled to
+
+} // namespace
+
+ScrollPage::ScrollPage(QWidget* parent) : QScrollArea(parent) {
+    setFocusPolicy(Qt::NoFocus);
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+}
+
+QSize ScrollPage::sizeHint() const {
+    return widget() == nullptr ? QScrollArea::sizeHint() : widget()->sizeHint();
+}
+
+QSize ScrollPage::minimumSizeHint() const {
+    if (widget() == nullptr)
+        return QScrollArea::minimumSizeHint();
+    return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), 8 * fontMetrics().height()};
+}
+
+void ScrollPage::resizeEvent(QResizeEvent* event) {
+    spreadRows();
+    QScrollArea::resizeEvent(event);
+}
+
+bool ScrollPage::eventFilter(QObject* object, QEvent* event) {
+    const bool handled = QScrollArea::eventFilter(object, event);
+    if (object == widget() && event->type() == QEvent::LayoutRequest)
+        spreadRows(); // a row has appeared or gone
+    return handled;
+}
+
+/// The height of the content with this distance between its rows.
+int ScrollPage::heightWithSpacing(int spacing) {
+    if (spacing != m_spacing)
+        for (QGridLayout* rows : widget()->findChildren<QGridLayout*>()) {
+            rows->setVerticalSpacing(spacing);
+            rows->parentWidget()->updateGeometry(); // what is around remembers its old size otherwise
+        }
+    m_spacing = spacing;
+    widget()->layout()->activate();
+    return widget()->minimumSizeHint().height();
+}
+
+void ScrollPage::spreadRows() {
+    if (widget() == nullptr || widget()->layout() == nullptr)
+        return;
+    const int room = viewport()->height();
+    if (room == m_room && m_spacing >= 0 && heightWithSpacing(m_spacing) == m_height)
+        return; // nothing has changed but what was done here
+    const int least = heightWithSpacing(closest);
+    const int perPixel = std::max(1, heightWithSpacing(closest + 1) - least);
+    int spacing = room < least ? usual : std::min(closest + (room - least) / perPixel, furthest);
+    while (spacing > closest && room >= least && heightWithSpacing(spacing) > room)
+        --spacing;
+    m_height = heightWithSpacing(spacing);
+    m_room = room;
+}
+
+void scrollIntoSight(QWidget& widget) {
+    for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget())
+        if (auto* page = qobject_cast<ScrollPage*>(parent))
+            page->ensureWidgetVisible(&widget, around, around);
+}
+
+} // namespace opd::qt

@@ -1,0 +1,115 @@
+#include "tests/adapters/qt/every_window.h"
+
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace opd::qt {
+namespace {
+
+/// What windows are remembered as, in memory.
+struct Places final : ui::WindowPlaces {
+    std::map<std::string, std::string> kept;
+
+    std::string placeOf(const std::string& window) const override {
+        const auto found = kept.find(window);
+        return found == kept.end() ? std::string() : found->second;
+    }
+    void keep(const std::string& window, const std::string& place) override { kept[window] = place; }
+};
+
+/// The screens that this program was told to run on; see CMakeLists.txt.
+TEST(QtScreen, EveryWindowFitsWithItsFrameAndReachesAllItsControls) {
+    everyPage([](WindowShell& shell, ui::Window& form, const std::string& where) {
+        const QRect screen = shell.screen()->availableGeometry();
+        const QSize least = shell.minimumSizeHint() + QSize(8, 34); // the frame of a usual window manager
+        if (screen.width() < 1000)
+            GTEST_SKIP() << "no screen that a hospital has";
+        EXPECT_LE(least.width(), screen.width()) << where;
+        EXPECT_LE(least.height(), screen.height()) << where;
+        EXPECT_TRUE(screen.contains(shell.frameGeometry())) << where;
+        for (ui::Control* control : controlsOf(form)) {
+            if (!control->canTakeFocus() || !control->isShown())
+                continue;
+            form.setFocus(*control);
+            hands::settle();
+            const QWidget* widget = shell.viewOf(*control)->widget();
+            const QRect seen = widget->visibleRegion().boundingRect();
+            EXPECT_EQ(seen.height(), widget->height()) << where << " " << control->name() << " is out of sight";
+            EXPECT_EQ(seen.width(), widget->width()) << where << " " << control->name() << " is out of sight";
+        }
+        for (const QScrollArea* page : shell.findChildren<QScrollArea*>())
+            EXPECT_FALSE(page->isVisible() && page->horizontalScrollBar()->isVisible()) << where;
+    });
+}
+
+/// How much of a page shows nothing: below the last thing in each of its columns.
+double emptyShare(const QScrollArea& page) {
+    const int width = page.widget()->width();
+    const int height = page.viewport()->height();
+    double empty = 0;
+    for (int x = 0; x < width; ++x) {
+        int lowest = 0;
+        for (const QWidget* part : page.widget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (part->isVisible() && x >= part->x() && x < part->x() + part->width())
+                lowest = std::max(lowest, part->y() + part->height());
+        empty += std::max(0, height - lowest);
+    }
+    return empty / (width * height);
+}
+
+TEST(QtScreen, FieldsGrowWithTheWindowAndNoPageStaysEmpty) {
+    everyPageOf<samples::RegistrationWindow>([](WindowShell& shell, ui::Window&, const std::string& where) {
+        shell.resize(1366 - 8, 768 - 40 - 34);
+        hands::settle();
+        for (const QScrollArea* page : shell.findChildren<QScrollArea*>())
+            if (page->isVisible()) {
+                EXPECT_LT(emptyShare(*page), 1.0 / 3) << where;
+            }
+    });
+    SearchDesk search;
+    RegistrationDesk form;
+    const QWidget* const growing[] = {search.widget<QWidget>("gridPatientList"), form.widget<QWidget>("txtHouseStreet"),
+                                      form.widget<QWidget>("txtFather_0")};
+    std::vector<int> before;
+    for (const QWidget* widget : growing)
+        before.push_back(widget->width());
+    search.shell().resize(1900, 1000);
+    form.shell().resize(1900, 1000);
+    hands::settle();
+    for (std::size_t i = 0; i < before.size(); ++i)
+        EXPECT_GT(growing[i]->width(), before[i] * 5 / 4) << fromQt(growing[i]->objectName());
+}
+
+TEST(QtScreen, AWindowOpensAsItWasLeft) {
+    Places places;
+    const auto openAnd = [&](const std::function<void(WindowShell&)>& use) {
+        samples::SearchDialog dialog;
+        QtDesktop desktop(nullptr, &places);
+        desktop.show(dialog);
+        hands::settle();
+        use(*desktop.currentShell());
+        hands::settle();
+        dialog.unload();
+    };
+    openAnd([](WindowShell& shell) { shell.resize(640, 500); });
+    openAnd([](WindowShell& shell) {
+        EXPECT_EQ(shell.size(), QSize(640, 500));
+        shell.showMaximized();
+    });
+    openAnd([](WindowShell& shell) {
+        EXPECT_TRUE(shell.isMaximized());
+        shell.showNormal();
+    });
+    openAnd([](WindowShell& shell) {
+        EXPECT_FALSE(shell.isMaximized());
+        EXPECT_EQ(shell.size(), QSize(640, 500));
+    });
+    places.keep("frmSearchNew", "99999x99999");
+    openAnd([](WindowShell& shell) { EXPECT_LE(shell.height(), shell.screen()->availableGeometry().height()); });
+    places.keep("frmSearchNew", "nonsense");
+    openAnd([](WindowShell& shell) { EXPECT_GE(shell.height(), 300); });
+}
+
+} // namespace
+} // namespace opd::qt

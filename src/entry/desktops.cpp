@@ -82,6 +82,10 @@ class DesktopOfThread final : public ui::Desktop {
     report::Output& output() override { return real().output(); }
     void beep() override { real().beep(); }
     void setBusy(bool busy) override { real().setBusy(busy); }
+    void showWaiting(bool waits) override {
+        if (m_real != nullptr)
+            m_real->showWaiting(waits);
+    }
     bool isBusy() const override { return m_real != nullptr && m_real->isBusy(); }
     void showWaiting(bool waits) override {
         if (m_real != nullptr)

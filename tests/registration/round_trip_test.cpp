@@ -414,12 +414,13 @@ struct FullEveryOtherLine {
 TEST(RoundTrip, ATraceWithoutRoomIsToldOnceAndTouchesNoStatementOfARegistration) {
     for (const int which : {0, 1}) {
         HospitalSession hospital("");
+        hospital.globals.IsAllowOPDPatientClass = false;
         FullEveryOtherLine full(which);
         hospital.globals.gConnection->setTrace([&](const std::string& statement) { full(statement); });
         auto form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
         ASSERT_TRUE(registration::ValidateData(form->context()));
         hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(form->context(), false));
+        ASSERT_TRUE(registration::SaveData(form->context(), false)) << hospital.desktop.messages.back().text;
         EXPECT_GT(full.lines, 20);
         ASSERT_EQ(full.told.size(), 1U);
         EXPECT_NE(full.told[0].find(full.file.string()), std::string::npos) << full.told[0];

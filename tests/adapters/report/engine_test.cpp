@@ -101,8 +101,11 @@ TEST_F(Reports, AReportThatCannotBeMadeSaysWhy) {
 TEST_F(Reports, NoReportFileAndNoStoredTextTakesTheDeskAlong) {
     sqlite3* file = nullptr; // another program, which writes what this one never would
     ASSERT_EQ(sqlite3_open(m_hospital.file().c_str(), &file), SQLITE_OK);
-    sqlite3_create_collation(file, "OPD", SQLITE_UTF8, nullptr,
-                             [](void*, int, const void*, int, const void*) { return 0; });
+    sqlite3_create_collation(
+        file, "OPD", SQLITE_UTF8, nullptr, [](void*, int leftSize, const void* left, int rightSize, const void* right) {
+            return std::string(static_cast<const char*>(left), static_cast<std::size_t>(leftSize))
+                .compare(std::string(static_cast<const char*>(right), static_cast<std::size_t>(rightSize)));
+        });
     EXPECT_EQ(sqlite3_exec(file,
                            "update Patient_Data_tbOutPatient set ChiefComplaints = cast(x'41001B5B306D0142' as text)",
                            nullptr, nullptr, nullptr),

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace opd {
 namespace {
@@ -49,6 +53,8 @@ constexpr const char* closeAtOnce = "expect-window frmMasterSearch\nclick Comman
 TEST_F(Desk, AWrongCommandLineIsOneLineAndStatusOne) {
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
         {{}, "subcommand"},
+        {{"rnu"}, "\"rnu\""},
+        {{"run", "--dtabase", "x"}, "\"--dtabase\""},
         {{"create-database"}, "FOLDER"},
         {{"create-database", at("new"), "--patients", "many"}, "--patients"},
         {{"configure"}, "--server"},
@@ -73,6 +79,41 @@ TEST_F(Desk, StoresConnectionSettingsForTheirOwnerAlone) {
     EXPECT_EQ(contentOf(file), "[Connection]\nUser=sa\nPassword=s3 cret#\nServer=HIS\n");
     EXPECT_EQ(tests::modeOf(file), 0600U);
     expectOneLine(runDesk({"configure", "--server", "HIS", "--password-stdin"}, ""), "no password");
+}
+
+TEST_F(Desk, AStartThatCannotBeSaysWhyInPlainWords) {
+    ASSERT_EQ(runDesk({"configure", "--server", "HIS", "--settings", at("mine.ini")}).status, 0);
+    expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "\"HIS\" is the name of a database server");
+    std::filesystem::permissions(at("mine.ini"), std::filesystem::perms::others_read,
+                                 std::filesystem::perm_options::add);
+    expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "chmod 600 \"" + at("mine.ini") + "\"");
+
+    makeHospital("hospital");
+    std::filesystem::create_symlink(at("hospital/hospital.db"), at("trace"));
+    expectOneLine(play(closeAtOnce, {"--database", at("hospital"), "--trace", at("trace")}), "is not followed");
+    writeFile(at("classes.ini"), "[OPDRegistration.InitDLL]\nClass=nonsense\n");
+    const Outcome mended = play(closeAtOnce, {"--database", at("hospital")});
+    EXPECT_EQ(mended.status, 0) << mended.errors;
+    EXPECT_NE(mended.errors.find("registered anew"), std::string::npos) << mended.errors;
+    EXPECT_EQ(play(closeAtOnce, {"--database", at("hospital")}).errors, "");
+}
+
+TEST_F(Desk, AHospitalIsForOwnerAndGroupAndCanBeMadeAgainAfterAKill) {
+    std::filesystem::create_directory(m_folder / "hospital");
+    for (const char* left : {"hospital.db.unfinished", "hospital.db.unfinished-journal"})
+        writeFile(m_folder / "hospital" / left, "of a killed run");
+    const int living = ::open(at("hospital/hospital.db.unfinished").c_str(), O_RDONLY);
+    ASSERT_EQ(::flock(living, LOCK_EX), 0);
+    expectOneLine(runDesk({"create-database", at("hospital")}), "Another program is making it");
+    ::close(living);
+    const mode_t before = ::umask(007);
+    makeHospital("hospital");
+    makeHospital("new");
+    ::umask(before);
+    EXPECT_EQ(tests::modeOf(at("new")), 0770U);
+    EXPECT_EQ(tests::modeOf(at("new/hospital.db")), 0660U);
+    EXPECT_FALSE(std::filesystem::exists(at("hospital/hospital.db.unfinished-journal")));
+    expectOneLine(runDesk({"create-database", at("hospital")}), "not empty");
 }
 
 TEST_F(Desk, OpensTheHospitalThatTheStoreNames) {

@@ -27,6 +27,7 @@ class OwnDesktop final : public opd::ui::Desktop {
     void beep() override { m_desktop.beep(); }
     void setBusy(bool busy) override { m_desktop.setBusy(busy); }
     bool isBusy() const override { return m_desktop.isBusy(); }
+    void showWaiting(bool waits) override { m_desktop.showWaiting(waits); }
     std::optional<std::string> failure() const override { return m_desktop.failure(); }
 
   private:

@@ -22,7 +22,7 @@ std::string StoredPlaces::placeOf(const std::string& window) const {
 void StoredPlaces::keep(const std::string& window, const std::string& place) {
     try {
         if (m_store.get(application, section, window) != place)
-            m_store.set(application, section, window, place);
+            m_store.set(application, {{section, window, place}});
     } catch (const std::exception&) {
         // A home folder that cannot be written costs the clerk nothing but the size of a window.
     }

@@ -127,7 +127,7 @@ void showFailure(const std::string& reason) {
         const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&showFailure)).parent_path();
         const com::Library module{com::trustedLibrary(here / com::libraryFileName("opd-desktop-qt"))};
         const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
-        if (ui::Desktop* const desktop = create(nullptr)) // never taken down, as the component's own
+        if (ui::Desktop* const desktop = create(nullptr, nullptr)) // never taken down, as the component's own
             desktop->ask({.text = reason, .icon = ui::Icon::Critical});
     } catch (const std::exception&) {
         return;

@@ -48,7 +48,7 @@ void traceStatements(ado::Connection& connection) {
 
 void drawWhileWaiting(ado::Connection& connection) {
     connection.setWaiting([](bool waits) {
-        if (ui::Desktop* desktop = ui::Desktop::ofProcess())
+        if (ui::Desktop* desktop = ui::Desktop::ofThread())
             desktop->showWaiting(waits);
     });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ui/key_card.h"
 #include "reports/web_cam_capture.h"
 #include "tests/adapters/qt/desk.h"
 
@@ -50,6 +51,11 @@ inline void everyPage(const LookAtPage& look) {
     everyPageOf<samples::ListingWindow>(look);
     everyPageOf<samples::ReportViewer>(look);
     everyPageOf<reports::frmWebCamCapture>(look);
+    ui::KeyCard card{samples::RegistrationWindow()};
+    QtDesktop desktop;
+    desktop.show(card);
+    hands::settle();
+    look(*desktop.currentShell(), card, card.name());
 }
 
 /// Three rows in every list, the second of them the current one.

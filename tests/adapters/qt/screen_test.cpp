@@ -1,5 +1,6 @@
 #include "tests/adapters/qt/every_window.h"
 
+#include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -79,6 +80,19 @@ TEST(QtScreen, FieldsGrowWithTheWindowAndNoPageStaysEmpty) {
     hands::settle();
     for (std::size_t i = 0; i < before.size(); ++i)
         EXPECT_GT(growing[i]->width(), before[i] * 5 / 4) << fromQt(growing[i]->objectName());
+}
+
+TEST(QtScreen, AnEmptyDateShowsAllItsPlacesAndIsEmptyAllTheSame) {
+    RegistrationDesk desk;
+    auto* box = desk.widget<QLineEdit>("txtBirthDate");
+    EXPECT_EQ(box->displayText(), "__/__/____");
+    EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance("00/00/0000") + 12);
+    EXPECT_EQ(desk.hands.shownText(desk.form.header.txtBirthDate), "  /  /    ");
+    desk.form.setFocus(desk.form.header.txtBirthDate);
+    desk.type("0307");
+    EXPECT_EQ(desk.form.header.txtBirthDate.text(), "03/07/    ");
+    desk.form.header.txtBirthDate.setText("03/  /1980");
+    EXPECT_EQ(box->displayText(), "03/__/1980");
 }
 
 TEST(QtScreen, AWindowOpensAsItWasLeft) {

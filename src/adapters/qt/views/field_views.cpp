@@ -16,6 +16,8 @@ namespace opd::qt {
 
 namespace {
 
+constexpr QChar place = u'_'; ///< in a mask, where a digit is missing
+
 /// What may be typed is limited by the model; the widget holds every text.
 constexpr int anyLength = 1 << 24;
 
@@ -161,9 +163,9 @@ MaskedView::MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label)
         if (isWriting())
             return;
         if (hasPassed())
-            window().edited(m_box, qt::fromQt(m_edit->displayText()));
+            window().edited(m_box, qt::fromQt(typed()));
         else
-            window().written(m_box, qt::fromQt(m_edit->displayText()));
+            window().written(m_box, qt::fromQt(typed()));
     });
 }
 
@@ -174,15 +176,18 @@ void MaskedView::show(ui::Aspect aspect) {
 }
 
 void MaskedView::showText() {
-    const QString mask = qt::toQt(m_box.mask()).replace('#', '0'); // the toolkit's sign for a digit or nothing
+    QString mask = qt::toQt(m_box.mask()).replace('#', '0'); // the toolkit's sign for a digit or nothing
+    if (!mask.isEmpty())
+        mask += QStringLiteral(";") + place;
     if (m_edit->inputMask() != mask) {
         m_edit->setInputMask(mask);
         if (mask.isEmpty())
             m_edit->setMaxLength(anyLength);
     }
-    if (m_edit->displayText() == qt::toQt(m_box.text()))
+    if (typed() == qt::toQt(m_box.text()))
         return;
-    m_edit->setText(m_box.isBlank() ? QString() : qt::toQt(m_box.text()));
+    QString text = m_box.isBlank() ? QString() : qt::toQt(m_box.text());
+    m_edit->setText(m_box.mask().empty() ? text : text.replace(' ', place));
     m_edit->setCursorPosition(m_box.mask().empty() ? static_cast<int>(m_edit->text().size()) : 0);
 }
 
@@ -251,8 +256,14 @@ QString MaskedView::selection() const {
     return m_edit->selectedText();
 }
 
+// An empty place is shown, for a blank is too narrow to be seen as one, and is a blank for everybody else.
+QString MaskedView::typed() const {
+    QString text = m_edit->displayText();
+    return m_box.mask().empty() ? text : text.replace(place, ' ');
+}
+
 QString MaskedView::shownText() const {
-    return m_edit->displayText();
+    return typed();
 }
 
 PickerView::PickerView(ui::DatePicker& picker, QWidget* widget, QLabel* label)

@@ -76,7 +76,7 @@ TEST_F(CodeSearch, AnUnknownOrAmbiguousCodeLeavesTheRecordAsItWas) {
 
 TEST_F(CodeSearch, AskedForExactCodesAloneItShowsNeitherAListNorAMessage) {
     tests::TestDesktop desktop;
-    ui::Desktop::setOfProcess(&desktop);
+    ui::Desktop::setOfThread(&desktop);
     m_search.set("ExactCodesOnly", true);
     EXPECT_FALSE(found("FIL", 7));
     EXPECT_TRUE(desktop.shown.empty() && desktop.messages.empty());
@@ -84,7 +84,7 @@ TEST_F(CodeSearch, AskedForExactCodesAloneItShowsNeitherAListNorAMessage) {
     desktop.answer(ui::Answer::Ok);
     EXPECT_FALSE(found("FIL", 7));
     EXPECT_EQ(desktop.messages.size(), 1U);
-    ui::Desktop::setOfProcess(nullptr);
+    ui::Desktop::setOfThread(nullptr);
 }
 
 TEST_F(CodeSearch, AWrongUseIsAFailureWithADescription) {

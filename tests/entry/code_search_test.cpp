@@ -6,6 +6,7 @@
 
 #include "entry/support.h"
 #include "support/recording_provider.h"
+#include "support/test_desktop.h"
 
 #include <gtest/gtest.h>
 
@@ -71,6 +72,19 @@ TEST_F(CodeSearch, AnUnknownOrAmbiguousCodeLeavesTheRecordAsItWas) {
     m_server->forgetRules("Select ReligionID");
     EXPECT_FALSE(found("3", 2));
     EXPECT_EQ(m_search.object("ReligionRecord").text("Religion"), "Roman Catholic");
+}
+
+TEST_F(CodeSearch, AskedForExactCodesAloneItShowsNeitherAListNorAMessage) {
+    tests::TestDesktop desktop;
+    ui::Desktop::setOfThread(&desktop);
+    m_search.set("ExactCodesOnly", true);
+    EXPECT_FALSE(found("FIL", 7));
+    EXPECT_TRUE(desktop.shown.empty() && desktop.messages.empty());
+    m_search.set("ExactCodesOnly", false);
+    desktop.answer(ui::Answer::Ok);
+    EXPECT_FALSE(found("FIL", 7));
+    EXPECT_EQ(desktop.messages.size(), 1U);
+    ui::Desktop::setOfThread(nullptr);
 }
 
 TEST_F(CodeSearch, AWrongUseIsAFailureWithADescription) {

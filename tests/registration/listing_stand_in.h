@@ -39,8 +39,11 @@ class ListingStandIn final : public com::Counted<com::ILateBound> {
                         com::Variant* result) override {
         if (kind == com::InvokeKind::Get)
             return record(member, *result);
-        if (kind == com::InvokeKind::Set)
-            return com::ok; // "OtherSectionID", "ExactCodesOnly"
+        if (kind == com::InvokeKind::Set) {
+            if (std::string{member} == "ExactCodesOnly")
+                m_exactCodesOnly = std::get<bool>(arguments[0]);
+            return com::ok;
+        }
         if (fail) {
             com::setLastErrorText("The listing cannot be read.");
             return com::errorFail;
@@ -48,12 +51,16 @@ class ListingStandIn final : public com::Counted<com::ILateBound> {
         const std::string wanted = std::get<std::string>(arguments[0]);
         const std::int32_t listing = std::get<std::int32_t>(arguments[1]);
         searches.emplace_back(wanted, listing);
-        *result = listing == 0 ? wanted == "1000" : (listing == 2 || listing == 7) && wanted == "1";
+        const bool known = listing == 0 ? wanted == "1000" : (listing == 2 || listing == 7) && wanted == "1";
+        if (!known && !m_exactCodesOnly)
+            ++windows;
+        *result = known;
         return com::ok;
     }
 
     std::vector<std::pair<std::string, std::int32_t>> searches;
     bool fail = false;
+    int windows = 0; ///< how many searches would have opened a window
 
   private:
     static com::HResult record(const std::string& name, com::Variant& result) {
@@ -67,6 +74,8 @@ class ListingStandIn final : public com::Counted<com::ILateBound> {
         result = com::Ref<com::IUnknown>::taking(new RecordStandIn(found->second));
         return com::ok;
     }
+
+    bool m_exactCodesOnly = false;
 };
 
 } // namespace opd::tests

@@ -187,7 +187,7 @@ const std::map<std::string, std::string> peculiar{{"CivilStatus", "7"},
                                                   {"SeniorCitizenID", "77812"},
                                                   {"BloodPressure", "120/80/77"},
                                                   {"PulseRate", "85 bpm"},
-                                                  {"PayCode", "P9"},
+                                                  {"PayCode", "P2"},
                                                   {"OPDStatus", "W"},
                                                   {"ServiceID", "SERVICEID1"},
                                                   {"DoctorID", "DOCTORID1"},
@@ -229,6 +229,7 @@ ado::ResultSet contentOf(FullHospital& hospital, const Table& table, const RowKe
 
 /// Fills every column of the visit and its patient, or empties each that may be empty.
 void fillColumns(FullHospital& hospital, const RowKeys& keys, bool empty) {
+    ado::Transaction transaction(*hospital.globals.gConnection);
     for (const Table& table : tables) {
         if (std::string{table.name} == "tbMasterDependent")
             continue; // the demonstration patient has two
@@ -248,6 +249,7 @@ void fillColumns(FullHospital& hospital, const RowKeys& keys, bool empty) {
                                                   " = " + value + keys.condition(table));
         }
     }
+    transaction.commit();
 }
 
 /// Nothing, an empty text and zero are the same to a clerk.
@@ -292,6 +294,8 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
             form->fields().additional.txtPatientClassID.setText("2");
             return form;
         };
+        hospital.globals.gConnection->Execute( // two codes that read alike
+            "Update Build_File..tbCoPayCode set PayCode = 'CASH' where PayCodeID = 'P2'");
         auto form = openNewVisit();
         form->fields().personal.accountNumber.setText("HMO-01");
         form->record().CompanyClass = "H";
@@ -317,7 +321,11 @@ TEST(RoundTrip, EveryDemonstrationPatientOpensAsItsVisitSays) {
     const auto opens = [&](const char* type, const char* hospNum, const char* opd) {
         return hospital.open({type, hospNum, opd, {}});
     };
+    hospital.globals.gConnection->Execute(
+        "Update Patient_Data..tbMaster2 set NationalityID = 'FIL' where HospNum = '00000003'");
     auto patient = opens("New", "00000003", "(TO BE GENERATED)");
+    EXPECT_EQ(patient->fields().personal.txtNationality.text(), "FIL");
+    EXPECT_EQ(hospital.listing.get()->windows, 0) << "loading shows no list";
     EXPECT_EQ(patient->fields().header.txtLastName.text(), "PEÑA");
     EXPECT_EQ(patient->record().VisitKindCode, "O");
     EXPECT_EQ(patient->fields().personal.townName.text(), "MANILA, METRO MANILA");

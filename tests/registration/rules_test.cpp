@@ -89,6 +89,7 @@ TEST(Form, TheBirthDateKeepsTheFocusUntilItIsRightAndThenDecidesTheAge) {
                 desk.desktop.answer(ui::Answer::Ok);
             window.pressTab(false);
             EXPECT_EQ(window.focus() == &fields.header.txtBirthDate, entry.message != nullptr);
+            EXPECT_EQ(fields.header.txtBirthDate.refusal(), entry.message != nullptr ? entry.message : "");
             if (entry.message != nullptr) {
                 EXPECT_EQ(desk.desktop.messages.back().text, entry.message);
             }
@@ -148,6 +149,7 @@ TEST(Form, CivilStatusMustFitTheAge) {
                 desk.desktop.answer(ui::Answer::Ok);
             window.pressTab(false);
             EXPECT_EQ(window.focus() == &fields.personal.cboCivilStatus, entry.message != nullptr);
+            EXPECT_EQ(fields.personal.cboCivilStatus.refusal(), entry.message != nullptr ? entry.message : "");
             if (entry.message != nullptr) {
                 EXPECT_EQ(desk.desktop.messages.back().text, entry.message);
             }
@@ -161,6 +163,7 @@ TEST(Form, CodesResolveWhenTheirFieldIsLeftAndUnknownOnesStay) {
         window.edited(code, "9999");
         window.pressTab(false);
         EXPECT_EQ(window.focus(), &code);
+        EXPECT_EQ(code.refusal(), "This code is unknown.");
         window.edited(code, "1000");
         window.pressTab(false);
         EXPECT_EQ(fields.personal.townName.text(), "MANILA, METRO MANILA");
@@ -171,6 +174,7 @@ TEST(Form, CodesResolveWhenTheirFieldIsLeftAndUnknownOnesStay) {
         EXPECT_EQ(desk.listing.get()->searches.back(), (std::pair<std::string, std::int32_t>{"", 0}));
         EXPECT_EQ(window.focus(), &code);
         EXPECT_EQ(code.text(), "1000");
+        EXPECT_EQ(code.refusal(), "");
         EXPECT_FALSE(desk.globals.gForceSearch);
 
         // A lookup that fails says why and leaves everything as it was.
@@ -242,7 +246,7 @@ TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
             {"Please enter patient's religion!", fields.personal.txtReligion,
              [&] { fields.personal.txtReligion.setText("1"); }},
             {"You must specify the out-patient's sex.", fields.header.male,
-             [&] { fields.header.female.setSelected(true); }},
+             [&] { window.click(fields.header.female); }},
             {"Please enter the patient's Birthdate", fields.header.txtBirthDate,
              [&] { fields.header.txtBirthDate.setText("02/30/2000"); }},
             {"Invalid Birthdate", fields.header.txtBirthDate,
@@ -255,7 +259,9 @@ TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
             EXPECT_EQ(desk.desktop.messages.back().text, step.message);
             EXPECT_EQ(window.focus(), &step.mistake);
             EXPECT_TRUE(step.mistake.isShown());
+            EXPECT_EQ(step.mistake.refusal(), step.message);
             step.mend();
+            EXPECT_NE(step.mistake.refusal(), step.message);
         }
         EXPECT_TRUE(desk.validate());
         EXPECT_EQ(desk.form->record().SexCode, "F");

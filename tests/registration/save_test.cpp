@@ -1,6 +1,8 @@
 #include "registration/form_fixture.h"
 
 #include "platform/ado/error.h"
+#include "registration/load/account_loader.h"
+#include "registration/load/master_loader.h"
 #include "registration/save/save_data.h"
 
 #include <map>
@@ -287,6 +289,27 @@ TEST(Save, ACommitWithoutAnAnswerIsSettledByTheNextTry) {
         });
         desk.desktop.showModal(desk.form->window());
     }
+}
+
+TEST(Save, AKeyWithAnApostropheIsNotOpenedAndAnyOtherCodeWithOneIsJustUnknown) {
+    for (const auto& [hospNum, visit] : {std::pair{"0000'1", "26A0000007B"}, std::pair{"00000001", "26'7B"}}) {
+        FormFixture desk;
+        desk.provider->log.clear();
+        try {
+            desk.open("Edit", hospNum, visit);
+            ADD_FAILURE() << "opened " << hospNum << " " << visit;
+        } catch (const ado::Error& error) {
+            EXPECT_NE(std::string{error.what()}.find("holds an apostrophe"), std::string::npos) << error.what();
+        }
+        EXPECT_EQ(desk.provider->log, "");
+    }
+    FormFixture desk;
+    desk.openNewPatient();
+    desk.form->record().CompanyClass = "P";
+    desk.provider->log.clear();
+    registration::LoadAccountClass(desk.form->context(), "O'X");
+    EXPECT_EQ(registration::GetPayCode(desk.session, "P'1") + registration::GetBarangayName(desk.session, "B'1"), "");
+    EXPECT_EQ(desk.provider->log + desk.form->record().CompanyClass, "P");
 }
 
 TEST(Save, RefusalsWriteNothingAndDrawNoNumbers) {

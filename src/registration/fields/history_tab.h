@@ -11,6 +11,7 @@ struct HistoryTab {
         : page(tabs, "pageHistory", "Diagnosis && History"), cmdSearch(lookups), txtChiefComplaint(complaints) {
         for (ui::TextBox* box : {&complaint, &txtDiagnosis})
             box->multiLine = true;
+        txtDiagnosis.hint = "A note for the screen: no visit stores it.";
     }
 
     ui::Page page;

@@ -7,7 +7,9 @@ namespace opd::registration {
 /// Tab "Personal Information": where the patient lives, who the patient's people are, and who pays.
 struct PersonalTab {
     explicit PersonalTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups, ui::ControlArray<ui::TextBox>& personal)
-        : page(tabs, "pagePersonal", "Personal Information"), cmdSearch(lookups), txtPersonal(personal) {}
+        : page(tabs, "pagePersonal", "Personal Information"), cmdSearch(lookups), txtPersonal(personal) {
+        txtSeniorID.hint = "A note for the screen: a visit stores the number beside \"Senior Citizen    No:\".";
+    }
 
     ui::Page page;
     ui::ControlArray<ui::Button>& cmdSearch;

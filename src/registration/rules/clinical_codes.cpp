@@ -109,26 +109,42 @@ void assignLeastConsulted(FormContext& form) {
     }
 }
 
-bool acceptService(FormContext& form, int index) {
-    TextBoxes& services = form.fields.consultation.txtService;
-    const LookupRequest request = takeRequest(form.session, services(index));
-    const ServiceOutcome outcome = findService(form, request, services(index), services(index + 1));
-    if (outcome != ServiceOutcome::Accepted || request.isNone())
-        return outcome != ServiceOutcome::NotEligible;
+void assignDoctor(FormContext& form, const LookupRequest& request, int index) {
     if (form.session.globals.IsAllowOPDSearchDocBySched)
         assignDoctorOnDuty(form, request, index);
     else if (index == 0)
         assignLeastConsulted(form);
-    return true;
+}
+
+/// An unknown code may be left, but it is marked, and no other service's name stands beside it.
+void markUnknownService(ui::TextBox& code, ui::TextBox& name) {
+    code.setRefusal("No service has this code.");
+    name.setText("");
+}
+
+/// Returns whether the focus must stay.
+bool refusesService(FormContext& form, int index) {
+    TextBoxes& services = form.fields.consultation.txtService;
+    ui::TextBox& code = services(index);
+    const LookupRequest request = takeRequest(form.session, code);
+    const ServiceOutcome outcome = findService(form, request, code, services(index + 1));
+    if (outcome == ServiceOutcome::NotFound) {
+        if (!request.forced)
+            markUnknownService(code, services(index + 1));
+        return false;
+    }
+    if (refusedUnless(form, outcome == ServiceOutcome::Accepted, code, "The patient may not get this service."))
+        return true;
+    if (!request.isNone())
+        assignDoctor(form, request, index);
+    return false;
 }
 
 void bindServices(FormContext& form) {
-    for (const int index : {0, 2, 4}) {
-        ui::TextBox& code = form.fields.consultation.txtService(index);
-        code.onValidate = [&form, index, &code](bool& refuse) {
-            refuse = refusedUnless(form, acceptService(form, index), code, "The patient may not get this service.");
+    for (const int index : {0, 2, 4})
+        form.fields.consultation.txtService(index).onValidate = [&form, index](bool& refuse) {
+            refuse = refusesService(form, index);
         };
-    }
 }
 
 // Allergies

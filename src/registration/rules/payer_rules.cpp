@@ -4,6 +4,7 @@
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
 #include "registration/rules/account_rules.h"
+#include "registration/rules/marks.h"
 
 namespace opd::registration {
 
@@ -75,12 +76,18 @@ void bindSenior(FormContext& form, ui::CheckBox& box, ui::TextBox& number, int l
         const std::string& age = form.fields.header.txtAge.text();
         if (text::isBlank(age))
             return;
-        if (data::leadingNumber(age) < leastAge)
+        const bool tooYoung = data::leadingNumber(age) < leastAge;
+        box.setRefusal(tooYoung && box.checked() ? "The patient is not yet senior citizen." : "");
+        if (tooYoung)
             form.session.desktop.ask({.text = "The patient is not yet senior citizen. \r\nCheck the age you entered.",
                                       .icon = ui::Icon::Exclamation});
         else
             number.setEnabled(box.checked());
     };
+    alsoOn(form.fields.header.txtAge.onChange, [&form, &box, leastAge] {
+        if (data::leadingNumber(form.fields.header.txtAge.text()) >= leastAge)
+            box.setRefusal({});
+    });
 }
 
 void bindPurposes(FormContext& form) {

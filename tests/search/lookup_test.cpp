@@ -118,11 +118,38 @@ TEST(ChiefComplaintDialog, SearchesWithEveryTypedKeyAndNotWhileWalkingTheList) {
         window.pickedCell(dialog.fields().grdDispWindow, 2, 0);
         EXPECT_EQ(dialog.fields().txtSearchStr.text(), "COLDS");
         EXPECT_EQ(desk.provider->log, "");
+        // Whatever changes the box searches (Delete and a cut reach it without a character), a key that does not leaves
+        // no mark behind.
+        window.setFocus(dialog.fields().txtSearchStr);
+        window.edited(dialog.fields().txtSearchStr, "");
+        EXPECT_EQ(desk.provider->log, std::string{statement} + "'\n");
+        window.pressKey(ui::key::backspace);
+        window.pressArrowDown();
+        window.pickedCell(dialog.fields().grdDispWindow, 2, 0);
+        EXPECT_EQ(desk.provider->log, std::string{statement} + "'\n");
+        EXPECT_EQ(dialog.fields().grdDispWindow.rowCount(), 2);
         window.pressKey(ui::key::enter);
     });
     dialog.showModal();
     EXPECT_TRUE(dialog.Valid());
     EXPECT_EQ(dialog.ResultCode() + " " + dialog.Result(), "CC002 COLDS");
+
+    // The best match first, whatever the order that the database answers in.
+    dialog.SearchText = "COLD";
+    desk.provider->answer(statement, rows({"Code", "ChiefComplaint", "Hidden"}, {{"CC003", "HEAD COLD", "x"},
+                                                                                 {"CC004", "SCOLDED", "COLD"},
+                                                                                 {"CC002", "COLDS", "x"},
+                                                                                 {"CC005", "COLD", "x"},
+                                                                                 {"cold", "FEVER", "x"}}));
+    desk.desktop.work([&](ui::Window& window) {
+        for (const auto& [row, code] :
+             {std::pair{1, "cold"}, std::pair{2, "CC005"}, std::pair{3, "CC002"}, std::pair{4, "CC003"}})
+            EXPECT_EQ(dialog.fields().grdDispWindow.cell(row, 1), code);
+        EXPECT_EQ(window.statusLine(), "5 records, the best match first.");
+        window.pressKey(ui::key::escape);
+    });
+    dialog.fields().txtSearchStr.setText("");
+    dialog.showModal();
 
     // The next showing begins without a result; another mode searches nothing.
     dialog.SearchMode = "OTHER";

@@ -60,7 +60,7 @@ void RegistrationForm::SetRegistrationMode() {
     m_fields.buttons.cmdPrint.setVisible(true);
     m_fields.buttons.cmdUpdate.setVisible(false);
     if (m_record.isNewPatient())
-        m_window.setFocus(m_fields.header.txtLastName);
+        m_window.setFocus(m_lastName.empty() ? m_fields.header.txtLastName : m_fields.header.txtFirstName);
     m_continuesKept = offerKeptRegistration(m_context, m_patient);
 }
 
@@ -98,6 +98,7 @@ void RegistrationForm::close() {
         keepRegistration(m_context, m_patient);
     else if (m_continuesKept)
         forgetKeptRegistration(m_session, m_patient);
+    m_session.globals.lastOutcome = storedOutcome(m_context);
     m_window.unload();
 }
 

@@ -32,7 +32,7 @@ void frmMasterSearch::setHints() {
     m_fields.lastName.hint = "The last name or its beginning; LAST, FIRST MIDDLE narrows the search.";
     for (ui::OptionButton* option : {&m_fields.male, &m_fields.female})
         option->hint = "The arrow keys or a click choose the sex; a search by name needs it.";
-    m_fields.txtBirthDate.hint = "Month, day and year, such as 03/07/1980. Alt+S searches.";
+    m_fields.txtBirthDate.hint = "Month, day and year, such as 03/07/1980, or F4 for the calendar. Alt+S searches.";
     for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtGSISNum, &m_fields.txtSSSNum})
         number->hint = "The search begins when Enter or Tab leaves the field.";
     m_fields.gridPatientList.hint = "The arrow keys choose a patient, Enter opens the registration.";
@@ -172,6 +172,7 @@ void frmMasterSearch::load() {
     m_fields.search.setEnabled(false);
     data::LoadServerDate(m_session);
     data::LoadHospitalInfo(m_session);
+    m_window.setStatus(std::exchange(m_session.globals.lastOutcome, {}));
 }
 
 void frmMasterSearch::blankFields() {

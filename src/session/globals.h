@@ -100,6 +100,8 @@ struct Globals : FeatureFlags {
     std::string gDuplicateSex;
     std::string duplicateLedBackTo; ///< the last of these patients, so that a twin can be registered the second time
 
+    std::string lastOutcome; ///< what the last registration stored, for the next search window to say
+
     /// What was typed into registrations that could not be saved, by hospital number or "NEW"; until each is saved or
     /// given up.
     std::map<std::string, std::shared_ptr<const registration::KeptRegistration>> keptRegistrations;

@@ -1,6 +1,7 @@
 #include "registration/kept/kept_registrations.h"
 
 #include "platform/ui/window_content.h"
+#include "registration/rules/guidance.h"
 
 namespace opd::registration {
 
@@ -21,6 +22,7 @@ std::string nameOf(const Fields& fields) {
 void takeUp(FormContext& form, const KeptRegistration& kept) {
     kept.content.restore(form.window);
     form.record = kept.record;
+    showAgeInMonths(form); // restoring raises no change
     form.window.setFocus(form.fields.buttons.cmdSave);
 }
 

@@ -38,6 +38,21 @@ std::string stillNeeded(const FormContext& form) {
     return list.empty() ? list : list + ".";
 }
 
+std::string stateOfSave(const FormContext& form) {
+    const std::string stored = storedOutcome(form);
+    const std::string needed = stillNeeded(form);
+    return stored.empty() || needed.empty() ? stored + needed : stored + " " + needed;
+}
+
+/// What the opener has to say ("nobody of that name") is read by the time the clerk types, and then no longer true.
+void bindStatus(FormContext& form) {
+    HeaderFields& header = form.fields.header;
+    for (ui::Control* field : std::initializer_list<ui::Control*>{&header.txtLastName, &header.txtFirstName,
+                                                                  &header.txtBirthDate, &header.txtHospNum})
+        alsoOn(field->onChange, [&form] { form.window.setStatus({}); });
+    form.window.stillToDo = [&form] { return stateOfSave(form); };
+}
+
 /// A lookup button answers F4 in the code field before it.
 void hintAtLookups(const ui::Window& window) {
     std::vector<ui::Control*> everything;
@@ -62,7 +77,14 @@ void bindHints(FormContext& form) {
 void bindGuidance(FormContext& form) {
     bindHints(form);
     alsoOn(form.fields.header.txtBirthDate.onChange, [&form] { showAgeInMonths(form); });
-    form.window.stillToDo = [&form] { return stillNeeded(form); };
+    bindStatus(form);
+}
+
+std::string storedOutcome(const FormContext& form) {
+    const Record& record = form.record;
+    if (!record.isWritten)
+        return {};
+    return "Stored: Hosp. # " + record.SaveHospNum + ", Case # " + record.SaveIDNum + "B.";
 }
 
 void showAgeInMonths(FormContext& form) {

@@ -9,6 +9,9 @@ namespace opd::registration {
 /// Binds what the status line says: what a save still needs, and which keys help at the field that has the focus.
 void bindGuidance(FormContext& form);
 
+/// What of the form's registration stands in the database: its numbers. Empty while nothing does.
+std::string storedOutcome(const FormContext& form);
+
 /// Brings the age in months beside the years up to date; the change of the birth date does so by itself.
 void showAgeInMonths(FormContext& form);
 

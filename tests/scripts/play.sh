@@ -6,7 +6,8 @@ desk="$1" script="$2" desktop="$3" settings="${4:-}"
 shift $(($# < 4 ? $# : 4))
 folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
-export OPD_CLASS_REGISTRY="$folder/classes.ini" XDG_RUNTIME_DIR="$folder" QT_QPA_PLATFORM=offscreen
+screen="$(cd "$(dirname "$0")/../../tools" && pwd)/screen.json" # as large as a hospital's
+export OPD_CLASS_REGISTRY="$folder/classes.ini" XDG_RUNTIME_DIR="$folder" QT_QPA_PLATFORM="offscreen:configfile=$screen"
 cd "$folder"
 "$desk" create-database hospital --patients 200
 if [[ -n "$settings" ]]; then

@@ -5,7 +5,8 @@ set -euo pipefail
 desk="$1"
 folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
-export OPD_CLASS_REGISTRY="$folder/classes.ini" XDG_RUNTIME_DIR="$folder" QT_QPA_PLATFORM=offscreen
+screen="$(cd "$(dirname "$0")/../../tools" && pwd)/screen.json" # as large as a hospital's
+export OPD_CLASS_REGISTRY="$folder/classes.ini" XDG_RUNTIME_DIR="$folder" QT_QPA_PLATFORM="offscreen:configfile=$screen"
 cd "$folder"
 "$desk" create-database hospital --patients 20
 sqlite3 hospital/hospital.db "update Patient_Data_tbHospitalInfo set isAllowCreateNewIDnum = 1"

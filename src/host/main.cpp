@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <fmt/core.h>
 
+#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <stdexcept>
@@ -100,6 +101,7 @@ int fail(std::string message) {
 } // namespace
 
 int main(int argc, char** argv) {
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow fails to be written, and ends no registration
     try {
         CommandLine line;
         try {

@@ -50,6 +50,7 @@ TEST(QtReport, ALongReportLosesNothingBetweenItsPagesAndNumbersThem) {
     const QString file = folder.filePath("numbers.pdf");
     const report::Document document = documentOf(250);
     QtOutput(true, {}).writePdf(document, fromQt(file));
+    EXPECT_EQ(std::filesystem::status(fromQt(file)).permissions(), std::filesystem::perms{0600});
     const PagedDocument pages(document);
     ASSERT_GT(pages.pageCount(), 2);
     std::string whole;

@@ -216,7 +216,7 @@ void MaskedView::insert(const QString& text) {
     }
     if (lengthOf(text) == m_box.mask().size())
         m_edit->selectAll();
-    m_edit->insert(text);
+    m_edit->insert(QString(text).replace(' ', place));
 }
 
 void MaskedView::placeCursor(const QPoint& point) {
@@ -228,15 +228,15 @@ bool MaskedView::takes(char32_t character) {
     if (m_box.mask().empty() || character == ui::key::space || (character >= U'0' && character <= U'9'))
         return false;
     ui::LineEdit edit;
-    edit.load(qt::fromQt(m_edit->displayText()), {.mask = m_box.mask()});
+    edit.load(qt::fromQt(typed()), {.mask = m_box.mask()});
     const int start = m_edit->selectionStart();
     const auto cursor = static_cast<std::size_t>(m_edit->cursorPosition());
     edit.place(start < 0 ? cursor : static_cast<std::size_t>(start),
                start < 0 ? cursor : static_cast<std::size_t>(m_edit->selectionEnd()));
     edit.insert(text::encode(character));
-    if (const QString text = qt::toQt(edit.text()); text != m_edit->displayText()) {
+    if (QString text = qt::toQt(edit.text()); text != typed()) {
         m_edit->selectAll();
-        m_edit->insert(text);
+        m_edit->insert(text.replace(' ', place));
     }
     m_edit->setCursorPosition(static_cast<int>(edit.caret()));
     return true;
@@ -253,13 +253,16 @@ bool MaskedView::hasRoom() const {
 }
 
 QString MaskedView::selection() const {
-    return m_edit->selectedText();
+    return blanked(m_edit->selectedText());
 }
 
 // An empty place is shown, for a blank is too narrow to be seen as one, and is a blank for everybody else.
-QString MaskedView::typed() const {
-    QString text = m_edit->displayText();
+QString MaskedView::blanked(QString text) const {
     return m_box.mask().empty() ? text : text.replace(place, ' ');
+}
+
+QString MaskedView::typed() const {
+    return blanked(m_edit->displayText());
 }
 
 QString MaskedView::shownText() const {

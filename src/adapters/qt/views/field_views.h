@@ -65,6 +65,7 @@ class MaskedView final : public ControlView {
     QString shownText() const override;
 
   private:
+    QString blanked(QString text) const;
     QString typed() const;
     void addCalendar();
     void showText();

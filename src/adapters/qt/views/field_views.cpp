@@ -223,9 +223,9 @@ void MaskedView::placeCursor(const QPoint& point) {
     m_edit->setCursorPosition(m_edit->cursorPositionAt(point));
 }
 
-// A separator closes the part before it; the model knows how.
+// A separator closes the part before it, and a blank empties a place; the model knows how.
 bool MaskedView::takes(char32_t character) {
-    if (m_box.mask().empty() || character == ui::key::space || (character >= U'0' && character <= U'9'))
+    if (m_box.mask().empty() || (character >= U'0' && character <= U'9'))
         return false;
     ui::LineEdit edit;
     edit.load(qt::fromQt(typed()), {.mask = m_box.mask()});

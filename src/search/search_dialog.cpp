@@ -11,10 +11,12 @@ namespace opd::search {
 
 namespace {
 
-std::string recordsFound(std::size_t count) {
+std::string recordsFound(std::size_t count, bool areRanked) {
     if (count == 0)
         return "No record holds this text.";
-    return count == 1 ? "1 record." : std::to_string(count) + " records, the best match first.";
+    if (count == 1)
+        return "1 record.";
+    return std::to_string(count) + (areRanked ? " records, the best match first." : " records.");
 }
 
 } // namespace
@@ -84,7 +86,7 @@ void SearchDialog::show(const ado::Recordset& rows, const std::vector<int>& widt
     });
     const int current = present == cells.end() ? 1 : static_cast<int>(present - cells.begin()) + 1;
     m_fields.cmdSelect.setEnabled(!cells.empty());
-    m_window.setStatus(recordsFound(cells.size()));
+    m_window.setStatus(recordsFound(cells.size(), !text::isBlank(wanted.text)));
     m_fills = true;
     m_fields.grdDispWindow.show(std::move(columns), std::move(cells));
     m_fields.grdDispWindow.setCurrentRow(current);

@@ -56,6 +56,7 @@ TEST_F(Viewer, KeepsThePreviewWhenNothingWasPrinted) {
         desktop.file = "sheet.pdf";
         click(window, "cmdSavePdf");
         EXPECT_TRUE(window.isOpen());
+        EXPECT_NE(window.statusLine().find("sheet.pdf"), std::string::npos);
     });
     show();
     ASSERT_EQ(desktop.messages.size(), 1U);

@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 
+#include <filesystem>
 #include <stdexcept>
 
 namespace opd::qt {

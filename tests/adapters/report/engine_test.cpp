@@ -1,11 +1,11 @@
 #include "adapters/sqlite/hospital.h"
+#include "adapters/sqlite/other_program.h"
 
 #include "adapters/report/engine.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <sqlite3.h>
 
 namespace opd::tests {
 namespace {
@@ -99,19 +99,8 @@ TEST_F(Reports, AReportThatCannotBeMadeSaysWhy) {
 }
 
 TEST_F(Reports, NoReportFileAndNoStoredTextTakesTheDeskAlong) {
-    sqlite3* file = nullptr; // another program, which writes what this one never would
-    ASSERT_EQ(sqlite3_open(m_hospital.file().c_str(), &file), SQLITE_OK);
-    sqlite3_create_collation(
-        file, "OPD", SQLITE_UTF8, nullptr, [](void*, int leftSize, const void* left, int rightSize, const void* right) {
-            return std::string(static_cast<const char*>(left), static_cast<std::size_t>(leftSize))
-                .compare(std::string(static_cast<const char*>(right), static_cast<std::size_t>(rightSize)));
-        });
-    EXPECT_EQ(sqlite3_exec(file,
-                           "update Patient_Data_tbOutPatient set ChiefComplaints = cast(x'41001B5B306D0142' as text)",
-                           nullptr, nullptr, nullptr),
-              SQLITE_OK)
-        << sqlite3_errmsg(file);
-    sqlite3_close(file);
+    runByOtherProgram(m_hospital.file(),
+                      "update Patient_Data_tbOutPatient set ChiefComplaints = cast(x'41001B5B306D0142' as text)");
     const std::string sheet = dataSheet("2600000001B").text;
     EXPECT_NE(sheet.find("A [0m B"), std::string::npos) << sheet;
     EXPECT_NE(sheet.find("Medications and Orders"), std::string::npos) << sheet;

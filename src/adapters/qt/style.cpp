@@ -66,7 +66,7 @@ QTableView QLineEdit { border: 1px solid @border; border-radius: 0; padding: 0 2
 QTableView QLineEdit:focus { border: 2px solid @accent; padding: 0 1px; }
 QHeaderView::section { background: @heading; border: 0; border-right: 1px solid @line; border-bottom: 1px solid @line;
   padding: 4px 3px; font-weight: bold; }
-QPushButton { background: @button; border: 1px solid @border; border-radius: 3px; padding: 3px 14px; min-height: 20px; }
+QPushButton { color: @text; background: @button; outline: 0; border: 1px solid @border; border-radius: 3px; padding: 3px 14px; min-height: 20px; }
 QPushButton:hover { background: #e6eff5; }
 QPushButton:pressed { background: #d3e2ec; }
 QPushButton:focus { border: 2px solid @accent; padding: 2px 13px; }

@@ -1,9 +1,11 @@
 #include "adapters/qt/colours.h"
+#include "adapters/qt/message_box.h"
 #include "tests/adapters/qt/desk.h"
 #include "tests/adapters/qt/every_window.h"
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QMessageBox>
 
 #include <algorithm>
 #include <cmath>
@@ -155,6 +157,21 @@ TEST(QtLook, EverythingCanBeReadUnderADarkDesktop) {
         hands::settle();
         EXPECT_EQ(faintParts(shell, 3), "") << where << ", unusable";
     });
+}
+
+TEST(QtLook, AMessageCanBeReadUnderADarkDesktop) {
+    const DarkDesktop dark;
+    QMessageBox box;
+    fill(box, {.text = "Open the visit?", .buttons = ui::Buttons::YesNoCancel});
+    box.show();
+    hands::settle();
+    const QImage picture = box.grab().toImage();
+    const auto textOf = [&](const QWidget& part) {
+        return strokeContrast(picture, QRect(part.mapTo(&box, QPoint()), part.size()).adjusted(4, 4, -4, -4));
+    };
+    EXPECT_GE(textOf(*box.findChild<QLabel*>("qt_msgbox_label")), 4.5);
+    for (const QAbstractButton* button : box.buttons())
+        EXPECT_GE(textOf(*button), 4.5) << fromQt(button->text());
 }
 
 /// How two pictures of a window differ.

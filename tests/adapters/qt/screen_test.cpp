@@ -82,11 +82,21 @@ TEST(QtScreen, FieldsGrowWithTheWindowAndNoPageStaysEmpty) {
         EXPECT_GT(growing[i]->width(), before[i] * 5 / 4) << fromQt(growing[i]->objectName());
 }
 
+/// True when a whole date fits into the box beside its frame and the sign of its calendar.
+bool showsWholeDate(const QLineEdit& box) {
+    const int aside = static_cast<int>(box.actions().size()) * 22 + 12;
+    return box.width() >= box.fontMetrics().horizontalAdvance("00/00/0000") + aside;
+}
+
 TEST(QtScreen, AnEmptyDateShowsAllItsPlacesAndIsEmptyAllTheSame) {
+    {
+        SearchDesk search;
+        EXPECT_TRUE(showsWholeDate(*search.widget<QLineEdit>("txtBirthDate")));
+    }
     RegistrationDesk desk;
-    auto* box = desk.widget<QLineEdit>("txtBirthDate");
+    const auto* box = desk.widget<QLineEdit>("txtBirthDate");
+    EXPECT_TRUE(showsWholeDate(*box));
     EXPECT_EQ(box->displayText(), "__/__/____");
-    EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance("00/00/0000") + 12);
     EXPECT_EQ(desk.hands.shownText(desk.form.header.txtBirthDate), "  /  /    ");
     desk.form.setFocus(desk.form.header.txtBirthDate);
     desk.type("0307");

@@ -1,8 +1,11 @@
-// Draws each window and page into a PNG file, for looking at: show_windows FOLDER [WIDTH HEIGHT]
+// Draws each window and page into a PNG file, for looking at: show_windows FOLDER [all] [dark]. With "all" nothing that
+// the usual hospital never sees is hidden, with "dark" the application's own colours are those of a dark desktop.
 
+#include "adapters/qt/message_box.h"
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
+#include "platform/ui/key_card.h"
 #include "reports/web_cam_capture.h"
 #include "tests/adapters/qt/sample_windows.h"
 
@@ -99,11 +102,24 @@ void showLookups(qt::QtDesktop& desktop, const std::function<void(const std::str
     complaints.imgTitle.setFrame(1);
     fillIn(list, listing);
     reports::frmWebCamCapture smile;
-    for (ui::Window* window : std::initializer_list<ui::Window*>{&dialog, &complaints, &list, &listing, &smile}) {
+    qt::samples::ReportViewer viewer;
+    ui::KeyCard keys{qt::samples::RegistrationWindow()};
+    for (ui::Window* window :
+         std::initializer_list<ui::Window*>{&dialog, &complaints, &list, &listing, &smile, &viewer, &keys}) {
         desktop.show(*window);
         shoot(window->name());
         window->unload();
     }
+}
+
+void showMessage(const QString& folder) {
+    QMessageBox box;
+    qt::fill(box, {.text = "This patient has a visit that was not finished yet.\r\n\r\nOpen it?",
+                   .buttons = ui::Buttons::YesNoCancel,
+                   .icon = ui::Icon::Question});
+    box.show();
+    QTest::qWait(50);
+    box.grab().save(folder + "/message.png");
 }
 
 } // namespace
@@ -111,10 +127,12 @@ void showLookups(qt::QtDesktop& desktop, const std::function<void(const std::str
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     qt::dress(application);
+    if (QApplication::arguments().contains("dark"))
+        QApplication::setPalette(QPalette(QColor(0x31, 0x36, 0x3b), QColor(0x23, 0x26, 0x29)));
     const QString folder = argc > 1 ? argv[1] : ".";
     qt::samples::SearchWindow search;
     qt::samples::RegistrationWindow form;
-    if (argc <= 2 || QByteArray(argv[2]) != "all")
+    if (!QApplication::arguments().contains("all"))
         hideRareFields(search, form);
     fillIn(search, form);
     qt::QtDesktop desktop;
@@ -133,5 +151,6 @@ int main(int argc, char** argv) {
     showRefusals(form);
     shoot("refused");
     showLookups(desktop, shoot);
+    showMessage(folder);
     return 0;
 }

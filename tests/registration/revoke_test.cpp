@@ -29,6 +29,7 @@ TEST(Revoke, FollowsBillDayAndAnswerAndTellsFailures) {
                              "Patient_Data..sp_AOPD_SaveOPDRevokedLog '26A1B','CLERK','Revoked'\n";
     const char* const restored = "update Patient_Data..tboutpatient set opdstatus = '' where idnum = '26A1B'\n"
                                  "Patient_Data..sp_AOPD_SaveOPDRevokedLog '26A1B','CLERK','Unrevoked'\n";
+    const char* const statusAlone = "update Patient_Data..tboutpatient set opdstatus = '' where idnum = '26A1B'\n";
     const Case cases[] = {
         {"a bill",
          false,
@@ -57,8 +58,19 @@ TEST(Revoke, FollowsBillDayAndAnswerAndTellsFailures) {
          today,
          {ui::Answer::Yes, ui::Answer::Ok},
          "Patient_Data..sp_AOPD_SaveOPDRevokedLog",
-         "An error has occured while revoking this patient's admission. You may click on REVOKE to try again.",
+         "An error has occured while revoking this patient's admission. You may click on REVOKE to try "
+         "again.\r\n\r\ngone\r\n\r\nThe visit is revoked by now; the log of it is missing.",
          done,
+         false},
+        {"the status fails",
+         true,
+         0,
+         today,
+         {ui::Answer::Yes, ui::Answer::Ok},
+         "update Patient_Data..tboutpatient",
+         "An error has occured while un-revoking this patient's admission. You may click on UNREVOKE to try "
+         "again.\r\n\r\ngone\r\n\r\nNothing was changed.",
+         statusAlone,
          false},
         {"restored, whatever the bill", true, 5, today, {ui::Answer::Yes}, nullptr, sureRestored, restored, true},
         {"restored too late",

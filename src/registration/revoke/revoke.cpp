@@ -15,7 +15,7 @@ std::string shownVisit(const FormContext& form) {
     return text::upper(form.fields.header.txtOPDNum.text());
 }
 
-void notify(FormContext& form, const char* text) {
+void notify(FormContext& form, const std::string& text) {
     form.session.desktop.ask({.text = text, .caption = "Notification"});
 }
 
@@ -39,16 +39,30 @@ bool confirmed(FormContext& form, const char* question) {
                                      .defaultAnswer = ui::Answer::No}) == ui::Answer::Yes;
 }
 
-/// Writes status and log, each by itself, and closes the form; a failure is told and keeps it open.
-void write(FormContext& form, const Statement& status, const char* action, const char* failureText) {
+/// What the status becomes, how the log calls that, and what is said when it fails.
+struct Change {
+    const char* action;
+    const char* statusReached;
+    const char* failureText;
+};
+
+/// Writes status and log, each by itself, and closes the form; a failure is told, with what is true by then, and keeps
+/// it open.
+void write(FormContext& form, const Statement& status, const Change& change) {
+    bool statusStands = false;
     try {
         const ui::BusyPointer busy(form.session.desktop);
         data::execute(form.session, status);
+        statusStands = true;
+        const ado::LongPatience patience(form.session.connection());
         data::execute(form.session, Statement("Patient_Data..sp_AOPD_SaveOPDRevokedLog '")
-                                        .values({shownVisit(form), form.session.globals.gUserID, action}, "','")
+                                        .values({shownVisit(form), form.session.globals.gUserID, change.action}, "','")
                                         .text("'"));
-    } catch (const ado::Error&) { // the clerk is told what to do; the status may stand already
-        notify(form, failureText);
+    } catch (const ado::Error& failure) {
+        notify(form, std::string{change.failureText} + "\r\n\r\n" + failure.what() + "\r\n\r\n" +
+                         (statusStands ? std::string{"The visit is "} + change.statusReached +
+                                             " by now; the log of it is missing."
+                                       : "Nothing was changed."));
         return;
     }
     form.window.unload();
@@ -64,21 +78,21 @@ void revoke(FormContext& form) {
               Statement("update Patient_Data..tbOutpatient set opdstatus = 'R' where idnum = '")
                   .value(shownVisit(form))
                   .text("'"),
-              "Revoked",
-              "An error has occured while revoking this patient's admission. You may click on REVOKE to try again.");
+              {"Revoked", "revoked",
+               "An error has occured while revoking this patient's admission. You may click on REVOKE to try again."});
 }
 
 void restore(FormContext& form) {
     if (!isOfToday(form))
         return notify(form, "You can only un-revoke admissions made today.");
     if (confirmed(form, "Are you sure you want this patient's admission to be Restored."))
-        write(
-            form,
-            Statement("update Patient_Data..tboutpatient set opdstatus = '' where idnum = '")
-                .value(shownVisit(form))
-                .text("'"),
-            "Unrevoked",
-            "An error has occured while un-revoking this patient's admission. You may click on UNREVOKE to try again.");
+        write(form,
+              Statement("update Patient_Data..tboutpatient set opdstatus = '' where idnum = '")
+                  .value(shownVisit(form))
+                  .text("'"),
+              {"Unrevoked", "restored",
+               "An error has occured while un-revoking this patient's admission. You may click on UNREVOKE to try "
+               "again."});
 }
 
 } // namespace

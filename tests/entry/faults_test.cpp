@@ -6,6 +6,7 @@
 #include <chrono>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <set>
 #include <sqlite3.h>
 #include <sys/wait.h>
 
@@ -122,6 +123,7 @@ class Faults : public testing::Test {
     /// False when the save came through without meeting the fault.
     bool meetsFault(int write, int error, bool lasts);
 
+    std::set<std::string> m_outcomes;
     std::string m_counted = "0"; ///< consultations of the doctor so far
     const registration::Opening newPatient{"NEW", "NEW", "(TO BE GENERATED)", {}};
     HospitalSession hospital;
@@ -142,6 +144,9 @@ bool Faults::meetsFault(int write, int error, bool lasts) {
     FailingDisk::repair();
 
     const std::string stored = storedOf(*hospital.globals.gConnection, name);
+    for (const char* outcome : {"Unable to assign", "What was typed is still here", "Still missing:"})
+        if (told(outcome))
+            m_outcomes.insert(outcome);
     if (told("Nothing was saved.")) {
         EXPECT_EQ(stored, "0/0/0") << lastMessage();
         expectCounted(0);
@@ -175,6 +180,8 @@ TEST_F(Faults, OfTheDiskAtEveryWriteLeaveOneWholeRegistrationAndATrueMessage) {
         while (meetsFault(write, error, lasts) && !HasFailure())
             ++write;
         EXPECT_GT(write, 20) << "the save wrote too little for this to prove anything";
+        EXPECT_EQ(m_outcomes.size(), 3U) << "some step of the save never met the fault";
+        m_outcomes.clear();
     }
 }
 

@@ -1,5 +1,7 @@
 #include "adapters/qt/views/calendar_popup.h"
 
+#include "adapters/qt/colours.h"
+
 #include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -19,17 +21,17 @@ constexpr int spaceInRow = 8;
 constexpr int firstYear = 1800;
 constexpr int lastYear = 9999;
 
-/// A month's sheet, drawn in the colour of the text so that it is seen on any palette.
-QIcon sheetIcon(const QWidget& field) {
+/// A month's sheet.
+QIcon sheetIcon() {
     constexpr int size = 32;
     QPixmap sheet(size, size);
     sheet.fill(Qt::transparent);
     QPainter painter(&sheet);
-    painter.setPen(QPen(field.palette().color(QPalette::Text), 2));
+    painter.setPen(QPen(colours::text, 2));
     painter.drawRect(3, 6, 26, 22);
-    painter.fillRect(3, 6, 26, 6, field.palette().color(QPalette::Text));
+    painter.fillRect(3, 6, 26, 6, colours::text);
     for (int place = 0; place < 6; ++place)
-        painter.fillRect(8 + 7 * (place % 3), 16 + 6 * (place / 3), 3, 3, field.palette().color(QPalette::Text));
+        painter.fillRect(8 + 7 * (place % 3), 16 + 6 * (place / 3), 3, 3, colours::text);
     return QIcon(sheet);
 }
 
@@ -70,7 +72,7 @@ CalendarPopup::CalendarPopup(QLineEdit& field, std::function<QDate()> date, std:
     connect(m_days, &QCalendarWidget::clicked, this, &CalendarPopup::pick);
     connect(m_days, &QCalendarWidget::activated, this, &CalendarPopup::pick);
 
-    auto* const button = field.addAction(sheetIcon(field), QLineEdit::TrailingPosition);
+    auto* const button = field.addAction(sheetIcon(), QLineEdit::TrailingPosition);
     button->setText(tr("Calendar"));
     button->setToolTip(tr("Calendar (F4)"));
     connect(button, &QAction::triggered, this, &CalendarPopup::openUp);

@@ -8,13 +8,22 @@ namespace opd::reports {
 /// The controls of the report viewer, in tab order.
 struct ReportViewerFields {
     explicit ReportViewerFields(ui::Container& form) : window(form) {
-        const std::pair<ui::Button*, const char*> signs[] = {
-            {&cmdFirstPage, "First page"}, {&cmdPreviousPage, "Previous page"},
-            {&cmdNextPage, "Next page"},   {&cmdLastPage, "Last page"},
-            {&cmdZoomOut, "Smaller"},      {&cmdZoomIn, "Larger"},
-            {&cmdShow, "Toolbar"}};
-        for (const auto& [button, name] : signs)
-            button->spokenName = name;
+        struct Sign {
+            ui::Button& button;
+            const char* name;
+            const char* key;
+        };
+        const Sign signs[] = {{cmdFirstPage, "First page", " (Home)"},
+                              {cmdPreviousPage, "Previous page", " (Page Up)"},
+                              {cmdNextPage, "Next page", " (Page Down)"},
+                              {cmdLastPage, "Last page", " (End)"},
+                              {cmdZoomOut, "Smaller", " (-)"},
+                              {cmdZoomIn, "Larger", " (+)"},
+                              {cmdShow, "Toolbar", ": put away or brought back"}};
+        for (const Sign& sign : signs) {
+            sign.button.spokenName = sign.name;
+            sign.button.tip = std::string{sign.name} + sign.key;
+        }
         CRViewer1.spokenName = "Report";
     }
 

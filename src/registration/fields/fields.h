@@ -28,6 +28,7 @@ struct Fields {
         for (ui::TextBox* name : namesOfCodes())
             showOnly(*name);
         nameForTheEar();
+        explainShortLabels();
         header.txtBirthDate.offersCalendar = true;
     }
 
@@ -78,6 +79,24 @@ struct Fields {
         };
         for (const auto& [control, name] : names)
             control->spokenName = name;
+    }
+
+    /// What the mouse is told where a label is short.
+    void explainShortLabels() {
+        const std::pair<ui::Control*, const char*> tips[] = {
+            {&personal.barangayCaptain, "Barangay captain"},
+            {&personal.notifyRelation, "Relation to the patient"},
+            {&consultation.informantRelation, "Relation to the patient"},
+            {&consultation.guarantorEmployerAddress, "Address of the employer"},
+            {&additional.spouseEmployerName, "Name of the spouse's employer"},
+            {&consultation.systolic, "Blood pressure, the higher value"},
+            {&consultation.diastolic, "Blood pressure, the lower value"},
+            {&consultation.txtRespRate, "Respiratory rate"},
+            {&additional.txtLOAAmount, "Amount of the letter of authorization"},
+            {&personal.purposeHema, "Hematology and oncology"},
+        };
+        for (const auto& [control, tip] : tips)
+            control->tip = tip;
     }
 
     /// The boxes of control arrays that show what a code stands for; nobody types there.

@@ -3,6 +3,7 @@
 #include "tests/adapters/qt/desk.h"
 
 #include <QAccessible>
+#include <QApplication>
 
 #include <map>
 
@@ -75,6 +76,36 @@ TEST(QtAccessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
     EXPECT_EQ(faultsIn<reports::frmWebCamCapture>(), "");
     ui::KeyCard card{samples::RegistrationWindow()};
     EXPECT_EQ(faultsIn(card), "");
+}
+
+TEST(QtCalendar, APickedBirthDateComesAsATypedOneAndIsAskedAboutWhenTheBoxIsLeft) {
+    RegistrationDesk desk;
+    ui::MaskedBox& born = desk.form.header.txtBirthDate;
+    int asked = 0;
+    born.onValidate = [&](bool&) { ++asked; };
+    born.setText("03/31/1980");
+    desk.form.setFocus(born);
+    hands::settle();
+    const auto choose = [&](const char* year, const char* last) {
+        desk.press("F4");
+        EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+        desk.type(year);
+        desk.press("Tab");
+        desk.press("Tab");
+        desk.press("Left");
+        desk.press(last);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    };
+    choose("1900", "Escape");
+    EXPECT_EQ(born.text(), "03/31/1980");
+    choose("1956", "Enter");
+    EXPECT_EQ(born.text(), "03/30/1956");
+    EXPECT_EQ(desk.hands.shownText(born), "03/30/1956");
+    EXPECT_EQ(asked, 0);
+    desk.type("12251999"); // what was picked is selected, and typing is the first way
+    EXPECT_EQ(born.text(), "12/25/1999");
+    desk.press("Tab");
+    EXPECT_EQ(asked, 1);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "adapters/sqlite/procedures.h"
 #include "platform/text/text.h"
 
+#include <cerrno>
 #include <optional>
 #include <unistd.h>
 
@@ -169,11 +170,12 @@ class SqliteLink final : public ado::Link {
     Catalog m_catalog;
 };
 
-/// Throws when this user may only read the database: told at the start, not when the first patient is to be saved. The
-/// journal lies beside the file, so the folder counts as well.
-void checkWritable(const std::filesystem::path& file) {
-    const bool canBeRead = eaccess(file.c_str(), R_OK) == 0;
-    if (canBeRead && (eaccess(file.c_str(), W_OK) != 0 || eaccess(file.parent_path().c_str(), W_OK | X_OK) != 0))
+/// Throws when this user may not read the database, or only read it: told at the start, not when the first patient is
+/// to be saved. The journal lies beside the file, so the folder counts as well.
+void checkPermissions(const std::filesystem::path& file) {
+    if (eaccess(file.c_str(), R_OK) != 0 && errno == EACCES)
+        throw serverError("This user may not read it: ask the administrator for permission to use it.", 229, "42000");
+    if (eaccess(file.c_str(), W_OK) != 0 || eaccess(file.parent_path().c_str(), W_OK | X_OK) != 0)
         throw serverError("This user may only read it: nothing could be saved.", 3906, "25000");
 }
 
@@ -204,7 +206,11 @@ class SqliteProvider final : public ado::Provider {
                               "08001");
         const std::filesystem::path file = databaseFile(folder);
         if (!std::filesystem::exists(file, unreadable))
-            throw serverError("The folder \"" + folder + "\" holds no hospital database.", 5133, "08001");
+            throw serverError("The folder \"" + folder + "\" " +
+                                  (unreadable == std::errc::permission_denied
+                                       ? "is closed to this user: ask the administrator for permission to use it."
+                                       : "holds no hospital database."),
+                              5133, "08001");
         auto link = opened(file);
         checkVersion(link->database(), folder);
         guardDrawnNumbers(link->database());
@@ -217,7 +223,7 @@ class SqliteProvider final : public ado::Provider {
     /// Opens the file and reads its first page; a failure says which folder it is about.
     std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file) const {
         try {
-            checkWritable(file);
+            checkPermissions(file);
             auto link = std::make_unique<SqliteLink>(file, m_clock);
             Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();
             return link;

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
+#include <tuple>
 
 using namespace opd;
 using namespace opd::tests;
@@ -81,30 +82,28 @@ TEST(Opening, SaysThatAnotherProgramHoldsTheFile) {
     EXPECT_EQ(messageOf(hospital.folder()), "");
 }
 
-TEST(Opening, RefusesAFileThatTheUserMayNotRead) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "the superuser may read everything";
-    const EmbeddedHospital hospital;
-    std::filesystem::permissions(hospital.file(), std::filesystem::perms::none);
-    expectMessage(hospital.folder(), "cannot be opened");
-}
-
-TEST(Opening, SaysThatTheDatabaseIsReadOnly) {
-    const EmbeddedHospital hospital;
+TEST(Opening, SaysWhatTheUserMayNotDo) {
     using std::filesystem::perms;
-    const pid_t clerk = fork(); // who is no superuser: that one may write everything
-    if (clerk == 0) {
-        std::filesystem::permissions(hospital.folder().parent_path(), perms::all);
-        std::filesystem::permissions(hospital.folder(), perms::all);
-        std::filesystem::permissions(hospital.file(), perms::owner_read | perms::group_read | perms::others_read);
-        if (geteuid() == 0 && setuid(65534) != 0)
-            _exit(3);
-        const bool told = messageOf(hospital.folder()).find("may only read it") != std::string::npos;
-        _exit(told ? 0 : 1);
+    constexpr perms read = perms::owner_read | perms::group_read | perms::others_read;
+    const std::tuple<perms, perms, const char*> cases[] = {{perms::none, perms::all, "closed to this user"},
+                                                           {perms::all, perms::none, "may not read it"},
+                                                           {perms::all, read, "may only read it"}};
+    for (const auto& [ofFolder, ofFile, expected] : cases) {
+        const EmbeddedHospital hospital;
+        const pid_t clerk = fork(); // who is no superuser: that one may do everything
+        if (clerk == 0) {
+            std::filesystem::permissions(hospital.folder().parent_path(), perms::all);
+            std::filesystem::permissions(hospital.file(), ofFile);
+            std::filesystem::permissions(hospital.folder(), ofFolder);
+            if (geteuid() == 0 && setuid(65534) != 0)
+                _exit(3);
+            _exit(messageOf(hospital.folder()).find(expected) != std::string::npos ? 0 : 1);
+        }
+        int status = -1;
+        waitpid(clerk, &status, 0);
+        EXPECT_EQ(WEXITSTATUS(status), 0) << expected;
+        std::filesystem::permissions(hospital.folder(), perms::owner_all);
     }
-    int status = -1;
-    waitpid(clerk, &status, 0);
-    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 TEST(Opening, NothingIsWrittenIntoAFileThatIsNoLongerThere) {

@@ -78,6 +78,27 @@ TEST(QtAccessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
     EXPECT_EQ(faultsIn(card), "");
 }
 
+/// The access keys that lead to two controls, on whatever pages these are.
+std::string sharedKeys(const ui::Window& window) {
+    std::vector<ui::Control*> everything;
+    window.collect(everything);
+    std::map<char32_t, int> met;
+    std::string shared;
+    for (const ui::Control* control : everything)
+        if (const char32_t key = ui::accessKeyOf(control->caption()); key != 0 && control->visible() && ++met[key] > 1)
+            shared += control->caption() + "\n";
+    return shared;
+}
+
+TEST(QtAccessibility, AnAccessKeyLeadsToOneControl) {
+    samples::RegistrationWindow form;
+    form.buttons.cmdRevoke.setVisible(false); // stands beside "&Update"
+    form.buttons.cmdUnRevoke.setVisible(false);
+    EXPECT_EQ(sharedKeys(form), "");
+    EXPECT_EQ(sharedKeys(samples::SearchWindow()), "");
+    EXPECT_EQ(sharedKeys(samples::ReportViewer()), "");
+}
+
 TEST(QtCalendar, APickedBirthDateComesAsATypedOneAndIsAskedAboutWhenTheBoxIsLeft) {
     RegistrationDesk desk;
     ui::MaskedBox& born = desk.form.header.txtBirthDate;

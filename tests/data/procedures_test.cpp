@@ -1,6 +1,5 @@
 #include "support/test_session.h"
 
-#include "data/connection_settings.h"
 #include "data/hospital_settings.h"
 #include "data/leading_number.h"
 #include "data/procedures/dates.h"
@@ -22,23 +21,6 @@ TEST(Statement, KeepsValuesOutOfItsStructure) {
     EXPECT_EQ(data::Statement("p ").bareWord("00000012").str(), "p 00000012");
     for (const char* word : {"", "1 2", "1,2", "1'", "a;b"})
         EXPECT_THROW(data::Statement("p ").bareWord(word), ado::Error) << word;
-}
-
-TEST(ConnectionSettings, TheStringFollowsTheUserAndOtherKindsAreRefused) {
-    MemoryStore store;
-    store.values = {{"Server", "HIS1"}, {"Password", "s3cret"}, {"Database", "ignored"}};
-    EXPECT_EQ(data::connStr(store, 4, "LABORATORY"),
-              "Provider=SQLOLEDB.8;Integrated Security=SSPI;Persist Security Info=False;Initial "
-              "Catalog=LABORATORY;Data Source=HIS1");
-    store.values["User"] = "opd";
-    store.values["Password"] = "";
-    EXPECT_EQ(data::connStr(store, 4, "X"), "Provider=SQLOLEDB.8;User ID=opd;Password =;Persist Security "
-                                            "Info=False;Initial Catalog=X;Data Source=HIS1");
-    EXPECT_EQ(data::connStr(store, 1, ""), "opd");
-    EXPECT_EQ(data::connStr(store, 3, ""), "HIS1");
-    EXPECT_EQ(data::connStr(store, 5, ""), "");
-    for (const int kind : {0, 6, -1})
-        EXPECT_THROW(data::connStr(store, kind, ""), std::out_of_range);
 }
 
 TEST(HospitalSettings, EveryFlagIsReadByNameAndAnEmptyTableChangesNone) {

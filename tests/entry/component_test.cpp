@@ -142,6 +142,8 @@ TEST_F(Component, AnswersConnectionSettingsByTheirKind) {
         EXPECT_EQ(connStr(kind, com::errorSubscriptOutOfRange), "(null)");
         EXPECT_EQ(com::lastErrorText(), "Subscript out of range");
     }
+    configure("Password", "");
+    EXPECT_NE(connStr(4).find("User ID=sa;Password =;"), std::string::npos) << "a user need not have a password";
     configure("User", "");
     EXPECT_EQ(connStr(4), "Provider=SQLOLEDB.8;Integrated Security=SSPI;Persist Security Info=False;"
                           "Initial Catalog=LABORATORY;Data Source=HIS");

@@ -1,25 +1,12 @@
 #pragma once
 
+#include "support/temporary_folder.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
 
 namespace opd::tests {
-
-/// A folder of its own that disappears with its scope.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path operator/(const std::string& name) const { return m_path / name; }
-    const std::filesystem::path& path() const { return m_path; }
-
-  private:
-    std::filesystem::path m_path;
-};
 
 /// An environment variable that has a value until the end of its scope.
 class Variable {

@@ -214,16 +214,5 @@ TEST(Tabs, ShowOnlyUsablePagesAndTellTheChange) {
     EXPECT_FALSE(form.two.canTakeFocus());
 }
 
-TEST(ControlArray, IsFoundByItsIndexAndName) {
-    Window window{"w", "W"};
-    ControlArray<TextBox> boxes{"txtName"};
-    boxes.add(window, 0);
-    boxes.add(window, 5, "Label", 10);
-    EXPECT_EQ(window.find("txtName(5)"), &boxes(5));
-    EXPECT_EQ(boxes(5).maxLength(), 10);
-    EXPECT_EQ(window.find("txtName(1)"), nullptr);
-    EXPECT_THROW(boxes(1), std::out_of_range);
-}
-
 } // namespace
 } // namespace opd::ui

@@ -94,42 +94,44 @@ TEST(WindowLife, AFailingLoadPassesToTheCallerAndMayBeRepeated) {
     EXPECT_EQ(form.log, Names{"loaded"}) << "loaded once until it is unloaded";
 }
 
+/// Events in the midst of which a handler closes its window.
+const std::vector<std::pair<const char*, std::function<void(Form&, std::function<void()>)>>> places{
+    {"click",
+     [](Form& f, auto unload) {
+         f.ok.onClick = unload;
+         f.window.click(f.ok);
+     }},
+    {"validation",
+     [](Form& f, auto unload) {
+         f.first.onValidate = [=](bool&) { unload(); };
+         f.window.click(f.ok);
+     }},
+    {"lost focus",
+     [](Form& f, auto unload) {
+         f.first.onLostFocus = unload;
+         f.window.click(f.ok);
+     }},
+    {"got focus",
+     [](Form& f, auto unload) {
+         f.ok.onGotFocus = unload;
+         f.window.click(f.ok);
+     }},
+    {"page change",
+     [](Form& f, auto unload) {
+         f.tabs.onChange = unload;
+         f.window.pickPage(f.tabs, 2);
+     }},
+    {"key",
+     [](Form& f, auto unload) {
+         f.window.onKeyPress = [=, &f](KeyPress&) {
+             f.window.sendTab();
+             unload();
+         };
+         EXPECT_EQ(f.window.pressKey(U'a'), 0U);
+     }},
+};
+
 TEST(WindowLife, UnloadInAHandlerEndsTheEventThere) {
-    const std::vector<std::pair<const char*, std::function<void(Form&, std::function<void()>)>>> places{
-        {"click",
-         [](Form& f, auto unload) {
-             f.ok.onClick = unload;
-             f.window.click(f.ok);
-         }},
-        {"validation",
-         [](Form& f, auto unload) {
-             f.first.onValidate = [=](bool&) { unload(); };
-             f.window.click(f.ok);
-         }},
-        {"lost focus",
-         [](Form& f, auto unload) {
-             f.first.onLostFocus = unload;
-             f.window.click(f.ok);
-         }},
-        {"got focus",
-         [](Form& f, auto unload) {
-             f.ok.onGotFocus = unload;
-             f.window.click(f.ok);
-         }},
-        {"page change",
-         [](Form& f, auto unload) {
-             f.tabs.onChange = unload;
-             f.window.pickPage(f.tabs, 2);
-         }},
-        {"key",
-         [](Form& f, auto unload) {
-             f.window.onKeyPress = [=, &f](KeyPress&) {
-                 f.window.sendTab();
-                 unload();
-             };
-             EXPECT_EQ(f.window.pressKey(U'a'), 0U);
-         }},
-    };
     for (const auto& [name, raise] : places) {
         Form form;
         form.three.onGotFocus = form.note("three reached");
@@ -144,33 +146,6 @@ TEST(WindowLife, UnloadInAHandlerEndsTheEventThere) {
 }
 
 TEST(WindowLife, AWindowThatAHandlerUnloadsAndShowsAgainStartsAfresh) {
-    const std::vector<std::pair<const char*, std::function<void(Form&, std::function<void()>)>>> places{
-        {"click",
-         [](Form& f, auto again) {
-             f.ok.onClick = again;
-             f.window.click(f.ok);
-         }},
-        {"validation",
-         [](Form& f, auto again) {
-             f.first.onValidate = [=](bool&) { again(); };
-             f.window.click(f.ok);
-         }},
-        {"lost focus",
-         [](Form& f, auto again) {
-             f.first.onLostFocus = again;
-             f.window.click(f.ok);
-         }},
-        {"got focus",
-         [](Form& f, auto again) {
-             f.ok.onGotFocus = again;
-             f.window.click(f.ok);
-         }},
-        {"key",
-         [](Form& f, auto again) {
-             f.window.onKeyPress = [=](KeyPress&) { again(); };
-             EXPECT_EQ(f.window.pressKey(U'a'), 0U);
-         }},
-    };
     for (const auto& [name, raise] : places) {
         Form form;
         RecordingView next;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "registration/listing_stand_in.h"
+#include "support/temporary_folder.h"
 #include "support/test_session.h"
 
 #include "adapters/sqlite/create_database.h"
@@ -10,7 +11,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <unistd.h>
 
 namespace opd::tests {
 
@@ -25,10 +25,7 @@ struct HospitalSession {
         globals.gServerDate = clock.moment;
         globals.gCodeSearch = com::Object{listing.get()};
     }
-    ~HospitalSession() {
-        globals.gConnection->Close();
-        std::filesystem::remove_all(folder);
-    }
+    ~HospitalSession() { globals.gConnection->Close(); }
     HospitalSession(const HospitalSession&) = delete;
     HospitalSession& operator=(const HospitalSession&) = delete;
 
@@ -44,7 +41,8 @@ struct HospitalSession {
         return form;
     }
 
-    std::filesystem::path folder = std::filesystem::temp_directory_path() / ("round-trip-" + std::to_string(getpid()));
+    TemporaryFolder temporary;
+    std::filesystem::path folder = temporary / "hospital";
     FixedClock clock;
     ado::Providers providers;
     Globals globals;

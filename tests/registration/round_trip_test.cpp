@@ -3,6 +3,7 @@
 #include "entry/trace_file.h"
 #include "registration/rules/validate_data.h"
 #include "registration/save/save_data.h"
+#include "support/temporary_folder.h"
 
 #include <algorithm>
 #include <csignal>
@@ -445,9 +446,7 @@ TEST(RoundTrip, ATraceWithoutRoomIsToldOnceAndTouchesNoStatementOfARegistration)
 }
 
 TEST(RoundTrip, ATraceFollowsNoLinkAndOpensNothingButAPlainFile) {
-    const std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / ("traces-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
+    const TemporaryFolder folder;
     std::ofstream(folder / "target") << "kept";
     std::filesystem::create_symlink(folder / "target", folder / "link");
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
@@ -455,7 +454,6 @@ TEST(RoundTrip, ATraceFollowsNoLinkAndOpensNothingButAPlainFile) {
         EXPECT_THROW(TraceFile(folder / name, {}), std::runtime_error) << name;
     EXPECT_THROW(TraceFile("/dev/full", {}), std::runtime_error);
     EXPECT_EQ(std::filesystem::file_size(folder / "target"), 4U);
-    std::filesystem::remove_all(folder);
 }
 
 } // namespace

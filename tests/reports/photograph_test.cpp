@@ -1,3 +1,4 @@
+#include "support/temporary_folder.h"
 #include "support/test_session.h"
 
 #include "reports/photograph.h"
@@ -16,13 +17,12 @@ namespace opd::tests {
 namespace {
 
 struct Photographs : TestSession, testing::Test {
-    ~Photographs() override { std::filesystem::remove_all(folder); }
-
     std::size_t filesThere() const {
         return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
     }
 
-    std::filesystem::path folder = std::filesystem::temp_directory_path() / ("pictures-" + std::to_string(getpid()));
+    TemporaryFolder temporary;
+    std::filesystem::path folder = temporary / "pictures";
     Image picture{4, 2, std::vector<std::uint8_t>(24)};
 };
 

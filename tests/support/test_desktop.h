@@ -25,6 +25,15 @@ class TestDesktop final : public ui::Desktop {
     /// The answer to the next message box.
     void answer(ui::Answer answer) { m_answers.push_back(answer); }
 
+    /// The answers to the next boxes, by the initials of Yes, No, Ok and Cancel.
+    void answers(const std::string& initials) {
+        for (const char initial : initials)
+            answer(initial == 'Y'   ? ui::Answer::Yes
+                   : initial == 'N' ? ui::Answer::No
+                   : initial == 'O' ? ui::Answer::Ok
+                                    : ui::Answer::Cancel);
+    }
+
     std::vector<ui::Message> messages; ///< all that were shown
     std::vector<std::string> shown;    ///< names of the windows that were shown; modeless ones end in "~"
     bool agreesToAll = false;          ///< answers Yes or OK where nothing is queued

@@ -5,12 +5,11 @@
 #include "platform/ado/command.h"
 #include "platform/ado/error.h"
 #include "platform/ado/recordset.h"
+#include "support/temporary_folder.h"
 
 #include <filesystem>
 #include <memory>
-#include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace opd::tests {
@@ -20,28 +19,6 @@ class MorningClock final : public Clock {
   public:
     DateTime moment{2026, 7, 1, 10, 30, 15};
     DateTime now() const override { return moment; }
-};
-
-/// A folder of its own that goes with its scope.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "opd-test-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("no temporary folder");
-        m_path = name;
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    const std::filesystem::path& path() const { return m_path; }
-
-  private:
-    std::filesystem::path m_path;
 };
 
 /// A database that tests reach through connections alone. It holds the generator's fixed patients.

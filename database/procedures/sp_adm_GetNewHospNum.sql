@@ -3,7 +3,7 @@
 -- Goes on until the number is free: a file that was restored, or another program, may have gone ahead of the counter.
 UPDATE Patient_Data_tbCounter SET Last = (
   WITH RECURSIVE candidate (Number) AS (
-    SELECT Last + 1
+    SELECT max(Last, 0) + 1
     UNION ALL
     SELECT Number + 1 FROM candidate
     WHERE EXISTS (SELECT 1 FROM Patient_Data_tbMaster WHERE HospNum = printf('%08d', Number)))

@@ -4,7 +4,7 @@
 -- Visits bear it with a "B", and so do contacts and history, which may be there without a visit.
 UPDATE Patient_Data_tbCounter SET Last = (
   WITH RECURSIVE candidate (Number) AS (
-    SELECT Last + 1
+    SELECT max(Last, 0) + 1
     UNION ALL
     SELECT Number + 1 FROM candidate
     WHERE EXISTS (SELECT 1 FROM Patient_Data_tbOutPatient WHERE IDNum = printf('%010dB', Number))

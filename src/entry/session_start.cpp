@@ -3,6 +3,7 @@
 #include "data/connection_settings.h"
 #include "data/hospital_settings.h"
 #include "platform/com/connection_object.h"
+#include "platform/text/text.h"
 #include "registration/registration.h"
 #include "search/master_search.h"
 
@@ -44,7 +45,7 @@ SearchEnd runSearch(Session& session) {
     registration::frmRegistration registration{session};
     search::frmMasterSearch search{session, registration};
     search.window().load(); // clears the fields, so the text to search for comes after it
-    search.fields().lastName.setText(session.globals.gSearchCriteria);
+    search.fields().lastName.setText(text::replaced(session.globals.gSearchCriteria, "'", "")); // as when it is typed
     search.showModal();
     session.desktop.waitForWindows();
     throwIfGivenUp(session.desktop);

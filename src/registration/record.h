@@ -91,6 +91,9 @@ struct Record {
     KeptCode BloodPressureKept;
     KeptCode CivilStatusKept;
     KeptCode LOAStatusKept;
+    KeptCode EmploymentTypeKept;
+    KeptCode EmploymentLocationKept;
+    KeptCode PhilHealthKept;
     bool LOAInformedUnknown = false; ///< the stored letter has no such date, and the clerk gave none
     bool LOAReceivedUnknown = false;
     std::array<CodedSlot<search::clsService>, 5> Service;

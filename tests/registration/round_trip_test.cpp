@@ -200,9 +200,9 @@ const std::map<std::string, std::string> peculiar{{"CivilStatus", "7"},
                                                   {"LOAAmount", "1500.75"},
                                                   {"LMP", "11/02/2026"},
                                                   {"FileNum", "5"},
-                                                  {"EmploymentType", "2"},
-                                                  {"EmploymentLocation", "2"},
-                                                  {"PhilHealth", "1"}};
+                                                  {"EmploymentType", "9"},
+                                                  {"EmploymentLocation", "8"},
+                                                  {"PhilHealth", "5"}};
 
 /// Columns that the desk neither fills nor clears.
 const std::set<std::string> ofOthers{"BillingDate", "dcrDate", "ConsultationDate"};

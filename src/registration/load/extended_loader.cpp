@@ -3,6 +3,7 @@
 #include "data/rows.h"
 #include "platform/text/text.h"
 #include "registration/load/columns.h"
+#include "registration/save/codes.h"
 
 namespace opd::registration {
 
@@ -63,6 +64,18 @@ void showEmployment(EmploymentTab& employment, const ado::Recordset& patient) {
     employment.philHealthNo.setSelected(philHealth == 0);
 }
 
+/// Another program may have stored codes that no option stands for.
+void keepEmploymentCodes(FormContext& form, const ado::Recordset& patient) {
+    const EmploymentTab& employment = form.fields.employment;
+    const auto keep = [&](KeptCode& code, const char* column, const std::string& shown) {
+        if (const int stored = numberOf(patient, column); stored >= 0)
+            code.keep(std::to_string(stored), shown);
+    };
+    keep(form.record.EmploymentTypeKept, "EmploymentType", employmentTypeCode(employment));
+    keep(form.record.EmploymentLocationKept, "EmploymentLocation", employmentLocationCode(employment));
+    keep(form.record.PhilHealthKept, "PhilHealth", philHealthCode(employment));
+}
+
 } // namespace
 
 void LoadExtendedMaster(FormContext& form) {
@@ -73,6 +86,7 @@ void LoadExtendedMaster(FormContext& form) {
         return;
     showContacts(form.fields, patient);
     showEmployment(form.fields.employment, patient);
+    keepEmploymentCodes(form, patient);
 }
 
 void LoadMedicalHistory(FormContext& form) {

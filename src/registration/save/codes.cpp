@@ -8,6 +8,14 @@ namespace opd::registration {
 
 namespace {
 
+/// The position, counted from 1, of the selected option; 0 when none is.
+std::string selectedPosition(const ui::ControlArray<ui::OptionButton>& options, int count) {
+    for (int n = 0; n < count; ++n)
+        if (options(n).selected())
+            return std::to_string(n + 1);
+    return "0";
+}
+
 std::string patientTypeCode(const Fields& fields) {
     return fields.personal.chkPatientType.checked() ? "W" : "C";
 }
@@ -75,14 +83,16 @@ void computeKeptCodes(FormContext& form) {
     form.record.HemoCode = personal.chkHemo.checked() ? "1" : "0";
 }
 
-int selectedPosition(const ui::ControlArray<ui::OptionButton>& options, std::initializer_list<int> indexes) {
-    int position = 0;
-    for (const int index : indexes) {
-        ++position;
-        if (options(index).selected())
-            return position;
-    }
-    return 0;
+std::string employmentTypeCode(const EmploymentTab& employment) {
+    return selectedPosition(employment.optType, 3);
+}
+
+std::string employmentLocationCode(const EmploymentTab& employment) {
+    return selectedPosition(employment.optLocation, 2);
+}
+
+std::string philHealthCode(const EmploymentTab& employment) {
+    return employment.philHealthYes.selected() ? "1" : "0";
 }
 
 } // namespace opd::registration

@@ -20,7 +20,9 @@ void keepCodes(FormContext& form, const ado::Recordset& visit);
 /// Computes the codes that are kept on the form. A greyed cash patient box leaves its code as it was.
 void computeKeptCodes(FormContext& form);
 
-/// The position, counted from 1, of the first selected option among those of these indexes; 0 when none is.
-int selectedPosition(const ui::ControlArray<ui::OptionButton>& options, std::initializer_list<int> indexes);
+/// What the employment tab stands for; 0 where nothing is chosen.
+std::string employmentTypeCode(const EmploymentTab& employment);
+std::string employmentLocationCode(const EmploymentTab& employment);
+std::string philHealthCode(const EmploymentTab& employment);
 
 } // namespace opd::registration

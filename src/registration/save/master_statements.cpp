@@ -100,15 +100,15 @@ Statement updateExtendedMaster(const FormContext& form) {
     Values last = gravedTexts({&employment.employerFax, &employment.txtEmployerEmail, &additional.spouseEmployerName,
                                &additional.spouseEmployerAddress, &additional.spouseEmployerTelephone,
                                &additional.spouseEmployerFax, &additional.spouseEmployerEmail});
-    last.insert(last.end(), {employment.philHealthYes.selected() ? "1" : "0", "", graved(personal.household),
-                             graved(personal.txtEmail), personal.mobile.text()});
+    last.insert(last.end(), {form.record.PhilHealthKept.sent(philHealthCode(employment)), "",
+                             graved(personal.household), graved(personal.txtEmail), personal.mobile.text()});
 
     return Statement("Patient_Data..sp_Adm_UpdateMaster2 '")
         .values(first, "','")
         .text("',")
-        .number(selectedPosition(employment.optType, {0, 1, 2}))
+        .bareWord(form.record.EmploymentTypeKept.sent(employmentTypeCode(employment)))
         .text(",")
-        .number(selectedPosition(employment.optLocation, {0, 1}))
+        .bareWord(form.record.EmploymentLocationKept.sent(employmentLocationCode(employment)))
         .text(",'")
         .values(last, "','")
         .text("' ");

@@ -27,8 +27,8 @@ std::optional<std::string> draw(FormContext& form, const char* procedure, const 
         return drawn(form, procedure, parameter, size);
     } catch (const std::exception& failure) { // the clerk learns what it means, and why
         form.session.desktop.ask({.text = std::string{failureText} + "\r\n\r\n" + failure.what() +
-                                          "\r\n\r\nNothing was saved. What was typed is kept, and offered again when "
-                                          "this registration is opened the next time.",
+                                          "\r\n\r\nNothing was saved. What was typed is kept until the desk is "
+                                          "closed, and offered again when this registration is opened the next time.",
                                   .caption = "Error",
                                   .icon = ui::Icon::Critical});
         return std::nullopt;

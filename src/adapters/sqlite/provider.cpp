@@ -205,9 +205,6 @@ class SqliteProvider final : public ado::Provider {
             throw serverError("The database folder \"" + folder + "\" does not exist or cannot be read.", 5133,
                               "08001");
         const std::filesystem::path file = databaseFile(folder);
-        if (!std::filesystem::exists(file, unreadable) && unreadable)
-            throw serverError("This user may not look into the folder \"" + folder + "\" of the hospital.", 5133,
-                              "08001");
         if (!std::filesystem::exists(file, unreadable))
             throw serverError("The folder \"" + folder + "\" " +
                                   (unreadable == std::errc::permission_denied

@@ -110,6 +110,8 @@ TEST(MasterSearch, TheCriteriaChooseTheStatement) {
             EXPECT_EQ(desk.globals.gSelectedHospNum, "00000007");
             EXPECT_TRUE(fields.newPatient.enabled());
             EXPECT_FALSE(fields.search.enabled());
+            TestDesktop::type(window, "8"); // the next card, whose Enter must not open the patient before
+            EXPECT_EQ(fields.txtHospNum.text() + desk.globals.gSelectedHospNum, "8");
         });
     }
 }
@@ -333,7 +335,10 @@ TEST(MasterSearch, AFailingDatabaseIsReportedAndTheSearchCanBeTriedAgain) {
         EXPECT_TRUE(fields.search.enabled());
         EXPECT_EQ(fields.txtHospNum.text(), "7");
         EXPECT_FALSE(desk.desktop.isBusy());
+        window.pressKey(ui::key::escape);
+        EXPECT_FALSE(window.isOpen());
     });
+    EXPECT_TRUE(desk.form.closedByOperator());
 }
 
 } // namespace

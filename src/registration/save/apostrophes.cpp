@@ -22,11 +22,19 @@ std::string graved(const std::string& text) {
     return text::replaced(text, "'", "`");
 }
 
+/// The caption as it is spoken; some of the documented ones end in a colon.
+std::string spoken(const ui::Control& control) {
+    std::string name = text::trimmed(ui::plainCaption(control.caption()));
+    if (name.ends_with(':'))
+        name.pop_back();
+    return text::trimmed(name);
+}
+
 /// How a clerk calls a field: by the label beside it, or by the caption of the frame around it.
 std::string nameOf(const ui::Control& field) {
     const ui::Container* const frame = field.container();
-    const std::string label = ui::plainCaption(field.caption());
-    const std::string around = frame == nullptr ? std::string{} : text::trimmed(ui::plainCaption(frame->caption()));
+    const std::string label = spoken(field);
+    const std::string around = frame == nullptr ? std::string{} : spoken(*frame);
     if (label.empty() || around.empty())
         return label.empty() ? around : label;
     return around + ": " + label;

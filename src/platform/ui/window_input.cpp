@@ -2,8 +2,10 @@
 
 #include "platform/text/text.h"
 #include "platform/ui/key_card.h"
+#include "platform/ui/spoken_names.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace opd::ui {
@@ -12,6 +14,16 @@ namespace {
 
 bool canPress(const Button* button) {
     return button != nullptr && button->isShown() && button->isUsable();
+}
+
+/// A lookup button that kept the focus gives it to its code field, so that Enter moves on instead of pressing it again.
+void leaveLookup(Window& window, const Control& button) {
+    if (window.focus() != &button || !isLookup(button))
+        return;
+    const std::vector<Control*>& members = button.container()->members();
+    const auto place = std::find(members.begin(), members.end(), &button);
+    if (place != members.begin() && (*std::prev(place))->kind() == Kind::TextBox)
+        window.setFocus(**std::prev(place));
 }
 
 } // namespace
@@ -174,7 +186,10 @@ bool Window::click(Control& control) {
         return false;
     if (control.canTakeFocus() && !requestFocus(control))
         return false;
-    return control.isShown() && handle([&] { control.clicked(); });
+    return control.isShown() && handle([&] {
+               control.clicked();
+               leaveLookup(*this, control);
+           });
 }
 
 void Window::doubleClick(Grid& grid) {

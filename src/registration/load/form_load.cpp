@@ -164,10 +164,10 @@ void loadForm(FormContext& form) {
     layOutOptionalParts(form);
     if (!loadByType(form))
         form.fields.personal.txtNationality.setText("1");
-    if (!form.record.isNewPatient())
-        showStoredPhotograph(form);
     resolveNationality(form);
     DisplayPatientAge(form);
+    if (!form.record.isNewPatient())
+        showStoredPhotograph(form);
     form.fields.tabOPD.show(0);
 }
 

@@ -44,12 +44,14 @@ std::string stateOfSave(const FormContext& form) {
     return stored.empty() || needed.empty() ? stored + needed : stored + " " + needed;
 }
 
-/// What the opener has to say ("nobody of that name") is read by the time the clerk types, and then no longer true.
+/// What the window had to report ("nobody of that name", a complaint taken over) is read by the time the clerk goes on
+/// writing, and would then hide what is still needed.
 void bindStatus(FormContext& form) {
-    HeaderFields& header = form.fields.header;
-    for (ui::Control* field : std::initializer_list<ui::Control*>{&header.txtLastName, &header.txtFirstName,
-                                                                  &header.txtBirthDate, &header.txtHospNum})
-        alsoOn(field->onChange, [&form] { form.window.setStatus({}); });
+    std::vector<ui::Control*> everything;
+    form.window.collect(everything);
+    for (ui::Control* field : everything)
+        if (field->kind() != ui::Kind::Tabs)
+            alsoOn(field->onChange, [&form] { form.window.setStatus({}); });
     form.window.stillToDo = [&form] { return stateOfSave(form); };
 }
 

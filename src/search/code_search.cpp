@@ -48,8 +48,8 @@ bool clsSearch::SearchAdmittingType(const std::string& code) {
 }
 
 bool clsSearch::SearchAutoDoctor(const std::string& criteria, const std::string& serviceCode) {
-    return takeOnly(data::openClient(m_session, doctorStatement(serviceCode, criteria, "5"), unspecifiedCursor,
-                                     unspecifiedLock));
+    return takeOnly(
+        data::openClient(m_session, doctorStatement(serviceCode, criteria, "5"), unspecifiedCursor, unspecifiedLock));
 }
 
 bool clsSearch::takeOnly(const ado::Recordset& rows) {

@@ -171,7 +171,7 @@ bool Window::pressLookup() {
         return false;
     const std::vector<Control*>& members = m_focus->container()->members();
     const auto next = std::find(members.begin(), members.end(), m_focus) + 1;
-    return next != members.end() && (*next)->kind() == Kind::Button && (*next)->caption() == "..." && click(**next);
+    return next != members.end() && isLookup(**next) && click(**next);
 }
 
 bool Window::pressOnCell(char32_t code) {

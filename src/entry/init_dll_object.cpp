@@ -1,6 +1,7 @@
 #include "entry/init_dll_object.h"
 
 #include "data/connection_settings.h"
+#include "data/statement.h"
 #include "entry/composition.h"
 #include "entry/session_start.h"
 #include "platform/com/class_registry.h"
@@ -34,7 +35,7 @@ com::HResult withPointer(const void* pointer, const char* what, const std::funct
 
 // The user stands in quotes in statements, and there is no way to write a quote within them.
 void refuseApostrophe(const std::string& user) {
-    if (user.find('\'') != std::string::npos)
+    if (!data::isSendable(user))
         throw com::Error(com::errorInvalidArgument, "The user id \"" + user +
                                                         "\" holds an apostrophe, which cannot be stored with a "
                                                         "registration. Use a user id without one.");

@@ -1,5 +1,6 @@
 #include "registration/save/apostrophes.h"
 
+#include "data/statement.h"
 #include "platform/text/text.h"
 #include "platform/ui/window.h"
 #include "registration/rules/marks.h"
@@ -15,7 +16,7 @@ namespace {
 constexpr const char* unstorable = "An apostrophe cannot be stored from this desk.";
 
 bool holdsApostrophe(const std::string& text) {
-    return text.find('\'') != std::string::npos;
+    return !data::isSendable(text);
 }
 
 std::string graved(const std::string& text) {

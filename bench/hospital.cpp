@@ -2,7 +2,7 @@
 
 #include "adapters/sqlite/create_database.h"
 #include "adapters/sqlite/provider.h"
-#include "platform/clock/clock.h"
+#include "base/os/system_clock.h"
 
 #include <unistd.h>
 
@@ -11,7 +11,7 @@ namespace opd::bench {
 namespace {
 
 const ado::Providers& providers() {
-    static const SystemClock clock;
+    static const os::SystemClock clock;
     static ado::Providers embedded;
     static const bool added = [] {
         embedded.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));

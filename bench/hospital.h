@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/ado/connection.h"
-#include "platform/ui/desktop.h"
-#include "platform/ui/window.h"
+#include "ado/connection.h"
+#include "ui/desktop.h"
+#include "ui/window.h"
 
 #include <filesystem>
 #include <functional>

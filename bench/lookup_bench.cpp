@@ -1,4 +1,4 @@
-#include "adapters/codesearch/listing_window.h"
+#include "codesearch/listing_window.h"
 #include "hospital.h"
 
 #include <benchmark/benchmark.h>

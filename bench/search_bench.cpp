@@ -1,6 +1,6 @@
 #include "hospital.h"
 
-#include "platform/ado/recordset.h"
+#include "ado/recordset.h"
 #include "search/patient_statements.h"
 
 #include <benchmark/benchmark.h>

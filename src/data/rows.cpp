@@ -1,7 +1,7 @@
 #include "data/rows.h"
 
-#include "platform/ado/error.h"
-#include "platform/text/text.h"
+#include "ado/error.h"
+#include "base/text/text.h"
 
 #include <algorithm>
 

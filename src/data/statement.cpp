@@ -1,6 +1,6 @@
 #include "data/statement.h"
 
-#include "platform/ado/error.h"
+#include "ado/error.h"
 
 #include <algorithm>
 

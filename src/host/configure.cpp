@@ -1,8 +1,8 @@
 #include "host/commands.h"
 
-#include "entry/init_dll.h"
-#include "platform/ado/provider.h"
-#include "platform/settings/ini_store.h"
+#include "adapters/settings/ini_store.h"
+#include "ado/provider.h"
+#include "component/init_dll.h"
 
 #include <fmt/core.h>
 

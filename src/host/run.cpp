@@ -1,15 +1,16 @@
 #include "host/commands.h"
 
-#include "entry/environment.h"
-#include "entry/init_dll.h"
-#include "platform/com/class_registry.h"
-#include "platform/com/connection_object.h"
-#include "platform/com/library.h"
-#include "platform/com/memory.h"
-#include "platform/com/object.h"
-#include "platform/com/server.h"
-#include "platform/com/trust.h"
-#include "platform/ui/desktop_module.h"
+#include "ado/connection.h"
+#include "base/os/library.h"
+#include "base/os/trust.h"
+#include "com/class_registry.h"
+#include "com/connection_object.h"
+#include "com/memory.h"
+#include "com/object.h"
+#include "com/server.h"
+#include "component/environment.h"
+#include "component/init_dll.h"
+#include "script/desktop_module.h"
 
 #include <fmt/core.h>
 
@@ -64,14 +65,14 @@ std::optional<com::ClassEntry> knownClass(const char* programId) {
 /// Enters the component that lies beside this program into the class registry, unless it stands there already: a
 /// program runs with the components it came with. Where none lies beside it, the registered one serves.
 void ensureRegistered(const char* programId, const char* libraryName) {
-    const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&ensureRegistered)).parent_path();
-    const std::filesystem::path file = here / com::libraryFileName(libraryName);
+    const std::filesystem::path here = os::libraryOf(reinterpret_cast<const void*>(&ensureRegistered)).parent_path();
+    const std::filesystem::path file = here / os::libraryFileName(libraryName);
     const std::optional<com::ClassEntry> known = knownClass(programId);
     std::error_code missing;
     if (known &&
         (!std::filesystem::exists(file, missing) || std::filesystem::equivalent(file, known->library, missing)))
         return;
-    const com::Library library{com::trustedLibrary(file)};
+    const os::Library library{os::trustedLibrary(file)};
     com::setLastErrorText({});
     check(library.function<com::RegisterServerExport>(com::exportedNames.registerServer)(), "DllRegisterServer");
 }
@@ -124,8 +125,8 @@ bool hasDisplay() {
 /// possible: the failure goes to standard error in any case.
 void showFailure(const std::string& reason) {
     try {
-        const std::filesystem::path here = com::libraryOf(reinterpret_cast<const void*>(&showFailure)).parent_path();
-        const com::Library module{com::trustedLibrary(here / com::libraryFileName("opd-desktop-qt"))};
+        const std::filesystem::path here = os::libraryOf(reinterpret_cast<const void*>(&showFailure)).parent_path();
+        const os::Library module{os::trustedLibrary(here / os::libraryFileName("opd-desktop-qt"))};
         const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
         if (ui::Desktop* const desktop = create(nullptr, nullptr)) // never taken down, as the component's own
             desktop->ask({.text = reason, .icon = ui::Icon::Critical});

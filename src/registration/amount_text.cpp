@@ -1,6 +1,6 @@
 #include "registration/amount_text.h"
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 #include "search/coded_object.h"
 
 #include <array>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/ui/window.h"
 #include "registration/fields/fields.h"
 #include "registration/form_context.h"
 #include "registration/record.h"
 #include "session/session.h"
+#include "ui/window.h"
 
 #include <string>
 

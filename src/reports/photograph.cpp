@@ -1,8 +1,8 @@
 #include "reports/photograph.h"
 
+#include "ado/provider.h"
+#include "base/os/safe_file.h"
 #include "data/connection_settings.h"
-#include "platform/ado/provider.h"
-#include "platform/settings/safe_file.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -60,7 +60,7 @@ void storePhotograph(const ImageCodec& images, const Image& image, const std::fi
         throw std::runtime_error("The hospital number cannot name a file.");
     if (file.parent_path() == file.root_path())
         throw std::runtime_error("No folder is set for the photographs.");
-    settings::writeForGroup(file, images.encodeBitmap(image));
+    os::writeForGroup(file, images.encodeBitmap(image));
 }
 
 StoredPhotograph storedPhotograph(const ImageCodec& images, const std::filesystem::path& file) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/image/image.h"
-#include "platform/settings/store.h"
+#include "ports/image/image.h"
+#include "ports/settings/store.h"
 
 #include <filesystem>
 #include <string>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/ui/window.h"
 #include "reports/report_viewer_fields.h"
 #include "session/session.h"
+#include "ui/window.h"
 
 namespace opd::reports {
 

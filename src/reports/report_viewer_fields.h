@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ui/report_pane.h"
-#include "platform/ui/window.h"
+#include "ui/report_pane.h"
+#include "ui/window.h"
 
 namespace opd::reports {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ui/window.h"
 #include "session/session.h"
+#include "ui/window.h"
 
 namespace opd::reports {
 

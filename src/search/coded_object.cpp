@@ -1,8 +1,8 @@
 #include "search/coded_object.h"
 
+#include "ado/error.h"
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/ado/error.h"
-#include "platform/text/text.h"
 
 namespace opd::search {
 

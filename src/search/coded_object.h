@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ado/recordset.h"
 #include "data/statement.h"
-#include "platform/ado/recordset.h"
 #include "session/session.h"
 
 #include <string>

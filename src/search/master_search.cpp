@@ -1,10 +1,10 @@
 #include "search/master_search.h"
 
+#include "base/text/text.h"
 #include "data/hospital_settings.h"
 #include "data/procedures/dates.h"
 #include "data/procedures/key_filters.h"
 #include "data/rows.h"
-#include "platform/text/text.h"
 
 #include <utility>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/ui/window.h"
 #include "search/master_search_fields.h"
 #include "search/patient_finder.h"
 #include "search/patient_opener.h"
 #include "search/registration_opener.h"
 #include "session/session.h"
+#include "ui/window.h"
 
 namespace opd::search {
 

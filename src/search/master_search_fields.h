@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/ui/controls.h"
-#include "platform/ui/grid.h"
 #include "search/lookup_fields.h"
+#include "ui/controls.h"
+#include "ui/grid.h"
 
 namespace opd::search {
 

@@ -1,10 +1,10 @@
 #include "search/patient_finder.h"
 
+#include "base/text/text.h"
 #include "data/procedures/dates.h"
 #include "data/rows.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "search/patient_statements.h"
+#include "ui/window.h"
 
 #include <utility>
 

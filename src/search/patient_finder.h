@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado/recordset.h"
+#include "ado/recordset.h"
 #include "search/master_search_fields.h"
 #include "session/session.h"
 

@@ -1,8 +1,8 @@
 #include "search/patient_opener.h"
 
+#include "base/text/text.h"
 #include "data/procedures/checks.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "ui/window.h"
 
 namespace opd::search {
 

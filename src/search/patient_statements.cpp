@@ -1,6 +1,6 @@
 #include "search/patient_statements.h"
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 namespace opd::search {
 

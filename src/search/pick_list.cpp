@@ -41,11 +41,12 @@ void frmPickList::LoadForm() {
 }
 
 bool frmPickList::confirmedManualChoice() {
-    return m_session.desktop.ask({.text = "According to the build file, there is no doctor available that performs the " +
-                                          m_serviceName + " service.\r\nDo you want to manually assign a doctor?",
-                                  .caption = "Verification",
-                                  .buttons = ui::Buttons::YesNo,
-                                  .icon = ui::Icon::Question}) == ui::Answer::Yes;
+    return m_session.desktop.ask(
+               {.text = "According to the build file, there is no doctor available that performs the " + m_serviceName +
+                        " service.\r\nDo you want to manually assign a doctor?",
+                .caption = "Verification",
+                .buttons = ui::Buttons::YesNo,
+                .icon = ui::Icon::Question}) == ui::Answer::Yes;
 }
 
 bool frmPickList::fill(const std::string& serviceCode, int allDoctors) {

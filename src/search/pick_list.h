@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/ui/window.h"
 #include "search/lookup_fields.h"
 #include "session/session.h"
+#include "ui/window.h"
 
 #include <string>
 
@@ -20,8 +20,8 @@ class frmPickList {
     void InitializeForm(const std::string& caption, const std::string& serviceCode, const std::string& serviceName,
                         bool interactive);
 
-    /// Loads the list; not interactive it takes the first doctor, otherwise it shows the window and returns when that is
-    /// closed. Throws ado::Error.
+    /// Loads the list; not interactive it takes the first doctor, otherwise it shows the window and returns when that
+    /// is closed. Throws ado::Error.
     void LoadForm();
 
     bool UserSelected() const { return m_selected; } ///< a row was confirmed

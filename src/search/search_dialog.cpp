@@ -1,9 +1,9 @@
 #include "search/search_dialog.h"
 
+#include "base/text/folding.h"
+#include "base/text/ranking.h"
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/text/folding.h"
-#include "platform/text/ranking.h"
-#include "platform/text/text.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/ado/recordset.h"
-#include "platform/ui/window.h"
+#include "ado/recordset.h"
 #include "search/lookup_fields.h"
 #include "session/session.h"
+#include "ui/window.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "search/search_new.h"
 
-#include "platform/ado/error.h"
-#include "platform/text/text.h"
+#include "ado/error.h"
+#include "base/text/text.h"
 
 namespace opd::search {
 

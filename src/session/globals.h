@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/ado/connection.h"
-#include "platform/clock/date_time.h"
-#include "platform/com/object.h"
-#include "platform/report/engine.h"
+#include "ado/connection.h"
+#include "base/clock/date_time.h"
+#include "com/object.h"
+#include "ports/report/engine.h"
 
 #include <array>
 #include <map>

@@ -1,6 +1,6 @@
 #include "session/session.h"
 
-#include "platform/ado/error.h"
+#include "ado/error.h"
 
 namespace opd {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/camera/camera.h"
-#include "platform/clock/clock.h"
-#include "platform/image/image.h"
-#include "platform/report/engine.h"
-#include "platform/settings/store.h"
-#include "platform/ui/desktop.h"
+#include "base/clock/clock.h"
+#include "ports/camera/camera.h"
+#include "ports/image/image.h"
+#include "ports/report/engine.h"
+#include "ports/settings/store.h"
 #include "session/globals.h"
+#include "ui/desktop.h"
 
 #include <filesystem>
 #include <functional>

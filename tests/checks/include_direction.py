@@ -9,19 +9,39 @@ import re
 import sys
 from pathlib import Path
 
-# What each layer may include besides itself, by the beginning of the path.
+# The rooms, each with what it may include besides itself, by the beginning of the path. Rooms that stand side by side
+# know nothing of each other.
+GROUND = ["base/"]
+ABOVE_PORTS = [*GROUND, "ports/"]
+SESSION = [*ABOVE_PORTS, "ado/", "com/", "ui/"]
+DATA = [*SESSION, "session/"]
+SEARCH = [*DATA, "data/"]
+REGISTRATION = [*SEARCH, "search/", "reports/"]
 ALLOWED = {
-    "platform": [],
-    "session": ["platform/"],
-    "data": ["session/", "platform/"],
-    "search": ["data/", "session/", "platform/"],
-    "reports": ["data/", "session/", "platform/"],
-    "registration": ["search/", "reports/", "data/", "session/", "platform/"],
-    "entry": ["registration/", "search/", "reports/", "data/", "session/", "platform/"],
-    "host": ["platform/", "entry/init_dll.h", "entry/environment.h", "adapters/sqlite/create_database.h"],
+    "base": [],
+    "ado": GROUND,
+    "com": GROUND,
+    "ports": GROUND,
+    "ui": ABOVE_PORTS,
+    "script": [*ABOVE_PORTS, "ui/"],
+    "session": SESSION,
+    "data": DATA,
+    "search": SEARCH,
+    "reports": SEARCH,
+    "registration": REGISTRATION,
+    "component": [*REGISTRATION, "registration/", "script/"],
+    "codesearch": [*GROUND, "ado/", "com/", "ui/"],
+    "host": [*GROUND, "ado/", "com/", "com/connection_object.h", "component/init_dll.h", "component/environment.h",
+             "script/desktop_module.h", "adapters/settings/ini_store.h",
+             "adapters/sqlite/create_database.h"],
+    "adapters/image": ABOVE_PORTS,
+    "adapters/qt": [*ABOVE_PORTS, "ui/", "script/"],
+    "adapters/report": [*ABOVE_PORTS, "ado/"],
+    "adapters/scripted": [*ABOVE_PORTS, "ui/", "script/"],
+    "adapters/settings": ABOVE_PORTS,
+    "adapters/sqlite": [*GROUND, "ado/"],
 }
-ADAPTER_MAY_INCLUDE = ["platform/"]
-LAYERS = [*ALLOWED, "adapters"]
+TOPS = {room.split("/")[0] for room in ALLOWED}
 
 # Libraries that only some folders may know.
 LIBRARIES = [
@@ -29,7 +49,7 @@ LIBRARIES = [
     ("pictures", re.compile(r"stb/.*"), ["src/adapters/image/"]),
     ("bar codes", re.compile(r"zint\.h"), ["src/adapters/report/"]),
     ("markup", re.compile(r"pugixml\.hpp|kainjow/.*"), ["src/adapters/report/"]),
-    ("SQLite", re.compile(r"sqlite3\w*\.h"), ["src/adapters/sqlite/", "tests/adapters/sqlite/", "tests/entry/"]),
+    ("SQLite", re.compile(r"sqlite3\w*\.h"), ["src/adapters/sqlite/", "tests/adapters/sqlite/", "tests/component/"]),
 ]
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
@@ -44,16 +64,10 @@ def layer_of(path):
 
 def may_include(path, included):
     layer = layer_of(path)
-    if layer_of(included) == layer:
-        return True
-    if layer.startswith("adapters/"):
-        allowed = ADAPTER_MAY_INCLUDE
-    else:
-        allowed = ALLOWED.get(layer, [])
-    if any(included.startswith(start) for start in allowed):
+    if layer_of(included) == layer or any(included.startswith(start) for start in ALLOWED.get(layer, [])):
         return True
     # The composition root takes the adapters by their public headers, which stand directly in the adapter's folder.
-    return layer == "entry" and included.startswith("adapters/") and included.count("/") == 2
+    return layer == "component" and included.startswith("adapters/") and included.count("/") == 2
 
 
 def resolved(source, path, included):
@@ -87,7 +101,7 @@ def library_faults(root):
 def direction_faults(source, graph):
     for path in sorted(graph):
         for number, included in graph[path]:
-            if included.split("/")[0] not in LAYERS or may_include(path, included):
+            if included.split("/")[0] not in TOPS or may_include(path, included):
                 continue
             yield f"src/{path}:{number}: {layer_of(path)} must not include {included}"
 
@@ -116,7 +130,7 @@ def faults(root):
     for file in files_below(source):
         path = file.relative_to(source).as_posix()
         graph[path] = [(number, resolved(source, path, included)) for number, included in includes_of(file)]
-        if layer_of(path) not in ALLOWED and not path.startswith("adapters/"):
+        if layer_of(path) not in ALLOWED:
             yield f"src/{path}: the layer {layer_of(path)} is not known"
     if not graph:
         yield f"{source}: no sources found"

@@ -11,22 +11,26 @@ CHECK = Path(__file__).with_name("include_direction.py")
 
 # name of the case: (file, what it includes, what the check says)
 REFUSED = {
-    "platform knows nothing above": ("src/platform/ui/a.h", "session/session.h", "platform must not include session/session.h"),
+    "the ground knows nothing above": ("src/base/os/a.h", "com/object.h", "base must not include com/object.h"),
+    "rooms side by side know nothing of each other": ("src/ado/a.h", "com/object.h", "ado must not include com/object.h"),
+    "a model knows no script": ("src/ui/a.h", "script/player.h", "ui must not include script/player.h"),
     "session does not reach data": ("src/session/a.h", "data/rows.h", "session must not include data/rows.h"),
     "data does not reach search": ("src/data/a.h", "search/find.h", "data must not include search/find.h"),
     "search does not reach registration": ("src/search/a.h", "registration/form.h", "search must not include registration/form.h"),
     "search does not reach reports": ("src/search/a.h", "reports/sheet.h", "search must not include reports/sheet.h"),
     "reports do not reach search": ("src/reports/a.h", "search/find.h", "reports must not include search/find.h"),
-    "registration does not reach entry": ("src/registration/a.h", "entry/init_dll.h", "registration must not include entry/init_dll.h"),
+    "registration does not reach the component": ("src/registration/a.h", "component/init_dll.h", "registration must not include component/init_dll.h"),
     "registration does not reach adapters": ("src/registration/a.h", "adapters/sqlite/provider.h", "registration must not include adapters/sqlite/provider.h"),
-    "entry does not reach the host": ("src/entry/a.h", "host/commands.h", "entry must not include host/commands.h"),
-    "entry takes only public headers": ("src/entry/a.h", "adapters/sqlite/generator/names.h", "entry must not include adapters/sqlite/generator/names.h"),
-    "the host sees the public face alone": ("src/host/a.cpp", "entry/composition.h", "host must not include entry/composition.h"),
+    "the second component knows no session": ("src/codesearch/a.h", "session/session.h", "codesearch must not include session/session.h"),
+    "the component does not reach the host": ("src/component/a.h", "host/commands.h", "component must not include host/commands.h"),
+    "the component takes only public headers": ("src/component/a.h", "adapters/sqlite/generator/names.h", "component must not include adapters/sqlite/generator/names.h"),
+    "the host sees the public face alone": ("src/host/a.cpp", "component/composition.h", "host must not include component/composition.h"),
     "the host does not reach the core": ("src/host/a.cpp", "data/rows.h", "host must not include data/rows.h"),
     "the host only makes databases": ("src/host/a.cpp", "adapters/sqlite/parser.h", "host must not include adapters/sqlite/parser.h"),
     "an adapter knows no business": ("src/adapters/qt/a.cpp", "registration/form.h", "adapters/qt must not include registration/form.h"),
     "an adapter knows no other adapter": ("src/adapters/qt/a.cpp", "adapters/sqlite/parser.h", "adapters/qt must not include adapters/sqlite/parser.h"),
-    "the toolkit stays in its adapter": ("src/entry/a.cpp", "QApplication", "Qt is not for this folder: <QApplication>"),
+    "a provider knows no window": ("src/adapters/sqlite/a.cpp", "ui/window.h", "adapters/sqlite must not include ui/window.h"),
+    "the toolkit stays in its adapter": ("src/component/a.cpp", "QApplication", "Qt is not for this folder: <QApplication>"),
     "the toolkit by its module": ("src/host/a.cpp", "QtCore/qstring.h", "Qt is not for this folder: <QtCore/qstring.h>"),
     "the core's tests know no toolkit": ("tests/search/a.cpp", "QTest", "tests/search/a.cpp:1: Qt is not for this folder"),
     "the driver stays in its adapter": ("src/data/a.cpp", "sqlite3.h", "SQLite is not for this folder: <sqlite3.h>"),
@@ -34,13 +38,13 @@ REFUSED = {
 }
 
 ACCEPTED = [
-    ("src/session/a.h", "platform/ui/desktop.h"),
+    ("src/session/a.h", "ui/desktop.h"),
     ("src/registration/a.h", "search/find.h"),
     ("src/registration/a.h", "reports/sheet.h"),
-    ("src/entry/a.cpp", "adapters/sqlite/provider.h"),
-    ("src/host/a.cpp", "entry/init_dll.h"),
+    ("src/component/a.cpp", "adapters/sqlite/provider.h"),
+    ("src/host/a.cpp", "component/init_dll.h"),
     ("src/host/a.cpp", "adapters/sqlite/create_database.h"),
-    ("src/adapters/qt/a.cpp", "platform/ui/window.h"),
+    ("src/adapters/qt/a.cpp", "script/driver.h"),
     ("src/adapters/qt/a.cpp", "QApplication"),
     ("src/adapters/sqlite/a.cpp", "sqlite3.h"),
     ("tests/adapters/qt/a.cpp", "QTest"),
@@ -59,7 +63,7 @@ def check(tree):
 
 
 class IncludeDirection(unittest.TestCase):
-    SOUND = {"src/platform/sound.h": "#pragma once\n#include <string>\n"}
+    SOUND = {"src/base/sound.h": "#pragma once\n#include <string>\n"}
 
     def test_every_rule_refuses_what_breaks_it(self):
         for name, (path, included, message) in REFUSED.items():
@@ -76,10 +80,10 @@ class IncludeDirection(unittest.TestCase):
                 self.assertEqual(check(self.SOUND | {path: f"#include <{included}>\n"}), (0, "\n"))
 
     def test_a_relative_include_is_followed(self):
-        tree = {"src/platform/a.h": '#include "../session/b.h"\n', "src/session/b.h": ""}
+        tree = {"src/base/a.h": '#include "../session/b.h"\n', "src/session/b.h": ""}
         outcome, words = check(tree)
         self.assertEqual(outcome, 1)
-        self.assertIn("src/platform/a.h:1: platform must not include session/b.h", words)
+        self.assertIn("src/base/a.h:1: base must not include session/b.h", words)
 
     def test_a_cycle_is_told_with_its_road(self):
         tree = {

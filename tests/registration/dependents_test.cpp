@@ -1,6 +1,6 @@
 #include "registration/form_fixture.h"
 
-#include "platform/ado/error.h"
+#include "ado/error.h"
 #include "registration/subrecords/dependents.h"
 
 namespace opd::tests {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/com/counted.h"
-#include "platform/com/object.h"
-#include "platform/text/text.h"
+#include "base/text/text.h"
+#include "com/counted.h"
+#include "com/object.h"
 
 #include <map>
 #include <memory>

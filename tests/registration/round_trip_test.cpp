@@ -1,6 +1,6 @@
 #include "registration/hospital_session.h"
 
-#include "entry/trace_file.h"
+#include "component/trace_file.h"
 #include "registration/rules/validate_data.h"
 #include "registration/save/save_data.h"
 #include "support/temporary_folder.h"

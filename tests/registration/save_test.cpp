@@ -1,6 +1,6 @@
 #include "registration/form_fixture.h"
 
-#include "platform/ado/error.h"
+#include "ado/error.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/master_loader.h"
 #include "registration/save/save_data.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ado/error.h"
-#include "platform/ado/provider.h"
+#include "ado/error.h"
+#include "ado/provider.h"
 
 #include <functional>
 #include <string>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/text/text.h"
-#include "platform/ui/desktop.h"
-#include "platform/ui/window.h"
+#include "base/text/text.h"
+#include "ui/desktop.h"
+#include "ui/window.h"
 
 #include <deque>
 #include <functional>

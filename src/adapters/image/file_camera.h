@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/camera/camera.h"
+#include "ports/camera/camera.h"
 
 #include <filesystem>
 

@@ -1,4 +1,4 @@
-#include "platform/camera/camera_module.h"
+#include "ports/camera/camera_module.h"
 
 #include "adapters/qt/qt_image.h"
 

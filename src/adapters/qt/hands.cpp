@@ -1,7 +1,7 @@
 #include "adapters/qt/hands.h"
 
 #include "adapters/qt/scroll_page.h"
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/desktop.h"
+#include "ui/desktop.h"
 
 #include <QClipboard>
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "platform/ui/desktop_module.h"
+#include "script/desktop_module.h"
 
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/style.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/control.h"
+#include "ui/control.h"
 
 #include <QString>
 

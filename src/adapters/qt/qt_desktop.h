@@ -5,9 +5,9 @@
 #include "adapters/qt/qt_driver.h"
 #include "adapters/qt/report/qt_output.h"
 #include "adapters/qt/waiting.h"
-#include "platform/script/player.h"
-#include "platform/ui/desktop.h"
-#include "platform/ui/window_places.h"
+#include "script/player.h"
+#include "ui/desktop.h"
+#include "ui/window_places.h"
 
 #include <QApplication>
 

@@ -5,7 +5,7 @@
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/window_shell.h"
 
-#include "platform/clock/date_text.h"
+#include "base/clock/date_text.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/script/driver.h"
+#include "script/driver.h"
 
 #include <QPoint>
 

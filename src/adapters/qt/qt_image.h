@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/image/image.h"
+#include "ports/image/image.h"
 
 #include <QImage>
 

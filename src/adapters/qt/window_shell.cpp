@@ -6,7 +6,7 @@
 #include "adapters/qt/scroll_page.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/views/cell_float.h"
-#include "platform/ui/spoken_names.h"
+#include "ui/spoken_names.h"
 
 #include <QCloseEvent>
 #include <QLayout>

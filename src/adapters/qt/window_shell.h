@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/qt/views/control_view.h"
-#include "platform/ui/window_places.h"
+#include "ui/window_places.h"
 
 #include <QWidget>
 

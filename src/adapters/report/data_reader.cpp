@@ -1,8 +1,8 @@
 #include "adapters/report/data_reader.h"
 
-#include "platform/ado/error.h"
-#include "platform/ado/recordset.h"
-#include "platform/text/text.h"
+#include "ado/error.h"
+#include "ado/recordset.h"
+#include "base/text/text.h"
 
 #include <list>
 

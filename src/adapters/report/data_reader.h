@@ -1,8 +1,8 @@
 #pragma once
 
 #include "adapters/report/report_file.h"
-#include "platform/ado/connection.h"
-#include "platform/report/engine.h"
+#include "ado/connection.h"
+#include "ports/report/engine.h"
 
 #include <functional>
 #include <map>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/ado/connection.h"
-#include "platform/clock/clock.h"
-#include "platform/report/engine.h"
+#include "ado/connection.h"
+#include "base/clock/clock.h"
+#include "ports/report/engine.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
 #include "adapters/report/report_file.h"
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 #include <cstdint>
 #include <fstream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/report/document.h"
+#include "ports/report/document.h"
 
 #include <filesystem>
 #include <map>

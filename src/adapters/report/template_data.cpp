@@ -1,7 +1,7 @@
 #include "adapters/report/template_data.h"
 
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/report/data_reader.h"
-#include "platform/clock/date_time.h"
+#include "base/clock/date_time.h"
 
 #include <kainjow/mustache.hpp>
 

@@ -1,6 +1,6 @@
 #include "adapters/scripted/model_driver.h"
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/script/driver.h"
-#include "platform/ui/desktop.h"
-#include "platform/ui/line_edit.h"
+#include "script/driver.h"
+#include "ui/desktop.h"
+#include "ui/line_edit.h"
 
 #include <functional>
 #include <map>

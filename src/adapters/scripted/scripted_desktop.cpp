@@ -1,6 +1,6 @@
 #include "adapters/scripted/scripted_desktop.h"
 
-#include "platform/script/answers.h"
+#include "script/answers.h"
 
 #include <algorithm>
 

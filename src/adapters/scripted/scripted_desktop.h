@@ -1,8 +1,8 @@
 #pragma once
 
 #include "adapters/scripted/model_driver.h"
-#include "platform/script/player.h"
-#include "platform/ui/desktop.h"
+#include "script/player.h"
+#include "ui/desktop.h"
 
 #include <map>
 #include <memory>

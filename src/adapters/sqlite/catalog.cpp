@@ -1,8 +1,8 @@
 #include "adapters/sqlite/catalog.h"
 
 #include "adapters/sqlite/errors.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 
 namespace opd::adapters::sqlite {
 

@@ -1,11 +1,12 @@
 #include "adapters/sqlite/create_database.h"
+#include "base/os/system_clock.h"
 
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/generator/patients.h"
 #include "adapters/sqlite/generator/reference.h"
 #include "adapters/sqlite/procedures.h"
-#include "platform/settings/open_file.h"
-#include "platform/settings/safe_file.h"
+#include "base/os/open_file.h"
+#include "base/os/safe_file.h"
 
 #include <stdexcept>
 
@@ -36,7 +37,7 @@ class Unfinished {
     }
 
     std::filesystem::path m_file;
-    settings::HeldFile m_held;
+    os::HeldFile m_held;
 };
 
 /// What a creation that was killed has left is no use of the folder.
@@ -70,10 +71,10 @@ void fill(Database& database, const DatabaseOptions& options, const std::functio
 void createDatabase(const std::filesystem::path& folder, const DatabaseOptions& options,
                     const std::function<void(int, int)>& progress) {
     refuseUsedFolder(folder);
-    settings::makeFolderForGroup(folder);
+    os::makeFolderForGroup(folder);
     const std::filesystem::path unfinished = folder / unfinishedName;
     const Unfinished held(unfinished);
-    const SystemClock clock;
+    const os::SystemClock clock;
     {
         Database database(unfinished, Database::Mode::Create, clock);
         fill(database, options, progress);

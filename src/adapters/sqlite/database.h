@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ado/value.h"
-#include "platform/clock/clock.h"
+#include "ado/value.h"
+#include "base/clock/clock.h"
 
 #include <chrono>
 #include <filesystem>

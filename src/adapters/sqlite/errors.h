@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado/error.h"
+#include "ado/error.h"
 
 #include <sqlite3.h>
 #include <string>

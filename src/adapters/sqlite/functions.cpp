@@ -1,8 +1,8 @@
 #include "adapters/sqlite/database.h"
 
-#include "platform/clock/date_text.h"
-#include "platform/text/folding.h"
-#include "platform/text/text.h"
+#include "base/clock/date_text.h"
+#include "base/text/folding.h"
+#include "base/text/text.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 
 #include "adapters/sqlite/embedded_sql.h"
 #include "adapters/sqlite/errors.h"
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 #include <charconv>
 #include <map>

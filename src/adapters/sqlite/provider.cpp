@@ -3,7 +3,7 @@
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/errors.h"
 #include "adapters/sqlite/procedures.h"
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 #include <cerrno>
 #include <optional>

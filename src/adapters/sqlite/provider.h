@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ado/provider.h"
-#include "platform/clock/clock.h"
+#include "ado/provider.h"
+#include "base/clock/clock.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "adapters/sqlite/tokens.h"
 
 #include "adapters/sqlite/errors.h"
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 namespace opd::adapters::sqlite {
 

@@ -10,8 +10,7 @@ bool CheckCompanyAccount(const Session& session, const std::string& code) {
 }
 
 bool CheckPatientMasterAccount(const Session& session, const std::string& hospNum) {
-    return openClient(session,
-                      Statement("Patient_Data..sp_AOPD_CheckPatientsMasterAccount '").value(hospNum).text("'"),
+    return openClient(session, Statement("Patient_Data..sp_AOPD_CheckPatientsMasterAccount '").value(hospNum).text("'"),
                       ado::CursorType::Dynamic, ado::LockType::Optimistic)
                .RecordCount() > 0;
 }
@@ -29,7 +28,8 @@ bool FindHospNumByNameBirthDate(const Session& session, const std::string& lastN
 
 bool IsVisitBilled(const Session& session, const std::string& opdNumber) {
     const ado::Recordset visit = openClient(
-        session, Statement("Select BillingDate from Patient_Data..tbOutPatient where IDNum = '").value(opdNumber).text("'"));
+        session,
+        Statement("Select BillingDate from Patient_Data..tbOutPatient where IDNum = '").value(opdNumber).text("'"));
     return !visit.EndOfFile() && !visit.Fields("BillingDate").isNull();
 }
 

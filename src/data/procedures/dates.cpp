@@ -1,16 +1,15 @@
 #include "data/procedures/dates.h"
 
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
 
 #include <cmath>
 
 namespace opd::data {
 
 DateTime GetServerDate(const Session& session) {
-    const ado::Recordset row =
-        openPlain(session, Statement("select GETDATE() AS Tdate"), ado::CursorType::ForwardOnly);
+    const ado::Recordset row = openPlain(session, Statement("select GETDATE() AS Tdate"), ado::CursorType::ForwardOnly);
     return row.Fields("tdate").asDate();
 }
 

@@ -1,7 +1,7 @@
 #include "data/procedures/eligibility.h"
 
+#include "base/text/text.h"
 #include "data/leading_number.h"
-#include "platform/text/text.h"
 
 namespace opd::data {
 

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "platform/ui/desktop.h"
+#include "ui/desktop.h"
 
 #include <string>
 
 namespace opd::data {
 
 /// True when a patient of this sex ("M", "F" or empty) and age may get the service. Otherwise the clerk was told why
-/// not, or answered the question about a young obstetric patient with No. Codes and ages that are no numbers count as 0.
+/// not, or answered the question about a young obstetric patient with No. Codes and ages that are no numbers count as
+/// 0.
 bool CheckServiceEligibility(ui::Desktop& desktop, const std::string& serviceCode, const std::string& sex,
                              const std::string& age);
 

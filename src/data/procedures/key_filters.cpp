@@ -1,6 +1,6 @@
 #include "data/procedures/key_filters.h"
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 namespace opd::data {
 

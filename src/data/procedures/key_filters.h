@@ -1,14 +1,14 @@
 #pragma once
 
-#include "platform/ui/desktop.h"
-#include "platform/ui/keys.h"
+#include "ui/desktop.h"
+#include "ui/keys.h"
 
 #include <string_view>
 
 namespace opd::data {
 
-/// Turns a key into its upper-case form and keeps it only when it belongs in a name: letters A to Z, Ñ, blank, comma and
-/// hyphen. Control keys pass. The key is replaced by 0 when it is dropped.
+/// Turns a key into its upper-case form and keeps it only when it belongs in a name: letters A to Z, Ñ, blank, comma
+/// and hyphen. Control keys pass. The key is replaced by 0 when it is dropped.
 void FilterNameKey(char32_t& key);
 
 /// The characters of a first name: "ABCDEFGHIJKLMNOPQRSTUVWXYZÑ.".

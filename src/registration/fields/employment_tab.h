@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ui/controls.h"
-#include "platform/ui/grid.h"
+#include "ui/controls.h"
+#include "ui/grid.h"
 
 namespace opd::registration {
 

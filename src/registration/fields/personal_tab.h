@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/controls.h"
+#include "ui/controls.h"
 
 namespace opd::registration {
 

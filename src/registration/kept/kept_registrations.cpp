@@ -1,7 +1,7 @@
 #include "registration/kept/kept_registrations.h"
 
-#include "platform/ui/window_content.h"
 #include "registration/rules/guidance.h"
+#include "ui/window_content.h"
 
 namespace opd::registration {
 

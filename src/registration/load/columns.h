@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/rows.h"
-#include "platform/ui/controls.h"
+#include "ui/controls.h"
 
 #include <initializer_list>
 

@@ -1,7 +1,7 @@
 #include "registration/load/extended_loader.h"
 
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/text/text.h"
 #include "registration/load/columns.h"
 #include "registration/save/codes.h"
 

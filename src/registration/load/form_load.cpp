@@ -1,10 +1,9 @@
 #include "registration/load/form_load.h"
 
+#include "ado/error.h"
+#include "base/text/text.h"
 #include "data/procedures/dates.h"
 #include "data/rows.h"
-#include "platform/ado/error.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/authorization_loader.h"
 #include "registration/load/master_loader.h"
@@ -13,6 +12,7 @@
 #include "registration/rules/code_lookups.h"
 #include "registration/rules/payer_rules.h"
 #include "reports/photograph.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

@@ -1,15 +1,15 @@
 #include "registration/load/master_loader.h"
 
+#include "ado/error.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/ado/error.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/civil_status.h"
 #include "registration/load/columns.h"
 #include "registration/load/extended_loader.h"
 #include "registration/load/visit_loader.h"
 #include "registration/subrecords/dependents.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

@@ -1,7 +1,7 @@
 #include "registration/load/visit_fields.h"
 
+#include "base/text/text.h"
 #include "data/leading_number.h"
-#include "platform/text/text.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/columns.h"
 #include "registration/save/codes.h"

@@ -1,9 +1,9 @@
 #include "registration/load/visit_loader.h"
 
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "data/procedures/checks.h"
 #include "data/rows.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
 #include "registration/load/visit_fields.h"
 
 #include <algorithm>

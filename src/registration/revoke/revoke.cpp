@@ -1,9 +1,9 @@
 #include "registration/revoke/revoke.h"
 
+#include "ado/error.h"
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/ado/error.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

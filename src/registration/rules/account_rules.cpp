@@ -1,8 +1,8 @@
 #include "registration/rules/account_rules.h"
 
 #include "data/procedures/checks.h"
-#include "platform/ui/window.h"
 #include "registration/rules/lookup_request.h"
+#include "ui/window.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 #include "registration/rules/clinical_codes.h"
 
+#include "base/text/text.h"
 #include "data/procedures/eligibility.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/rules/complaint_codes.h"
 #include "registration/rules/lookup_request.h"
 #include "search/pick_list.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

@@ -1,8 +1,8 @@
 #include "registration/rules/code_lookups.h"
 
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "base/text/text.h"
 #include "registration/rules/lookup_request.h"
+#include "ui/window.h"
 
 #include <array>
 

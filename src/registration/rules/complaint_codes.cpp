@@ -1,10 +1,10 @@
 #include "registration/rules/complaint_codes.h"
 
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/rules/clinical_codes.h"
 #include "registration/rules/marks.h"
+#include "ui/window.h"
 
 #include <array>
 

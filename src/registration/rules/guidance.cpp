@@ -1,11 +1,11 @@
 #include "registration/rules/guidance.h"
 
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
-#include "platform/ui/spoken_names.h"
-#include "platform/ui/window.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "registration/rules/marks.h"
 #include "registration/rules/validate_data.h"
+#include "ui/spoken_names.h"
+#include "ui/window.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "registration/rules/key_rules.h"
 
+#include "base/text/text.h"
 #include "data/procedures/key_filters.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

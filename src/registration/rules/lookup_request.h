@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "base/text/text.h"
 #include "registration/form_context.h"
 #include "registration/rules/validate_data.h"
+#include "ui/window.h"
 
 #include <string>
 #include <utility>

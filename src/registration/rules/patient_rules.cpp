@@ -1,11 +1,11 @@
 #include "registration/rules/patient_rules.h"
 
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "data/leading_number.h"
 #include "data/procedures/checks.h"
 #include "data/procedures/dates.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

@@ -1,10 +1,10 @@
 #include "registration/rules/payer_rules.h"
 
+#include "base/text/text.h"
 #include "data/leading_number.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/rules/account_rules.h"
 #include "registration/rules/marks.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

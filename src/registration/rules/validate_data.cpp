@@ -1,11 +1,11 @@
 #include "registration/rules/validate_data.h"
 
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "registration/amount_text.h"
 #include "registration/civil_status.h"
 #include "registration/rules/marks.h"
+#include "ui/window.h"
 
 #include <algorithm>
 

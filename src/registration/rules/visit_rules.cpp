@@ -1,13 +1,13 @@
 #include "registration/rules/visit_rules.h"
 
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "data/leading_number.h"
 #include "data/procedures/dates.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/amount_text.h"
 #include "registration/rules/lookup_request.h"
 #include "registration/rules/marks.h"
+#include "ui/window.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,10 +1,10 @@
 #include "registration/save/apostrophes.h"
 
+#include "base/text/text.h"
 #include "data/statement.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/rules/marks.h"
 #include "registration/subrecords/dependent_columns.h"
+#include "ui/window.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,8 +1,8 @@
 #include "registration/save/codes.h"
 
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
 
 namespace opd::registration {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado/recordset.h"
+#include "ado/recordset.h"
 #include "registration/form_context.h"
 
 #include <string>

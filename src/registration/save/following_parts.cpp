@@ -1,7 +1,7 @@
 #include "registration/save/following_parts.h"
 
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/text/text.h"
 #include "registration/photo/photo.h"
 #include "registration/save/master_statements.h"
 #include "registration/save/save_failures.h"

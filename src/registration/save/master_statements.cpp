@@ -1,6 +1,6 @@
 #include "registration/save/master_statements.h"
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 #include "registration/save/codes.h"
 
 namespace opd::registration {

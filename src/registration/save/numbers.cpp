@@ -1,8 +1,8 @@
 #include "registration/save/numbers.h"
 
-#include "platform/ado/command.h"
-#include "platform/ado/error.h"
-#include "platform/text/text.h"
+#include "ado/command.h"
+#include "ado/error.h"
+#include "base/text/text.h"
 
 #include <optional>
 

@@ -1,11 +1,11 @@
 #include "registration/save/refusals.h"
 
+#include "ado/error.h"
+#include "base/text/text.h"
 #include "data/leading_number.h"
 #include "data/rows.h"
-#include "platform/ado/error.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
 #include "registration/save/apostrophes.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 

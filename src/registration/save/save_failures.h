@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado/error.h"
+#include "ado/error.h"
 #include "registration/form_context.h"
 
 #include <string>

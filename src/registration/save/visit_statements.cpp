@@ -1,8 +1,8 @@
 #include "registration/save/visit_statements.h"
 
-#include "platform/ado/error.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
+#include "ado/error.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "registration/amount_text.h"
 #include "registration/save/codes.h"
 

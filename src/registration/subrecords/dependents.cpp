@@ -1,9 +1,9 @@
 #include "registration/subrecords/dependents.h"
 
+#include "ado/connection.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "data/rows.h"
-#include "platform/ado/connection.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
 #include "registration/subrecords/dependent_columns.h"
 
 namespace opd::registration {

@@ -1,8 +1,8 @@
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
-#include "platform/ui/window.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
 #include "registration/subrecords/dependent_columns.h"
 #include "registration/subrecords/dependents.h"
+#include "ui/window.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,6 +1,6 @@
-#include "platform/ui/key_card.h"
 #include "reports/web_cam_capture.h"
 #include "tests/adapters/qt/desk.h"
+#include "ui/key_card.h"
 
 #include <QAccessible>
 #include <QApplication>

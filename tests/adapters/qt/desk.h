@@ -6,7 +6,7 @@
 #include "adapters/qt/window_shell.h"
 #include "tests/adapters/qt/sample_windows.h"
 
-#include "platform/text/text.h"
+#include "base/text/text.h"
 
 #include <QTest>
 

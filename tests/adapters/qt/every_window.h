@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/ui/key_card.h"
 #include "reports/web_cam_capture.h"
 #include "tests/adapters/qt/desk.h"
+#include "ui/key_card.h"
 
 #include <functional>
 

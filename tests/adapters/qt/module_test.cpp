@@ -1,4 +1,4 @@
-#include "platform/ui/desktop_module.h"
+#include "script/desktop_module.h"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>

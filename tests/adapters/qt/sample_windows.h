@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/codesearch/listing_fields.h"
+#include "codesearch/listing_fields.h"
 #include "registration/fields/fields.h"
 #include "reports/report_viewer_fields.h"
 #include "search/lookup_fields.h"

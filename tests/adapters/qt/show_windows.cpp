@@ -5,9 +5,9 @@
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
-#include "platform/ui/key_card.h"
 #include "reports/web_cam_capture.h"
 #include "tests/adapters/qt/sample_windows.h"
+#include "ui/key_card.h"
 
 #include <QTest>
 

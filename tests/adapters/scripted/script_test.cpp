@@ -1,7 +1,7 @@
 #include "adapters/scripted/scripted_desktop.h"
-#include "platform/script/pattern.h"
-#include "platform/script/player.h"
-#include "platform/text/text.h"
+#include "base/text/text.h"
+#include "script/pattern.h"
+#include "script/player.h"
 
 #include <filesystem>
 #include <fstream>

@@ -2,9 +2,9 @@
 
 #include "adapters/sqlite/create_database.h"
 #include "adapters/sqlite/provider.h"
-#include "platform/ado/command.h"
-#include "platform/ado/error.h"
-#include "platform/ado/recordset.h"
+#include "ado/command.h"
+#include "ado/error.h"
+#include "ado/recordset.h"
 #include "support/temporary_folder.h"
 
 #include <filesystem>

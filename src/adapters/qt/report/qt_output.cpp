@@ -2,7 +2,7 @@
 
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/report/paged_document.h"
-#include "platform/settings/safe_file.h"
+#include "base/os/safe_file.h"
 
 #include <QBuffer>
 #include <QPdfWriter>
@@ -66,7 +66,7 @@ void QtOutput::writePdf(const report::Document& document, const std::filesystem:
         const PagedDocument pages(document);
         pages.paint(writer, 1, pages.pageCount());
     }
-    settings::writePrivately(file, content.data().toStdString());
+    os::writePrivately(file, content.data().toStdString());
 }
 
 } // namespace opd::qt

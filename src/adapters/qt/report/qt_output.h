@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/report/output.h"
+#include "ports/report/output.h"
 
 #include <functional>
 

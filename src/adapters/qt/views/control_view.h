@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/window.h"
+#include "ui/window.h"
 
 #include <QAbstractButton>
 #include <QLabel>

@@ -2,9 +2,9 @@
 
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/views/calendar_popup.h"
-#include "platform/clock/date_text.h"
-#include "platform/text/text.h"
-#include "platform/ui/line_edit.h"
+#include "base/clock/date_text.h"
+#include "base/text/text.h"
+#include "ui/line_edit.h"
 
 #include <QComboBox>
 #include <QDateTimeEdit>

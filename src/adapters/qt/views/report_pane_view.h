@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/qt/views/control_view.h"
-#include "platform/ui/report_pane.h"
+#include "ui/report_pane.h"
 
 #include <memory>
 

@@ -3,7 +3,7 @@
 #include "adapters/sqlite/generator/names.h"
 #include "adapters/sqlite/generator/person.h"
 #include "adapters/sqlite/generator/reference.h"
-#include "platform/text/folding.h"
+#include "base/text/folding.h"
 
 #include <initializer_list>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/generator/random.h"
-#include "platform/clock/date_time.h"
+#include "base/clock/date_time.h"
 
 #include <string>
 

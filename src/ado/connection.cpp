@@ -1,0 +1,124 @@
+#include "ado/connection.h"
+
+#include "ado/error.h"
+#include "ado/recordset.h"
+
+#include <utility>
+
+namespace opd::ado {
+
+/// Tells, when a statement is done, that nothing waits any more.
+class Connection::Statement {
+  public:
+    explicit Statement(Connection& connection) : m_connection(connection) {}
+    ~Statement() {
+        if (std::exchange(m_connection.m_toldWaiting, false) && m_connection.m_waiting)
+            m_connection.m_waiting(false);
+    }
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+
+  private:
+    Connection& m_connection;
+};
+
+void Connection::Open(const std::string& connectionString) {
+    if (m_link)
+        throw Error("The connection is open already.", "Connection");
+    m_link = m_providers.open(ado::ConnectionString{connectionString.empty() ? ConnectionString : connectionString});
+    m_link->setPatience(m_patience);
+    m_link->setOnWait([this] { waits(); });
+    m_inTransaction = false;
+}
+
+void Connection::Close() {
+    m_link.reset();
+    m_inTransaction = false;
+}
+
+Recordset Connection::Execute(const std::string& statement) {
+    return Recordset{
+        run({statement, false, CursorLocation::Unspecified, CursorType::Unspecified, LockType::Unspecified})};
+}
+
+void Connection::BeginTrans() {
+    traced("begin");
+    const Statement statement(*this);
+    link().begin();
+    m_inTransaction = true;
+}
+
+void Connection::CommitTrans() {
+    traced("commit");
+    const Statement statement(*this);
+    link().commit();
+    m_inTransaction = false;
+}
+
+// The database is told first: whatever becomes of the trace, nothing stays half done.
+void Connection::RollbackTrans() {
+    m_inTransaction = false;
+    link().rollback();
+    traced("rollback");
+}
+
+ResultSet Connection::run(const Request& request) {
+    traced(request.text);
+    const Statement statement(*this);
+    return link().run(request);
+}
+
+std::vector<Value> Connection::call(const Call& call) {
+    std::string marks;
+    for (std::size_t i = 0; i < call.outputs.size(); ++i)
+        marks += i == 0 ? "?" : ",?";
+    traced("{call " + call.procedure + "(" + marks + ")}");
+    const Statement statement(*this);
+    return link().call(call);
+}
+
+void Connection::setPatience(std::chrono::milliseconds patience) {
+    m_patience = patience;
+    if (m_link)
+        m_link->setPatience(patience);
+}
+
+void Connection::waits() {
+    m_toldWaiting = true;
+    if (m_waiting)
+        m_waiting(true);
+}
+
+Link& Connection::link() const {
+    if (!m_link)
+        throw Error("The connection to the hospital's database is not open.", "Connection", 0, "08003");
+    return *m_link;
+}
+
+void Connection::traced(const std::string& line) const {
+    if (!m_trace)
+        return;
+    try {
+        m_trace(line);
+    } catch (...) { // see setTrace
+    }
+}
+
+Transaction::Transaction(Connection& connection) : m_connection(connection) {
+    m_connection.BeginTrans();
+}
+
+Transaction::~Transaction() {
+    if (!m_connection.inTransaction())
+        return;
+    try {
+        m_connection.RollbackTrans();
+    } catch (...) { // see the class's comment
+    }
+}
+
+void Transaction::commit() {
+    m_connection.CommitTrans();
+}
+
+} // namespace opd::ado

@@ -1,0 +1,40 @@
+#include "ado/recordset.h"
+
+#include "ado/error.h"
+#include "base/text/text.h"
+
+namespace opd::ado {
+
+void Recordset::Open(const std::string& source, Connection& connection, CursorType cursorType, LockType lockType) {
+    m_rows = connection.run({source, true, CursorLocation, cursorType, lockType});
+    m_current = 0;
+}
+
+long Recordset::RecordCount() const {
+    return all().rowCountKnown ? static_cast<long>(all().rows.size()) : -1;
+}
+
+bool Recordset::BOF() const {
+    return all().rows.empty();
+}
+
+bool Recordset::EndOfFile() const {
+    return m_current >= all().rows.size();
+}
+
+const Value& Recordset::Fields(std::string_view name) const {
+    if (EndOfFile())
+        throw Error("The result has no current row to read \"" + std::string{name} + "\" from.", "Recordset");
+    for (std::size_t i = 0; i < all().columns.size(); ++i)
+        if (text::equalsIgnoringCase(all().columns[i], name))
+            return all().rows[m_current][i];
+    throw Error("The result has no column \"" + std::string{name} + "\".", "Recordset", 3265);
+}
+
+const ResultSet& Recordset::all() const {
+    if (!m_rows)
+        throw Error("The recordset is closed.", "Recordset", 3704);
+    return *m_rows;
+}
+
+} // namespace opd::ado

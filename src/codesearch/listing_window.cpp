@@ -1,0 +1,123 @@
+#include "codesearch/listing_window.h"
+
+#include "base/text/folding.h"
+#include "base/text/text.h"
+
+#include <algorithm>
+
+namespace opd::codesearch {
+
+namespace {
+
+std::vector<ui::Grid::Column> columnsOf(const Listing& listing) {
+    std::vector<ui::Grid::Column> columns;
+    for (const Listing::Field& field : listing.fields)
+        columns.push_back({field.title, field.width, false});
+    return columns;
+}
+
+} // namespace
+
+ListingWindow::ListingWindow(ui::Desktop& desktop, const Listing& listing, std::vector<std::vector<std::string>> rows,
+                             const std::string& company)
+    : m_desktop(desktop), m_listing(listing), m_rows(std::move(rows)), m_window("frmCodeSearch", listing.title) {
+    m_searched.reserve(m_rows.size());
+    for (const std::vector<std::string>& row : m_rows)
+        m_searched.emplace_back(row, 0, 1);
+    m_fields.lblTitle.setCaption(listing.title);
+    m_fields.lblCompany.setCaption(company);
+    bind();
+}
+
+void ListingWindow::bind() {
+    m_window.onFailure = [this](const std::exception& failure) {
+        m_desktop.ask({.text = failure.what(), .icon = ui::Icon::Critical});
+    };
+    m_window.cancelButton = &m_fields.cmdCancel;
+    m_fields.cmdCancel.onClick = [this] { m_window.unload(); };
+    m_fields.cmdSelect.onClick = [this] { select(); };
+    m_fields.grdListing.onDoubleClick = [this] { select(); };
+    const auto selectOnEnter = [this](ui::KeyPress& press) {
+        if (press.code == ui::key::enter)
+            select();
+        else
+            press.code = text::upper(press.code);
+    };
+    m_fields.grdListing.onKeyPress = selectOnEnter;
+    m_fields.txtSearch.onKeyPress = selectOnEnter;
+    m_fields.grdListing.typesInto = [this](char32_t) { return &m_fields.txtSearch; };
+    m_fields.txtSearch.onChange = [this] { filter(); };
+    m_fields.txtSearch.onArrowDown = [this] { m_window.setFocus(m_fields.grdListing); };
+    m_fields.grdListing.onRowChange = [this] { rowChanged(); };
+    m_fields.grdListing.onGotFocus = [this] {
+        if (m_fields.grdListing.currentRow() == 0)
+            m_fields.grdListing.setCurrentRow(1);
+    };
+}
+
+std::vector<std::size_t> ListingWindow::matches(const std::string& text) const {
+    const std::string wanted = text::trimmed(text::folded(text));
+    std::vector<std::size_t> found;
+    for (std::size_t i = 0; i < m_rows.size(); ++i)
+        if (m_searched[i].holds(wanted))
+            found.push_back(i);
+    return text::ranked(wanted, m_searched, found);
+}
+
+bool ListingWindow::hasMatch(const std::string& text) const {
+    return !matches(text).empty();
+}
+
+void ListingWindow::filter() {
+    std::vector<ui::Grid::Row> found;
+    for (const std::size_t place : matches(m_fields.txtSearch.text()))
+        found.push_back(m_rows[place]);
+    m_fields.lblCount.setCaption(std::to_string(found.size()) + " of " + std::to_string(m_rows.size()));
+    m_fields.grdListing.show(columnsOf(m_listing), std::move(found));
+    rowChanged();
+}
+
+void ListingWindow::rowChanged() {
+    const ui::Grid& grid = m_fields.grdListing;
+    m_fields.cmdSelect.setEnabled(grid.currentRow() != 0);
+    if (grid.rowCount() == 0)
+        m_window.setStatus("No record holds this text.");
+    else if (grid.currentRow() == 0)
+        m_window.setStatus("Type a part of the code or name, or go into the list with the Down arrow.");
+    else
+        m_window.setStatus("Enter takes the marked record, Esc leaves the field as it was.");
+}
+
+int ListingWindow::rowOf(const std::string& code) const {
+    const std::vector<ui::Grid::Row>& rows = m_fields.grdListing.rows();
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const ui::Grid::Row& row) {
+        return text::equalsIgnoringCase(text::trimmed(row.front()), code);
+    });
+    return found == rows.end() ? 0 : static_cast<int>(found - rows.begin()) + 1;
+}
+
+std::optional<Row> ListingWindow::pick(const std::string& text, const std::string& present) {
+    m_picked.reset();
+    const std::string wanted = text::trimmed(text);
+    m_fields.txtSearch.setText(wanted);
+    filter();
+    if (wanted.empty())
+        m_fields.grdListing.setCurrentRow(rowOf(text::trimmed(present)));
+    m_window.load();
+    m_window.setFocus(m_fields.txtSearch);
+    m_desktop.showModal(m_window);
+    return m_picked;
+}
+
+void ListingWindow::select() {
+    const int current = m_fields.grdListing.currentRow();
+    if (current == 0)
+        return;
+    Row row;
+    for (std::size_t i = 0; i < m_listing.fields.size(); ++i)
+        row[m_listing.fields[i].member] = m_fields.grdListing.cell(current, static_cast<int>(i));
+    m_picked = std::move(row);
+    m_window.unload();
+}
+
+} // namespace opd::codesearch

@@ -1,0 +1,89 @@
+#include "component/composition.h"
+#include "base/os/system_clock.h"
+
+#include "adapters/image/picture_files.h"
+#include "adapters/report/engine.h"
+#include "adapters/settings/ini_store.h"
+#include "adapters/sqlite/provider.h"
+#include "base/os/library.h"
+#include "component/environment.h"
+#include "component/trace_file.h"
+#include "reports/photograph.h"
+
+#include <cstdlib>
+
+namespace opd {
+
+std::string environment::value(const char* variable) {
+    const char* found = std::getenv(variable);
+    return found != nullptr ? found : std::string{};
+}
+
+namespace composition {
+
+std::unique_ptr<settings::Store> makeStore() {
+    if (const std::string folder = environment::value(environment::database); !folder.empty())
+        return std::make_unique<settings::FixedStore>(folder);
+    if (const std::string file = environment::value(environment::settings); !file.empty())
+        return std::make_unique<settings::IniStore>(file);
+    return std::make_unique<settings::IniStore>();
+}
+
+void addProviders(com::Server& server) {
+    // Once: a second one would take the first one away from the connections of another thread.
+    static const bool added = [&server] {
+        const auto use = [&server] { return std::make_shared<com::Server::Use>(server); };
+        ado::Providers::ofProcess().add("sqlite", adapters::sqlite::makeSqliteProvider(clock(), use));
+        return true;
+    }();
+    static_cast<void>(added);
+}
+
+void traceStatements(ado::Connection& connection) {
+    const std::string file = environment::value(environment::trace);
+    if (file.empty())
+        return;
+    static const auto trace = std::make_shared<TraceFile>(file, tellUser);
+    connection.setTrace([shared = trace](const std::string& statement) { shared->write(statement); });
+}
+
+void drawWhileWaiting(ado::Connection& connection) {
+    connection.setWaiting([](bool waits) {
+        if (ui::Desktop* desktop = ui::Desktop::ofThread())
+            desktop->showWaiting(waits);
+    });
+}
+
+const Clock& clock() {
+    static const os::SystemClock ofMachine;
+    return ofMachine;
+}
+
+const ImageCodec& images() {
+    static const adapters::PictureFiles files;
+    return files;
+}
+
+std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings) {
+    return std::make_unique<adapters::ReportEngine>(adapters::ReportEngine::Surroundings{
+        .clock = clock(),
+        .photograph =
+            [&settings](const std::string& hospNum) {
+                const std::string location = reports::pictureLocation(reports::pictureFolder(settings));
+                return reports::storedPhotograph(images(), reports::photographFile(location, hospNum)).image;
+            },
+        .onConnect =
+            [](ado::Connection& connection) {
+                traceStatements(connection);
+                drawWhileWaiting(connection);
+            },
+    });
+}
+
+std::filesystem::path moduleFolder() {
+    return os::libraryOf(reinterpret_cast<const void*>(&moduleFolder)).parent_path();
+}
+
+} // namespace composition
+
+} // namespace opd

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ui/desktop.h"
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace opd::script {
+
+/// A queued answer to a message box.
+struct QueuedAnswer {
+    std::size_t line = 0;
+    ui::Answer button{};
+    std::string text; ///< the exact text of the box, or a regular expression for the whole of it
+    bool like = false;
+
+    /// True when the box has this text.
+    bool fits(const ui::Message& message) const;
+};
+
+/// Reads the words behind `answer`: BUTTON to|like TEXT. Throws std::runtime_error when they are not so.
+QueuedAnswer queuedAnswer(std::size_t line, const std::vector<std::string>& words);
+
+/// The caption of a button: "OK", "Cancel", "Yes", "No".
+const char* captionOf(ui::Answer answer);
+
+/// The buttons of a box in the order in which they stand.
+std::vector<ui::Answer> answersOf(ui::Buttons buttons);
+
+} // namespace opd::script

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "script/player.h"
+#include "ui/desktop.h"
+#include "ui/window_places.h"
+
+/// What a desktop that lies in a library of its own offers. Whoever wants one opens the library, looks up the two
+/// functions by name, and keeps the library open while the desktop lives.
+extern "C" {
+
+/// Makes the desktop; the caller owns it and gives it back to opdDestroyDesktop. With a player the desktop is worked by
+/// that script instead of by a clerk. The windows open as `places` remembers them. Both may be null and must outlive
+/// the desktop. Null when there is no screen to show windows on.
+opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player, opd::ui::WindowPlaces* places);
+
+/// Ends a desktop that opdCreateDesktop made. Null is ignored.
+void opdDestroyDesktop(opd::ui::Desktop* desktop);
+}
+
+namespace opd::ui {
+
+inline constexpr const char* createDesktopSymbol = "opdCreateDesktop";
+inline constexpr const char* destroyDesktopSymbol = "opdDestroyDesktop";
+
+using CreateDesktop = Desktop* (*)(script::Player*, WindowPlaces*);
+using DestroyDesktop = void (*)(Desktop*);
+
+} // namespace opd::ui

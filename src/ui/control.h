@@ -1,0 +1,164 @@
+#pragma once
+
+#include "ui/keys.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace opd::ui {
+
+class Container;
+class Grid;
+class Window;
+
+enum class Kind {
+    TextBox,
+    MaskedBox,
+    DatePicker,
+    ComboBox,
+    OptionButton,
+    CheckBox,
+    Button,
+    Label,
+    Frame,
+    Page,
+    Tabs,
+    Grid,
+    Picture,
+    ReportPane,
+    Timer,
+    Window
+};
+
+/// What of a control has changed, told to the view that shows it.
+enum class Aspect {
+    Text,        ///< text, chosen entry or value
+    Caption,     ///< its caption, or the label beside it
+    Enabled,     ///< its own or, for a container, that of everything in it
+    Visible,     ///< likewise
+    Checked,     ///< option or check box
+    Items,       ///< entries of a combo box
+    Table,       ///< columns or rows of a grid
+    Cells,       ///< cells or number of rows of a grid whose columns stay
+    CurrentCell, ///< current row or column of a grid
+    CurrentPage, ///< of tabs
+    Running,     ///< interval or on/off of a timer
+    Image,       ///< of a picture
+    Document,    ///< of a report pane
+    ReportPage,  ///< its current page
+    Zoom,        ///< its enlargement
+    Refusal,     ///< why its content is refused
+    Status       ///< of the window: what its status line says
+};
+
+/// The model of one control: its state and its events, without any toolkit. Controls are members of the form that uses
+/// them; each registers with its container when it is made, and the order of registration is the tab order.
+///
+/// State set by program tells the view and, where documented, raises the change event; it never validates.
+class Control {
+  public:
+    Control(Kind kind, Container* container, std::string name, std::string caption);
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Kind kind() const { return m_kind; }
+
+    /// The name, with the index of a control array: "txtName(0)".
+    const std::string& name() const { return m_name; }
+
+    Container* container() const { return m_container; }
+    Window& window() const;
+
+    /// The caption of a button, box, frame or label; for a field the label beside it. "&" marks the access key.
+    const std::string& caption() const { return m_caption; }
+    void setCaption(const std::string& caption);
+
+    /// The control's own state, whatever its containers are.
+    bool visible() const { return m_visible; }
+    bool enabled() const { return m_enabled; }
+    void setVisible(bool visible);
+    void setEnabled(bool enabled);
+
+    /// Why the content of a field is refused, for the clerk to read; empty when nothing is wrong with it. It is shown
+    /// until the one who found the fault takes it back, and keeps nobody from moving on.
+    const std::string& refusal() const { return m_refusal; }
+    void setRefusal(const std::string& refusal);
+
+    /// True when the clerk can see it: it and all its containers are visible and its page is the current one.
+    bool isShown() const;
+
+    /// True when it and all its containers are enabled.
+    bool isUsable() const;
+
+    /// True when the focus may go to it: a kind that takes the focus, enabled and visible with all its containers. A
+    /// control on another page counts; moving the focus there shows the page.
+    bool canTakeFocus() const;
+
+    /// The text a clerk reads in it: content of a field, caption of a button or label.
+    virtual std::string shownText() const { return m_caption; }
+
+    /// What the control itself does with a character that passed every filter. True when that used it up.
+    virtual bool handleKey(char32_t) { return false; }
+
+    /// The control's answer to a click of the clerk: changes its own state, then raises `onClick`.
+    virtual void clicked();
+
+    std::string spokenName; ///< what a screen reader calls it, where `SpokenNames` would not find it by itself
+    std::string tip;        ///< what the mouse is told, where there is more to say than the caption does
+
+    std::string hint; ///< what the clerk can do here ("F4 lists the codes"), said while the control has the focus
+
+    bool tabStop = true;
+    bool causesValidation = true;     ///< false: moving here never asks the control that is left
+    const Control* serves = nullptr;  ///< moving here from this control does not ask it: a lookup button's code field
+    const Grid* floatsOver = nullptr; ///< lies over the current cell of this grid while it is visible
+
+    std::function<void()> onClick;
+    std::function<void()> onDoubleClick;
+    std::function<void()> onChange; ///< the content has changed, by the clerk or by program
+    std::function<void()> onGotFocus;
+    std::function<void()> onLostFocus;
+    std::function<void(KeyPress&)> onKeyPress;
+    std::function<void()> onArrowDown;            ///< the Down arrow, where the control itself has no use for it
+    std::function<void()> onEscape;               ///< Esc is the control's own business and presses no cancel button
+    std::function<void(bool& refuse)> onValidate; ///< asked before the focus leaves; `refuse` keeps it here
+
+  protected:
+    void tellView(Aspect aspect);
+    void raiseChange();
+
+  private:
+    Kind m_kind;
+    Container* m_container;
+    std::string m_name;
+    std::string m_caption;
+    std::string m_refusal;
+    bool m_visible = true;
+    bool m_enabled = true;
+};
+
+/// A control that holds others: a window, a frame, a page of tabs.
+class Container : public Control {
+  public:
+    using Control::Control;
+
+    /// The direct members in the order of their registration.
+    const std::vector<Control*>& members() const { return m_members; }
+
+    /// Everything inside, containers before their members, in tab order.
+    void collect(std::vector<Control*>& everything) const;
+
+  private:
+    friend class Control;
+    std::vector<Control*> m_members;
+};
+
+/// The character behind the "&" of a caption, in upper case; 0 when there is none.
+char32_t accessKeyOf(const std::string& caption);
+
+/// The caption as a clerk reads it: "&Search" is "Search", "&&" is "&".
+std::string plainCaption(const std::string& caption);
+
+} // namespace opd::ui

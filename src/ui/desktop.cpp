@@ -1,0 +1,37 @@
+#include "ui/desktop.h"
+
+#include <stdexcept>
+
+namespace opd::ui {
+
+namespace {
+
+struct NoOutput final : report::Output {
+    report::Printed print(const report::Document&, bool) override { return report::Printed::NoPrinter; }
+    void writePdf(const report::Document&, const std::filesystem::path&) override {
+        throw std::runtime_error("A desktop without a screen writes no PDF files.");
+    }
+};
+
+thread_local Desktop* threadDesktop = nullptr;
+
+} // namespace
+
+Desktop* Desktop::ofThread() {
+    return threadDesktop;
+}
+
+std::optional<std::filesystem::path> Desktop::askFile(const FileQuestion&) {
+    return std::nullopt;
+}
+
+report::Output& Desktop::output() {
+    static NoOutput none;
+    return none;
+}
+
+void Desktop::setOfThread(Desktop* desktop) {
+    threadDesktop = desktop;
+}
+
+} // namespace opd::ui

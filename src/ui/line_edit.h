@@ -1,0 +1,89 @@
+#pragma once
+
+#include "ui/keys.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace opd::ui {
+
+/// What of a text fits into a box that holds `kept` characters beside it; 0 is no limit.
+std::string fitting(std::string_view utf8, int maxLength, std::size_t kept);
+
+/// A text that is edited: its caret, what is selected, and what can be undone. It knows no control and no filter; what
+/// is put in has passed them. A caret stands before the character of its number.
+///
+/// With a mask the text is always as long as the mask, digits and blanks stand in the places of "#", and erasing leaves
+/// a blank. The separator that comes next closes a part that was begun: "3" and "/" make "03/".
+class LineEdit {
+  public:
+    /// `maxLength` counts characters, 0 for no limit; with a mask it has no meaning.
+    struct Rules {
+        std::string mask = {};
+        int maxLength = 0;
+        bool multiLine = false;
+        bool readOnly = false;
+    };
+
+    /// Holds another text from now on. Nothing is selected, the caret stands behind the last character (in a mask at
+    /// its beginning), and nothing can be undone.
+    void load(std::string_view utf8, Rules rules);
+
+    std::string text() const;
+    std::string selection() const;
+    std::size_t caret() const { return m_caret; }
+
+    /// Selects from `anchor` to `caret`; nothing when they are one.
+    void place(std::size_t anchor, std::size_t caret);
+    void selectAll() { place(0, m_text.size()); }
+
+    /// Puts a text in the place of what is selected. A text that fills the whole mask takes the place of everything.
+    void insert(std::string_view utf8);
+
+    /// Takes away what is selected.
+    void eraseSelection();
+
+    /// What an editing key does: Left, Right, Home, End, Backspace and Delete with Shift and Ctrl, Ctrl+A to select
+    /// all, Ctrl+Z and Ctrl+Y to undo and redo. Every other key does nothing.
+    void press(const KeyStroke& key);
+
+  private:
+    enum class Change { None, Insertion, Backspace, Deletion };
+    struct State {
+        std::u32string text;
+        std::size_t anchor = 0;
+        std::size_t caret = 0;
+    };
+
+    bool hasSelection() const { return m_anchor != m_caret; }
+    bool isMasked() const { return !m_rules.mask.empty(); }
+    bool isSeparator(std::size_t place) const { return isMasked() && m_rules.mask[place] != '#'; }
+    std::size_t target(const KeyStroke& key) const;
+    std::size_t wordLeft() const;
+    std::size_t wordRight() const;
+    std::size_t lineStart() const;
+    std::size_t lineEnd() const;
+    std::size_t placeFrom(std::size_t place) const;
+    std::size_t placeBefore(std::size_t place) const;
+    void move(const KeyStroke& key);
+    void remember(Change change);
+    void removeRange(std::size_t from, std::size_t to);
+    void backspace(bool word);
+    void erase(bool word);
+    void enterIntoMask(char32_t character);
+    void closePart(std::size_t separator);
+    void restore(std::vector<State>& from, std::vector<State>& to);
+    State state() const { return {m_text, m_anchor, m_caret}; }
+
+    Rules m_rules;
+    std::u32string m_text;
+    std::size_t m_anchor = 0;
+    std::size_t m_caret = 0;
+    Change m_lastChange = Change::None; ///< changes of one kind that follow each other are undone together
+    std::vector<State> m_done;
+    std::vector<State> m_undone;
+};
+
+} // namespace opd::ui

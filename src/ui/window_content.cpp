@@ -1,0 +1,169 @@
+#include "ui/window_content.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace opd::ui {
+
+namespace {
+
+std::vector<Control*> controlsOf(const Window& window) {
+    std::vector<Control*> everything;
+    window.collect(everything);
+    return everything;
+}
+
+template <class T> const T& as(const Control& control) {
+    return static_cast<const T&>(control);
+}
+template <class T> T& as(Control& control) {
+    return static_cast<T&>(control);
+}
+
+/// Takes the change events of controls away until the end of its scope.
+class Silence {
+  public:
+    explicit Silence(const std::vector<Control*>& controls) {
+        for (Control* control : controls) {
+            take(control->onChange);
+            if (control->kind() == Kind::Grid)
+                take(as<Grid>(*control).onRowChange);
+        }
+    }
+    ~Silence() {
+        for (auto& [place, handler] : m_taken)
+            *place = std::move(handler);
+    }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+  private:
+    using Handler = std::function<void()>;
+
+    void take(Handler& handler) {
+        if (handler)
+            m_taken.emplace_back(&handler, std::exchange(handler, nullptr));
+    }
+
+    std::vector<std::pair<Handler*, Handler>> m_taken;
+};
+
+/// An entry by its position where it still reads so, or else the text.
+void choose(ComboBox& box, int index, const std::string& text) {
+    const auto& items = box.items();
+    if (index >= 0 && index < static_cast<int>(items.size()) && items[static_cast<std::size_t>(index)] == text)
+        box.select(index);
+    else
+        box.setText(text);
+}
+
+} // namespace
+
+WindowContent::WindowContent(const Window& window) {
+    for (const Control* control : controlsOf(window))
+        m_states[control->name()] = stateOf(*control);
+}
+
+WindowContent::State WindowContent::stateOf(const Control& control) {
+    State state;
+    state.visible = control.visible();
+    state.enabled = control.enabled();
+    state.caption = control.caption();
+    state.refusal = control.refusal();
+    switch (control.kind()) {
+    case Kind::TextBox:
+        state.text = as<TextBox>(control).text();
+        break;
+    case Kind::MaskedBox:
+        state.text = as<MaskedBox>(control).text();
+        state.mask = as<MaskedBox>(control).mask();
+        state.maxLength = as<MaskedBox>(control).maxLength();
+        break;
+    case Kind::DatePicker:
+        state.moment = as<DatePicker>(control).value();
+        break;
+    case Kind::ComboBox:
+        state.text = as<ComboBox>(control).text();
+        state.number = as<ComboBox>(control).index();
+        break;
+    case Kind::OptionButton:
+        state.number = as<OptionButton>(control).selected() ? 1 : 0;
+        break;
+    case Kind::CheckBox:
+        state.number = as<CheckBox>(control).value();
+        break;
+    case Kind::Tabs:
+        state.number = as<Tabs>(control).current();
+        break;
+    case Kind::Grid:
+        state.rows = as<Grid>(control).rows();
+        state.row = as<Grid>(control).currentRow();
+        state.column = as<Grid>(control).currentColumn();
+        break;
+    case Kind::Picture:
+        state.number = as<Picture>(control).frame();
+        state.image = as<Picture>(control).image();
+        break;
+    default:
+        break;
+    }
+    return state;
+}
+
+void WindowContent::restore(Window& window) const {
+    const std::vector<Control*> controls = controlsOf(window);
+    const Silence silence(controls);
+    for (const bool tabs : {false, true}) // a page is shown when it is known to be usable
+        for (Control* control : controls)
+            if (const auto state = m_states.find(control->name());
+                state != m_states.end() && (control->kind() == Kind::Tabs) == tabs)
+                put(state->second, *control);
+}
+
+void WindowContent::put(const State& state, Control& control) {
+    switch (control.kind()) {
+    case Kind::TextBox:
+        as<TextBox>(control).setText(state.text);
+        break;
+    case Kind::MaskedBox: {
+        auto& box = as<MaskedBox>(control);
+        if (box.mask() != state.mask || box.maxLength() != state.maxLength)
+            box.setMask(state.mask, state.maxLength);
+        box.setText(state.text);
+        break;
+    }
+    case Kind::DatePicker:
+        as<DatePicker>(control).setValue(state.moment);
+        break;
+    case Kind::ComboBox:
+        choose(as<ComboBox>(control), state.number, state.text);
+        break;
+    case Kind::OptionButton:
+        as<OptionButton>(control).setSelected(state.number == 1);
+        break;
+    case Kind::CheckBox:
+        as<CheckBox>(control).setValue(state.number);
+        break;
+    case Kind::Tabs:
+        as<Tabs>(control).show(state.number);
+        break;
+    case Kind::Grid: {
+        auto& grid = as<Grid>(control);
+        grid.show(grid.columns(), state.rows);
+        grid.setCurrentCell(state.row, state.column);
+        break;
+    }
+    case Kind::Picture:
+        as<Picture>(control).setFrame(state.number);
+        as<Picture>(control).setImage(state.image);
+        break;
+    default:
+        break;
+    }
+    control.setCaption(state.caption);
+    control.setEnabled(state.enabled);
+    control.setVisible(state.visible);
+    control.setRefusal(state.refusal);
+}
+
+} // namespace opd::ui

@@ -1,0 +1,151 @@
+#include "base/text/text.h"
+#include "ui/line_edit.h"
+#include "ui/window.h"
+
+#include <algorithm>
+
+namespace opd::ui {
+
+namespace {
+
+/// The ends that two texts have in common, as numbers of characters; they do not overlap.
+struct Common {
+    std::size_t atStart = 0;
+    std::size_t atEnd = 0;
+};
+
+Common common(std::u32string_view left, std::u32string_view right) {
+    Common same;
+    const std::size_t most = std::min(left.size(), right.size());
+    while (same.atStart < most && left[same.atStart] == right[same.atStart])
+        ++same.atStart;
+    while (same.atEnd < most - same.atStart &&
+           left[left.size() - 1 - same.atEnd] == right[right.size() - 1 - same.atEnd])
+        ++same.atEnd;
+    return same;
+}
+
+bool hasLines(const Control& field) {
+    return field.kind() == Kind::TextBox && static_cast<const TextBox&>(field).multiLine;
+}
+
+/// Whether the clerk may write there at all.
+bool takesText(const Control& field) {
+    return field.kind() == Kind::MaskedBox ||
+           (field.kind() == Kind::TextBox && !static_cast<const TextBox&>(field).readOnly);
+}
+
+bool isMasked(const Control& field) {
+    return field.kind() == Kind::MaskedBox && !static_cast<const MaskedBox&>(field).mask().empty();
+}
+
+/// A text without control characters: those at its ends go, others in a row are one blank.
+std::u32string inOneLine(std::u32string_view characters) {
+    const auto isControl = [](char32_t character) { return character < key::space; };
+    std::u32string line;
+    bool parted = false;
+    for (const char32_t character : characters) {
+        if (!isControl(character) && parted && !line.empty())
+            line += key::space;
+        if (!isControl(character))
+            line += character;
+        parted = isControl(character);
+    }
+    return line;
+}
+
+std::string plain(const Control& field, const std::string& text) {
+    if (hasLines(field))
+        return text::replaced(TextBox::withLineEnds(text), "\t", " ");
+    return text::encode(inOneLine(text::decode(text)));
+}
+
+} // namespace
+
+bool Window::breaksLines() const {
+    return m_focus != nullptr && hasLines(*m_focus) && takesText(*m_focus);
+}
+
+std::string Window::passed(Control& field, const std::string& text) {
+    if (m_handling || !takesText(field) || !requestFocus(field))
+        return {};
+    std::string content = plain(field, text);
+    if (field.kind() == Kind::MaskedBox)
+        content = static_cast<const MaskedBox&>(field).spelled(content);
+    return text::encode(filtered(field, text::decode(content)));
+}
+
+/// What the window lets through of some characters, one by one, while the field keeps the focus.
+std::u32string Window::filtered(const Control& field, std::u32string_view characters) {
+    std::u32string kept;
+    const int life = m_life;
+    for (const char32_t character : characters) {
+        const char32_t code = character < key::space ? character : pressKey(character);
+        if (life != m_life || m_focus != &field)
+            return {};
+        if (code != 0)
+            kept += code;
+    }
+    return kept;
+}
+
+/// A content whose new part has passed the filters and is cut to what there is room for. The places of a mask take
+/// digits alone and cut nothing.
+template <class Box> std::string Window::withFiltered(Box& box, const std::string& text) {
+    if (isMasked(box))
+        return text;
+    const std::u32string before = text::decode(box.text());
+    const std::u32string after = text::decode(plain(box, text));
+    const Common same = common(before, after);
+    const std::size_t kept = same.atStart + same.atEnd;
+    const std::u32string middle = filtered(box, after.substr(same.atStart, after.size() - kept));
+    return text::encode(after.substr(0, same.atStart)) + fitting(text::encode(middle), box.maxLength(), kept) +
+           text::encode(after.substr(after.size() - same.atEnd));
+}
+
+// What arrives while a message box or another window waits for the clerk is refused, as a key would be.
+template <class Box> void Window::write(Box& box, const std::string& text) {
+    if (text == box.text())
+        return;
+    const int life = m_life;
+    if (!m_handling && takesText(box) && requestFocus(box)) {
+        const std::string content = withFiltered(box, text);
+        if (life == m_life && m_focus == &box)
+            edited(box, content);
+    }
+    if (life == m_life)
+        tellView(box, Aspect::Text);
+}
+
+void Window::written(TextBox& box, const std::string& text) {
+    write(box, text);
+}
+
+void Window::written(MaskedBox& box, const std::string& text) {
+    write(box, text);
+}
+
+// A picker that is left puts its own half-typed part right; that belongs to the event that runs.
+void Window::written(DatePicker& picker, const DateTime& value) {
+    if (value == picker.value())
+        return;
+    const int life = m_life;
+    if (m_handling || requestFocus(picker))
+        edited(picker, value);
+    if (life == m_life)
+        tellView(picker, Aspect::Text);
+}
+
+void Window::edited(TextBox& box, const std::string& text) {
+    handle([&] { box.setText(text); });
+}
+
+void Window::edited(MaskedBox& box, const std::string& text) {
+    handle([&] { box.setText(text); });
+}
+
+void Window::edited(DatePicker& picker, const DateTime& value) {
+    handle([&] { picker.setValue(value); });
+}
+
+} // namespace opd::ui

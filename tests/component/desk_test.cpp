@@ -1,0 +1,188 @@
+#include "component/support.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace opd {
+namespace {
+
+using tests::contentOf;
+using tests::Outcome;
+using tests::runDesk;
+using tests::writeFile;
+
+/// A workstation of its own: no settings, no registered classes.
+class Desk : public ::testing::Test {
+  protected:
+    std::string at(const std::string& name) const { return (m_folder / name).string(); }
+
+    void makeHospital(const std::string& name) {
+        const Outcome made = runDesk({"create-database", at(name), "--patients", "20", "--name", "Test Hospital"});
+        ASSERT_EQ(made.status, 0) << made.errors;
+        EXPECT_EQ(made.output + made.errors, "") << "no progress without a terminal";
+    }
+
+    Outcome play(const std::string& script, std::vector<std::string> more) {
+        writeFile(m_folder / "script.opd", script);
+        more.insert(more.begin(), {"run", "--desktop", "scripted", "--script", at("script.opd")});
+        return runDesk(more);
+    }
+
+    static void expectOneLine(const Outcome& outcome, const std::string& part) {
+        EXPECT_EQ(outcome.status, 1) << part;
+        EXPECT_EQ(outcome.output, "") << part;
+        EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
+        EXPECT_TRUE(outcome.errors.starts_with("opd-desk: ")) << outcome.errors;
+        EXPECT_NE(outcome.errors.find(part), std::string::npos) << outcome.errors;
+    }
+
+    const tests::TemporaryFolder m_folder;
+    const tests::Variable m_registry{"OPD_CLASS_REGISTRY", at("classes.ini")};
+    const tests::Variable m_config{"XDG_CONFIG_HOME", at("config")};
+    const tests::Variable m_data{"XDG_DATA_HOME", at("data")};
+};
+
+constexpr const char* closeAtOnce = "expect-window frmMasterSearch\nclick Command1(2)\n";
+
+TEST_F(Desk, AWrongCommandLineIsOneLineAndStatusOne) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
+        {{}, "subcommand"},
+        {{"rnu"}, "\"rnu\""},
+        {{"run", "--dtabase", "x"}, "\"--dtabase\""},
+        {{"create-database"}, "FOLDER"},
+        {{"create-database", at("new"), "--patients", "many"}, "--patients"},
+        {{"configure"}, "--server"},
+        {{"configure", "--server", "a;b"}, "semicolon"},
+        {{"run", "--desktop", "gtk"}, "--desktop"},
+        {{"run", "--database", "a", "--settings", "b"}, "excludes"},
+        {{"run", "--desktop", "scripted"}, "opd-desk configure"},
+        {{"create-database", m_folder.path().parent_path().string()}, "not empty"},
+    };
+    for (const auto& [arguments, part] : cases)
+        expectOneLine(runDesk(arguments), part);
+    EXPECT_EQ(runDesk({"--help"}).status, 0);
+    EXPECT_TRUE(runDesk({"--version"}).output.starts_with("opd-desk "));
+}
+
+TEST_F(Desk, StoresConnectionSettingsForTheirOwnerAlone) {
+    const Outcome stored =
+        runDesk({"configure", "--server", "HIS", "--user", "sa", "--password-stdin"}, "s3 cret#\nmore\n");
+    EXPECT_EQ(stored.status, 0) << stored.errors;
+    EXPECT_EQ(stored.output + stored.errors, "") << "the password appears nowhere";
+    const auto file = m_folder / "config" / "QUORIN Current User.ini";
+    EXPECT_EQ(contentOf(file), "[Connection]\nUser=sa\nPassword=s3 cret#\nServer=HIS\n");
+    EXPECT_EQ(tests::modeOf(file), 0600U);
+    expectOneLine(runDesk({"configure", "--server", "HIS", "--password-stdin"}, ""), "no password");
+}
+
+TEST_F(Desk, AStartThatCannotBeSaysWhyInPlainWords) {
+    ASSERT_EQ(runDesk({"configure", "--server", "HIS", "--settings", at("mine.ini")}).status, 0);
+    expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "\"HIS\" is the name of a database server");
+    std::filesystem::permissions(at("mine.ini"), std::filesystem::perms::others_read,
+                                 std::filesystem::perm_options::add);
+    expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "chmod 600 \"" + at("mine.ini") + "\"");
+
+    makeHospital("hospital");
+    std::filesystem::create_symlink(at("hospital/hospital.db"), at("trace"));
+    expectOneLine(play(closeAtOnce, {"--database", at("hospital"), "--trace", at("trace")}), "is not followed");
+    writeFile(at("classes.ini"), "[OPDRegistration.InitDLL]\nClass=nonsense\n");
+    const Outcome mended = play(closeAtOnce, {"--database", at("hospital")});
+    EXPECT_EQ(mended.status, 0) << mended.errors;
+    EXPECT_NE(mended.errors.find("registered anew"), std::string::npos) << mended.errors;
+    EXPECT_EQ(play(closeAtOnce, {"--database", at("hospital")}).errors, "");
+}
+
+TEST_F(Desk, AHospitalIsForOwnerAndGroupAndCanBeMadeAgainAfterAKill) {
+    std::filesystem::create_directory(m_folder / "hospital");
+    for (const char* left : {"hospital.db.unfinished", "hospital.db.unfinished-journal"})
+        writeFile(m_folder / "hospital" / left, "of a killed run");
+    const int living = ::open(at("hospital/hospital.db.unfinished").c_str(), O_RDONLY);
+    ASSERT_EQ(::flock(living, LOCK_EX), 0);
+    expectOneLine(runDesk({"create-database", at("hospital")}), "Another program is making it");
+    ::close(living);
+    const mode_t before = ::umask(007);
+    makeHospital("hospital");
+    makeHospital("new");
+    ::umask(before);
+    EXPECT_EQ(tests::modeOf(at("new")), 0770U);
+    EXPECT_EQ(tests::modeOf(at("new/hospital.db")), 0660U);
+    EXPECT_FALSE(std::filesystem::exists(at("hospital/hospital.db.unfinished-journal")));
+    expectOneLine(runDesk({"create-database", at("hospital")}), "not empty");
+}
+
+TEST_F(Desk, OpensTheHospitalThatTheStoreNames) {
+    makeHospital("hospital");
+    ASSERT_EQ(runDesk({"configure", "--server", at("hospital"), "--settings", at("mine.ini")}).status, 0);
+    const Outcome shown = play("expect txtName(0) \"CRUZ\"\nprint Command1(2)\nclick Command1(2)\n",
+                               {"--settings", at("mine.ini"), "--search", "CRUZ"});
+    EXPECT_EQ(shown.status, 0) << shown.errors;
+    EXPECT_EQ(shown.output, "&Close\n");
+    EXPECT_EQ(shown.errors, "");
+}
+
+TEST_F(Desk, AFailedScriptSaysWhere) {
+    makeHospital("hospital");
+    expectOneLine(play("expect-window frmMasterSearch\nexpect txtName(0) \"NOBODY\"\n", {"--database", at("hospital")}),
+                  "script.opd:2: ");
+    expectOneLine(play("no such command\n", {"--database", at("hospital")}), "script.opd:1: ");
+    expectOneLine(runDesk({"run", "--desktop", "scripted", "--database", at("hospital"), "--script", at("none.opd")}),
+                  "none.opd");
+}
+
+TEST_F(Desk, TracesEveryStatementForItsOwnerAlone) {
+    makeHospital("hospital");
+    writeFile(m_folder / "trace.txt", "of an earlier run\n");
+    const Outcome shown = play(closeAtOnce, {"--database", at("hospital"), "--trace", at("trace.txt")});
+    ASSERT_EQ(shown.status, 0) << shown.errors;
+    const std::string trace = contentOf(m_folder / "trace.txt");
+    EXPECT_TRUE(trace.starts_with("Select top 1 isnull(ClientName,'') as ClientName, ")) << trace;
+    EXPECT_TRUE(trace.ends_with("\nselect * from Patient_Data..tbHospitalInfo\n")) << trace;
+    EXPECT_EQ(tests::modeOf(m_folder / "trace.txt"), 0600U);
+}
+
+/// Runs statements on a hospital's file from outside; the connection stays open as long as the object.
+class Outsider {
+  public:
+    Outsider(const std::string& file, const char* statements) {
+        EXPECT_EQ(sqlite3_open(file.c_str(), &m_database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(m_database, statements, nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(m_database);
+    }
+    ~Outsider() { sqlite3_close(m_database); }
+    Outsider(const Outsider&) = delete;
+    Outsider& operator=(const Outsider&) = delete;
+
+  private:
+    sqlite3* m_database = nullptr;
+};
+
+TEST_F(Desk, AHospitalThatCannotBeOpenedIsOneClearLine) {
+    std::filesystem::create_directory(m_folder / "empty");
+    std::filesystem::create_directory(m_folder / "garbage");
+    writeFile(m_folder / "garbage" / "hospital.db", std::string(8192, 'x'));
+    std::filesystem::create_directories(m_folder / "unreadable" / "hospital.db");
+    makeHospital("newer");
+    { const Outsider later(at("newer/hospital.db"), "pragma user_version = 9999"); }
+    const std::vector<std::pair<const char*, std::string>> cases{{"missing", at("missing")},
+                                                                 {"empty", at("empty")},
+                                                                 {"garbage", "is no database"},
+                                                                 {"unreadable", "cannot be opened"},
+                                                                 {"newer", "belongs to another version"}};
+    for (const auto& [folder, part] : cases)
+        expectOneLine(play(closeAtOnce, {"--database", at(folder)}), part);
+}
+
+TEST_F(Desk, AHospitalThatAnotherProgramHoldsIsOneClearLine) {
+    makeHospital("hospital");
+    const Outsider holder(at("hospital/hospital.db"), "pragma locking_mode = exclusive; begin exclusive");
+    expectOneLine(play(closeAtOnce, {"--database", at("hospital")}), "database");
+}
+
+} // namespace
+} // namespace opd

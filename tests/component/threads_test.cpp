@@ -1,0 +1,111 @@
+#include "adapters/sqlite/create_database.h"
+#include "adapters/sqlite/provider.h"
+#include "ado/recordset.h"
+#include "base/os/library.h"
+#include "base/os/system_clock.h"
+#include "com/class_registry.h"
+#include "com/connection_object.h"
+#include "com/object.h"
+#include "com/server.h"
+#include "component/init_dll.h"
+#include "component/support.h"
+
+#include <barrier>
+#include <gtest/gtest.h>
+#include <set>
+#include <thread>
+
+namespace opd {
+namespace {
+
+void registerFrom(const std::filesystem::path& file) {
+    const os::Library library{file};
+    ASSERT_EQ(library.function<com::RegisterServerExport>(com::exportedNames.registerServer)(), com::ok);
+}
+
+/// Registers some patients on file, one after another, behind a first look at the search window.
+std::string scriptFor(const std::vector<std::string>& patients) {
+    std::string script = "expect-window frmMasterSearch\nclick Command1(2)\nexpect-window frmMasterSearch\n";
+    for (const std::string& patient : patients)
+        script += "type txtHospNum \"" + patient + "\"\nwait 600\nkey Enter\nexpect-window frmRegistration\n" +
+                  "answer \"OK\" like \".* was registered as Hosp\\. # \\(" + patient + "\\) and Case # .*\"\n" +
+                  "click cmdSave\nexpect-window frmMasterSearch\n";
+    return script + "click Command1(2)\n";
+}
+
+/// Two threads of one host, each with its own object, connection and script.
+struct TwoThreads : testing::Test {
+    TwoThreads() {
+        adapters::sqlite::createDatabase(folder / "hospital", {.patients = 60, .clientCode = ""}, {});
+        registerFrom(tests::componentLibrary());
+        registerFrom(tests::codeSearchLibrary());
+        tests::writeFile(folder / "ALPHA.opd", scriptFor({"00000021", "00000022", "00000023"}));
+        tests::writeFile(folder / "BRAVO.opd", scriptFor({"00000031", "00000032", "00000033"}));
+    }
+
+    void work(const std::string& user) {
+        together.arrive_and_wait();
+        const auto component = com::createInstanceOf<IInitDLL>(initDllProgramId, iidInitDLL);
+        const auto connection = com::makeConnectionObject(std::make_shared<ado::Connection>());
+        EXPECT_EQ(component->UserID(user.c_str()), com::ok);
+        EXPECT_EQ(component->SearchCriteria(""), com::ok);
+        EXPECT_EQ(component->InitDLLConnection(connection.get()), com::ok) << com::lastErrorText();
+        // The script is named by the environment of the process, so the desktops are made one after the other.
+        for (const char* turn : {"ALPHA", "BRAVO"}) {
+            together.arrive_and_wait();
+            if (user != turn)
+                continue;
+            const tests::Variable script("OPD_SCRIPT", (folder / (user + ".opd")).string());
+            EXPECT_EQ(component->InitSetup(), com::okButFalse) << com::lastErrorText();
+        }
+        together.arrive_and_wait();
+        com::HResult outcome = com::ok; // once for each patient, as a host does
+        while (outcome == com::ok)
+            outcome = component->InitSetup();
+        EXPECT_EQ(outcome, com::okButFalse) << com::lastErrorText();
+        EXPECT_EQ(component->UserID(nullptr), com::errorPointer);
+    }
+
+    /// The visits as "hospital number user", one for each row.
+    std::multiset<std::string> visits() const {
+        const os::SystemClock clock;
+        ado::Providers providers;
+        providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
+        ado::Connection connection{providers};
+        connection.Open("Data Source=" + (folder / "hospital").string());
+        ado::Recordset rows;
+        rows.CursorLocation = ado::CursorLocation::Client;
+        rows.Open("select HospNum, UserID from Patient_Data..tbOutPatient", connection, ado::CursorType::Dynamic,
+                  ado::LockType::ReadOnly);
+        std::multiset<std::string> found;
+        for (const auto& row : rows.all().rows)
+            if (row[1].asText() != "DEMO")
+                found.insert(row[0].asText() + " " + row[1].asText());
+        return found;
+    }
+
+    const tests::TemporaryFolder folder;
+    const tests::Variable registry{"OPD_CLASS_REGISTRY", (folder / "classes.ini").string()};
+    const tests::Variable database{"OPD_DATABASE", (folder / "hospital").string()};
+    const tests::Variable desktop{"OPD_DESKTOP", "scripted"};
+    const tests::Variable trace{"OPD_TRACE", (folder / "trace").string()};
+    std::barrier<> together{2};
+};
+
+TEST_F(TwoThreads, EachRegistersItsPatientsInASessionOfItsOwn) {
+    std::thread alpha([this] { work("ALPHA"); });
+    std::thread bravo([this] { work("BRAVO"); });
+    alpha.join();
+    bravo.join();
+    EXPECT_EQ(visits(), (std::multiset<std::string>{"00000021 ALPHA", "00000022 ALPHA", "00000023 ALPHA",
+                                                    "00000031 BRAVO", "00000032 BRAVO", "00000033 BRAVO"}));
+    // Every line of the trace is whole.
+    const std::string traced = tests::contentOf(folder / "trace");
+    std::size_t commits = 0;
+    for (std::size_t at = traced.find("\ncommit\n"); at != std::string::npos; at = traced.find("\ncommit\n", at + 1))
+        ++commits;
+    EXPECT_EQ(commits, 12U) << "two transactions for each of six registrations\n" << traced;
+}
+
+} // namespace
+} // namespace opd

@@ -79,7 +79,7 @@ class Link {
 
     /// Sets what is told over and over, on the thread of the statement, while a statement waits or works for long. It
     /// uses no database and throws nothing.
-    virtual void setOnWait(std::function<void()>) {}
+    virtual void setOnWait(const std::function<void()>&) {}
 };
 
 /// A kind of database that connections can be opened to.

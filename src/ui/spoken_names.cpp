@@ -74,7 +74,7 @@ std::string nameByItself(const Control& control) {
         return control.spokenName;
     if (isLookup(control) && before(control) != nullptr)
         return "Look up " + nameByItself(*before(control));
-    if (const std::string caption = spokenCaption(control.caption()); !caption.empty())
+    if (std::string caption = spokenCaption(control.caption()); !caption.empty())
         return caption;
     if (control.floatsOver != nullptr)
         return nameByItself(*control.floatsOver) + " entry";

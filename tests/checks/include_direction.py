@@ -52,6 +52,11 @@ LIBRARIES = [
     ("SQLite", re.compile(r"sqlite3\w*\.h"), ["src/adapters/sqlite/", "tests/adapters/sqlite/", "tests/component/"]),
 ]
 
+# Headers of the operating system: in the core only src/base/os/ may know them.
+SYSTEM = re.compile(r"(sys|arpa|net|netinet|linux)/.*|(unistd|fcntl|dlfcn|pwd|grp|signal|dirent|poll|termios|pthread|windows)\.h")
+CORE = ["base", "ado", "com", "ports", "ui", "script", "session", "data", "search", "reports", "registration",
+        "component", "codesearch"]
+
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
 SUFFIXES = {".h", ".hpp", ".cpp", ".inc"}
 
@@ -98,6 +103,13 @@ def library_faults(root):
                     yield f"{place}:{number}: {name} is not for this folder: <{included}>"
 
 
+def system_faults(graph):
+    for path in sorted(graph):
+        for number, included in graph[path]:
+            if SYSTEM.fullmatch(included) and layer_of(path) in CORE and not path.startswith("base/os/"):
+                yield f"src/{path}:{number}: the operating system is for src/base/os/ alone: <{included}>"
+
+
 def direction_faults(source, graph):
     for path in sorted(graph):
         for number, included in graph[path]:
@@ -136,6 +148,7 @@ def faults(root):
         yield f"{source}: no sources found"
     yield from direction_faults(source, graph)
     yield from library_faults(root)
+    yield from system_faults(graph)
     yield from cycle_faults(graph)
 
 

@@ -34,6 +34,8 @@ REFUSED = {
     "the toolkit by its module": ("src/host/a.cpp", "QtCore/qstring.h", "Qt is not for this folder: <QtCore/qstring.h>"),
     "the core's tests know no toolkit": ("tests/search/a.cpp", "QTest", "tests/search/a.cpp:1: Qt is not for this folder"),
     "the driver stays in its adapter": ("src/data/a.cpp", "sqlite3.h", "SQLite is not for this folder: <sqlite3.h>"),
+    "the core does not know the system": ("src/com/a.cpp", "dlfcn.h", "src/com/a.cpp:1: the operating system is for src/base/os/ alone"),
+    "nor by a folder of its headers": ("src/base/files/a.cpp", "sys/stat.h", "src/base/files/a.cpp:1: the operating system is for src/base/os/ alone"),
     "a new layer must be entered": ("src/helpers/a.h", "string", "the layer helpers is not known"),
 }
 
@@ -47,6 +49,8 @@ ACCEPTED = [
     ("src/adapters/qt/a.cpp", "script/driver.h"),
     ("src/adapters/qt/a.cpp", "QApplication"),
     ("src/adapters/sqlite/a.cpp", "sqlite3.h"),
+    ("src/base/os/posix/a.cpp", "unistd.h"),
+    ("src/adapters/sqlite/b.cpp", "unistd.h"),
     ("tests/adapters/qt/a.cpp", "QTest"),
 ]
 

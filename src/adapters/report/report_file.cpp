@@ -13,7 +13,7 @@ namespace opd::adapters::reporting {
 namespace {
 
 constexpr int widestMargin = 90; ///< leaves room for something between two of them on every paper
-constexpr std::uintmax_t largestFile = 1024 * 1024;
+constexpr std::uintmax_t largestFile = std::uintmax_t{1024} * 1024;
 
 std::vector<std::string> words(const std::string& line) {
     std::istringstream stream(line);

@@ -113,7 +113,7 @@ class SqliteLink final : public ado::Link {
     void rollback() override { m_database.run("ROLLBACK"); }
 
     void setPatience(std::chrono::milliseconds patience) override { m_database.setPatience(patience); }
-    void setOnWait(std::function<void()> onWait) override { m_database.setOnWait(std::move(onWait)); }
+    void setOnWait(const std::function<void()>& onWait) override { m_database.setOnWait(onWait); }
 
   private:
     ado::ResultSet runProcedure(const ProcedureCall& call) {

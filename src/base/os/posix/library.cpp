@@ -1,5 +1,6 @@
 #include "base/os/library.h"
 
+#include <cstring>
 #include <dlfcn.h>
 
 namespace opd::os {
@@ -34,7 +35,10 @@ std::filesystem::path libraryOf(const void* address) {
     if (::dladdr(address, &info) == 0 || info.dli_fname == nullptr)
         throw LibraryError("The library of an address is not known.");
     std::error_code ignored;
-    const std::filesystem::path file = std::filesystem::weakly_canonical(info.dli_fname, ignored);
+    // The loader knows the program itself by the word that it was called by, which may be found through PATH alone.
+    const bool isLibrary = std::strchr(info.dli_fname, '/') != nullptr;
+    const std::filesystem::path file =
+        std::filesystem::weakly_canonical(isLibrary ? info.dli_fname : "/proc/self/exe", ignored);
     return ignored ? std::filesystem::path{info.dli_fname} : file;
 }
 

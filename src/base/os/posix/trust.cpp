@@ -46,7 +46,7 @@ bool isTrusted(const struct stat& found, bool sharedFolder) {
 
 std::filesystem::path trustedLibrary(const std::filesystem::path& file) {
     std::error_code missing;
-    const std::filesystem::path real = std::filesystem::canonical(file, missing);
+    std::filesystem::path real = std::filesystem::canonical(file, missing);
     if (missing)
         throw LibraryError("The library \"" + file.string() + "\" is missing.");
     for (std::filesystem::path part = real;; part = part.parent_path()) {

@@ -18,6 +18,7 @@ FOREIGN = re.compile(r"\bPart[ ]\d+\.\d+|specific[a]tion", re.IGNORECASE)
 LAID_OUT = {".ui"}  # drawn in a form editor, read there
 MAY_REFER = {"DEVELOPERS.md"}
 NOT_OURS = {"build"}
+MOST_WELCOME_LINES = 15
 
 
 def committed(root):
@@ -53,6 +54,10 @@ def faults(root):
         for number, line in enumerate(lines, 1):
             if place not in MAY_REFER and FOREIGN.search(line):
                 yield f"{place}:{number}: refers to a text that is not in this repository: {line.strip()}"
+    for room in sorted({place.split("/")[1] for place in files_in if "/" in place}):
+        welcome = len(text_of(root / "src" / room / "README.md").splitlines())
+        if not 0 < welcome <= MOST_WELCOME_LINES:
+            yield f"src/{room}/README.md: {welcome} lines; at most {MOST_WELCOME_LINES} say what the room is for"
     for folder, names in files_in.items():
         if len(names) > MOST_FILES:
             yield f"{folder}: {len(names)} files, more than {MOST_FILES}; divide it"

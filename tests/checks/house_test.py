@@ -13,17 +13,20 @@ WORD = "specific" + "ation"  # in two pieces, as this file is checked as well
 CASES = {
     "a long file": ({"src/a.cpp": "\n" * 501}, "src/a.cpp: 501 lines, more than 500"),
     "a full folder": ({f"src/a/{i}.h": "" for i in range(41)}, "src/a: 41 files, more than 40"),
+    "a room without a welcome": ({"src/a/x.h": ""}, "src/a/README.md: 0 lines; at most 15"),
+    "a long welcome": ({"src/a/README.md": "\n" * 16}, "src/a/README.md: 16 lines; at most 15"),
     "a reference": ({"docs/a.md": "see Part" + " 4.1\n"}, "docs/a.md:1: refers to a text"),
     "a word": ({"tests/a.cpp": f"\n// The {WORD.upper()} says\n"}, "tests/a.cpp:2: refers to a text"),
 }
 SOUND = {
     "src/a.cpp": "\n" * 500,
+    "src/a/README.md": "\n" * 15,
     "src/form.ui": "\n" * 600,
     "DEVELOPERS.md": WORD,
     "build/x.txt": WORD,
     "picture.png": b"\xff\xfe",
     "b.md": "Part 4\n",
-} | {f"src/a/{i}.h": "" for i in range(40)}
+} | {f"src/a/{i}.h": "" for i in range(39)}
 
 
 def check(tree):

@@ -29,8 +29,10 @@ def function_lengths(file):
     start = None
     for number, line in enumerate(lines):
         if start is None and OPENING.search(line) and not STATEMENT.search(line):
-            indent = (len(line) - len(line.lstrip())) // 4 * 4  # initializers of a constructor stand four further in
-            start = number, indent - 4 if line.lstrip()[0] in ":," else indent
+            indent = len(line) - len(line.lstrip())
+            # The initializers of a constructor stand four further in, from the second on six.
+            initializes = indent % 4 != 0 or line.lstrip()[0] == ":"
+            start = number, indent // 4 * 4 - 4 if initializes else indent
         elif start is not None and line.startswith("}" if start[1] == 0 else " " * start[1] + "}"):
             yield number - start[0] - 1
             start = None

@@ -24,16 +24,29 @@ def total(folders, suffixes):
     return sum(non_blank(file) for folder in folders for file in folder.rglob("*") if file.suffix in suffixes)
 
 
+def indent_of(line):
+    return len(line) - len(line.lstrip())
+
+
+def first_line(lines, opening):
+    """The line in which the declaration begins whose body opens in the given one."""
+    number, open_brackets = opening, 0
+    while True:
+        line = lines[number]
+        open_brackets += line.count(")") - line.count("(")
+        initializes = line.lstrip().startswith(":") or indent_of(line) % 4 != 0
+        if (open_brackets <= 0 and not initializes) or number == 0:
+            return number
+        number -= 1
+
+
 def function_lengths(file):
     lines = file.read_text(encoding="utf-8").splitlines()
     start = None
     for number, line in enumerate(lines):
         if start is None and OPENING.search(line) and not STATEMENT.search(line):
-            indent = len(line) - len(line.lstrip())
-            # The initializers of a constructor stand four further in, from the second on six.
-            initializes = indent % 4 != 0 or line.lstrip()[0] == ":"
-            start = number, indent // 4 * 4 - 4 if initializes else indent
-        elif start is not None and line.startswith("}" if start[1] == 0 else " " * start[1] + "}"):
+            start = number, " " * indent_of(lines[first_line(lines, number)]) + "}"
+        elif start is not None and line.startswith(start[1]):
             yield number - start[0] - 1
             start = None
 

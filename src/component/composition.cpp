@@ -1,4 +1,5 @@
 #include "component/composition.h"
+#include "base/clock/date_text.h"
 #include "base/os/system_clock.h"
 
 #include "adapters/image/picture_files.h"
@@ -11,6 +12,8 @@
 #include "reports/photograph.h"
 
 #include <cstdlib>
+#include <optional>
+#include <stdexcept>
 
 namespace opd {
 
@@ -54,9 +57,22 @@ void drawWhileWaiting(ado::Connection& connection) {
     });
 }
 
+namespace {
+
+std::unique_ptr<const Clock> makeClock() {
+    const std::string now = environment::value(environment::now);
+    if (now.empty())
+        return std::make_unique<os::SystemClock>();
+    if (const std::optional<DateTime> moment = parseMoment(now))
+        return std::make_unique<FixedClock>(*moment);
+    throw std::runtime_error("\"" + now + "\" in " + environment::now + " is no moment such as \"03/07/2026 14:05\".");
+}
+
+} // namespace
+
 const Clock& clock() {
-    static const os::SystemClock ofMachine;
-    return ofMachine;
+    static const std::unique_ptr<const Clock> ofProcess = makeClock();
+    return *ofProcess;
 }
 
 const ImageCodec& images() {

@@ -31,6 +31,8 @@ void traceStatements(ado::Connection& connection);
 /// Has the desktop draw itself while statements of the connection wait.
 void drawWhileWaiting(ado::Connection& connection);
 
+/// The clock of the process: the machine's, or the moment at which the environment has it stand. Throws
+/// std::runtime_error where that is none.
 const Clock& clock();
 
 /// What reads and writes picture files.

@@ -54,7 +54,7 @@ std::unique_ptr<ui::Desktop> makeScriptedDesktop(script::Player* player) {
 
 std::unique_ptr<script::Player> makePlayer() {
     const std::string file = environment::value(environment::script);
-    return file.empty() ? nullptr : std::make_unique<script::Player>(file, std::cout);
+    return file.empty() ? nullptr : std::make_unique<script::Player>(file, std::cout, composition::clock().now());
 }
 
 /// Stands for the real desktop, which it makes when it is first needed and keeps.

@@ -13,6 +13,9 @@ inline constexpr const char* script = "OPD_SCRIPT";          ///< the operator s
 inline constexpr const char* cameraFile = "OPD_CAMERA_FILE"; ///< a picture that stands in for the camera
 inline constexpr const char* trace = "OPD_TRACE";            ///< the file that gets every statement sent
 
+inline constexpr const char* now =
+    "OPD_NOW"; ///< where the process's clock stands, "MM/dd/yyyy hh:mm"; it runs without it
+
 /// The value of a variable, or an empty text.
 std::string value(const char* variable);
 

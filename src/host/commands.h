@@ -25,6 +25,7 @@ struct RunOptions {
     std::string script;
     std::string trace;
     std::string cameraFile;
+    std::string now; ///< "MM/dd/yyyy hh:mm", where the desk's clock stands; it runs without it
 };
 
 /// Makes an embedded hospital in a folder that is new or empty. Shows its progress when standard error is a terminal.

@@ -1,3 +1,5 @@
+#include "base/clock/date_text.h"
+#include "component/environment.h"
 #include "host/commands.h"
 
 #include <CLI/CLI.hpp>
@@ -14,11 +16,18 @@ using namespace opd;
 
 namespace {
 
+const CLI::Validator moment{[](const std::string& text) {
+                                return parseMoment(text) ? std::string{}
+                                                         : "\"" + text + "\" is no moment such as \"03/07/2026 14:05\"";
+                            },
+                            "MM/dd/yyyy hh:mm"};
+
 /// What was asked for on the command line.
 struct CommandLine {
     CLI::App app{"The registration desk of a hospital's out-patient department.", "opd-desk"};
     std::string folder;
     adapters::sqlite::DatabaseOptions hospital;
+    std::string hospitalsDay;
     host::ConfigureOptions settings;
     host::RunOptions session;
     std::function<void()> command;
@@ -58,7 +67,16 @@ struct CommandLine {
         sub->add_option("--client", hospital.clientCode, "Client code of the hospital");
         sub->add_option("--name", hospital.hospitalName, "Name of the hospital");
         sub->add_option("--address", hospital.address, "Address of the hospital");
-        sub->callback([this] { command = [this] { host::createHospital(folder, hospital); }; });
+        sub->add_option("--now", hospitalsDay, "The hospital's own day; today without it")
+            ->envname(environment::now)
+            ->check(moment);
+        sub->callback([this] { command = [this] { createHospital(); }; });
+    }
+
+    void createHospital() {
+        if (!hospitalsDay.empty())
+            hospital.now = parseMoment(hospitalsDay);
+        host::createHospital(folder, hospital);
     }
 
     void addConfigure() {
@@ -85,6 +103,9 @@ struct CommandLine {
             ->check(CLI::IsMember({"qt", "scripted"}));
         sub->add_option("--script", session.script, "Operator script that works the desk");
         sub->add_option("--trace", session.trace, "File for every statement sent; may hold patient data");
+        sub->add_option("--now", session.now, "Where the clock of desk and hospital stands; it runs without it")
+            ->envname(environment::now)
+            ->check(moment);
         sub->add_option("--camera-file", session.cameraFile, "Picture that stands in for the camera");
         sub->callback([this] { command = [this] { host::run(session); }; });
     }

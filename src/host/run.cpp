@@ -41,6 +41,7 @@ void passOptions(const RunOptions& options) {
     setEnvironment(environment::desktop, options.desktop);
     setEnvironment(environment::script, options.script);
     setEnvironment(environment::trace, absoluteFile(options.trace));
+    setEnvironment(environment::now, options.now);
     setEnvironment(environment::cameraFile, absoluteFile(options.cameraFile));
 }
 

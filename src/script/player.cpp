@@ -3,6 +3,7 @@
 #include "script/answers.h"
 #include "script/command_line.h"
 #include "script/commands.h"
+#include "script/days.h"
 
 #include <algorithm>
 #include <deque>
@@ -64,7 +65,7 @@ struct Player::State {
     }
 };
 
-Player::Player(const std::filesystem::path& file, std::ostream& output)
+Player::Player(const std::filesystem::path& file, std::ostream& output, const DateTime& today)
     : m_state(std::make_unique<State>(State{file.string(), output})) {
     std::ifstream stream(file);
     if (!stream)
@@ -73,6 +74,8 @@ Player::Player(const std::filesystem::path& file, std::ostream& output)
     for (std::size_t line = 1; std::getline(stream, text); ++line) {
         try {
             std::vector<std::string> words = wordsOf(text);
+            for (std::string& word : words)
+                word = withDays(word, today);
             if (!words.empty())
                 m_state->steps.push_back(stepOf(line, std::move(words)));
         } catch (const std::runtime_error& error) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/clock/date_time.h"
 #include "script/driver.h"
 #include "ui/desktop.h"
 
@@ -15,9 +16,9 @@ namespace opd::script {
 /// script; what it was is kept as "FILE:LINE: what was expected, what was there".
 class Player {
   public:
-    /// Reads the whole script; `print` commands write to `output`. Throws std::runtime_error with file and line when
-    /// it cannot be read or a line is no command.
-    Player(const std::filesystem::path& file, std::ostream& output);
+    /// Reads the whole script, whose "{today}" is the given day; `print` commands write to `output`. Throws
+    /// std::runtime_error with file and line when it cannot be read or a line is no command.
+    Player(const std::filesystem::path& file, std::ostream& output, const DateTime& today);
     ~Player();
 
     /// True when the script has ended or failed.

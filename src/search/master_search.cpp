@@ -170,6 +170,7 @@ void frmMasterSearch::load() {
     m_fields.gridPatientList.setEnabled(false);
     m_fields.newPatient.setEnabled(false);
     m_fields.search.setEnabled(false);
+    m_fields.txtBirthDate.calendarDay = m_session.clock.now();
     data::LoadServerDate(m_session);
     data::LoadHospitalInfo(m_session);
     m_window.setStatus(std::exchange(m_session.globals.lastOutcome, {}));

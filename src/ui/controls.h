@@ -71,6 +71,7 @@ class MaskedBox final : public Control {
     std::string shownText() const override { return m_text; }
 
     bool offersCalendar = false; ///< a desktop with a screen lets the clerk pick the date, by F4, Alt+Down or mouse
+    DateTime calendarDay;        ///< where the calendar opens while the box holds no date
 
     /// A text as the box writes it: a date in another spelling ("3 /7 /1980", "1980-03-07") gets the one of the mask,
     /// every other text stays as it is.

@@ -2,7 +2,6 @@
 #include "adapters/sqlite/provider.h"
 #include "ado/recordset.h"
 #include "base/os/library.h"
-#include "base/os/system_clock.h"
 #include "com/class_registry.h"
 #include "com/connection_object.h"
 #include "com/object.h"
@@ -69,7 +68,7 @@ struct TwoThreads : testing::Test {
 
     /// The visits as "hospital number user", one for each row.
     std::multiset<std::string> visits() const {
-        const os::SystemClock clock;
+        const FixedClock clock({2026, 11, 25, 10, 0, 0});
         ado::Providers providers;
         providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
         ado::Connection connection{providers};

@@ -17,7 +17,8 @@ namespace opd::tests {
 /// A session on an embedded hospital of its own.
 struct HospitalSession {
     explicit HospitalSession(const std::string& clientCode = {}) {
-        adapters::sqlite::createDatabase(folder, {.patients = 12, .seed = 1, .clientCode = clientCode}, {});
+        adapters::sqlite::createDatabase(
+            folder, {.patients = 12, .now = DateTime{2026, 11, 24, 0, 0, 0}, .clientCode = clientCode}, {});
         providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
         globals.gConnection = connect();
         globals.gClientName = clientCode;
@@ -43,7 +44,7 @@ struct HospitalSession {
 
     TemporaryFolder temporary;
     std::filesystem::path folder = temporary / "hospital";
-    FixedClock clock;
+    FixedClock clock{{2026, 11, 24, 14, 5, 0}};
     ado::Providers providers;
     Globals globals;
     TestDesktop desktop;

@@ -9,12 +9,6 @@
 
 namespace opd::tests {
 
-class FixedClock final : public Clock {
-  public:
-    DateTime moment{2026, 11, 24, 14, 5, 0};
-    DateTime now() const override { return moment; }
-};
-
 class MemoryStore final : public settings::Store {
   public:
     std::map<std::string, std::string> values; ///< by key
@@ -84,7 +78,7 @@ struct TestSession {
     ado::Providers providers;
     Globals globals;
     TestDesktop desktop;
-    FixedClock clock;
+    FixedClock clock{{2026, 11, 24, 14, 5, 0}};
     MemoryStore store;
     StandInEngine reports;
     StandInCamera camera;

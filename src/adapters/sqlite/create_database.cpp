@@ -51,7 +51,8 @@ void refuseUsedFolder(const std::filesystem::path& folder) {
             throw std::runtime_error("The folder \"" + folder.string() + "\" is not empty.");
 }
 
-void fill(Database& database, const DatabaseOptions& options, const std::function<void(int, int)>& progress) {
+void fill(Database& database, const DatabaseOptions& options, const DateTime& today,
+          const std::function<void(int, int)>& progress) {
     database.run("BEGIN");
     database.run(schemaText());
     insertReferenceData(database);
@@ -61,7 +62,7 @@ void fill(Database& database, const DatabaseOptions& options, const std::functio
     hospital.bind(2, options.hospitalName);
     hospital.bind(3, options.address);
     hospital.next();
-    insertPatients(database, options.patients, options.seed, progress);
+    insertPatients(database, {options.patients, options.seed, today}, progress);
     database.run("PRAGMA user_version = " + std::to_string(schemaVersion));
     database.run("COMMIT; ANALYZE; PRAGMA journal_mode = WAL");
 }
@@ -74,10 +75,10 @@ void createDatabase(const std::filesystem::path& folder, const DatabaseOptions& 
     os::makeFolderForGroup(folder);
     const std::filesystem::path unfinished = folder / unfinishedName;
     const Unfinished held(unfinished);
-    const os::SystemClock clock;
+    const FixedClock clock(options.now ? *options.now : os::SystemClock{}.now());
     {
         Database database(unfinished, Database::Mode::Create, clock);
-        fill(database, options, progress);
+        fill(database, options, clock.now().date(), progress);
     }
     std::filesystem::rename(unfinished, databaseFile(folder));
 }

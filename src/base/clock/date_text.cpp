@@ -122,4 +122,9 @@ std::optional<DateTime> parseDate(std::string_view text) {
     return day;
 }
 
+std::optional<DateTime> parseMoment(std::string_view text) {
+    const std::optional<DateTime> moment = parseDate(text);
+    return moment && text::trimmed(text).find(' ') != std::string::npos ? moment : std::nullopt;
+}
+
 } // namespace opd

@@ -24,6 +24,10 @@ std::string isoDateText(const DateTime& value);      ///< "1980-03-07", with " 1
 /// ignored. Nothing when the text is no existing date.
 std::optional<DateTime> parseDate(std::string_view text);
 
+/// Reads a moment as it is given on a command line: a date and a time of day, "03/07/2026 14:05". Nothing when one of
+/// them is missing or wrong.
+std::optional<DateTime> parseMoment(std::string_view text);
+
 /// Reads "02:05 PM", "2:05 pm", "14:05" or "14:05:09"; the date part of the result is not set.
 std::optional<DateTime> parseTime(std::string_view text);
 

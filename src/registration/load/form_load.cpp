@@ -161,6 +161,7 @@ void loadForm(FormContext& form) {
     form.record.Findings.clear();
     form.record.Medications.clear();
     hideUntilNeeded(form.fields);
+    form.fields.header.txtBirthDate.calendarDay = form.session.clock.now();
     layOutOptionalParts(form);
     if (!loadByType(form))
         form.fields.personal.txtNationality.setText("1");

@@ -18,7 +18,7 @@ struct Play {
     explicit Play(const std::string& script) {
         const std::string file = fromQt(folder.filePath("a.opd"));
         std::ofstream(file) << script;
-        script::Player player(file, printed);
+        script::Player player(file, printed, {2026, 11, 24, 14, 5, 0});
         QtDesktop desktop(&player);
         samples::SearchWindow search;
         samples::RegistrationWindow form;

@@ -86,7 +86,7 @@ std::filesystem::path scriptFile(const std::string& text) {
 Played play(const std::string& text) {
     const std::filesystem::path file = scriptFile(text);
     std::ostringstream output;
-    script::Player player(file, output);
+    script::Player player(file, output, {2026, 11, 24, 14, 5, 0});
     adapters::ScriptedDesktop desktop(&player);
     SampleForm form(desktop);
     desktop.showModal(form.window);
@@ -201,7 +201,7 @@ TEST(Script, ALineThatIsNoCommandIsFoundBeforeAnythingIsPlayed) {
     for (const auto& wrong : cases) {
         const std::filesystem::path file = scriptFile(wrong.script);
         try {
-            script::Player player(file, std::cout);
+            script::Player player(file, std::cout, {2026, 11, 24, 14, 5, 0});
             ADD_FAILURE() << wrong.script;
         } catch (const std::runtime_error& error) {
             EXPECT_EQ(error.what(), file.string() + wrong.reason);

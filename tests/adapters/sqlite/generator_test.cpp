@@ -15,7 +15,7 @@ namespace {
 
 /// All rows of all tables, as one text.
 std::string dumpOf(const std::filesystem::path& folder) {
-    const MorningClock clock;
+    const FixedClock clock(morning);
     ado::Providers providers;
     providers.add("embedded", adapters::sqlite::makeSqliteProvider(clock));
     ado::Connection connection(providers);
@@ -31,12 +31,13 @@ std::string dumpOf(const std::filesystem::path& folder) {
     return dump;
 }
 
-TEST(Generator, GivesTheSameRowsForTheSameOptionsAndOthersForAnotherSeed) {
+TEST(Generator, GivesTheSameRowsForTheSameOptionsAndOthersForAnotherSeedOrDay) {
     const TemporaryFolder folder;
-    const auto make = [&](const char* name, unsigned seed) {
+    const auto make = [&](const char* name, unsigned seed, const DateTime& day = generationDay) {
         DatabaseOptions options;
         options.patients = 200;
         options.seed = seed;
+        options.now = day;
         createDatabase(folder.path() / name, options, {});
         return dumpOf(folder.path() / name);
     };
@@ -44,6 +45,7 @@ TEST(Generator, GivesTheSameRowsForTheSameOptionsAndOthersForAnotherSeed) {
     EXPECT_GT(std::count(one.begin(), one.end(), '\n'), 400);
     EXPECT_EQ(one, make("again", 7));
     EXPECT_NE(one, make("other", 8));
+    EXPECT_NE(one, make("later", 7, {2031, 9, 1, 0, 0, 0}));
 }
 
 TEST(Generator, UsesOnlyCodesThatTheReferenceFilesHave) {

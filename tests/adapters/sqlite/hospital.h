@@ -14,12 +14,8 @@
 
 namespace opd::tests {
 
-/// A clock that stands still in the morning after the generated hospital's own day.
-class MorningClock final : public Clock {
-  public:
-    DateTime moment{2026, 7, 1, 10, 30, 15};
-    DateTime now() const override { return moment; }
-};
+inline constexpr DateTime generationDay{2026, 6, 30, 0, 0, 0}; ///< the generated hospital's own day
+inline constexpr DateTime morning{2026, 7, 1, 10, 30, 15};     ///< and the one on which it is used
 
 /// A database that tests reach through connections alone. It holds the generator's fixed patients.
 class Hospital {
@@ -34,13 +30,14 @@ class EmbeddedHospital final : public Hospital {
     explicit EmbeddedHospital(int patients = 12) {
         adapters::sqlite::DatabaseOptions options;
         options.patients = patients;
+        options.now = generationDay;
         adapters::sqlite::createDatabase(folder(), options, {});
         m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(m_clock));
     }
 
     std::filesystem::path folder() const { return m_folder.path() / "hospital"; }
     std::filesystem::path file() const { return folder() / "hospital.db"; }
-    MorningClock& clock() { return m_clock; }
+    FixedClock& clock() { return m_clock; }
 
     std::unique_ptr<ado::Connection> connect() override {
         auto connection = std::make_unique<ado::Connection>(m_providers);
@@ -50,7 +47,7 @@ class EmbeddedHospital final : public Hospital {
 
   private:
     TemporaryFolder m_folder;
-    MorningClock m_clock;
+    FixedClock m_clock{morning};
     ado::Providers m_providers;
 };
 

@@ -15,7 +15,7 @@ namespace {
 
 /// The message of opening a folder's database; empty when it opens.
 std::string messageOf(const std::filesystem::path& folder) {
-    const MorningClock clock;
+    const FixedClock clock(morning);
     ado::Providers providers;
     providers.add("embedded", adapters::sqlite::makeSqliteProvider(clock));
     ado::Connection connection(providers);

@@ -82,8 +82,7 @@ CalendarPopup::CalendarPopup(QLineEdit& field, std::function<QDate()> date, std:
 void CalendarPopup::openUp() {
     if (m_field.isReadOnly() || !m_field.isEnabled())
         return;
-    const QDate held = m_date();
-    m_days->setSelectedDate(held.isValid() ? held : QDate::currentDate());
+    m_days->setSelectedDate(m_date());
     showTurned(m_days->yearShown(), m_days->monthShown());
     m_days->setMinimumHeight(rowsOfMonth * (fontMetrics().height() + spaceInRow));
     adjustSize();

@@ -16,10 +16,11 @@ class CalendarPopup final : public QFrame {
     Q_OBJECT
 
   public:
-    /// `date` tells the date that the field holds, `picked` is told the one that the clerk picks. The field owns it.
+    /// `date` tells the date that the calendar is to open at, `picked` is told the one that the clerk picks. The field
+    /// owns it.
     CalendarPopup(QLineEdit& field, std::function<QDate()> date, std::function<void(const QDate&)> picked);
 
-    /// Opens at the date of the field, or at today when it holds none.
+    /// Opens at the date that it is told.
     void openUp();
 
   protected:

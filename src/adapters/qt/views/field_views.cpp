@@ -193,15 +193,15 @@ void MaskedView::showText() {
 
 // A picked date comes as a typed one does, and is asked about when the box is left.
 void MaskedView::addCalendar() {
-    const auto held = [this] {
-        const std::optional<DateTime> date = parseDate(m_box.text());
-        return date ? QDate(date->year, date->month, date->day) : QDate();
+    const auto opensAt = [this] {
+        const DateTime date = parseDate(m_box.text()).value_or(m_box.calendarDay);
+        return QDate(date.year, date.month, date.day);
     };
     const auto picked = [this](const QDate& day) {
         window().edited(m_box, dateText({day.year(), day.month(), day.day(), 0, 0, 0}));
         selectContent();
     };
-    new CalendarPopup(*m_edit, held, picked); // the field owns it
+    new CalendarPopup(*m_edit, opensAt, picked); // the field owns it
 }
 
 void MaskedView::selectContent() {

@@ -23,8 +23,8 @@ std::string hospNum(int number) {
 /// Inserts the people of one hospital, keeping the statements prepared.
 class Writer {
   public:
-    explicit Writer(Database& database)
-        : m_database(database),
+    Writer(Database& database, const DateTime& today)
+        : m_database(database), m_today(today),
           m_master(
               database,
               "INSERT INTO Patient_Data_tbMaster (HospNum, LastName, FirstName, MiddleName, SearchName, Title, "
@@ -84,6 +84,8 @@ class Writer {
                          billed ? ado::Value{addDays(visit.admitted, 0)} : ado::Value{}});
     }
 
+    const DateTime& today() const { return m_today; }
+
     void giveDependent(const std::string& number, const char* name, const DateTime& birthDate) {
         Query query(m_database,
                     "INSERT INTO Patient_Data_tbMasterDependent (SeqNum, Name, BirthDate) VALUES (?, ?, ?)");
@@ -92,7 +94,7 @@ class Writer {
 
     void confine(const std::string& number) {
         Query query(m_database, "INSERT INTO Patient_Data_tbPatient (IdNum, HospNum, AdmDate) VALUES (?, ?, ?)");
-        insert(query, {std::to_string(++m_lastAdmission), number, DateTime{2026, 6, 28, 20, 0, 0}});
+        insert(query, {std::to_string(++m_lastAdmission), number, momentBefore(m_today, 2, 20, 0)});
     }
 
     void makeEmployeesAccount(const std::string& number) {
@@ -119,6 +121,7 @@ class Writer {
     }
 
     Database& m_database;
+    DateTime m_today;
     Query m_master;
     Query m_extended;
     Query m_visit;
@@ -128,8 +131,8 @@ class Writer {
 
 void writeDemonstrationPerson(Writer& writer, int number, Random& random) {
     const std::string key = hospNum(number);
-    writer.write(key, demonstrationPerson(number, random));
-    if (Visit visit; demonstrationVisit(number, visit))
+    writer.write(key, demonstrationPerson(number, writer.today(), random));
+    if (Visit visit; demonstrationVisit(number, writer.today(), visit))
         writer.write(key, visit, random);
     if (number == parent) {
         writer.giveDependent(key, "SANTOS, PAOLO REYES", {2001, 4, 18});
@@ -143,14 +146,14 @@ void writeDemonstrationPerson(Writer& writer, int number, Random& random) {
 
 void writeRandomPerson(Writer& writer, int number, Person& previous, Random& random) {
     const std::string key = hospNum(number);
-    Person person = randomPerson(random);
+    Person person = randomPerson(writer.today(), random);
     if (random.chance(2)) { // a namesake of the same day
         person.lastName = previous.lastName;
         person.birthDate = previous.birthDate;
     }
     writer.write(key, person);
     for (int visits = random.below(4) - 1; visits > 0; --visits)
-        writer.write(key, randomVisit(random), random);
+        writer.write(key, randomVisit(writer.today(), random), random);
     if (random.chance(1))
         writer.confine(key);
     previous = std::move(person);
@@ -158,10 +161,11 @@ void writeRandomPerson(Writer& writer, int number, Person& previous, Random& ran
 
 } // namespace
 
-void insertPatients(Database& database, int count, unsigned seed, const std::function<void(int, int)>& progress) {
-    Random random(seed);
-    Writer writer(database);
-    Person previous = demonstrationPerson(1, random);
+void insertPatients(Database& database, const Population& population, const std::function<void(int, int)>& progress) {
+    Random random(population.seed);
+    Writer writer(database, population.today);
+    Person previous = demonstrationPerson(1, population.today, random);
+    const int count = population.patients;
     constexpr int progressStep = 100;
     for (int number = 1; number <= count; ++number) {
         if (number <= demonstrationPeople)

@@ -23,8 +23,8 @@ std::string surname(Random& random) {
     return name;
 }
 
-int yearsOld(const Person& person) {
-    return static_cast<int>(static_cast<double>(daysBetween(person.birthDate, generationDay)) / 365.25);
+int yearsOld(const Person& person, const DateTime& today) {
+    return static_cast<int>(static_cast<double>(daysBetween(person.birthDate, today)) / 365.25);
 }
 
 /// Children are children, and the older somebody is, the likelier married or widowed.
@@ -38,14 +38,14 @@ std::string civilStatus(Random& random, int age) {
     return random.chance(std::min(85, age * 2)) ? "2" : random.chance(8) ? "4" : "1";
 }
 
-void giveFamily(Random& random, Person& person) {
+void giveFamily(Random& random, Person& person, int age) {
     person.father = std::string{random.pick(maleNames)} + " " + person.lastName;
     person.mother = std::string{random.pick(femaleNames)} + " " + person.middleName;
     if (person.civilStatus == "2") {
         person.spouse = std::string{random.pick(person.male ? femaleNames : maleNames)} + " " + person.lastName;
         person.contact = person.spouse;
         person.contactRelation = person.male ? "WIFE" : "HUSBAND";
-    } else if (yearsOld(person) > 50) {
+    } else if (age > 50) {
         person.contact = std::string{random.pick(femaleNames)} + " " + person.lastName;
         person.contactRelation = "DAUGHTER";
     } else {
@@ -54,8 +54,7 @@ void giveFamily(Random& random, Person& person) {
     }
 }
 
-void giveWork(Random& random, Person& person) {
-    const int age = yearsOld(person);
+void giveWork(Random& random, Person& person, int age) {
     person.occupation = age < 5    ? ""
                         : age < 20 ? "STUDENT"
                         : age > 65 ? "RETIRED"
@@ -72,7 +71,8 @@ void giveWork(Random& random, Person& person) {
         person.sss = digits(random, 2) + "-" + digits(random, 7) + "-" + digits(random, 1);
 }
 
-void giveRest(Random& random, Person& person) {
+void giveRest(Random& random, Person& person, const DateTime& today) {
+    const int age = yearsOld(person, today);
     static constexpr std::array<std::string_view, 6> bloodTypes{"O+", "A+", "B+", "AB+", "O-", "A-"};
     static constexpr std::array<std::string_view, 8> barangays{
         "POBLACION", "SAN ROQUE", "SAN ISIDRO", "BAGUMBAYAN", "SANTA CRUZ", "MALANDAY", "BAGONG SILANG", "SANTO NIÑO"};
@@ -85,14 +85,21 @@ void giveRest(Random& random, Person& person) {
         person.nationality = std::to_string(random.between(2, 12));
     if (random.chance(15))
         person.religion = std::to_string(random.between(2, 10));
-    person.civilStatus = civilStatus(random, yearsOld(person));
-    giveFamily(random, person);
-    giveWork(random, person);
+    person.civilStatus = civilStatus(random, age);
+    giveFamily(random, person, age);
+    giveWork(random, person, age);
 }
 
 } // namespace
 
-Person randomPerson(Random& random) {
+DateTime momentBefore(const DateTime& day, long days, int hour, int minute) {
+    DateTime moment = addDays(day, -days).date();
+    moment.hour = hour;
+    moment.minute = minute;
+    return moment;
+}
+
+Person randomPerson(const DateTime& today, Random& random) {
     Person person;
     person.male = random.chance(48);
     person.lastName = surname(random);
@@ -102,14 +109,14 @@ Person randomPerson(Random& random) {
         person.title = random.chance(70) ? "JR" : "III";
     // Young people are more than old ones.
     const int years = std::min(random.below(96), random.below(96));
-    person.birthDate = addDays(generationDay, -(years * 365L + years / 4 + random.below(365)));
-    giveRest(random, person);
+    person.birthDate = addDays(today, -(years * 365L + years / 4 + random.below(365)));
+    giveRest(random, person, today);
     return person;
 }
 
-Visit randomVisit(Random& random) {
+Visit randomVisit(const DateTime& today, Random& random) {
     Visit visit;
-    visit.admitted = addDays(generationDay, -random.between(1, 900));
+    visit.admitted = addDays(today, -random.between(1, 900));
     visit.admitted.hour = random.between(7, 17);
     visit.admitted.minute = random.below(60);
     const int kind = random.below(100);
@@ -120,7 +127,7 @@ Visit randomVisit(Random& random) {
     return visit;
 }
 
-Person demonstrationPerson(int number, Random& random) {
+Person demonstrationPerson(int number, const DateTime& today, Random& random) {
     struct Fixed {
         const char* lastName;
         const char* firstName;
@@ -128,7 +135,7 @@ Person demonstrationPerson(int number, Random& random) {
         bool male;
         DateTime birthDate;
     };
-    static const std::array<Fixed, demonstrationPeople> people{{
+    const std::array<Fixed, demonstrationPeople> people{{
         {"DELA CRUZ", "JUAN", "SANTOS", true, {1980, 3, 7}},
         {"SANTOS", "MARIA", "REYES", false, {1975, 12, 25}},
         {"PEÑA", "PEDRO", "LUNA", true, {1990, 6, 12}},
@@ -136,7 +143,7 @@ Person demonstrationPerson(int number, Random& random) {
         {"REYES", "ANNA", "CRUZ", false, {1985, 8, 15}},
         {"BAUTISTA", "ROSA", "AQUINO", false, {1968, 2, 29}},
         {"VILLANUEVA", "RAMON", "TORRES", true, {1959, 11, 3}},
-        {"MERCADO", "BEA", "PASCUAL", false, {2023, 5, 20}},
+        {"MERCADO", "BEA", "PASCUAL", false, addDays(today, -1137)},
         {"MENDOZA", "CORAZON", "LIM", false, {1948, 9, 8}},
         {"GARCIA", "NESTOR", "DIAZ", true, {1972, 1, 31}},
         {"FLORES", "LIGAYA", "RAMOS", false, {1995, 4, 4}},
@@ -149,7 +156,7 @@ Person demonstrationPerson(int number, Random& random) {
     person.middleName = fixed.middleName;
     person.male = fixed.male;
     person.birthDate = fixed.birthDate;
-    giveRest(random, person);
+    giveRest(random, person, today);
     person.townCode = "1000";
     person.nationality = person.religion = "1";
     person.philHealth = person.gsis = person.sss = "";
@@ -161,19 +168,19 @@ Person demonstrationPerson(int number, Random& random) {
     return person;
 }
 
-bool demonstrationVisit(int number, Visit& visit) {
+bool demonstrationVisit(int number, const DateTime& today, Visit& visit) {
     switch (number) {
     case 2:
-        visit = {{2026, 6, 29, 9, 15, 0}, Visit::State::Open};
+        visit = {momentBefore(today, 1, 9, 15), Visit::State::Open};
         return true;
     case 3:
-        visit = {{2025, 2, 3, 10, 30, 0}, Visit::State::Billed};
+        visit = {momentBefore(today, 512, 10, 30), Visit::State::Billed};
         return true;
     case 6:
-        visit = {{2026, 6, 12, 8, 5, 0}, Visit::State::Revoked};
+        visit = {momentBefore(today, 18, 8, 5), Visit::State::Revoked};
         return true;
     case 11:
-        visit = {{2026, 6, 20, 14, 45, 0}, Visit::State::Open};
+        visit = {momentBefore(today, 10, 14, 45), Visit::State::Open};
         return true;
     default:
         return false;

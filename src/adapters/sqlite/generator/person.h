@@ -7,9 +7,6 @@
 
 namespace opd::adapters::sqlite {
 
-/// The day on which every generated hospital stands, so that its rows do not depend on when it is made.
-inline constexpr DateTime generationDay{2026, 6, 30, 0, 0, 0};
-
 /// One synthetic patient.
 struct Person {
     std::string lastName, firstName, middleName, title;
@@ -29,14 +26,19 @@ struct Visit {
     State state = State::Billed;
 };
 
-Person randomPerson(Random& random);
-Visit randomVisit(Random& random);
+/// A time of day so many days before the given one.
+DateTime momentBefore(const DateTime& day, long days, int hour, int minute);
 
-/// The demonstration patient of a number from 1, whose name, sex and birth date do not depend on the seed.
-Person demonstrationPerson(int number, Random& random);
+/// Ages and visits are reckoned from `today`.
+Person randomPerson(const DateTime& today, Random& random);
+Visit randomVisit(const DateTime& today, Random& random);
+
+/// The demonstration patient of a number from 1, whose name and sex do not depend on the seed, and whose birth date
+/// does not depend on the day either, but for the child: it is three years old.
+Person demonstrationPerson(int number, const DateTime& today, Random& random);
 inline constexpr int demonstrationPeople = 12;
 
 /// The visit that a demonstration patient has; false when that patient has none.
-bool demonstrationVisit(int number, Visit& visit);
+bool demonstrationVisit(int number, const DateTime& today, Visit& visit);
 
 } // namespace opd::adapters::sqlite

@@ -245,8 +245,9 @@ void fillColumns(FullHospital& hospital, const RowKeys& keys, bool empty) {
                 value = "'" + odd->second + "'";
             else if (isFlag(column))
                 value = "'1'";
-            hospital.globals.gConnection->Execute(std::string{"Update Patient_Data.."} + table.name + " set " + column +
-                                                  " = " + value + keys.condition(table));
+            std::string update = "Update Patient_Data..";
+            update.append(table.name).append(" set ").append(column).append(" = ").append(value);
+            hospital.globals.gConnection->Execute(update.append(keys.condition(table)));
         }
     }
     transaction.commit();

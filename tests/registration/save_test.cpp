@@ -164,7 +164,9 @@ TEST(Save, AFailureBehindTheCommitNamesWhatIsMissingAndWritesTheSameVisitAgain) 
         {"Update Patient_data..tbOutPatient set isWalkIn", "walk-in mark, file number"},
         {"Patient_data..OPD_UpdateFileNum", "file number"},
     };
-    for (const auto& [failing, missing] : cases) {
+    for (const auto& entry : cases) {
+        const char* const failing = entry.failing;
+        const char* const missing = entry.missing;
         SCOPED_TRACE(failing);
         FormFixture desk;
         desk.globals.isAllowOPFileNumbering = true;

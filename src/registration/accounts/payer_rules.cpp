@@ -9,6 +9,8 @@ namespace opd::registration {
 
 namespace {
 
+constexpr const char* notSenior = "The patient is not yet senior citizen.";
+
 void openAccount(PersonalTab& personal) {
     personal.company.code.setEnabled(true);
     personal.company.lookup.setEnabled(true);
@@ -40,7 +42,7 @@ PayerRules::PayerRules(ui::Desktop& desktop, Fields& fields, Record& record)
     bindInsurance();
     bindPatientType();
     bindPayCode();
-    bindSenior(personal.chkSenior, personal.txtSeniorID, 59);
+    bindSenior(personal.chkSenior, personal.txtSeniorID, 59); // the two ages are as the hospitals know them
     bindSenior(personal.chkSeniorCitizen, personal.txtSeniorCitizenID, 60);
     bindPurposes();
     bindProgrammes();
@@ -90,10 +92,10 @@ void PayerRules::bindSenior(ui::CheckBox& box, ui::TextBox& number, int leastAge
         if (text::isBlank(age))
             return;
         const bool tooYoung = data::leadingNumber(age) < leastAge;
-        box.setRefusal(tooYoung && box.checked() ? "The patient is not yet senior citizen." : "");
+        box.setRefusal(tooYoung && box.checked() ? notSenior : "");
         if (tooYoung)
-            m_desktop.ask({.text = "The patient is not yet senior citizen. \r\nCheck the age you entered.",
-                           .icon = ui::Icon::Exclamation});
+            m_desktop.ask(
+                {.text = notSenior + std::string{" \r\nCheck the age you entered."}, .icon = ui::Icon::Exclamation});
         else
             number.setEnabled(box.checked());
     };

@@ -5,6 +5,7 @@
 #include "data/leading_number.h"
 #include "data/procedures/checks.h"
 #include "data/procedures/dates.h"
+#include "registration/rules/messages.h"
 
 namespace opd::registration {
 
@@ -83,11 +84,10 @@ bool PatientRules::acceptBirthDate() {
     const std::string& birthDate = m_header.txtBirthDate.text();
     m_header.txtAge.setEnabled(false);
     if (m_header.txtBirthDate.isBlank())
-        return refuse(m_header.txtBirthDate,
-                      {.text = "Please enter the patient's Birthdate", .caption = "Notification"});
+        return refuse(m_header.txtBirthDate, {.text = missingBirthDate, .caption = "Notification"});
     const std::string admitted = dateText(m_header.dtpAdmDate.value());
     if (!data::IsDateInRange(birthDate, "", admitted))
-        return refuse(m_header.txtBirthDate, {.text = "Invalid date..."});
+        return refuse(m_header.txtBirthDate, {.text = invalidDate});
     if (parseDate(birthDate)->date() > m_session.globals.gServerDate.date())
         return refuse(m_header.txtBirthDate, {.text = "Birthdate must not be greater than the date today!",
                                               .caption = "Notification",

@@ -5,6 +5,7 @@
 #include "registration/amount_text.h"
 #include "registration/civil_status.h"
 #include "registration/rules/marks.h"
+#include "registration/rules/messages.h"
 
 namespace opd::registration {
 
@@ -73,7 +74,7 @@ std::vector<Rule> rulesOf(Fields& fields) {
             {personal.txtNationality, "Please enter patient's nationality!", Tone::Warning, hasNationality},
             {personal.txtReligion, "Please enter patient's religion!", Tone::Warning, hasReligion},
             {header.male, "You must specify the out-patient's sex.", Tone::Notification, hasSex},
-            {header.txtBirthDate, "Please enter the patient's Birthdate", Tone::Notification, hasBirthDate},
+            {header.txtBirthDate, missingBirthDate, Tone::Notification, hasBirthDate},
             {header.txtBirthDate, "Invalid Birthdate", Tone::Notification, hasValidBirthDate},
             {fields.additional.txtLOAAmount, invalidAmount, Tone::Warning, hasValidAmount}};
 }

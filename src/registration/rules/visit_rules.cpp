@@ -6,6 +6,7 @@
 #include "data/procedures/dates.h"
 #include "registration/amount_text.h"
 #include "registration/rules/marks.h"
+#include "registration/rules/messages.h"
 #include "ui/window.h"
 
 #include <algorithm>
@@ -94,8 +95,8 @@ void VisitRules::bindDates() {
     period.onValidate = [this, &admitted, &period](bool& refuse) {
         const bool valid = period.isBlank() || data::IsDateInRange(period.text(), "", dateText(admitted.value()));
         if (!valid)
-            tell("Invalid date...");
-        refuse = refusedUnless(valid, period, "Invalid date...");
+            tell(invalidDate);
+        refuse = refusedUnless(valid, period, invalidDate);
     };
 }
 
@@ -128,7 +129,7 @@ void VisitRules::enteredSystolic() {
     if (isUsualSystolic(consultation))
         return;
     ui::Window& window = consultation.systolic.window();
-    if (!confirmsPressure(consultation.systolic)) {
+    if (!confirmsPressure(consultation.systolic)) { // where the focus goes is as the hospitals know it
         window.setFocus(consultation.diastolic);
         return;
     }
@@ -140,7 +141,7 @@ void VisitRules::enteredDiastolic() {
     ConsultationTab& consultation = m_fields.consultation;
     ui::Window& window = consultation.diastolic.window();
     if (!isUsualDiastolic(consultation)) {
-        if (!confirmsPressure(consultation.diastolic)) {
+        if (!confirmsPressure(consultation.diastolic)) { // likewise
             window.setFocus(consultation.systolic);
             return;
         }

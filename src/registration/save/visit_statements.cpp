@@ -166,7 +166,8 @@ std::vector<Statement> updateAdditionalDoctors(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
     std::vector<Statement> statements;
     int position = 0;
-    for (const ui::TextBox* doctor : {&consultation.doctor3.code, &consultation.doctor4.code, &consultation.doctor5.code})
+    for (const ui::TextBox* doctor :
+         {&consultation.doctor3.code, &consultation.doctor4.code, &consultation.doctor5.code})
         statements.push_back(Statement("Patient_Data..OPD_Update_AdditionalDr '")
                                  .values({savedVisit(form.record), doctor->text(), std::to_string(++position)}, "', '")
                                  .text("'"));

@@ -80,9 +80,6 @@ struct Record {
     bool RadioFlag = false;
     bool DepositFlag = false;
     bool PhotoTaken = false;
-    std::string chiefComplaintCode; ///< what the last search for a chief complaint found
-    std::string chiefComplaintText;
-    std::string takenComplaint; ///< the complaint that was taken over into the memo
     KeptCode PatientTypeKept;
     KeptCode ConsultationTypeKept;
     KeptCode PerUnitKept;

@@ -5,14 +5,7 @@
 #include "registration/load/form_load.h"
 #include "registration/photo/photo.h"
 #include "registration/revoke/revoke.h"
-#include "registration/rules/clinical_codes.h"
-#include "registration/rules/code_lookups.h"
-#include "registration/rules/guidance.h"
-#include "registration/rules/key_rules.h"
-#include "registration/rules/patient_rules.h"
-#include "registration/rules/payer_rules.h"
 #include "registration/rules/validate_data.h"
-#include "registration/rules/visit_rules.h"
 #include "registration/save/apostrophes.h"
 #include "registration/save/codes.h"
 #include "registration/save/save_data.h"
@@ -28,18 +21,12 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     m_record.AdmissionNumber = opening.AdmissionNumber;
     m_window.onLoad = [this] { loadForm(m_context); };
     m_window.onFailure = [this](const std::exception& failure) { data::reportFailure(m_session, failure); };
-    bindKeyRules(m_context);
-    bindPatientRules(m_context);
-    bindCodeLookups(m_context);
-    bindClinicalCodes(m_context);
-    bindPayerRules(m_context);
-    bindVisitRules(m_context);
     bindRevoke(m_context);
     bindCapture(m_context);
     bindDependents(m_context);
-    bindMarks(m_context);
+    bindMarks(m_fields);
     bindApostrophes(m_context);
-    bindGuidance(m_context);
+    m_guidance.emplace(m_window, m_fields, m_record, m_session.globals);
     bindButtons();
     disableIdleButtons();
 }
@@ -87,8 +74,12 @@ void RegistrationForm::disableIdleButtons() {
             control->setEnabled(false);
 }
 
+bool RegistrationForm::validate() {
+    return ValidateData(m_session.desktop, m_fields, m_record, m_session.globals.AccountTypeCode);
+}
+
 void RegistrationForm::save(bool updateOnly) {
-    if (ValidateData(m_context) && SaveData(m_context, updateOnly))
+    if (validate() && SaveData(m_context, updateOnly))
         close();
 }
 
@@ -98,12 +89,12 @@ void RegistrationForm::close() {
         keepRegistration(m_context, m_patient);
     else if (m_continuesKept)
         forgetKeptRegistration(m_session, m_patient);
-    m_session.globals.lastOutcome = storedOutcome(m_context);
+    m_session.globals.lastOutcome = storedOutcome(m_record);
     m_window.unload();
 }
 
 void RegistrationForm::saveAndPrint() {
-    if (!ValidateData(m_context) || !SaveData(m_context, false))
+    if (!validate() || !SaveData(m_context, false))
         return;
     const bool wasWritten = !m_record.lacksNumber;
     if (wasWritten)

@@ -2,10 +2,13 @@
 
 #include "registration/fields/fields.h"
 #include "registration/form_context.h"
+#include "registration/form_rules.h"
 #include "registration/record.h"
+#include "registration/rules/guidance.h"
 #include "session/session.h"
 #include "ui/window.h"
 
+#include <optional>
 #include <string>
 
 namespace opd::registration {
@@ -34,6 +37,9 @@ class RegistrationForm {
     /// one for the same patient that could not be saved. Throws ado::Error.
     void SetRegistrationMode();
 
+    /// The check before a save, see `ValidateData`.
+    bool validate();
+
   private:
     void bindButtons();
     void disableIdleButtons();
@@ -47,10 +53,10 @@ class RegistrationForm {
     ui::Window m_window{"frmRegistration", "Registration"};
     Fields m_fields{m_window};
     Record m_record;
-    search::clsSearch m_codes{m_session};
-    search::frmSearchChiefComplaint m_complaints{m_session};
-    FormContext m_context{m_session, m_window, m_fields, m_record, m_codes, m_complaints};
-    const std::string m_patient; ///< whom the form was opened for; a saved new patient has a number by then
+    FormContext m_context{m_session, m_window, m_fields, m_record};
+    FormRules m_rules{m_session, m_window, m_fields, m_record};
+    std::optional<Guidance> m_guidance; ///< made last: it adds to all other handlers
+    const std::string m_patient;        ///< whom the form was opened for; a saved new patient has a number by then
     std::string m_lastName;
     bool m_continuesKept = false; ///< holds what an earlier form could not save
 };

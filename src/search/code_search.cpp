@@ -24,7 +24,7 @@ Statement doctorStatement(const std::string& serviceCode, const std::string& cri
 
 } // namespace
 
-bool clsSearch::SearchBarangay(const std::string& code) {
+bool clsSearch::SearchBarangay(const std::string& code, const std::string& present) {
     const ado::Recordset rows =
         data::openClient(m_session, Statement("Patient_Data..sp_Adm_SearchBarangay '").value(code).text("'"),
                          unspecifiedCursor, unspecifiedLock);
@@ -32,19 +32,19 @@ bool clsSearch::SearchBarangay(const std::string& code) {
         m_session.desktop.ask({.text = "Invalid Code!", .icon = ui::Icon::Critical});
         return false;
     }
-    return takeOnly(rows) || choose("Barangay", code, "Patient_Data..sp_Adm_SearchBarangay '##'");
+    return takeOnly(rows) || choose("Barangay", code, "Patient_Data..sp_Adm_SearchBarangay '##'", present);
 }
 
-bool clsSearch::SearchDoctor(const std::string& criteria, const std::string& serviceCode) {
+bool clsSearch::SearchDoctor(const std::string& criteria, const std::string& serviceCode, const std::string& present) {
     return takeOnly(data::openClient(m_session, doctorStatement(serviceCode, criteria, "7"), unspecifiedCursor,
                                      unspecifiedLock)) ||
-           choose("Doctor", criteria, doctorStatement(serviceCode, criteria, "6").str());
+           choose("Doctor", criteria, doctorStatement(serviceCode, criteria, "6").str(), present);
 }
 
-bool clsSearch::SearchAdmittingType(const std::string& code) {
+bool clsSearch::SearchAdmittingType(const std::string& code, const std::string& present) {
     const Statement statement = Statement("PATIENT_DATA..sp_Adm_SearchAdmissionType '").value(code).text("'");
     return takeOnly(data::openClient(m_session, statement, unspecifiedCursor, unspecifiedLock)) ||
-           choose("Patient Classification", code, statement.str());
+           choose("Patient Classification", code, statement.str(), present);
 }
 
 bool clsSearch::SearchAutoDoctor(const std::string& criteria, const std::string& serviceCode) {
@@ -60,11 +60,12 @@ bool clsSearch::takeOnly(const ado::Recordset& rows) {
     return true;
 }
 
-bool clsSearch::choose(const std::string& caption, const std::string& criteria, const std::string& query) {
+bool clsSearch::choose(const std::string& caption, const std::string& criteria, const std::string& query,
+                       const std::string& present) {
     m_dialog.SearchCaption = caption;
     m_dialog.Criteria = criteria;
     m_dialog.Query = query;
-    m_dialog.PresentCode = m_session.globals.presentCode;
+    m_dialog.PresentCode = present;
     m_dialog.showModal();
     if (!m_dialog.Valid())
         return false;

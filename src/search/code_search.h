@@ -13,9 +13,10 @@ class clsSearch {
   public:
     explicit clsSearch(Session& session) : m_session(session), m_dialog(session) {}
 
-    bool SearchBarangay(const std::string& code);
-    bool SearchDoctor(const std::string& criteria, const std::string& serviceCode);
-    bool SearchAdmittingType(const std::string& code);
+    /// The dialog opens on the row of the code `present`, where it has one.
+    bool SearchBarangay(const std::string& code, const std::string& present = {});
+    bool SearchDoctor(const std::string& criteria, const std::string& serviceCode, const std::string& present = {});
+    bool SearchAdmittingType(const std::string& code, const std::string& present = {});
 
     /// The one doctor that is on duty for a service; never shows a window.
     bool SearchAutoDoctor(const std::string& criteria, const std::string& serviceCode);
@@ -27,7 +28,8 @@ class clsSearch {
 
   private:
     bool takeOnly(const ado::Recordset& rows);
-    bool choose(const std::string& caption, const std::string& criteria, const std::string& query);
+    bool choose(const std::string& caption, const std::string& criteria, const std::string& query,
+                const std::string& present);
 
     Session& m_session;
     frmSearchNew m_dialog;

@@ -107,7 +107,6 @@ struct Globals : FeatureFlags {
     std::map<std::string, std::shared_ptr<const registration::KeptRegistration>> keptRegistrations;
 
     bool gForceSearch = false;   ///< a lookup button asks the next lookup to list everything
-    std::string presentCode;     ///< what stood in the field then, on which the list opens; empty without a button
     std::string AccountTypeCode; ///< "P" patient pays, "C" company; set when a registration is checked
 
     /// The globals of the calling thread.

@@ -8,6 +8,7 @@
 
 namespace opd::ui {
 
+class CodedField;
 class Container;
 class Grid;
 class Window;
@@ -111,9 +112,9 @@ class Control {
     std::string hint; ///< what the clerk can do here ("F4 lists the codes"), said while the control has the focus
 
     bool tabStop = true;
-    bool causesValidation = true;     ///< false: moving here never asks the control that is left
-    const Control* serves = nullptr;  ///< moving here from this control does not ask it: a lookup button's code field
-    const Grid* floatsOver = nullptr; ///< lies over the current cell of this grid while it is visible
+    bool causesValidation = true;      ///< false: moving here never asks the control that is left
+    const CodedField* coded = nullptr; ///< the coded field that it is a part of
+    const Grid* floatsOver = nullptr;  ///< lies over the current cell of this grid while it is visible
 
     std::function<void()> onClick;
     std::function<void()> onDoubleClick;

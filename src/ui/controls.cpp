@@ -7,6 +7,11 @@
 
 namespace opd::ui {
 
+void TextBox::showOnly() {
+    readOnly = true;
+    tabStop = false;
+}
+
 void TextBox::setText(const std::string& text) {
     if (text == m_text)
         return;

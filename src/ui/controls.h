@@ -28,6 +28,9 @@ class TextBox : public Control {
     /// of the hospital.
     static std::string withLineEnds(const std::string& text);
 
+    /// Makes it show what another control or the system decides: nobody types there, and Tab passes it by.
+    void showOnly();
+
     bool readOnly = false;  ///< shows what another control decides; still takes the focus for reading and copying
     bool multiLine = false; ///< shown over several lines; Enter moves on all the same
 

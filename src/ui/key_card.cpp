@@ -1,6 +1,7 @@
 #include "ui/key_card.h"
 
 #include "base/text/text.h"
+#include "ui/coded_field.h"
 #include "ui/desktop.h"
 #include "ui/spoken_names.h"
 

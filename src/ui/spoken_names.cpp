@@ -1,6 +1,7 @@
 #include "ui/spoken_names.h"
 
 #include "base/text/text.h"
+#include "ui/coded_field.h"
 #include "ui/report_pane.h"
 
 #include <algorithm>
@@ -58,8 +59,8 @@ std::string nameByItself(const Control& control);
 /// frame.
 std::string nameOfBareField(const Control& control) {
     const Control* const previous = before(control);
-    if (previous != nullptr && isLookup(*previous) && before(*previous) != nullptr)
-        return nameByItself(*before(*previous)) + " name";
+    if (control.coded != nullptr && &control == &control.coded->name)
+        return nameByItself(control.coded->code) + " name";
     if (previous != nullptr && control.kind() == Kind::DatePicker)
         return nameByItself(*previous) + " time";
     if (previous != nullptr && (previous->kind() == Kind::Label || previous->kind() == Kind::CheckBox))
@@ -72,8 +73,8 @@ std::string nameOfBareField(const Control& control) {
 std::string nameByItself(const Control& control) {
     if (!control.spokenName.empty())
         return control.spokenName;
-    if (isLookup(control) && before(control) != nullptr)
-        return "Look up " + nameByItself(*before(control));
+    if (isLookup(control))
+        return "Look up " + nameByItself(control.coded->code);
     if (std::string caption = spokenCaption(control.caption()); !caption.empty())
         return caption;
     if (control.floatsOver != nullptr)
@@ -110,10 +111,6 @@ std::string apart(const Control& control, const Container* (*around)(const Contr
 }
 
 } // namespace
-
-bool isLookup(const Control& control) {
-    return control.kind() == Kind::Button && control.caption() == "...";
-}
 
 SpokenNames::SpokenNames(const Window& window) {
     std::vector<Control*> everything;

@@ -22,9 +22,6 @@ class SpokenNames {
     std::unordered_map<const Control*, std::string> m_names;
 };
 
-/// True for a button that lists what the code field before it may hold.
-bool isLookup(const Control& control);
-
 /// What the mouse is told at a control: its own `tip`, the key of a lookup button or of a page, or nothing.
 std::string tipOf(const Control& control, const SpokenNames& names);
 

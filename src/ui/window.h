@@ -116,8 +116,7 @@ class Window : public Container {
     /// The Down arrow on a control that raises `onArrowDown`. False elsewhere.
     bool pressArrowDown();
 
-    /// F4: clicks the lookup button of the text box that has the focus, the button "..." that comes next in its
-    /// container. False when there is none that is shown and usable.
+    /// F4: clicks the lookup button of the code that has the focus. False when there is none that is shown and usable.
     bool pressLookup();
 
     /// F1: shows the card of this window's keys, or what the window has in its place.

@@ -1,3 +1,4 @@
+#include "ui/coded_field.h"
 #include "ui/window.h"
 
 #include <algorithm>
@@ -42,6 +43,11 @@ bool sameOptionGroup(const Control& left, const Control& right) {
            left.container() == right.container();
 }
 
+/// A lookup button asks for its code in another way: moving there does not ask the code.
+bool asksFor(const Control& target, const Control& left) {
+    return isLookup(target) && &target.coded->code == &left;
+}
+
 } // namespace
 
 void Window::setFocus(Control& target) {
@@ -73,7 +79,7 @@ bool Window::requestFocus(Control& target) {
 
 bool Window::mayLeaveFor(const Control& target) {
     completeDate();
-    if (m_focus == nullptr || !m_focus->onValidate || !target.causesValidation || target.serves == m_focus)
+    if (m_focus == nullptr || !m_focus->onValidate || !target.causesValidation || asksFor(target, *m_focus))
         return true;
     m_focusSetByProgram = false;
     bool refuse = false;

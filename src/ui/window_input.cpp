@@ -1,11 +1,10 @@
 #include "ui/window.h"
 
 #include "base/text/text.h"
+#include "ui/coded_field.h"
 #include "ui/key_card.h"
-#include "ui/spoken_names.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace opd::ui {
@@ -18,12 +17,8 @@ bool canPress(const Button* button) {
 
 /// A lookup button that kept the focus gives it to its code field, so that Enter moves on instead of pressing it again.
 void leaveLookup(Window& window, const Control& button) {
-    if (window.focus() != &button || !isLookup(button))
-        return;
-    const std::vector<Control*>& members = button.container()->members();
-    const auto place = std::find(members.begin(), members.end(), &button);
-    if (place != members.begin() && (*std::prev(place))->kind() == Kind::TextBox)
-        window.setFocus(**std::prev(place));
+    if (window.focus() == &button && isLookup(button))
+        window.setFocus(button.coded->code);
 }
 
 } // namespace
@@ -167,11 +162,10 @@ bool Window::pressArrowDown() {
 }
 
 bool Window::pressLookup() {
-    if (m_handling || m_focus == nullptr || m_focus->kind() != Kind::TextBox)
+    if (m_handling || m_focus == nullptr)
         return false;
-    const std::vector<Control*>& members = m_focus->container()->members();
-    const auto next = std::find(members.begin(), members.end(), m_focus) + 1;
-    return next != members.end() && isLookup(**next) && click(**next);
+    const CodedField* const field = m_focus->coded;
+    return field != nullptr && m_focus == &field->code && click(field->lookup);
 }
 
 bool Window::pressOnCell(char32_t code) {

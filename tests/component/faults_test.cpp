@@ -69,7 +69,7 @@ void fill(registration::RegistrationForm& form, const std::string& lastName) {
     fields.header.txtBirthDate.setText("03/07/1980");
     fields.personal.txtZipCode.setText("1000");
     fields.personal.txtReligion.setText("1");
-    fields.consultation.doctorCode1.setText("D011");
+    fields.consultation.doctor1.code.setText("D011");
     fields.employment.mshDependents.setCell(1, 0, "LIZA");
     fields.employment.mshDependents.setCell(1, 1, "01/02/2015");
 }

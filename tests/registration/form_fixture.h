@@ -4,7 +4,6 @@
 #include "support/test_session.h"
 
 #include "registration/registration_form.h"
-#include "registration/rules/validate_data.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -36,8 +35,6 @@ struct FormFixture : TestSession {
         fields.personal.txtZipCode.setText("1000");
         fields.personal.txtReligion.setText("1");
     }
-
-    bool validate() { return registration::ValidateData(form->context()); }
 
     com::Ref<ListingStandIn> listing = com::Ref<ListingStandIn>::taking(new ListingStandIn);
     std::unique_ptr<registration::RegistrationForm> form;

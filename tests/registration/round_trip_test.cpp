@@ -1,7 +1,6 @@
 #include "registration/hospital_session.h"
 
 #include "component/trace_file.h"
-#include "registration/rules/validate_data.h"
 #include "registration/save/save_data.h"
 #include "support/temporary_folder.h"
 
@@ -122,13 +121,13 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         choose(form->fields());
         form->record().HemoFlag = true;
         form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
-        form->fields().personal.accountNumber.setText("HMO-01");
+        form->fields().personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";
         typed["txtAccount(0)"] = "HMO-01";
         if (std::string{client} == "RVT")
             typed["txtChiefComplaint(1)"] = ""; // the list of that client has no place for it
         form->fields().history.txtLMP.setText("11/02/2026");
-        ASSERT_TRUE(registration::ValidateData(form->context()));
+        ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
         ASSERT_TRUE(registration::SaveData(form->context(), false));
         const registration::Opening edit{"Edit", form->record().SaveHospNum, form->record().SaveIDNum + "B", {}};
@@ -139,8 +138,8 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         expectChosen(form->fields());
         EXPECT_EQ(form->fields().consultation.txtService(1).text().empty(), false);
         EXPECT_TRUE(form->fields().personal.insured.selected());
-        EXPECT_FALSE(form->fields().personal.accountName.text().empty());
-        EXPECT_TRUE(form->fields().personal.searchAccount.enabled());
+        EXPECT_FALSE(form->fields().personal.company.name.text().empty());
+        EXPECT_TRUE(form->fields().personal.company.lookup.enabled());
         EXPECT_TRUE(form->fields().personal.txtCardNum.visible());
         EXPECT_EQ(form->fields().history.txtLMP.text(), std::string{client} == "TKWA" ? "11/02/2026" : "  /  /    ");
         EXPECT_EQ(form->fields().buttons.cmdSave.caption(), "&Update");
@@ -246,8 +245,9 @@ void fillColumns(FullHospital& hospital, const RowKeys& keys, bool empty) {
                 value = "'" + odd->second + "'";
             else if (isFlag(column))
                 value = "'1'";
-            hospital.globals.gConnection->Execute(std::string{"Update Patient_Data.."} + table.name + " set " + column +
-                                                  " = " + value + keys.condition(table));
+            std::string update = "Update Patient_Data..";
+            update.append(table.name).append(" set ").append(column).append(" = ").append(value);
+            hospital.globals.gConnection->Execute(update.append(keys.condition(table)));
         }
     }
     transaction.commit();
@@ -286,7 +286,7 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
     for (const char* client : {"", "RVT", "TKWA"}) {
         FullHospital hospital(client);
         const auto save = [&hospital](registration::RegistrationForm& form) {
-            ASSERT_TRUE(registration::ValidateData(form.context())) << hospital.desktop.messages.back().text;
+            ASSERT_TRUE(form.validate()) << hospital.desktop.messages.back().text;
             hospital.desktop.answer(ui::Answer::Ok);
             ASSERT_TRUE(registration::SaveData(form.context(), false));
         };
@@ -298,7 +298,7 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
         hospital.globals.gConnection->Execute( // two codes that read alike
             "Update Build_File..tbCoPayCode set PayCode = 'CASH' where PayCodeID = 'P2'");
         auto form = openNewVisit();
-        form->fields().personal.accountNumber.setText("HMO-01");
+        form->fields().personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";
         save(*form);
         const RowKeys keys{"00000002", form->record().SaveIDNum + "B"};
@@ -329,7 +329,7 @@ TEST(RoundTrip, EveryDemonstrationPatientOpensAsItsVisitSays) {
     EXPECT_EQ(hospital.listing.get()->windows, 0) << "loading shows no list";
     EXPECT_EQ(patient->fields().header.txtLastName.text(), "PEÑA");
     EXPECT_EQ(patient->record().VisitKindCode, "O");
-    EXPECT_EQ(patient->fields().personal.townName.text(), "MANILA, METRO MANILA");
+    EXPECT_EQ(patient->fields().personal.town.name.text(), "MANILA, METRO MANILA");
     EXPECT_EQ(patient->window().isLoaded(), true);
 
     auto revoked = opens("Edit", "00000006", "2600000003B");
@@ -361,7 +361,7 @@ TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
               (Rows{{"SANTOS, PAOLO REYES", "04/18/2001"}, {"SANTOS, CLARA REYES", "09/02/2004"}, {"", ""}}));
 
     const auto save = [&] {
-        ASSERT_TRUE(registration::ValidateData(form->context()));
+        ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
         ASSERT_TRUE(registration::SaveData(form->context(), false));
     };
@@ -382,7 +382,7 @@ TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
     // A child that the database does not take leaves the list that was stored.
     grid->setCell(1, 0, "SANTOS, CLARISSA");
     grid->setCell(2, 1, "13/13/2024");
-    ASSERT_TRUE(registration::ValidateData(form->context()));
+    ASSERT_TRUE(form->validate());
     EXPECT_THROW(registration::SaveData(form->context(), false), std::runtime_error);
     form = hospital.open(edit);
     EXPECT_EQ(form->fields().employment.mshDependents.rows(), changed);
@@ -427,7 +427,7 @@ TEST(RoundTrip, ATraceWithoutRoomIsToldOnceAndTouchesNoStatementOfARegistration)
         FullEveryOtherLine full(which);
         hospital.globals.gConnection->setTrace([&](const std::string& statement) { full(statement); });
         auto form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
-        ASSERT_TRUE(registration::ValidateData(form->context()));
+        ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
         ASSERT_TRUE(registration::SaveData(form->context(), false)) << hospital.desktop.messages.back().text;
         EXPECT_GT(full.lines, 20);

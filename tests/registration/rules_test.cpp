@@ -132,14 +132,14 @@ TEST(Form, ALookupThatFailsSaysWhyAndLeavesEverythingAsItWas) {
         EXPECT_EQ(code.text(), "1000");
         desk.listing.get()->fail = false;
         window.pressTab(false);
-        EXPECT_EQ(fields.personal.townName.text(), "MANILA, METRO MANILA");
+        EXPECT_EQ(fields.personal.town.name.text(), "MANILA, METRO MANILA");
         // The lookup button asks for the whole list, once.
-        window.click(fields.personal.searchZipCode);
+        window.click(fields.personal.town.lookup);
         EXPECT_EQ(desk.listing.get()->searches.back(), (std::pair<std::string, std::int32_t>{"", 0}));
         EXPECT_FALSE(desk.globals.gForceSearch);
         window.edited(code, "");
         window.pressTab(false);
-        EXPECT_EQ(fields.personal.townName.text(), "");
+        EXPECT_EQ(fields.personal.town.name.text(), "");
     });
 }
 
@@ -154,8 +154,8 @@ TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
             ui::Control& mistake;
             std::function<void()> mend;
         } steps[] = {
-            {"Please enter Account Code", fields.personal.accountNumber,
-             [&] { fields.personal.accountNumber.setText("HMO-1"); }},
+            {"Please enter Account Code", fields.personal.company.code,
+             [&] { fields.personal.company.code.setText("HMO-1"); }},
             {"Invalid Patient Name", fields.header.txtLastName, [&] { fields.header.txtLastName.setText("CRUZ"); }},
             {"Invalid Patient Name", fields.header.txtFirstName, [&] { fields.header.txtFirstName.setText("ANA"); }},
             {"Please enter patient's zip code!", fields.personal.txtZipCode,
@@ -174,7 +174,7 @@ TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
         for (const auto& step : steps) {
             SCOPED_TRACE(step.message);
             desk.desktop.answer(ui::Answer::Ok);
-            EXPECT_FALSE(desk.validate());
+            EXPECT_FALSE(desk.form->validate());
             EXPECT_EQ(desk.desktop.messages.back().text, step.message);
             EXPECT_EQ(window.focus(), &step.mistake);
             EXPECT_TRUE(step.mistake.isShown());
@@ -182,7 +182,7 @@ TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
             step.mend();
             EXPECT_NE(step.mistake.refusal(), step.message);
         }
-        EXPECT_TRUE(desk.validate());
+        EXPECT_TRUE(desk.form->validate());
         EXPECT_EQ(desk.form->record().SexCode, "F");
         EXPECT_EQ(desk.globals.AccountTypeCode, "C");
         EXPECT_EQ(desk.form->record().CivilStatusCode, "1");

@@ -110,7 +110,7 @@ TEST(Save, SendsTheDocumentedStatementsInTheirOrderForEveryShape) {
         desk.globals.gClientName = shape.client;
         desk.openNewPatient();
         fillWithNames(desk);
-        ASSERT_TRUE(desk.validate());
+        ASSERT_TRUE(desk.form->validate());
         desk.provider->log.clear();
         desk.desktop.answer(ui::Answer::Ok);
         EXPECT_TRUE(registration::SaveData(desk.form->context(), shape.updateOnly));
@@ -164,13 +164,15 @@ TEST(Save, AFailureBehindTheCommitNamesWhatIsMissingAndWritesTheSameVisitAgain) 
         {"Update Patient_data..tbOutPatient set isWalkIn", "walk-in mark, file number"},
         {"Patient_data..OPD_UpdateFileNum", "file number"},
     };
-    for (const auto& [failing, missing] : cases) {
+    for (const auto& entry : cases) {
+        const char* const failing = entry.failing;
+        const char* const missing = entry.missing;
         SCOPED_TRACE(failing);
         FormFixture desk;
         desk.globals.isAllowOPFileNumbering = true;
         desk.openNewPatient();
         desk.fillRequired();
-        desk.form->fields().consultation.doctorCode1.setText("D001");
+        desk.form->fields().consultation.doctor1.code.setText("D001");
         desk.provider->failOn(failing, "The connection is lost.");
         desk.desktop.work([&](ui::Window& window) {
             desk.desktop.answer(ui::Answer::Ok);
@@ -264,7 +266,7 @@ TEST(Save, ACommitWithoutAnAnswerIsSettledByTheNextTry) {
         FormFixture desk;
         desk.openNewPatient();
         desk.fillRequired();
-        desk.form->fields().consultation.doctorCode1.setText("D001");
+        desk.form->fields().consultation.doctor1.code.setText("D001");
         desk.provider->commitFailure = "The connection is lost.";
         desk.desktop.work([&](ui::Window& window) {
             desk.desktop.answer(ui::Answer::Ok);
@@ -464,7 +466,7 @@ TEST(Save, TheLetterOfAuthorizationIsSavedForInsurersAndHmosAlone) {
         desk.globals.IsAllowOPDUpdateHMOLOA = true;
         desk.openNewPatient();
         desk.fillRequired();
-        ASSERT_TRUE(desk.validate());
+        ASSERT_TRUE(desk.form->validate());
         registration::AdditionalTab& additional = desk.form->fields().additional;
         EXPECT_EQ(additional.cmbLOAStatus.text(), "Covered");
         EXPECT_EQ(additional.DateLOAInformed.text() + " " + additional.TimeLOAInformed.text(), "11/24/2026 02:05 PM");

@@ -1,13 +1,21 @@
 #pragma once
 
-#include "ui/controls.h"
+#include "ui/coded_field.h"
 
 namespace opd::registration {
 
 /// Tab "Additional Information": photograph, spouse, and the markers that the hospital's settings switch on.
 struct AdditionalTab {
     explicit AdditionalTab(ui::Tabs& tabs, ui::ControlArray<ui::TextBox>& personal)
-        : page(tabs, "pageAdditional", "Additional Information"), txtPersonal(personal) {}
+        : page(tabs, "pageAdditional", "Additional Information"), txtPersonal(personal) {
+        picPatient.spokenName = "Photograph";
+        txtPictureLocation.showOnly();
+        txtPictureFileName.showOnly();
+        spouseEmployerName.tip = "Name of the spouse's employer";
+        spouseEmployerAddress.spokenName = "Spouse's employer: Address";
+        spouseEmployerTelephone.spokenName = "Spouse's employer: Tel. #";
+        txtLOAAmount.tip = "Amount of the letter of authorization";
+    }
 
     ui::Page page;
     ui::ControlArray<ui::TextBox>& txtPersonal;
@@ -41,6 +49,7 @@ struct AdditionalTab {
     ui::TextBox txtPatientClassID{FraPatientClass, "txtPatientClassID"};
     ui::Button cmdPatientClass{FraPatientClass, "cmdPatientClass", "..."};
     ui::TextBox txtPatientClass{FraPatientClass, "txtPatientClass"};
+    ui::CodedField patientClass{txtPatientClassID, cmdPatientClass, txtPatientClass};
 
     ui::ControlArray<ui::Frame> Frame5{"Frame5"};
     ui::Frame& letterOfAuthorization = Frame5.add(page, 9, "Insurance");

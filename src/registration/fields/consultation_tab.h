@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/controls.h"
+#include "ui/coded_field.h"
 
 namespace opd::registration {
 
@@ -10,7 +10,20 @@ struct ConsultationTab {
     explicit ConsultationTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups,
                              ui::ControlArray<ui::TextBox>& complaints)
         : page(tabs, "pageConsultation", "Consultation Information"), cmdSearch(lookups),
-          txtChiefComplaint(complaints) {}
+          txtChiefComplaint(complaints) {
+        complaint.code.spokenName = "Complaint code";
+        complaint.lookup.spokenName = "Look up Complaint";
+        complaint.name.spokenName = "Complaint";
+        complaint.name.readOnly = false; // a complaint that has no code is written here
+        complaint.name.tabStop = true;
+        systolic.spokenName = "B.P. systolic";
+        systolic.tip = "Blood pressure, the higher value";
+        diastolic.spokenName = "B.P. diastolic";
+        diastolic.tip = "Blood pressure, the lower value";
+        informantRelation.tip = "Relation to the patient";
+        guarantorEmployerAddress.tip = "Address of the employer";
+        txtRespRate.tip = "Respiratory rate";
+    }
 
     ui::Page page;
     ui::ControlArray<ui::Button>& cmdSearch;
@@ -33,52 +46,45 @@ struct ConsultationTab {
 
     ui::Frame chiefComplaint{page, "fraChiefComplaint", "Che&if Complaint"};
     ui::ControlArray<ui::TextBox> txtChiefComplaintID{"txtChiefComplaintID"};
-    ui::TextBox& chiefComplaintCode = txtChiefComplaintID.add(chiefComplaint, 0);
     ui::ControlArray<ui::Button> cmdSearchChiefComplaint{"cmdSearchChiefComplaint"};
-    ui::Button& searchChiefComplaint = cmdSearchChiefComplaint.add(chiefComplaint, 0, "...");
-    ui::TextBox& chiefComplaintText = txtChiefComplaint.add(chiefComplaint, 0);
+    ui::CodedField complaint{txtChiefComplaintID.add(chiefComplaint, 0),
+                             cmdSearchChiefComplaint.add(chiefComplaint, 0, "..."),
+                             txtChiefComplaint.add(chiefComplaint, 0)};
 
     ui::Frame services{page, "fraServices", "Ser&vices"};
     ui::ControlArray<ui::TextBox> txtService{"txtService"};
-    ui::TextBox& serviceCode1 = txtService.add(services, 0, "1");
-    ui::Button& searchService1 = cmdSearch.add(services, 0, "...");
-    ui::TextBox& serviceName1 = txtService.add(services, 1);
-    ui::TextBox& serviceCode2 = txtService.add(services, 2, "2");
-    ui::Button& searchService2 = cmdSearch.add(services, 1, "...");
-    ui::TextBox& serviceName2 = txtService.add(services, 3);
-    ui::TextBox& serviceCode3 = txtService.add(services, 4, "3");
-    ui::Button& searchService3 = cmdSearch.add(services, 2, "...");
-    ui::TextBox& serviceName3 = txtService.add(services, 5);
+    ui::CodedField service1{txtService.add(services, 0, "1"), cmdSearch.add(services, 0, "..."),
+                            txtService.add(services, 1)};
+    ui::CodedField service2{txtService.add(services, 2, "2"), cmdSearch.add(services, 1, "..."),
+                            txtService.add(services, 3)};
+    ui::CodedField service3{txtService.add(services, 4, "3"), cmdSearch.add(services, 2, "..."),
+                            txtService.add(services, 5)};
 
     ui::Frame doctors{page, "fraDoctors", "Attending &Doctors"};
     ui::ControlArray<ui::TextBox> txtDoctor{"txtDoctor"};
-    ui::TextBox& doctorCode1 = txtDoctor.add(doctors, 0, "1");
-    ui::Button& searchDoctor1 = cmdSearch.add(doctors, 6, "...");
-    ui::TextBox& doctorName1 = txtDoctor.add(doctors, 1);
-    ui::TextBox& doctorCode2 = txtDoctor.add(doctors, 2, "2");
-    ui::Button& searchDoctor2 = cmdSearch.add(doctors, 7, "...");
-    ui::TextBox& doctorName2 = txtDoctor.add(doctors, 3);
+    ui::CodedField doctor1{txtDoctor.add(doctors, 0, "1"), cmdSearch.add(doctors, 6, "..."), txtDoctor.add(doctors, 1)};
+    ui::CodedField doctor2{txtDoctor.add(doctors, 2, "2"), cmdSearch.add(doctors, 7, "..."), txtDoctor.add(doctors, 3)};
     ui::ControlArray<ui::TextBox> txtAddDoctor{"txtAddDoctor"};
-    ui::TextBox& doctorCode3 = txtAddDoctor.add(doctors, 0, "3");
-    ui::Button& searchDoctor3 = cmdSearch.add(doctors, 15, "...");
-    ui::TextBox& doctorName3 = txtAddDoctor.add(doctors, 1);
-    ui::TextBox& doctorCode4 = txtAddDoctor.add(doctors, 2, "4");
-    ui::Button& searchDoctor4 = cmdSearch.add(doctors, 16, "...");
-    ui::TextBox& doctorName4 = txtAddDoctor.add(doctors, 3);
-    ui::TextBox& doctorCode5 = txtAddDoctor.add(doctors, 4, "5");
-    ui::Button& searchDoctor5 = cmdSearch.add(doctors, 17, "...");
-    ui::TextBox& doctorName5 = txtAddDoctor.add(doctors, 5);
+    ui::CodedField doctor3{txtAddDoctor.add(doctors, 0, "3"), cmdSearch.add(doctors, 15, "..."),
+                           txtAddDoctor.add(doctors, 1)};
+    ui::CodedField doctor4{txtAddDoctor.add(doctors, 2, "4"), cmdSearch.add(doctors, 16, "..."),
+                           txtAddDoctor.add(doctors, 3)};
+    ui::CodedField doctor5{txtAddDoctor.add(doctors, 4, "5"), cmdSearch.add(doctors, 17, "..."),
+                           txtAddDoctor.add(doctors, 5)};
 
     ui::Frame causes{page, "fraCauses", "Causes of Consul&tation"};
     ui::TextBox txtCauseofConsultationID1{causes, "txtCauseofConsultationID1", "1"};
     ui::Button cmdCauseofConsultation1{causes, "cmdCauseofConsultation1", "..."};
     ui::TextBox txtCauseofConsultation1{causes, "txtCauseofConsultation1"};
+    ui::CodedField cause1{txtCauseofConsultationID1, cmdCauseofConsultation1, txtCauseofConsultation1};
     ui::TextBox txtCauseofConsultationID2{causes, "txtCauseofConsultationID2", "2"};
     ui::Button cmdCauseofConsultation2{causes, "cmdCauseofConsultation2", "..."};
     ui::TextBox txtCauseofConsultation2{causes, "txtCauseofConsultation2"};
+    ui::CodedField cause2{txtCauseofConsultationID2, cmdCauseofConsultation2, txtCauseofConsultation2};
     ui::TextBox txtCauseofConsultationID3{causes, "txtCauseofConsultationID3", "3"};
     ui::Button cmdCauseofConsultation3{causes, "cmdCauseofConsultation3", "..."};
     ui::TextBox txtCauseofConsultation3{causes, "txtCauseofConsultation3"};
+    ui::CodedField cause3{txtCauseofConsultationID3, cmdCauseofConsultation3, txtCauseofConsultation3};
 
     ui::Frame vitalSigns{page, "fraVitalSign", "Vital Si&gn"};
     ui::ControlArray<ui::TextBox> txtBP{"txtBP"};

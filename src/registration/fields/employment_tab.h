@@ -11,6 +11,8 @@ struct EmploymentTab {
         mshDependents.picksCells = true;
         mshDependents.show({{"Name of Children", 5000}, {"Birth Date", 1440}}, {ui::Grid::Row(2)});
         txtEntry.floatsOver = &mshDependents;
+        mshDependents.hint = "F2 edits the cell, Delete takes the child away.";
+        txtEntry.hint = "Enter takes the entry over, Esc gives it up.";
     }
 
     ui::Page page;

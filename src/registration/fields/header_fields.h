@@ -6,7 +6,14 @@ namespace opd::registration {
 
 /// What stands above the tabs: the visit's numbers and date, and who the patient is.
 struct HeaderFields {
-    explicit HeaderFields(ui::Container& form) : window(form) {}
+    explicit HeaderFields(ui::Container& form) : window(form) {
+        for (ui::TextBox* decided : {&txtOPDNum, &txtHospNum, &txtAge}) // by the system
+            decided->showOnly();
+        male.spokenName = "Male";
+        female.spokenName = "Female";
+        txtBirthDate.offersCalendar = true;
+        txtBirthDate.hint = "Month, day and year, or F4 for the calendar.";
+    }
 
     ui::Container& window;
     ui::Frame header{window, "fraHeader", ""};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/controls.h"
+#include "ui/coded_field.h"
 
 namespace opd::registration {
 
@@ -12,6 +12,7 @@ struct HistoryTab {
         for (ui::TextBox* box : {&complaint, &txtDiagnosis})
             box->multiLine = true;
         txtDiagnosis.hint = "A note for the screen: no visit stores it.";
+        txtMedHistory.spokenName = "Other medical history";
     }
 
     ui::Page page;
@@ -26,21 +27,16 @@ struct HistoryTab {
 
     ui::Frame allergies{page, "fraAllergies", "Allergies"};
     ui::ControlArray<ui::TextBox> txtAllergy{"txtAllergy"};
-    ui::TextBox& allergyCode1 = txtAllergy.add(allergies, 0, "1");
-    ui::Button& searchAllergy1 = cmdSearch.add(allergies, 10, "...");
-    ui::TextBox& allergyName1 = txtAllergy.add(allergies, 5);
-    ui::TextBox& allergyCode2 = txtAllergy.add(allergies, 1, "2");
-    ui::Button& searchAllergy2 = cmdSearch.add(allergies, 11, "...");
-    ui::TextBox& allergyName2 = txtAllergy.add(allergies, 6);
-    ui::TextBox& allergyCode3 = txtAllergy.add(allergies, 2, "3");
-    ui::Button& searchAllergy3 = cmdSearch.add(allergies, 12, "...");
-    ui::TextBox& allergyName3 = txtAllergy.add(allergies, 7);
-    ui::TextBox& allergyCode4 = txtAllergy.add(allergies, 3, "4");
-    ui::Button& searchAllergy4 = cmdSearch.add(allergies, 13, "...");
-    ui::TextBox& allergyName4 = txtAllergy.add(allergies, 8);
-    ui::TextBox& allergyCode5 = txtAllergy.add(allergies, 4, "5");
-    ui::Button& searchAllergy5 = cmdSearch.add(allergies, 14, "...");
-    ui::TextBox& allergyName5 = txtAllergy.add(allergies, 9);
+    ui::CodedField allergy1{txtAllergy.add(allergies, 0, "1"), cmdSearch.add(allergies, 10, "..."),
+                            txtAllergy.add(allergies, 5)};
+    ui::CodedField allergy2{txtAllergy.add(allergies, 1, "2"), cmdSearch.add(allergies, 11, "..."),
+                            txtAllergy.add(allergies, 6)};
+    ui::CodedField allergy3{txtAllergy.add(allergies, 2, "3"), cmdSearch.add(allergies, 12, "..."),
+                            txtAllergy.add(allergies, 7)};
+    ui::CodedField allergy4{txtAllergy.add(allergies, 3, "4"), cmdSearch.add(allergies, 13, "..."),
+                            txtAllergy.add(allergies, 8)};
+    ui::CodedField allergy5{txtAllergy.add(allergies, 4, "5"), cmdSearch.add(allergies, 14, "..."),
+                            txtAllergy.add(allergies, 9)};
 
     ui::Frame lastMenstruation{page, "fraLMP", "Last Menstruation Period"};
     ui::MaskedBox txtLMP{lastMenstruation, "txtLMP"};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/controls.h"
+#include "ui/coded_field.h"
 
 namespace opd::registration {
 
@@ -9,6 +9,19 @@ struct PersonalTab {
     explicit PersonalTab(ui::Tabs& tabs, ui::ControlArray<ui::Button>& lookups, ui::ControlArray<ui::TextBox>& personal)
         : page(tabs, "pagePersonal", "Personal Information"), cmdSearch(lookups), txtPersonal(personal) {
         txtSeniorID.hint = "A note for the screen: a visit stores the number beside \"Senior Citizen    No:\".";
+        txtBarangayID.spokenName = "Barangay code";
+        searchBarangay.spokenName = "Look up Barangay";
+        txtBarangayName.spokenName = "Barangay name";
+        town.name.spokenName = "Town name";
+        barangayCaptain.tip = "Barangay captain";
+        purposeHema.tip = "Hematology and oncology";
+        company.name.spokenName = "Account name";
+        cmbPaycodeID.spokenName = "Paycode";
+        cmbPaycode.spokenName = "Paycode name";
+        chkSeniorCitizen.spokenName = "Senior Citizen";
+        txtSeniorCitizenID.spokenName = "Senior Citizen No.";
+        txtSeniorID.spokenName = "Senior Citizen discount No.";
+        notifyRelation.tip = "Relation to the patient";
     }
 
     ui::Page page;
@@ -21,10 +34,10 @@ struct PersonalTab {
     ui::TextBox txtBarangayID{address, "txtBarangayID", "Barangay"};
     ui::Button& searchBarangay = cmdSearch.add(address, 8, "...");
     ui::TextBox txtBarangayName{address, "txtBarangayName", "", 100};
+    ui::CodedField barangay{txtBarangayID, searchBarangay, txtBarangayName};
     ui::TextBox txtZipCode{address, "txtZipCode", "Town/Prov."};
-    ui::Button& searchZipCode = cmdSearch.add(address, 9, "...");
     ui::ControlArray<ui::TextBox> txtZipCodeName{"txtZipCodeName"};
-    ui::TextBox& townName = txtZipCodeName.add(address, 4, "", 30);
+    ui::CodedField town{txtZipCode, cmdSearch.add(address, 9, "..."), txtZipCodeName.add(address, 4, "", 30)};
     ui::ControlArray<ui::TextBox> txtTelNum{"txtTelNum"};
     ui::TextBox& telephone = txtTelNum.add(address, 2, "Tel.#", 15);
 
@@ -36,11 +49,9 @@ struct PersonalTab {
                                 {"Child", "Single", "Married", "Widow", "Separated", "Divorced"}};
     ui::TextBox& occupation = txtPersonal.add(particulars, 5, "Occupation", 30);
     ui::TextBox txtNationality{particulars, "txtNationality", "Nationality"};
-    ui::Button& searchNationality = cmdSearch.add(particulars, 3, "...");
-    ui::TextBox& nationalityName = txtPersonal.add(particulars, 6);
+    ui::CodedField nationality{txtNationality, cmdSearch.add(particulars, 3, "..."), txtPersonal.add(particulars, 6)};
     ui::TextBox txtReligion{particulars, "txtReligion", "Religion"};
-    ui::Button& searchReligion = cmdSearch.add(particulars, 4, "...");
-    ui::TextBox& religionName = txtPersonal.add(particulars, 7);
+    ui::CodedField religion{txtReligion, cmdSearch.add(particulars, 4, "..."), txtPersonal.add(particulars, 7)};
     ui::TextBox txtEmail{particulars, "txtEmail", "E-mail"};
     ui::TextBox& mobile = txtPersonal.add(particulars, 11, "Mobile #");
     ui::TextBox& household = txtPersonal.add(particulars, 13, "No. of HouseHold");
@@ -79,9 +90,8 @@ struct PersonalTab {
     ui::ComboBox cmbPaycodeID{account, "cmbPaycodeID"};
     ui::ComboBox cmbPaycode{account, "cmbPaycode"};
     ui::ControlArray<ui::TextBox> txtAccount{"txtAccount"};
-    ui::TextBox& accountNumber = txtAccount.add(account, 0, "Account #");
-    ui::Button& searchAccount = cmdSearch.add(account, 5, "...");
-    ui::TextBox& accountName = txtAccount.add(account, 1);
+    ui::CodedField company{txtAccount.add(account, 0, "Account #"), cmdSearch.add(account, 5, "..."),
+                           txtAccount.add(account, 1)};
     ui::Label lblCardNum{account, "lblCardNum", "Card #"};
     ui::TextBox txtCardNum{account, "txtCardNum"};
     ui::TextBox txtARemarks{account, "txtARemarks", "Remarks"};

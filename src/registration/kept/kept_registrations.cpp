@@ -22,7 +22,7 @@ std::string nameOf(const Fields& fields) {
 void takeUp(FormContext& form, const KeptRegistration& kept) {
     kept.content.restore(form.window);
     form.record = kept.record;
-    showAgeInMonths(form); // restoring raises no change
+    showAgeInMonths(form.fields.header, form.session.globals.gServerDate); // restoring raises no change
     form.window.setFocus(form.fields.buttons.cmdSave);
 }
 

@@ -4,13 +4,13 @@
 #include "base/text/text.h"
 #include "data/procedures/dates.h"
 #include "data/rows.h"
+#include "registration/accounts/payer_rules.h"
+#include "registration/coded/code_lookups.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/authorization_loader.h"
 #include "registration/load/master_loader.h"
 #include "registration/load/visit_loader.h"
 #include "registration/photo/photo.h"
-#include "registration/rules/code_lookups.h"
-#include "registration/rules/payer_rules.h"
 #include "reports/photograph.h"
 #include "ui/window.h"
 
@@ -58,7 +58,7 @@ void layOutOptionalParts(FormContext& form) {
     personal.txtBarangay.setVisible(!codedBarangay);
     personal.txtBarangayID.setVisible(codedBarangay);
     personal.txtBarangayName.setVisible(codedBarangay);
-    personal.searchBarangay.setVisible(codedBarangay);
+    personal.barangay.lookup.setVisible(codedBarangay);
     layOutAuthorization(form);
     form.fields.additional.txtPictureLocation.setText(
         reports::pictureLocation(reports::pictureFolder(form.session.settings)));
@@ -84,10 +84,10 @@ bool loadVisitAndPatient(FormContext& form) {
         form.fields.history.lastMenstruation.setVisible(true);
         loadOutProfile(form);
     }
-    LoadAccountClass(form, text::trimmed(form.fields.personal.accountNumber.text()));
+    LoadAccountClass(form, text::trimmed(form.fields.personal.company.code.text()));
     if (form.session.globals.IsAllowOPDUpdateHMOLOA)
         LoadHMOLOA(form, form.record.AdmissionNumber);
-    standByPayer(form);
+    standByPayer(form.fields, form.session.globals.isAllowCorvane);
     return true;
 }
 
@@ -165,7 +165,7 @@ void loadForm(FormContext& form) {
     layOutOptionalParts(form);
     if (!loadByType(form))
         form.fields.personal.txtNationality.setText("1");
-    resolveNationality(form);
+    resolveNationality(form.fields.personal.nationality, search::CodeListing(form.session.globals.gCodeSearch));
     DisplayPatientAge(form);
     if (!form.record.isNewPatient())
         showStoredPhotograph(form);

@@ -19,9 +19,9 @@ void showTexts(Fields& fields, const ado::Recordset& visit) {
     ConsultationTab& consultation = fields.consultation;
     fill(visit, {
                     {"CardNumber", fields.personal.txtCardNum},
-                    {"Company", fields.personal.accountName},
+                    {"Company", fields.personal.company.name},
                     {"HospNum", header.txtHospNum},
-                    {"AccountNum", fields.personal.accountNumber},
+                    {"AccountNum", fields.personal.company.code},
                     {"Remarks", fields.personal.txtRemarks},
                     {"IdNum", header.txtOPDNum},
                     {"LastName", header.txtLastName},
@@ -59,10 +59,10 @@ void showAccount(Fields& fields, const ado::Recordset& visit) {
     fields.additional.txtApprovalNo.setText(textOf(visit, "HMOApprovalNum"));
     if (data::hasColumn(visit, "AccountRemarks"))
         personal.txtARemarks.setText(textOf(visit, "AccountRemarks"));
-    if (personal.accountNumber.text() == fields.header.txtHospNum.text()) {
+    if (personal.company.code.text() == fields.header.txtHospNum.text()) {
         personal.notInsured.setSelected(true);
-        personal.accountNumber.setText("");
-        personal.accountName.setText("PERSONAL");
+        personal.company.code.setText("");
+        personal.company.name.setText("PERSONAL");
         return;
     }
     fields.additional.letterOfAuthorization.setEnabled(true);

@@ -5,7 +5,6 @@
 #include "registration/rules/marks.h"
 #include "registration/rules/validate_data.h"
 #include "ui/spoken_names.h"
-#include "ui/window.h"
 
 #include <algorithm>
 
@@ -23,14 +22,37 @@ std::string nameOf(const ui::Control& field) {
     return ui::plainCaption(isOption ? field.container()->caption() : field.caption());
 }
 
+} // namespace
+
+Guidance::Guidance(ui::Window& window, Fields& fields, const Record& record, const Globals& globals)
+    : m_window(window), m_fields(fields), m_record(record), m_globals(globals) {
+    window.hint = "Ctrl+Tab and Alt+1 to Alt+5 show the tabs, F1 lists the keys.";
+    window.ownKeys = {{"Enter", "next field"}};
+    window.stillToDo = [this] { return stateOfSave(); };
+    alsoOn(fields.header.txtBirthDate.onChange, [this] { showAgeInMonths(m_fields.header, m_globals.gServerDate); });
+    // What the window had to report ("nobody of that name", a complaint taken over) is read by the time the clerk goes
+    // on writing, and would then hide what is still needed.
+    std::vector<ui::Control*> everything;
+    window.collect(everything);
+    for (ui::Control* field : everything)
+        if (field->kind() != ui::Kind::Tabs)
+            alsoOn(field->onChange, [this] { m_window.setStatus({}); });
+}
+
+std::string Guidance::stateOfSave() const {
+    const std::string stored = storedOutcome(m_record);
+    const std::string needed = stillNeeded();
+    return stored.empty() || needed.empty() ? stored + needed : stored + " " + needed;
+}
+
 /// What a save would ask for as the form stands, in the order of the screen.
-std::string stillNeeded(const FormContext& form) {
-    std::vector<const ui::Control*> missing = missingFields(form);
-    const AdditionalTab& additional = form.fields.additional;
-    if (form.session.globals.IsAllowOPDPatientClass && text::isBlank(additional.txtPatientClassID.text()))
+std::string Guidance::stillNeeded() const {
+    std::vector<const ui::Control*> missing = missingFields(m_fields);
+    const AdditionalTab& additional = m_fields.additional;
+    if (m_globals.IsAllowOPDPatientClass && text::isBlank(additional.patientClass.code.text()))
         missing.push_back(&additional.FraPatientClass);
     std::vector<ui::Control*> everything;
-    form.window.collect(everything);
+    m_window.collect(everything);
     std::string list;
     for (const ui::Control* control : everything)
         if (std::find(missing.begin(), missing.end(), control) != missing.end())
@@ -38,60 +60,14 @@ std::string stillNeeded(const FormContext& form) {
     return list.empty() ? list : list + ".";
 }
 
-std::string stateOfSave(const FormContext& form) {
-    const std::string stored = storedOutcome(form);
-    const std::string needed = stillNeeded(form);
-    return stored.empty() || needed.empty() ? stored + needed : stored + " " + needed;
-}
-
-/// What the window had to report ("nobody of that name", a complaint taken over) is read by the time the clerk goes on
-/// writing, and would then hide what is still needed.
-void bindStatus(FormContext& form) {
-    std::vector<ui::Control*> everything;
-    form.window.collect(everything);
-    for (ui::Control* field : everything)
-        if (field->kind() != ui::Kind::Tabs)
-            alsoOn(field->onChange, [&form] { form.window.setStatus({}); });
-    form.window.stillToDo = [&form] { return stateOfSave(form); };
-}
-
-/// A lookup button answers F4 in the code field before it.
-void hintAtLookups(const ui::Window& window) {
-    std::vector<ui::Control*> everything;
-    window.collect(everything);
-    for (std::size_t i = 1; i < everything.size(); ++i)
-        if (ui::isLookup(*everything[i]))
-            everything[i - 1]->hint = "F4 lists the codes.";
-}
-
-void bindHints(FormContext& form) {
-    Fields& fields = form.fields;
-    form.window.hint = "Ctrl+Tab and Alt+1 to Alt+5 show the tabs, F1 lists the keys.";
-    form.window.ownKeys = {{"Enter", "next field"}};
-    hintAtLookups(form.window);
-    fields.header.txtBirthDate.hint = "Month, day and year, or F4 for the calendar.";
-    fields.employment.mshDependents.hint = "F2 edits the cell, Delete takes the child away.";
-    fields.employment.txtEntry.hint = "Enter takes the entry over, Esc gives it up.";
-}
-
-} // namespace
-
-void bindGuidance(FormContext& form) {
-    bindHints(form);
-    alsoOn(form.fields.header.txtBirthDate.onChange, [&form] { showAgeInMonths(form); });
-    bindStatus(form);
-}
-
-std::string storedOutcome(const FormContext& form) {
-    const Record& record = form.record;
+std::string storedOutcome(const Record& record) {
     if (!record.isWritten)
         return {};
     return "Stored: Hosp. # " + record.SaveHospNum + ", Case # " + record.SaveIDNum + "B.";
 }
 
-void showAgeInMonths(FormContext& form) {
-    HeaderFields& header = form.fields.header;
-    header.lblAgeInMonths.setCaption(ageInMonths(header.txtBirthDate.text(), form.session.globals.gServerDate));
+void showAgeInMonths(HeaderFields& header, const DateTime& today) {
+    header.lblAgeInMonths.setCaption(ageInMonths(header.txtBirthDate.text(), today));
 }
 
 std::string ageInMonths(const std::string& birthDate, const DateTime& day) {

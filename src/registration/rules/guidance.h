@@ -1,19 +1,37 @@
 #pragma once
 
-#include "registration/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record.h"
+#include "session/globals.h"
+#include "ui/window.h"
 
 #include <string>
 
 namespace opd::registration {
 
-/// Binds what the status line says: what a save still needs, and which keys help at the field that has the focus.
-void bindGuidance(FormContext& form);
+/// What the status line says: what a save still needs, and which keys help at the field that has the focus. It adds to
+/// the handlers that stand when it is made.
+class Guidance {
+  public:
+    Guidance(ui::Window& window, Fields& fields, const Record& record, const Globals& globals);
+    Guidance(const Guidance&) = delete;
+    Guidance& operator=(const Guidance&) = delete;
+
+  private:
+    std::string stateOfSave() const;
+    std::string stillNeeded() const;
+
+    ui::Window& m_window;
+    Fields& m_fields;
+    const Record& m_record;
+    const Globals& m_globals;
+};
 
 /// What of the form's registration stands in the database: its numbers. Empty while nothing does.
-std::string storedOutcome(const FormContext& form);
+std::string storedOutcome(const Record& record);
 
 /// Brings the age in months beside the years up to date; the change of the birth date does so by itself.
-void showAgeInMonths(FormContext& form);
+void showAgeInMonths(HeaderFields& header, const DateTime& today);
 
 /// How old an infant is beside the whole years: "11 days", "1 month", "17 months". Empty from two years on, and while
 /// either date is none.

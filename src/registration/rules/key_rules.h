@@ -1,11 +1,26 @@
 #pragma once
 
-#include "registration/form_context.h"
+#include "registration/fields/fields.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 
-/// Binds what typed characters and Enter do on the form: the window's own preview, the filters of the name boxes, and
-/// the roads from one tab to the next.
-void bindKeyRules(FormContext& form);
+/// What typed characters and Enter do on the form: the window's own preview, the filters of the name boxes, and the
+/// roads from one tab to the next.
+class KeyRules {
+  public:
+    KeyRules(ui::Window& window, Fields& fields);
+    KeyRules(const KeyRules&) = delete;
+    KeyRules& operator=(const KeyRules&) = delete;
+
+  private:
+    void preview(ui::KeyPress& press);
+    void bindNameFilters();
+    void bindPreviewRests();
+    void bindRoadsBetweenTabs();
+
+    ui::Window& m_window;
+    Fields& m_fields;
+};
 
 } // namespace opd::registration

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/controls.h"
+#include "ui/window.h"
 
 #include <functional>
 #include <string>
@@ -24,6 +25,15 @@ inline void takeBackWhen(ui::Control& field, std::string fault, std::function<bo
         if (field.refusal() == fault && isRight())
             field.setRefusal({});
     });
+}
+
+/// Marks a field as refused, or as accepted, and returns whether it is refused, for the field's validation. What is
+/// refused is selected, so that typing again replaces it.
+inline bool refusedUnless(bool accepted, ui::Control& field, const char* reason) {
+    field.setRefusal(accepted ? "" : reason);
+    if (!accepted)
+        field.window().setFocus(field);
+    return !accepted;
 }
 
 } // namespace opd::registration

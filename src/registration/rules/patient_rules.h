@@ -1,10 +1,30 @@
 #pragma once
 
-#include "registration/form_context.h"
+#include "registration/fields/fields.h"
+#include "session/session.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 
-/// Binds the rules of birth date, age and civil status.
-void bindPatientRules(FormContext& form);
+/// The rules of birth date, age and civil status.
+class PatientRules {
+  public:
+    PatientRules(Session& session, ui::Window& window, HeaderFields& header, ui::ComboBox& civilStatus);
+    PatientRules(const PatientRules&) = delete;
+    PatientRules& operator=(const PatientRules&) = delete;
+
+  private:
+    bool acceptBirthDate();
+    bool acceptAge(ui::Control& field);
+    bool acceptCivilStatus();
+    const char* faultOfCivilStatus() const;
+    int age() const;
+    void rememberDuplicate();
+    bool refuse(ui::Control& field, const ui::Message& reason);
+
+    Session& m_session;
+    HeaderFields& m_header;
+    ui::ComboBox& m_civilStatus;
+};
 
 } // namespace opd::registration

@@ -5,9 +5,7 @@
 #include "registration/amount_text.h"
 #include "registration/civil_status.h"
 #include "registration/rules/marks.h"
-#include "ui/window.h"
-
-#include <algorithm>
+#include "registration/rules/messages.h"
 
 namespace opd::registration {
 
@@ -24,7 +22,7 @@ struct Rule {
 };
 
 bool hasAccount(const Fields& fields) {
-    return !fields.personal.insured.selected() || !fields.personal.accountNumber.text().empty();
+    return !fields.personal.insured.selected() || !fields.personal.company.code.text().empty();
 }
 
 bool hasLastName(const Fields& fields) {
@@ -69,25 +67,25 @@ bool hasValidAmount(const Fields& fields) {
 std::vector<Rule> rulesOf(Fields& fields) {
     HeaderFields& header = fields.header;
     PersonalTab& personal = fields.personal;
-    return {{personal.accountNumber, "Please enter Account Code", Tone::Warning, hasAccount},
+    return {{personal.company.code, "Please enter Account Code", Tone::Warning, hasAccount},
             {header.txtLastName, "Invalid Patient Name", Tone::Warning, hasLastName},
             {header.txtFirstName, "Invalid Patient Name", Tone::Warning, hasFirstName},
             {personal.txtZipCode, "Please enter patient's zip code!", Tone::Warning, hasZipCode},
             {personal.txtNationality, "Please enter patient's nationality!", Tone::Warning, hasNationality},
             {personal.txtReligion, "Please enter patient's religion!", Tone::Warning, hasReligion},
             {header.male, "You must specify the out-patient's sex.", Tone::Notification, hasSex},
-            {header.txtBirthDate, "Please enter the patient's Birthdate", Tone::Notification, hasBirthDate},
+            {header.txtBirthDate, missingBirthDate, Tone::Notification, hasBirthDate},
             {header.txtBirthDate, "Invalid Birthdate", Tone::Notification, hasValidBirthDate},
             {fields.additional.txtLOAAmount, invalidAmount, Tone::Warning, hasValidAmount}};
 }
 
-bool refuse(FormContext& form, const Rule& rule) {
+bool refuse(ui::Desktop& desktop, const Rule& rule) {
     rule.field.setRefusal(rule.fault);
     const bool warning = rule.tone == Tone::Warning;
-    form.session.desktop.ask({.text = rule.fault,
-                              .caption = warning ? "Warning" : "Notification",
-                              .icon = warning ? ui::Icon::Critical : ui::Icon::None});
-    form.window.setFocus(rule.field);
+    desktop.ask({.text = rule.fault,
+                 .caption = warning ? "Warning" : "Notification",
+                 .icon = warning ? ui::Icon::Critical : ui::Icon::None});
+    rule.field.window().setFocus(rule.field);
     return false;
 }
 
@@ -99,38 +97,28 @@ void takeBackMarks(Fields& fields) {
 
 } // namespace
 
-bool ValidateData(FormContext& form) {
-    Fields& fields = form.fields;
+bool ValidateData(ui::Desktop& desktop, Fields& fields, Record& record, std::string& AccountTypeCode) {
     takeBackMarks(fields);
     for (const Rule& rule : rulesOf(fields))
         if (!rule.holds(fields))
-            return refuse(form, rule);
-    Record& record = form.record;
+            return refuse(desktop, rule);
     record.SexCode = fields.header.male.selected() ? "M" : "F";
     record.ConsultationTypeCode = fields.consultation.withBill.selected() ? "W" : "";
-    form.session.globals.AccountTypeCode = fields.personal.notInsured.selected() ? "P" : "C";
+    AccountTypeCode = fields.personal.notInsured.selected() ? "P" : "C";
     record.BirthDateText = text::trimmed(fields.header.txtBirthDate.text());
     record.CivilStatusCode = record.CivilStatusKept.sent(civilStatusCode(fields.personal.cboCivilStatus.text()));
     return true;
 }
 
-bool isStandingFault(const FormContext& form, const ui::Control& field) {
-    const std::vector<Rule> rules = rulesOf(form.fields);
-    return std::any_of(rules.begin(), rules.end(), [&](const Rule& rule) {
-        return &rule.field == &field && field.refusal() == rule.fault && !rule.holds(form.fields);
-    });
-}
-
-std::vector<const ui::Control*> missingFields(const FormContext& form) {
+std::vector<const ui::Control*> missingFields(Fields& fields) {
     std::vector<const ui::Control*> missing;
-    for (const Rule& rule : rulesOf(form.fields))
-        if (!rule.holds(form.fields))
+    for (const Rule& rule : rulesOf(fields))
+        if (!rule.holds(fields))
             missing.push_back(&rule.field);
     return missing;
 }
 
-void bindMarks(FormContext& form) {
-    Fields& fields = form.fields;
+void bindMarks(Fields& fields) {
     const auto takeBack = [&fields] { takeBackMarks(fields); };
     for (const Rule& rule : rulesOf(fields))
         alsoOn(rule.field.onChange, takeBack);

@@ -1,23 +1,23 @@
 #pragma once
 
-#include "registration/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record.h"
+#include "ui/desktop.h"
 
+#include <string>
 #include <vector>
 
 namespace opd::registration {
 
-/// True when the form may be saved; the codes that the save writes are then in the record. Otherwise the clerk was told
-/// the first mistake, which is marked at its field, and stands at it.
-bool ValidateData(FormContext& form);
-
-/// True when the field is marked by the check before a save and what it asks for is still missing.
-bool isStandingFault(const FormContext& form, const ui::Control& field);
+/// True when the form may be saved; the codes that the save writes are then in the record and in `AccountTypeCode`.
+/// Otherwise the clerk was told the first mistake, which is marked at its field, and stands at it.
+bool ValidateData(ui::Desktop& desktop, Fields& fields, Record& record, std::string& AccountTypeCode);
 
 /// The fields that the check would refuse as the form stands.
-std::vector<const ui::Control*> missingFields(const FormContext& form);
+std::vector<const ui::Control*> missingFields(Fields& fields);
 
 /// Binds the taking back of the check's marks: at the change that puts the field right. It adds to the handlers that
 /// stand when it is called.
-void bindMarks(FormContext& form);
+void bindMarks(Fields& fields);
 
 } // namespace opd::registration

@@ -5,8 +5,8 @@
 #include "data/leading_number.h"
 #include "data/procedures/dates.h"
 #include "registration/amount_text.h"
-#include "registration/rules/lookup_request.h"
 #include "registration/rules/marks.h"
+#include "registration/rules/messages.h"
 #include "ui/window.h"
 
 #include <algorithm>
@@ -15,48 +15,6 @@
 namespace opd::registration {
 
 namespace {
-
-void tell(FormContext& form, const char* text) {
-    form.session.desktop.ask({.text = text});
-}
-
-bool confirmsEntry(FormContext& form) {
-    return form.session.desktop.ask({.text = "Is this Entry Correct ?",
-                                     .caption = "Message",
-                                     .buttons = ui::Buttons::YesNo,
-                                     .icon = ui::Icon::Question}) == ui::Answer::Yes;
-}
-
-/// Why the admission date is wrong, or null.
-const char* faultOfAdmissionDate(const FormContext& form) {
-    const std::string admitted = sortableDateText(form.fields.header.dtpAdmDate.value());
-    const std::optional<DateTime> born = parseDate(form.fields.header.txtBirthDate.text());
-    if (admitted > sortableDateText(form.session.globals.gServerDate))
-        return "Admission must not be later than the current date...";
-    if (born && admitted < sortableDateText(*born))
-        return "Admission date must not be earlier than the patient's birthdate...";
-    return admitted < "1980/01/01" ? "Invalid admission date..." : nullptr;
-}
-
-void bindDates(FormContext& form) {
-    ui::DatePicker& admitted = form.fields.header.dtpAdmDate;
-    admitted.onValidate = [&form, &admitted](bool& refuse) {
-        const char* const fault = faultOfAdmissionDate(form);
-        if (fault != nullptr)
-            tell(form, fault);
-        refuse = refusedUnless(form, fault == nullptr, admitted, fault == nullptr ? "" : fault);
-    };
-    ui::MaskedBox& period = form.fields.history.txtLMP;
-    period.onValidate = [&form, &period](bool& refuse) {
-        const bool valid =
-            period.isBlank() || data::IsDateInRange(period.text(), "", dateText(form.fields.header.dtpAdmDate.value()));
-        if (!valid)
-            tell(form, "Invalid date...");
-        refuse = refusedUnless(form, valid, period, "Invalid date...");
-    };
-}
-
-// Blood pressure
 
 constexpr const char* wrongOrder = "The upper value is below the lower one.";
 constexpr const char* unusualPressure = "This value is unusual. Is it right?";
@@ -67,25 +25,9 @@ bool isInOrder(const ConsultationTab& consultation) {
     return data::leadingNumber(consultation.systolic.text()) >= data::leadingNumber(consultation.diastolic.text());
 }
 
-void checkOrder(FormContext& form) {
-    ConsultationTab& consultation = form.fields.consultation;
-    if (isInOrder(consultation))
-        return;
-    consultation.systolic.setRefusal(wrongOrder);
-    tell(form, "INVALID ENTRY!");
-    form.window.setFocus(consultation.systolic);
-}
-
 bool isNormal(const ui::TextBox& box, double least, double most) {
     const double value = data::leadingNumber(box.text());
     return value >= least && value <= most;
-}
-
-/// Asks about an unusual value. One that the clerk does not stand by is marked.
-bool confirmsPressure(FormContext& form, ui::TextBox& box) {
-    const bool confirmed = confirmsEntry(form);
-    box.setRefusal(confirmed ? "" : unusualPressure);
-    return confirmed;
 }
 
 bool isUsualSystolic(const ConsultationTab& consultation) {
@@ -106,54 +48,8 @@ void bindPressureMarks(ConsultationTab& consultation) {
         });
 }
 
-void bindBloodPressure(FormContext& form) {
-    ConsultationTab& consultation = form.fields.consultation;
-    bindPressureMarks(consultation);
-    consultation.systolic.onKeyPress = [&form, &consultation](ui::KeyPress& press) {
-        if (press.code != ui::key::enter || isUsualSystolic(consultation))
-            return;
-        if (!confirmsPressure(form, consultation.systolic)) {
-            form.window.setFocus(consultation.diastolic);
-            return;
-        }
-        form.window.setFocus(consultation.txtTemperature);
-        checkOrder(form);
-    };
-    consultation.diastolic.onKeyPress = [&form, &consultation](ui::KeyPress& press) {
-        if (press.code != ui::key::enter)
-            return;
-        if (!isUsualDiastolic(consultation)) {
-            if (!confirmsPressure(form, consultation.diastolic)) {
-                form.window.setFocus(consultation.systolic);
-                return;
-            }
-            form.window.setFocus(consultation.diastolic);
-        }
-        checkOrder(form);
-    };
-}
-
-// Temperature and pulse
-
 bool isTemperatureKey(char32_t key) {
     return key == ui::key::backspace || key == U'.' || key == U'/' || (key >= U'0' && key <= U'9');
-}
-
-bool acceptTemperature(FormContext& form) {
-    return isNormal(form.fields.consultation.txtTemperature, 35, 41) || confirmsEntry(form);
-}
-
-void bindTemperature(FormContext& form) {
-    ui::TextBox& temperature = form.fields.consultation.txtTemperature;
-    // Enter leads on, and what is unusual is asked about when the field is left.
-    temperature.onKeyPress = [](ui::KeyPress& press) {
-        if (press.code != ui::key::enter && !isTemperatureKey(press.code))
-            press.drop();
-    };
-    temperature.onValidate = [&form, &temperature](bool&) {
-        const bool accepted = text::isBlank(temperature.text()) || acceptTemperature(form);
-        refusedUnless(form, accepted, temperature, unusualTemperature);
-    };
 }
 
 /// A number as a clerk writes it: digits with at most one point, perhaps behind a sign.
@@ -165,47 +61,157 @@ bool isNumeric(std::string_view text) {
            std::all_of(text.begin(), text.end(), [&](char c) { return isDigit(c) || c == '.'; });
 }
 
-void bindPulse(FormContext& form) {
-    ui::TextBox& pulse = form.fields.consultation.txtPR;
-    // Clearing what was refused is a change itself, about which nothing more is said. What is stored is shown as it is.
-    auto clearing = std::make_shared<bool>(false);
-    pulse.onChange = [&form, &pulse, clearing] {
-        if (*clearing || !form.window.isOpen())
-            return;
-        const bool accepted = isNumeric(text::trimmed(pulse.text()));
-        pulse.setRefusal(accepted ? "" : notNumeric);
-        if (accepted)
-            return;
-        form.session.desktop.ask({.text = notNumeric, .caption = "Message", .icon = ui::Icon::Information});
-        *clearing = true;
-        pulse.setText("");
-        *clearing = false;
-        form.window.setFocus(pulse);
+} // namespace
+
+VisitRules::VisitRules(ui::Desktop& desktop, const DateTime& serverDate, Fields& fields)
+    : m_desktop(desktop), m_serverDate(serverDate), m_fields(fields) {
+    bindDates();
+    bindBloodPressure();
+    bindTemperature();
+    bindPulse();
+    bindAuthorizedAmount();
+}
+
+void VisitRules::tell(const char* text) {
+    m_desktop.ask({.text = text});
+}
+
+bool VisitRules::confirmsEntry() {
+    return m_desktop.ask({.text = "Is this Entry Correct ?",
+                          .caption = "Message",
+                          .buttons = ui::Buttons::YesNo,
+                          .icon = ui::Icon::Question}) == ui::Answer::Yes;
+}
+
+void VisitRules::bindDates() {
+    ui::DatePicker& admitted = m_fields.header.dtpAdmDate;
+    admitted.onValidate = [this, &admitted](bool& refuse) {
+        const char* const fault = faultOfAdmissionDate();
+        if (fault != nullptr)
+            tell(fault);
+        refuse = refusedUnless(fault == nullptr, admitted, fault == nullptr ? "" : fault);
     };
+    ui::MaskedBox& period = m_fields.history.txtLMP;
+    period.onValidate = [this, &admitted, &period](bool& refuse) {
+        const bool valid = period.isBlank() || data::IsDateInRange(period.text(), "", dateText(admitted.value()));
+        if (!valid)
+            tell(invalidDate);
+        refuse = refusedUnless(valid, period, invalidDate);
+    };
+}
+
+/// Why the admission date is wrong, or null.
+const char* VisitRules::faultOfAdmissionDate() const {
+    const std::string admitted = sortableDateText(m_fields.header.dtpAdmDate.value());
+    const std::optional<DateTime> born = parseDate(m_fields.header.txtBirthDate.text());
+    if (admitted > sortableDateText(m_serverDate))
+        return "Admission must not be later than the current date...";
+    if (born && admitted < sortableDateText(*born))
+        return "Admission date must not be earlier than the patient's birthdate...";
+    return admitted < "1980/01/01" ? "Invalid admission date..." : nullptr;
+}
+
+void VisitRules::bindBloodPressure() {
+    ConsultationTab& consultation = m_fields.consultation;
+    bindPressureMarks(consultation);
+    consultation.systolic.onKeyPress = [this](ui::KeyPress& press) {
+        if (press.code == ui::key::enter)
+            enteredSystolic();
+    };
+    consultation.diastolic.onKeyPress = [this](ui::KeyPress& press) {
+        if (press.code == ui::key::enter)
+            enteredDiastolic();
+    };
+}
+
+void VisitRules::enteredSystolic() {
+    ConsultationTab& consultation = m_fields.consultation;
+    if (isUsualSystolic(consultation))
+        return;
+    ui::Window& window = consultation.systolic.window();
+    if (!confirmsPressure(consultation.systolic)) { // where the focus goes is as the hospitals know it
+        window.setFocus(consultation.diastolic);
+        return;
+    }
+    window.setFocus(consultation.txtTemperature);
+    checkOrder();
+}
+
+void VisitRules::enteredDiastolic() {
+    ConsultationTab& consultation = m_fields.consultation;
+    ui::Window& window = consultation.diastolic.window();
+    if (!isUsualDiastolic(consultation)) {
+        if (!confirmsPressure(consultation.diastolic)) { // likewise
+            window.setFocus(consultation.systolic);
+            return;
+        }
+        window.setFocus(consultation.diastolic);
+    }
+    checkOrder();
+}
+
+/// Asks about an unusual value. One that the clerk does not stand by is marked.
+bool VisitRules::confirmsPressure(ui::TextBox& box) {
+    const bool confirmed = confirmsEntry();
+    box.setRefusal(confirmed ? "" : unusualPressure);
+    return confirmed;
+}
+
+void VisitRules::checkOrder() {
+    ui::TextBox& systolic = m_fields.consultation.systolic;
+    if (isInOrder(m_fields.consultation))
+        return;
+    systolic.setRefusal(wrongOrder);
+    tell("INVALID ENTRY!");
+    systolic.window().setFocus(systolic);
+}
+
+void VisitRules::bindTemperature() {
+    ui::TextBox& temperature = m_fields.consultation.txtTemperature;
+    // Enter leads on, and what is unusual is asked about when the field is left.
+    temperature.onKeyPress = [](ui::KeyPress& press) {
+        if (press.code != ui::key::enter && !isTemperatureKey(press.code))
+            press.drop();
+    };
+    temperature.onValidate = [this, &temperature](bool&) {
+        const bool accepted = text::isBlank(temperature.text()) || isNormal(temperature, 35, 41) || confirmsEntry();
+        refusedUnless(accepted, temperature, unusualTemperature);
+    };
+}
+
+void VisitRules::bindPulse() {
+    ui::TextBox& pulse = m_fields.consultation.txtPR;
+    pulse.onChange = [this] { changedPulse(); };
     pulse.onLostFocus = [&pulse] { pulse.setRefusal({}); };
 }
 
-/// The amount of the letter of authorization is shown as it will be stored.
-void bindAuthorizedAmount(FormContext& form) {
-    ui::TextBox& amount = form.fields.additional.txtLOAAmount;
-    amount.onValidate = [&form, &amount](bool& refuse) {
-        const std::optional<double> value = parseAmount(amount.text());
-        if (!value)
-            form.session.desktop.ask({.text = invalidAmount, .caption = "Warning", .icon = ui::Icon::Critical});
-        else if (!text::isBlank(amount.text()))
-            amount.setText(amountText(*value));
-        refuse = refusedUnless(form, value.has_value(), amount, invalidAmount);
-    };
+/// What is stored is shown as it is.
+void VisitRules::changedPulse() {
+    ui::TextBox& pulse = m_fields.consultation.txtPR;
+    if (m_clearsPulse || !pulse.window().isOpen())
+        return;
+    const bool accepted = isNumeric(text::trimmed(pulse.text()));
+    pulse.setRefusal(accepted ? "" : notNumeric);
+    if (accepted)
+        return;
+    m_desktop.ask({.text = notNumeric, .caption = "Message", .icon = ui::Icon::Information});
+    m_clearsPulse = true;
+    pulse.setText("");
+    m_clearsPulse = false;
+    pulse.window().setFocus(pulse);
 }
 
-} // namespace
-
-void bindVisitRules(FormContext& form) {
-    bindDates(form);
-    bindBloodPressure(form);
-    bindTemperature(form);
-    bindPulse(form);
-    bindAuthorizedAmount(form);
+/// The amount of the letter of authorization is shown as it will be stored.
+void VisitRules::bindAuthorizedAmount() {
+    ui::TextBox& amount = m_fields.additional.txtLOAAmount;
+    amount.onValidate = [this, &amount](bool& refuse) {
+        const std::optional<double> value = parseAmount(amount.text());
+        if (!value)
+            m_desktop.ask({.text = invalidAmount, .caption = "Warning", .icon = ui::Icon::Critical});
+        else if (!text::isBlank(amount.text()))
+            amount.setText(amountText(*value));
+        refuse = refusedUnless(value.has_value(), amount, invalidAmount);
+    };
 }
 
 } // namespace opd::registration

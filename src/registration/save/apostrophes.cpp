@@ -44,8 +44,8 @@ std::string nameOf(const ui::Control& field) {
 /// Boxes that show what a code stands for, and those that no statement reads.
 bool isSent(const FormContext& form, const ui::TextBox& box) {
     const ui::TextBox* const unsent[] = {&form.fields.history.txtDiagnosis, &form.fields.personal.txtSeniorID,
-                                         &form.fields.consultation.chiefComplaintCode,
-                                         &form.fields.consultation.chiefComplaintText};
+                                         &form.fields.consultation.complaint.code,
+                                         &form.fields.consultation.complaint.name};
     return !box.readOnly && std::find(std::begin(unsent), std::end(unsent), &box) == std::end(unsent);
 }
 

@@ -29,15 +29,15 @@ Values commonVisit(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
     return {form.record.SaveHospNum,
             savedVisit(form.record),
-            personal.accountNumber.text(),
+            personal.company.code.text(),
             text::upper(personal.txtRemarks.text()),
-            consultation.serviceCode1.text(),
-            consultation.serviceCode2.text(),
-            consultation.serviceCode3.text(),
+            consultation.service1.code.text(),
+            consultation.service2.code.text(),
+            consultation.service3.code.text(),
             "",
             "",
-            consultation.doctorCode1.text(),
-            consultation.doctorCode2.text() + " ",
+            consultation.doctor1.code.text(),
+            consultation.doctor2.code.text() + " ",
             form.session.globals.AccountTypeCode,
             form.record.ConsultationTypeCode,
             consultation.txtWeight.text(),
@@ -127,8 +127,8 @@ Statement updateHistory(const FormContext& form) {
     const Record& record = form.record;
     return Statement("Patient_Data..sp_AOPD_UpdateOPDHistory '")
         .values(
-            {record.SaveHospNum, savedVisit(record), trimmedText(consultation.serviceCode1),
-             trimmedText(consultation.doctorCode1), unshown(text::trimmed(record.DiagnosisID[0])),
+            {record.SaveHospNum, savedVisit(record), trimmedText(consultation.service1.code),
+             trimmedText(consultation.doctor1.code), unshown(text::trimmed(record.DiagnosisID[0])),
              unshown(text::trimmed(record.DiagnosisID[1])), unshown(text::trimmed(record.DiagnosisID[2])),
              unshown(record.Findings), unshown(record.Medications), text::upper(form.fields.personal.txtRemarks.text()),
              trimmedText(consultation.txtCauseofConsultationID1), trimmedText(consultation.txtCauseofConsultationID2),
@@ -147,8 +147,8 @@ std::vector<std::string> doctorsToCount(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
     std::vector<std::string> counted = form.record.countedDoctors;
     std::vector<std::string> doctors;
-    for (const ui::TextBox* box : {&consultation.doctorCode1, &consultation.doctorCode2, &consultation.doctorCode3,
-                                   &consultation.doctorCode4, &consultation.doctorCode5}) {
+    for (const ui::TextBox* box : {&consultation.doctor1.code, &consultation.doctor2.code, &consultation.doctor3.code,
+                                   &consultation.doctor4.code, &consultation.doctor5.code}) {
         const auto before = std::find(counted.begin(), counted.end(), box->text());
         if (before == counted.end())
             doctors.push_back(box->text());
@@ -166,7 +166,8 @@ std::vector<Statement> updateAdditionalDoctors(const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
     std::vector<Statement> statements;
     int position = 0;
-    for (const ui::TextBox* doctor : {&consultation.doctorCode3, &consultation.doctorCode4, &consultation.doctorCode5})
+    for (const ui::TextBox* doctor :
+         {&consultation.doctor3.code, &consultation.doctor4.code, &consultation.doctor5.code})
         statements.push_back(Statement("Patient_Data..OPD_Update_AdditionalDr '")
                                  .values({savedVisit(form.record), doctor->text(), std::to_string(++position)}, "', '")
                                  .text("'"));

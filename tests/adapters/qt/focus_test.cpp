@@ -90,11 +90,11 @@ TEST(QtFocus, EnterMovesOnWhereTheWindowSaysSoAndSelectsWhatIsThere) {
 TEST(QtFocus, F4OpensTheLookupOfTheCodeThatHasTheFocus) {
     RegistrationDesk desk;
     int opened = 0;
-    desk.form.consultation.searchService2.onClick = [&] { ++opened; };
-    desk.form.setFocus(desk.form.consultation.serviceCode2);
+    desk.form.consultation.service2.lookup.onClick = [&] { ++opened; };
+    desk.form.setFocus(desk.form.consultation.service2.code);
     desk.press("F4");
     EXPECT_EQ(opened, 1);
-    EXPECT_TRUE(desk.hands.hasFocus(desk.form.consultation.serviceCode2));
+    EXPECT_TRUE(desk.hands.hasFocus(desk.form.consultation.service2.code));
     desk.press("F4", true);
     EXPECT_EQ(opened, 1);
 }

@@ -22,7 +22,7 @@ void hideRareFields(qt::samples::SearchWindow& search, qt::samples::Registration
     for (ui::Control* rare : std::initializer_list<ui::Control*>{
              &search.txtBirthYear, &search.cboBirthMonth, &search.cboBirthDay, &form.header.lblAdmissionStatus,
              &form.header.fraMasterFileRegistrationOnly, &form.personal.lblPaycode, &form.personal.cmbPaycodeID,
-             &form.personal.cmbPaycode, &form.personal.txtBarangayID, &form.personal.searchBarangay,
+             &form.personal.cmbPaycode, &form.personal.txtBarangayID, &form.personal.barangay.lookup,
              &form.personal.txtBarangayName, &form.history.lastMenstruation, &form.buttons.cmdRevoke,
              &form.buttons.cmdUnRevoke, &form.buttons.cmdUpdate, &form.buttons.cmdEndConsultation})
         rare->setVisible(false);
@@ -48,7 +48,7 @@ void fillIn(qt::samples::SearchWindow& search, qt::samples::RegistrationWindow& 
     form.header.female.setSelected(true);
     form.header.txtBirthDate.setText("03/07/1980");
     form.header.txtAge.setText("44");
-    form.personal.townName.setText("QUEZON CITY, METRO MANILA");
+    form.personal.town.name.setText("QUEZON CITY, METRO MANILA");
     form.personal.cboCivilStatus.setText("Single");
     form.personal.planPersonal.setSelected(true);
 }

@@ -1,5 +1,9 @@
 #include "registration/form_fixture.h"
 
+#include "registration/load/visit_loader.h"
+
+#include <tuple>
+
 namespace opd::tests {
 
 namespace {
@@ -15,161 +19,137 @@ void inNewForm(const std::function<void(FormFixture&, ui::Window&, Fields&)>& wo
     EXPECT_TRUE(desk.desktop.allAnswersGiven());
 }
 
-TEST(Form, ANewPatientStartsWithTheServersDate) {
-    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
-        EXPECT_TRUE(fields.header.male.selected());
+/// Tab in a field: a message keeps the focus there and is its mark; without one the clerk goes on.
+void leave(FormFixture& desk, ui::Window& window, ui::Control& field, const char* message) {
+    if (message != nullptr)
+        desk.desktop.answer(ui::Answer::Ok);
+    window.setFocus(field);
+    window.pressTab(false);
+    EXPECT_EQ(window.focus() == &field, message != nullptr);
+    EXPECT_EQ(field.refusal(), message != nullptr ? message : "");
+    if (message != nullptr) {
+        EXPECT_EQ(desk.desktop.messages.back().text, message);
+    }
+}
+
+TEST(Form, ANewPatientStartsWithTheServersDateAndWhatTheHospitalUses) {
+    inNewForm([](FormFixture& desk, ui::Window&, Fields& fields) {
         EXPECT_EQ(fields.header.dtpAdmDate.text() + " " + fields.header.txtAdmTime.text(), "11/24/2026 02:05 PM");
-        EXPECT_EQ(fields.header.txtHospNum.text(), "NEW");
         EXPECT_EQ(fields.header.txtOPDNum.text(), "(TO BE GENERATED)");
         EXPECT_EQ(desk.form->record().VisitKindCode, "N");
-        EXPECT_EQ(window.focus(), &fields.header.txtLastName);
-        EXPECT_FALSE(fields.personal.cmbPaycode.visible());
-        EXPECT_FALSE(fields.additional.letterOfAuthorization.visible());
+        EXPECT_TRUE(fields.buttons.cmdPrint.visible());
+        for (const ui::Control* hidden : std::initializer_list<const ui::Control*>{
+                 &fields.buttons.cmdUpdate, &fields.header.fraMasterFileRegistrationOnly, &fields.personal.cmbPaycode,
+                 &fields.additional.letterOfAuthorization, &fields.additional.FraPatientClass,
+                 &fields.additional.frmPatientType, &fields.additional.fraMAB, &fields.personal.txtBarangayID})
+            EXPECT_FALSE(hidden->visible()) << hidden->name();
     });
 }
 
-TEST(Form, TheBirthDateKeepsTheFocusUntilItIsRightAndThenDecidesTheAge) {
+TEST(Form, BirthDateAgeAndCivilStatusMustFitEachOther) {
+    const DateTime today{2026, 11, 24, 0, 0, 0};
     const struct {
         const char* birthDate;
+        DateTime admitted;
         const char* message; ///< null when accepted
         const char* age;
-        const char* civilStatus;
-    } cases[] = {
-        {"", "Please enter the patient's Birthdate", "", "Single"},
-        {"02/30/2000", "Invalid date...", "", "Single"},
-        {"11/25/2026", "Invalid date...", "", "Single"},
-        {"11/24/2026", nullptr, "0", "Child"},
-        {"11/23/2012", nullptr, "14", "Single"},
-        {"03/07/1980", nullptr, "46", "Single"},
-        {"01/01/1850", "Invalid Age...", "176", "Single"},
+        const char* months;
+    } births[] = {
+        {"", today, "Please enter the patient's Birthdate", "", ""},
+        {"02/30/2000", today, "Invalid date...", "", ""},
+        {"11/25/2026", today, "Invalid date...", "", ""},
+        {"12/01/2026", {2026, 12, 31, 0, 0, 0}, "Birthdate must not be greater than the date today!", "", ""},
+        {"11/24/2026", today, nullptr, "0", "0 days"}, // an admission on the day of birth
+        {"10/25/2026", today, nullptr, "0", "30 days"},
+        {"10/24/2026", today, nullptr, "0", "1 month"},
+        {"11/25/2024", today, nullptr, "1", "23 months"},
+        {"11/24/2024", today, nullptr, "1", ""},
+        {"11/23/2012", today, nullptr, "14", ""},
+        {"03/07/1980", today, nullptr, "46", ""},
+        {"01/01/1850", today, "Invalid Age...", "176", ""},
     };
-    for (const auto& entry : cases)
+    for (const auto& entry : births)
         inNewForm([&](FormFixture& desk, ui::Window& window, Fields& fields) {
             SCOPED_TRACE(entry.birthDate);
-            window.setFocus(fields.header.txtBirthDate);
+            fields.header.dtpAdmDate.setValue(entry.admitted);
             window.edited(fields.header.txtBirthDate, entry.birthDate);
-            if (entry.message != nullptr)
-                desk.desktop.answer(ui::Answer::Ok);
-            window.pressTab(false);
-            EXPECT_EQ(window.focus() == &fields.header.txtBirthDate, entry.message != nullptr);
-            EXPECT_EQ(fields.header.txtBirthDate.refusal(), entry.message != nullptr ? entry.message : "");
-            if (entry.message != nullptr) {
-                EXPECT_EQ(desk.desktop.messages.back().text, entry.message);
-            }
+            leave(desk, window, fields.header.txtBirthDate, entry.message);
             EXPECT_EQ(fields.header.txtAge.text(), entry.age);
-            EXPECT_EQ(fields.personal.cboCivilStatus.text(), entry.civilStatus);
-            EXPECT_FALSE(fields.header.txtAge.enabled());
+            EXPECT_EQ(fields.header.lblAgeInMonths.caption(), entry.months);
+            EXPECT_EQ(fields.personal.cboCivilStatus.text(), std::string{entry.age} == "0" ? "Child" : "Single");
+            if (entry.message == nullptr)
+                leave(desk, window, fields.header.dtpAdmDate, nullptr);
         });
-}
 
-TEST(Form, AnInfantsAgeInMonthsStandsBesideTheYearsForAsLongAsItIsTrue) {
-    inNewForm([](FormFixture&, ui::Window& window, Fields& fields) {
-        const std::pair<const char*, const char*> cases[] = {
-            {"11/24/2026", "0 days"},    {"10/25/2026", "30 days"},   {"10/24/2026", "1 month"},
-            {"12/25/2024", "22 months"}, {"11/25/2024", "23 months"}, {"11/24/2024", ""},
-            {"11/25/2025", "11 months"}, {"11/25/2026", ""},          {"1 /  /    ", ""}};
-        for (const auto& [birthDate, months] : cases) {
-            window.edited(fields.header.txtBirthDate, birthDate);
-            EXPECT_EQ(fields.header.lblAgeInMonths.caption(), months) << birthDate;
-        }
-    });
-}
-
-TEST(Form, ABirthDateAfterTodayButNotAfterTheConsultationIsRefusedAsInTheFuture) {
-    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
-        fields.header.dtpAdmDate.setValue({2026, 12, 31, 0, 0, 0});
-        window.setFocus(fields.header.txtBirthDate);
-        window.edited(fields.header.txtBirthDate, "12/01/2026");
-        desk.desktop.answer(ui::Answer::Ok);
-        window.pressTab(false);
-        EXPECT_EQ(desk.desktop.messages.back().text, "Birthdate must not be greater than the date today!");
-        EXPECT_EQ(window.focus(), &fields.header.txtBirthDate);
-        // Cancel never asks the field; the form closes with the clerk's consent.
-        desk.desktop.answer(ui::Answer::Ok);
-        window.pressKey(ui::key::escape);
-        EXPECT_EQ(desk.desktop.messages.back().text, "Are you sure to close this program?");
-        EXPECT_FALSE(window.isOpen());
-    });
-}
-
-TEST(Form, CivilStatusMustFitTheAge) {
-    const struct {
-        const char* status;
-        const char* age;
-        const char* message;
-    } cases[] = {{"Child", "15", "Child is not allowed for patient's above pediatric age..."},
-                 {"Child", "14", nullptr},
-                 {"Married", "15", "Selected Status is not allowed for ages below 16."},
-                 {"Married", "16", nullptr},
-                 {"Single", "3", nullptr}};
-    for (const auto& entry : cases)
+    const std::tuple<const char*, const char*, const char*> statuses[] = {
+        {"Child", "15", "Child is not allowed for patient's above pediatric age..."},
+        {"Child", "14", nullptr},
+        {"Married", "15", "Selected Status is not allowed for ages below 16."},
+        {"Married", "16", nullptr}};
+    for (const auto& entry : statuses)
         inNewForm([&](FormFixture& desk, ui::Window& window, Fields& fields) {
-            SCOPED_TRACE(std::string{entry.status} + entry.age);
-            fields.header.txtAge.setText(entry.age);
-            window.setFocus(fields.personal.cboCivilStatus);
-            fields.personal.cboCivilStatus.setText(entry.status);
-            if (entry.message != nullptr)
-                desk.desktop.answer(ui::Answer::Ok);
-            window.pressTab(false);
-            EXPECT_EQ(window.focus() == &fields.personal.cboCivilStatus, entry.message != nullptr);
-            EXPECT_EQ(fields.personal.cboCivilStatus.refusal(), entry.message != nullptr ? entry.message : "");
-            if (entry.message != nullptr) {
-                EXPECT_EQ(desk.desktop.messages.back().text, entry.message);
-            }
+            fields.personal.cboCivilStatus.setText(std::get<0>(entry));
+            fields.header.txtAge.setText(std::get<1>(entry));
+            leave(desk, window, fields.personal.cboCivilStatus, std::get<2>(entry));
         });
 }
 
 TEST(Form, ALookupThatFailsSaysWhyAndLeavesEverythingAsItWas) {
     inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
         ui::TextBox& code = fields.personal.txtZipCode;
-        window.setFocus(code);
         window.edited(code, "1000");
+        window.setFocus(code);
         desk.listing.get()->fail = true;
         desk.desktop.answer(ui::Answer::Ok);
-        window.pressTab(false);
+        window.click(fields.personal.town.lookup); // the wish for the whole list holds for one lookup
         EXPECT_EQ(desk.desktop.messages.back().text, "The listing cannot be read.");
         EXPECT_EQ(window.focus(), &code);
         EXPECT_EQ(code.text(), "1000");
         desk.listing.get()->fail = false;
         window.pressTab(false);
+        EXPECT_EQ(desk.listing.get()->searches.back(), (std::pair<std::string, std::int32_t>{"1000", 0}));
         EXPECT_EQ(fields.personal.town.name.text(), "MANILA, METRO MANILA");
-        // The lookup button asks for the whole list, once.
-        window.click(fields.personal.town.lookup);
-        EXPECT_EQ(desk.listing.get()->searches.back(), (std::pair<std::string, std::int32_t>{"", 0}));
-        EXPECT_FALSE(desk.globals.gForceSearch);
-        window.edited(code, "");
-        window.pressTab(false);
-        EXPECT_EQ(fields.personal.town.name.text(), "");
     });
+}
+
+TEST(Form, APatientWhoIsInTheHospitalIsNamedByTheKindOfTheNumber) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"10250", "Patient already was currently admitted as Adm. # 10250"},
+        {"26A0000007B", "Patient has a current OPD registration as Adm. # 26A0000007B"}};
+    for (const auto& [number, message] : cases) {
+        FormFixture desk;
+        desk.provider->answer("Patient_Data..sp_aopd_Check_if_admitted_today", oneRow({{"IdNum", number}}));
+        desk.open("NEW", "00000012", "(TO BE GENERATED)");
+        desk.desktop.answer(ui::Answer::Ok);
+        EXPECT_FALSE(registration::SearchPatient(desk.form->context()));
+        EXPECT_EQ(desk.desktop.messages.back().text, message);
+    }
 }
 
 TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
     inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
         fields.personal.insured.setSelected(true);
         fields.personal.txtNationality.setText("");
+        fields.personal.cboCivilStatus.setText("Child");
         fields.header.male.setSelected(false);
         window.setFocus(fields.history.hypertension); // on another tab than the mistakes
+        registration::HeaderFields& header = fields.header;
+        registration::PersonalTab& personal = fields.personal;
+        const auto put = [](auto& box, const char* text) { return [&box, text] { box.setText(text); }; };
         const struct {
             const char* message;
             ui::Control& mistake;
             std::function<void()> mend;
         } steps[] = {
-            {"Please enter Account Code", fields.personal.company.code,
-             [&] { fields.personal.company.code.setText("HMO-1"); }},
-            {"Invalid Patient Name", fields.header.txtLastName, [&] { fields.header.txtLastName.setText("CRUZ"); }},
-            {"Invalid Patient Name", fields.header.txtFirstName, [&] { fields.header.txtFirstName.setText("ANA"); }},
-            {"Please enter patient's zip code!", fields.personal.txtZipCode,
-             [&] { fields.personal.txtZipCode.setText("1000"); }},
-            {"Please enter patient's nationality!", fields.personal.txtNationality,
-             [&] { fields.personal.txtNationality.setText("1"); }},
-            {"Please enter patient's religion!", fields.personal.txtReligion,
-             [&] { fields.personal.txtReligion.setText("1"); }},
-            {"You must specify the out-patient's sex.", fields.header.male,
-             [&] { window.click(fields.header.female); }},
-            {"Please enter the patient's Birthdate", fields.header.txtBirthDate,
-             [&] { fields.header.txtBirthDate.setText("02/30/2000"); }},
-            {"Invalid Birthdate", fields.header.txtBirthDate,
-             [&] { fields.header.txtBirthDate.setText("03/07/1980"); }},
+            {"Please enter Account Code", personal.company.code, put(personal.company.code, "HMO-1")},
+            {"Invalid Patient Name", header.txtLastName, put(header.txtLastName, "CRUZ")},
+            {"Invalid Patient Name", header.txtFirstName, put(header.txtFirstName, "ANA")},
+            {"Please enter patient's zip code!", personal.txtZipCode, put(personal.txtZipCode, "1000")},
+            {"Please enter patient's nationality!", personal.txtNationality, put(personal.txtNationality, "1")},
+            {"Please enter patient's religion!", personal.txtReligion, put(personal.txtReligion, "1")},
+            {"You must specify the out-patient's sex.", header.male, [&] { window.click(header.female); }},
+            {"Please enter the patient's Birthdate", header.txtBirthDate, put(header.txtBirthDate, "02/30/2000")},
+            {"Invalid Birthdate", header.txtBirthDate, put(header.txtBirthDate, "03/07/1980")},
         };
         for (const auto& step : steps) {
             SCOPED_TRACE(step.message);
@@ -185,7 +165,7 @@ TEST(Form, TheCheckBeforeASaveNamesTheFirstMistakeAndStandsThere) {
         EXPECT_TRUE(desk.form->validate());
         EXPECT_EQ(desk.form->record().SexCode, "F");
         EXPECT_EQ(desk.globals.AccountTypeCode, "C");
-        EXPECT_EQ(desk.form->record().CivilStatusCode, "1");
+        EXPECT_EQ(desk.form->record().CivilStatusCode, "0");
     });
 }
 

@@ -59,6 +59,9 @@ TEST(CodeSearch, OneRowIsTakenAndOthersLeadToTheDialogAsEachSearchSays) {
         desk.provider->answer(entry.listed, twoCodes);
         desk.desktop.work([&](ui::Window& window) {
             EXPECT_EQ(window.caption(), entry.caption);
+            const auto& columns = codes.dialog().fields().grdDispWindow.columns();
+            EXPECT_EQ((std::vector{columns[0].width, columns[1].width, columns[2].width}),
+                      (std::vector{200, 4150, 2000}));
             window.setFocus(codes.dialog().fields().grdDispWindow);
             window.pickedCell(codes.dialog().fields().grdDispWindow, 2, 0);
             EXPECT_EQ(codes.dialog().fields().txtSearchStr.text(), "BAGUMBAYAN");
@@ -77,7 +80,12 @@ TEST(CodeSearch, OneRowIsTakenAndOthersLeadToTheDialogAsEachSearchSays) {
         desk.provider->answer(entry.first, rows({"Description", "Code"}, {}));
         desk.provider->answer(entry.listed, rows({"Description", "Code"}, {}));
         if (entry.dialogWhenNone)
-            desk.desktop.work([&](ui::Window&) { EXPECT_FALSE(codes.dialog().fields().cmdSelect.enabled()); });
+            desk.desktop.work([&](ui::Window& window) {
+                search::SearchDialogFields& fields = codes.dialog().fields();
+                EXPECT_FALSE(fields.cmdSelect.enabled());
+                window.pressKey(ui::key::enter); // leads on where there is nothing to select
+                EXPECT_NE(window.focus(), &fields.txtSearchStr);
+            });
         else
             desk.desktop.answer(ui::Answer::Ok);
         EXPECT_FALSE(entry.search(codes));

@@ -1,7 +1,7 @@
 #include "hospital.h"
 
 #include "ado/recordset.h"
-#include "search/patient_statements.h"
+#include "search/statements.h"
 
 #include <benchmark/benchmark.h>
 #include <map>
@@ -18,11 +18,11 @@ Hospital& hospitalOf(int patients) {
     return *hospital;
 }
 
-void measure(benchmark::State& state, const data::Statement& statement) {
+void measure(benchmark::State& state, const ado::Statement& statement) {
     ado::Connection& connection = hospitalOf(static_cast<int>(state.range(0))).connection();
     std::size_t rows = 0;
     for (auto _ : state)
-        rows = connection.Execute(statement.str()).all().rows.size();
+        rows = connection.Execute(statement).all().rows.size();
     state.counters["rows"] = static_cast<double>(rows);
 }
 

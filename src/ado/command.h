@@ -9,13 +9,13 @@ class Command {
   public:
     explicit Command(Connection& connection) : m_connection(connection) {}
 
-    std::string CommandText; ///< the procedure's qualified name
+    Statement CommandText{""}; ///< the procedure's qualified name
 
     /// Adds an output parameter of variable-length text.
     void addOutput(const std::string& name, int size) { m_outputs.push_back({name, size}); }
 
     /// Runs the procedure; afterwards the parameters have their values. Throws Error.
-    void Execute() { m_values = m_connection.call({CommandText, m_outputs}); }
+    void Execute() { m_values = m_connection.call({CommandText.str(), m_outputs}); }
 
     /// The value of the n-th output parameter. Throws std::out_of_range before Execute.
     const Value& output(std::size_t index) const { return m_values.at(index); }

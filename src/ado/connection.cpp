@@ -8,15 +8,15 @@
 namespace opd::ado {
 
 /// Tells, when a statement is done, that nothing waits any more.
-class Connection::Statement {
+class Connection::Running {
   public:
-    explicit Statement(Connection& connection) : m_connection(connection) {}
-    ~Statement() {
+    explicit Running(Connection& connection) : m_connection(connection) {}
+    ~Running() {
         if (std::exchange(m_connection.m_toldWaiting, false) && m_connection.m_waiting)
             m_connection.m_waiting(false);
     }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
 
   private:
     Connection& m_connection;
@@ -36,21 +36,21 @@ void Connection::Close() {
     m_inTransaction = false;
 }
 
-Recordset Connection::Execute(const std::string& statement) {
+Recordset Connection::Execute(const Statement& statement) {
     return Recordset{
-        run({statement, false, CursorLocation::Unspecified, CursorType::Unspecified, LockType::Unspecified})};
+        run({statement.str(), false, CursorLocation::Unspecified, CursorType::Unspecified, LockType::Unspecified})};
 }
 
 void Connection::BeginTrans() {
     traced("begin");
-    const Statement statement(*this);
+    const Running running(*this);
     link().begin();
     m_inTransaction = true;
 }
 
 void Connection::CommitTrans() {
     traced("commit");
-    const Statement statement(*this);
+    const Running running(*this);
     link().commit();
     m_inTransaction = false;
 }
@@ -64,7 +64,7 @@ void Connection::RollbackTrans() {
 
 ResultSet Connection::run(const Request& request) {
     traced(request.text);
-    const Statement statement(*this);
+    const Running running(*this);
     return link().run(request);
 }
 
@@ -73,7 +73,7 @@ std::vector<Value> Connection::call(const Call& call) {
     for (std::size_t i = 0; i < call.outputs.size(); ++i)
         marks += i == 0 ? "?" : ",?";
     traced("{call " + call.procedure + "(" + marks + ")}");
-    const Statement statement(*this);
+    const Running running(*this);
     return link().call(call);
 }
 

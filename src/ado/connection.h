@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ado/provider.h"
+#include "ado/statement.h"
 
 #include <chrono>
 #include <functional>
@@ -36,7 +37,7 @@ class Connection {
     int State() const { return m_link ? 1 : 0; }
 
     /// Runs a statement and returns its rows, if it has any. Throws Error.
-    Recordset Execute(const std::string& statement);
+    Recordset Execute(const Statement& statement);
 
     /// One transaction at a time. Each throws Error.
     void BeginTrans();
@@ -62,7 +63,7 @@ class Connection {
     std::vector<Value> call(const Call& call);
 
   private:
-    class Statement;
+    class Running;
 
     Link& link() const;
     void traced(const std::string& line) const;

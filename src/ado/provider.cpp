@@ -24,6 +24,13 @@ std::string ConnectionString::get(std::string_view key) const {
     return found == m_values.end() ? std::string{} : found->second;
 }
 
+std::string connectionString(const LogOn& logOn) {
+    const std::string identity =
+        logOn.user.empty() ? ";Integrated Security=SSPI" : ";User ID=" + logOn.user + ";Password =" + logOn.password;
+    return "Provider=SQLOLEDB.8" + identity + ";Persist Security Info=False;Initial Catalog=" + logOn.catalog +
+           ";Data Source=" + logOn.server;
+}
+
 bool isFolder(const std::string& dataSource) {
     std::error_code ignored;
     return dataSource.find('/') != std::string::npos || std::filesystem::is_directory(dataSource, ignored);

@@ -29,6 +29,17 @@ class ConnectionString {
     std::map<std::string, std::string> m_values;
 };
 
+/// Who logs on to which database of which server.
+struct LogOn {
+    std::string user; ///< empty for integrated security
+    std::string password;
+    std::string server; ///< or the folder of an embedded hospital
+    std::string catalog;
+};
+
+/// The connection string that every part of the program writes.
+std::string connectionString(const LogOn& logOn);
+
 enum class CursorLocation { Unspecified = 0, Server = 2, Client = 3 };
 enum class CursorType { Unspecified = -1, ForwardOnly = 0, Dynamic = 2 };
 enum class LockType { Unspecified = -1, ReadOnly = 1, Optimistic = 3 };

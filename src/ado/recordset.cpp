@@ -5,8 +5,8 @@
 
 namespace opd::ado {
 
-void Recordset::Open(const std::string& source, Connection& connection, CursorType cursorType, LockType lockType) {
-    m_rows = connection.run({source, true, CursorLocation, cursorType, lockType});
+void Recordset::Open(const Statement& source, Connection& connection, CursorType cursorType, LockType lockType) {
+    m_rows = connection.run({source.str(), true, CursorLocation, cursorType, lockType});
     m_current = 0;
 }
 

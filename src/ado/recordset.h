@@ -16,7 +16,7 @@ class Recordset {
     ado::CursorLocation CursorLocation = ado::CursorLocation::Unspecified;
 
     /// Runs the statement on the connection and stands on the first row. Throws Error.
-    void Open(const std::string& source, Connection& connection, CursorType cursorType = CursorType::Unspecified,
+    void Open(const Statement& source, Connection& connection, CursorType cursorType = CursorType::Unspecified,
               LockType lockType = LockType::Unspecified);
 
     void Close() { m_rows.reset(); }

@@ -9,25 +9,26 @@ namespace opd::codesearch {
 
 namespace {
 
-std::string columnsOf(const Listing& listing) {
-    std::string columns;
-    for (const Listing::Field& field : listing.fields)
-        columns += (columns.empty() ? "" : ", ") + std::string{field.column};
-    return columns;
+/// The listing's columns of its table.
+ado::Statement selection(const Listing& listing) {
+    ado::Statement statement("Select ");
+    for (const Listing::Field& field : listing.fields) {
+        if (&field != &listing.fields.front())
+            statement.text(", ");
+        statement.identifier(field.column);
+    }
+    return statement.text(" from ").identifier(listing.table);
 }
 
-bool hasQuote(const std::string& text) {
-    return text.find('\'') != std::string::npos;
+/// Adds the condition that keeps the rows of the caller's section, behind the word that joins it to the statement.
+template <std::size_t Length>
+void addSection(ado::Statement& statement, const Listing& listing, const std::string& section,
+                const char (&joint)[Length]) {
+    if (listing.sectionColumn != nullptr && !section.empty())
+        statement.text(joint).identifier(listing.sectionColumn).text(" = '").value(section).text("'");
 }
 
-/// The condition that keeps the rows of the caller's section, behind the word that joins it to the statement.
-std::string sectionCondition(const Listing& listing, const std::string& section, const char* joint) {
-    if (listing.sectionColumn == nullptr || section.empty() || hasQuote(section))
-        return {};
-    return std::string{joint} + listing.sectionColumn + " = '" + section + "'";
-}
-
-ado::Recordset open(ado::Connection& connection, const std::string& statement) {
+ado::Recordset open(ado::Connection& connection, const ado::Statement& statement) {
     ado::Recordset rows;
     rows.CursorLocation = ado::CursorLocation::Client;
     rows.Open(statement, connection);
@@ -98,11 +99,12 @@ const Listing* findListing(int number) {
 std::optional<Row> lookUp(ado::Connection& connection, const Listing& listing, const std::string& section,
                           const std::string& code) {
     const std::string wanted = text::trimmed(code);
-    if (wanted.empty() || hasQuote(wanted))
+    if (wanted.empty() || !ado::isSendable(wanted))
         return std::nullopt;
-    const ado::Recordset rows = open(connection, "Select " + columnsOf(listing) + " from " + listing.table + " where " +
-                                                     listing.fields.front().column + " = '" + wanted + "'" +
-                                                     sectionCondition(listing, section, " and "));
+    ado::Statement statement = selection(listing);
+    statement.text(" where ").identifier(listing.fields.front().column).text(" = '").value(wanted).text("'");
+    addSection(statement, listing, section, " and ");
+    const ado::Recordset rows = open(connection, statement);
     if (rows.RecordCount() != 1)
         return std::nullopt;
     Row row;
@@ -113,9 +115,10 @@ std::optional<Row> lookUp(ado::Connection& connection, const Listing& listing, c
 
 std::vector<std::vector<std::string>> everyRow(ado::Connection& connection, const Listing& listing,
                                                const std::string& section) {
-    const ado::Recordset rows =
-        open(connection, "Select " + columnsOf(listing) + " from " + listing.table +
-                             sectionCondition(listing, section, " where ") + " order by " + listing.fields[1].column);
+    ado::Statement statement = selection(listing);
+    addSection(statement, listing, section, " where ");
+    statement.text(" order by ").identifier(listing.fields[1].column);
+    const ado::Recordset rows = open(connection, statement);
     std::vector<std::vector<std::string>> texts;
     texts.reserve(rows.all().rows.size());
     for (const std::vector<ado::Value>& row : rows.all().rows) {

@@ -1,5 +1,6 @@
 #include "component/init_dll_object.h"
 
+#include "ado/statement.h"
 #include "com/class_registry.h"
 #include "com/connection_object.h"
 #include "com/memory.h"
@@ -7,7 +8,6 @@
 #include "component/composition.h"
 #include "component/session_start.h"
 #include "data/connection_settings.h"
-#include "data/statement.h"
 #include "reports/photograph.h"
 
 #include <functional>
@@ -35,7 +35,7 @@ com::HResult withPointer(const void* pointer, const char* what, const std::funct
 
 // The user stands in quotes in statements, and there is no way to write a quote within them.
 void refuseApostrophe(const std::string& user) {
-    if (!data::isSendable(user))
+    if (!ado::isSendable(user))
         throw com::Error(com::errorInvalidArgument, "The user id \"" + user +
                                                         "\" holds an apostrophe, which cannot be stored with a "
                                                         "registration. Use a user id without one.");

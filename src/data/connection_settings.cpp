@@ -4,18 +4,6 @@
 
 namespace opd::data {
 
-namespace {
-
-std::string connectionString(const std::string& user, const std::string& password, const std::string& server,
-                             const std::string& catalog) {
-    const std::string logOn =
-        user.empty() ? ";Integrated Security=SSPI" : ";User ID=" + user + ";Password =" + password;
-    return "Provider=SQLOLEDB.8" + logOn + ";Persist Security Info=False;Initial Catalog=" + catalog +
-           ";Data Source=" + server;
-}
-
-} // namespace
-
 std::string connStr(const settings::Store& settings, int kind, const std::string& catalog) {
     const auto stored = [&](const char* key) { return settings.get(settingsApplication, connectionSection, key); };
     switch (kind) {
@@ -26,7 +14,7 @@ std::string connStr(const settings::Store& settings, int kind, const std::string
     case 3:
         return stored("Server");
     case 4:
-        return connectionString(stored("User"), stored("Password"), stored("Server"), catalog);
+        return ado::connectionString({stored("User"), stored("Password"), stored("Server"), catalog});
     case 5:
         return {};
     default:

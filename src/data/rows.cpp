@@ -9,28 +9,28 @@ namespace opd::data {
 
 namespace {
 
-ado::Recordset open(const Session& session, const Statement& statement, ado::CursorLocation location,
+ado::Recordset open(const Session& session, const ado::Statement& statement, ado::CursorLocation location,
                     ado::CursorType cursor, ado::LockType lock) {
     ado::Recordset rows;
     rows.CursorLocation = location;
-    rows.Open(statement.str(), session.connection(), cursor, lock);
+    rows.Open(statement, session.connection(), cursor, lock);
     return rows;
 }
 
 } // namespace
 
-ado::Recordset openClient(const Session& session, const Statement& statement, ado::CursorType cursor,
+ado::Recordset openClient(const Session& session, const ado::Statement& statement, ado::CursorType cursor,
                           ado::LockType lock) {
     return open(session, statement, ado::CursorLocation::Client, cursor, lock);
 }
 
-ado::Recordset openPlain(const Session& session, const Statement& statement, ado::CursorType cursor,
+ado::Recordset openPlain(const Session& session, const ado::Statement& statement, ado::CursorType cursor,
                          ado::LockType lock) {
     return open(session, statement, ado::CursorLocation::Unspecified, cursor, lock);
 }
 
-ado::Recordset execute(const Session& session, const Statement& statement) {
-    return session.connection().Execute(statement.str());
+ado::Recordset execute(const Session& session, const ado::Statement& statement) {
+    return session.connection().Execute(statement);
 }
 
 std::string textOf(const ado::Recordset& rows, std::string_view column) {

@@ -1,23 +1,23 @@
 #pragma once
 
 #include "ado/recordset.h"
-#include "data/statement.h"
+#include "ado/statement.h"
 #include "session/session.h"
 
 namespace opd::data {
 
 /// Opens a recordset with a client-side cursor on the shared connection. Throws ado::Error.
-ado::Recordset openClient(const Session& session, const Statement& statement,
+ado::Recordset openClient(const Session& session, const ado::Statement& statement,
                           ado::CursorType cursor = ado::CursorType::Dynamic,
                           ado::LockType lock = ado::LockType::ReadOnly);
 
 /// Opens a recordset without naming a cursor location. Throws ado::Error.
-ado::Recordset openPlain(const Session& session, const Statement& statement,
+ado::Recordset openPlain(const Session& session, const ado::Statement& statement,
                          ado::CursorType cursor = ado::CursorType::Dynamic,
                          ado::LockType lock = ado::LockType::ReadOnly);
 
 /// Runs a statement through the connection itself and returns its rows, if any. Throws ado::Error.
-ado::Recordset execute(const Session& session, const Statement& statement);
+ado::Recordset execute(const Session& session, const ado::Statement& statement);
 
 /// A column of the current row as text, null as an empty one.
 std::string textOf(const ado::Recordset& rows, std::string_view column);

@@ -122,7 +122,7 @@ void RegistrationForm::endConsultation() {
     const ui::BusyPointer busy(m_session.desktop);
     data::execute(
         m_session,
-        data::Statement("Patient_Data..OPD_updateConsultationDate '").value(m_record.AdmissionNumber).text("'"));
+        ado::Statement("Patient_Data..OPD_updateConsultationDate '").value(m_record.AdmissionNumber).text("'"));
     m_window.unload();
 }
 

@@ -1,55 +1,41 @@
 #include "search/code_search.h"
 
 #include "data/rows.h"
+#include "search/statements.h"
 
 namespace opd::search {
 
 namespace {
 
-using data::Statement;
-
 constexpr auto unspecifiedCursor = ado::CursorType::Unspecified;
 constexpr auto unspecifiedLock = ado::LockType::Unspecified;
-
-/// Mode "7" looks one doctor up, "6" lists them, "5" gives those on duty.
-Statement doctorStatement(const std::string& serviceCode, const std::string& criteria, const std::string& mode) {
-    return Statement("BUILD_FILE..sp_Bui_Search_Doctor '")
-        .value(serviceCode)
-        .text("', '")
-        .value(criteria)
-        .text("','','")
-        .value(mode)
-        .text("'");
-}
 
 } // namespace
 
 bool clsSearch::SearchBarangay(const std::string& code, const std::string& present) {
-    const ado::Recordset rows =
-        data::openClient(m_session, Statement("Patient_Data..sp_Adm_SearchBarangay '").value(code).text("'"),
-                         unspecifiedCursor, unspecifiedLock);
+    const ado::Recordset rows = data::openClient(m_session, barangaySearch(code), unspecifiedCursor, unspecifiedLock);
     if (rows.RecordCount() == 0) {
         m_session.desktop.ask({.text = "Invalid Code!", .icon = ui::Icon::Critical});
         return false;
     }
-    return takeOnly(rows) || choose("Barangay", code, "Patient_Data..sp_Adm_SearchBarangay '##'", present);
+    return takeOnly(rows) || choose("Barangay", code, barangaySearch("##").str(), present);
 }
 
 bool clsSearch::SearchDoctor(const std::string& criteria, const std::string& serviceCode, const std::string& present) {
-    return takeOnly(data::openClient(m_session, doctorStatement(serviceCode, criteria, "7"), unspecifiedCursor,
-                                     unspecifiedLock)) ||
-           choose("Doctor", criteria, doctorStatement(serviceCode, criteria, "6").str(), present);
+    return takeOnly(data::openClient(m_session, doctorSearch(serviceCode, criteria, DoctorSearch::One),
+                                     unspecifiedCursor, unspecifiedLock)) ||
+           choose("Doctor", criteria, doctorSearch(serviceCode, criteria, DoctorSearch::List).str(), present);
 }
 
 bool clsSearch::SearchAdmittingType(const std::string& code, const std::string& present) {
-    const Statement statement = Statement("PATIENT_DATA..sp_Adm_SearchAdmissionType '").value(code).text("'");
+    const ado::Statement statement = admissionTypeSearch(code);
     return takeOnly(data::openClient(m_session, statement, unspecifiedCursor, unspecifiedLock)) ||
            choose("Patient Classification", code, statement.str(), present);
 }
 
 bool clsSearch::SearchAutoDoctor(const std::string& criteria, const std::string& serviceCode) {
-    return takeOnly(
-        data::openClient(m_session, doctorStatement(serviceCode, criteria, "5"), unspecifiedCursor, unspecifiedLock));
+    return takeOnly(data::openClient(m_session, doctorSearch(serviceCode, criteria, DoctorSearch::OnDuty),
+                                     unspecifiedCursor, unspecifiedLock));
 }
 
 bool clsSearch::takeOnly(const ado::Recordset& rows) {

@@ -3,10 +3,9 @@
 #include "ado/error.h"
 #include "base/text/text.h"
 #include "data/rows.h"
+#include "search/statements.h"
 
 namespace opd::search {
-
-using data::Statement;
 
 void CodedObject::setCode(const std::string& code) {
     if (code == m_code)
@@ -19,7 +18,7 @@ void CodedObject::setCode(const std::string& code) {
     }
     try {
         ado::Recordset row;
-        row.Open(lookup(code).str(), m_session.connection());
+        row.Open(lookup(code), m_session.connection());
         if (!row.EndOfFile()) {
             take(row);
             return;
@@ -30,20 +29,20 @@ void CodedObject::setCode(const std::string& code) {
     }
 }
 
-Statement clsService::lookup(const std::string& code) const {
-    return Statement("Patient_Data..sp_Adm_LoadService '").value(code).text("'");
+ado::Statement clsService::lookup(const std::string& code) const {
+    return serviceOf(code);
 }
 
 void NamedObject::take(const ado::Recordset& row) {
     m_name = data::textOf(row, nameColumn());
 }
 
-Statement clsAllergy::lookup(const std::string& code) const {
-    return Statement("Patient_Data..sp_Adm_LoadAllergy '").value(code).text("'");
+ado::Statement clsAllergy::lookup(const std::string& code) const {
+    return allergyOf(code);
 }
 
-Statement clsDoctor::lookup(const std::string& code) const {
-    return Statement("Patient_Data..sp_Adm_LoadDoctor '").value(code).text("'");
+ado::Statement clsDoctor::lookup(const std::string& code) const {
+    return doctorOf(code);
 }
 
 void clsDoctor::take(const ado::Recordset& row) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ado/recordset.h"
-#include "data/statement.h"
+#include "ado/statement.h"
 #include "session/session.h"
 
 #include <string>
@@ -27,7 +27,7 @@ class CodedObject {
     virtual std::string name() const = 0;
 
   protected:
-    virtual data::Statement lookup(const std::string& code) const = 0;
+    virtual ado::Statement lookup(const std::string& code) const = 0;
     virtual void take(const ado::Recordset& row) = 0;
     virtual void reset() = 0;
 
@@ -59,7 +59,7 @@ class clsService final : public NamedObject {
     std::string ServiceName() const { return name(); }
 
   private:
-    data::Statement lookup(const std::string& code) const override;
+    ado::Statement lookup(const std::string& code) const override;
     const char* nameColumn() const override { return "Service"; }
 };
 
@@ -69,7 +69,7 @@ class clsAllergy final : public NamedObject {
     std::string AllergyName() const { return name(); }
 
   private:
-    data::Statement lookup(const std::string& code) const override;
+    ado::Statement lookup(const std::string& code) const override;
     const char* nameColumn() const override { return "Allergy"; }
 };
 
@@ -82,7 +82,7 @@ class clsDoctor final : public CodedObject {
     std::string name() const override { return CompleteName(); }
 
   private:
-    data::Statement lookup(const std::string& code) const override;
+    ado::Statement lookup(const std::string& code) const override;
     void take(const ado::Recordset& row) override;
     void reset() override;
 

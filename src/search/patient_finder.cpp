@@ -3,7 +3,7 @@
 #include "base/text/text.h"
 #include "data/procedures/dates.h"
 #include "data/rows.h"
-#include "search/patient_statements.h"
+#include "search/statements.h"
 #include "ui/window.h"
 
 #include <utility>

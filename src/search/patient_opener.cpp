@@ -47,7 +47,7 @@ void PatientOpener::prepare(const char* formType, const std::string& hospNum, co
 // Another program may have stored such a number. What the clerk reads must be of use: nobody can leave the sign out
 // here.
 bool PatientOpener::canBeSent(const char* kind, const std::string& number) {
-    if (number.find('\'') == std::string::npos)
+    if (ado::isSendable(number))
         return true;
     m_session.desktop.ask({.text = std::string{"The "} + kind + " " + number +
                                    " holds an apostrophe, and this desk cannot open such a number. Please have it "

@@ -1,6 +1,7 @@
 #include "search/pick_list.h"
 
 #include "data/rows.h"
+#include "search/statements.h"
 
 namespace opd::search {
 
@@ -27,7 +28,7 @@ void frmPickList::InitializeForm(const std::string& caption, const std::string& 
 
 void frmPickList::LoadForm() {
     m_selected = false;
-    const bool found = fill(m_serviceCode, 0);
+    const bool found = fill(m_serviceCode, false);
     if (!m_interactive) {
         m_selected = true;
         return;
@@ -35,7 +36,7 @@ void frmPickList::LoadForm() {
     if (!found) {
         if (!confirmedManualChoice())
             return;
-        fill("", 1);
+        fill("", true);
     }
     m_session.desktop.showModal(m_window);
 }
@@ -49,12 +50,8 @@ bool frmPickList::confirmedManualChoice() {
                 .icon = ui::Icon::Question}) == ui::Answer::Yes;
 }
 
-bool frmPickList::fill(const std::string& serviceCode, int allDoctors) {
-    const ado::Recordset doctors =
-        data::openClient(m_session, data::Statement("Build_File..global_SearchDoctor_By_Specialization '")
-                                        .value(serviceCode)
-                                        .text("',")
-                                        .number(allDoctors));
+bool frmPickList::fill(const std::string& serviceCode, bool allDoctors) {
+    const ado::Recordset doctors = data::openClient(m_session, doctorsOfService(serviceCode, allDoctors));
     std::vector<ui::Grid::Row> rows;
     for (const std::vector<ado::Value>& doctor : doctors.all().rows) {
         ui::Grid::Row& cells = rows.emplace_back(1);

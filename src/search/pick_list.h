@@ -31,7 +31,7 @@ class frmPickList {
     void DestroyReference() { m_window.unload(); }
 
   private:
-    bool fill(const std::string& serviceCode, int allDoctors);
+    bool fill(const std::string& serviceCode, bool allDoctors);
     bool confirmedManualChoice();
     void confirm();
 

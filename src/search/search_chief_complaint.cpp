@@ -1,6 +1,7 @@
 #include "search/search_chief_complaint.h"
 
 #include "data/rows.h"
+#include "search/statements.h"
 
 namespace opd::search {
 
@@ -27,9 +28,7 @@ void frmSearchChiefComplaint::search() {
         return;
     const std::string& typed = fields().txtSearchStr.text();
     const std::string wanted = typed.empty() ? SearchText : typed;
-    show(data::openPlain(session(),
-                         data::Statement("PATIENT_DATA..sp_AOPD_SearchChiefComplaint '").value(wanted).text("'")),
-         {200, 1000, 5000, 0}, {wanted, 1, 2});
+    show(data::openPlain(session(), complaintSearch(wanted)), {200, 1000, 5000, 0}, {wanted, 1, 2});
 }
 
 void frmSearchChiefComplaint::take(const ui::Grid& grid, int row) {

@@ -20,11 +20,10 @@ frmSearchNew::frmSearchNew(Session& session) : SearchDialog(session, "frmSearchN
 }
 
 void frmSearchNew::load() {
-    if (Criteria.find('\'') != std::string::npos)
-        throw ado::Error("\"" + Criteria + "\" holds an apostrophe ('), which cannot be searched for.");
     fields().txtSearchStr.setText("");
     ado::Recordset rows;
-    rows.Open(text::replaced(Query, "##", Criteria), session().connection());
+    rows.Open(ado::Statement::fromOutside(Query, "##", "", [this](const std::string&) { return Criteria; }),
+              session().connection());
     show(rows, {200, 4150, 2000}, {Criteria, 2, 1});
     setHeadings(SearchCaption);
     fields().lblHospital.setCaption(session().globals.gCompanyName);

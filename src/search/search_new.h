@@ -9,7 +9,7 @@ class frmSearchNew final : public SearchDialog {
   public:
     explicit frmSearchNew(Session& session);
 
-    std::string Query;    ///< the statement; every "##" in it stands for the criteria
+    std::string Query;    ///< the statement, as its caller hands it over; every "##" in it stands for the criteria
     std::string Criteria; ///< must hold no single quote: the window then fails to load
 
     /// Of the confirmed row; to be read only when `Valid`.

@@ -1,6 +1,7 @@
 // What a registration leaves behind when the disk, another desk or its own end comes between: never a half one, never
 // two, nothing typed is lost, and what the clerk is told is true.
 #include "registration/hospital_session.h"
+#include "support/sql.h"
 
 #include <cerrno>
 #include <chrono>
@@ -76,7 +77,7 @@ void fill(registration::RegistrationForm& form, const std::string& lastName) {
 
 /// What is stored of the patient of a name: "masters/visits/dependents of a patient".
 std::string storedOf(ado::Connection& connection, const std::string& lastName) {
-    const auto rows = [&](const std::string& statement) { return connection.Execute(statement); };
+    const auto rows = [&](const std::string& statement) { return connection.Execute(sql(statement)); };
     const ado::Recordset masters =
         rows("Select HospNum from Patient_Data..tbMaster where LastName = '" + lastName + "'");
     if (masters.EndOfFile())

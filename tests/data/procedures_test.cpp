@@ -1,11 +1,11 @@
 #include "support/test_session.h"
 
+#include "ado/statement.h"
 #include "data/hospital_settings.h"
 #include "data/leading_number.h"
 #include "data/procedures/dates.h"
 #include "data/procedures/eligibility.h"
 #include "data/procedures/key_filters.h"
-#include "data/statement.h"
 
 #include <gtest/gtest.h>
 
@@ -14,13 +14,13 @@ namespace opd::tests {
 namespace {
 
 TEST(Statement, KeepsValuesOutOfItsStructure) {
-    EXPECT_EQ(data::Statement("p '").values({"A", "%_[x];--", "Ñ"}, "', '").text("',").number(-3).str(),
+    EXPECT_EQ(ado::Statement("p '").values({"A", "%_[x];--", "Ñ"}, "', '").text("',").number(-3).str(),
               "p 'A', '%_[x];--', 'Ñ',-3");
     for (const char* value : {"'", "O'NEIL", "x' or '1'='1", "''"})
-        EXPECT_THROW(data::Statement("p '").value(value), ado::Error) << value;
-    EXPECT_EQ(data::Statement("p ").bareWord("00000012").str(), "p 00000012");
+        EXPECT_THROW(ado::Statement("p '").value(value), ado::Error) << value;
+    EXPECT_EQ(ado::Statement("p ").bareWord("00000012").str(), "p 00000012");
     for (const char* word : {"", "1 2", "1,2", "1'", "a;b"})
-        EXPECT_THROW(data::Statement("p ").bareWord(word), ado::Error) << word;
+        EXPECT_THROW(ado::Statement("p ").bareWord(word), ado::Error) << word;
 }
 
 TEST(HospitalSettings, EveryFlagIsReadByNameAndAnEmptyTableChangesNone) {

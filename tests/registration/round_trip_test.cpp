@@ -2,6 +2,7 @@
 
 #include "component/trace_file.h"
 #include "registration/save/save_data.h"
+#include "support/sql.h"
 #include "support/temporary_folder.h"
 
 #include <algorithm>
@@ -222,7 +223,7 @@ struct RowKeys {
 
 ado::ResultSet contentOf(FullHospital& hospital, const Table& table, const RowKeys& keys) {
     ado::Recordset rows;
-    rows.Open(std::string{"Select * from Patient_Data.."} + table.name + keys.condition(table),
+    rows.Open(sql(std::string{"Select * from Patient_Data.."} + table.name + keys.condition(table)),
               *hospital.globals.gConnection);
     return rows.all();
 }
@@ -247,7 +248,7 @@ void fillColumns(FullHospital& hospital, const RowKeys& keys, bool empty) {
                 value = "'1'";
             std::string update = "Update Patient_Data..";
             update.append(table.name).append(" set ").append(column).append(" = ").append(value);
-            hospital.globals.gConnection->Execute(update.append(keys.condition(table)));
+            hospital.globals.gConnection->Execute(sql(update.append(keys.condition(table))));
         }
     }
     transaction.commit();
@@ -295,8 +296,8 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
             form->fields().additional.txtPatientClassID.setText("2");
             return form;
         };
-        hospital.globals.gConnection->Execute( // two codes that read alike
-            "Update Build_File..tbCoPayCode set PayCode = 'CASH' where PayCodeID = 'P2'");
+        hospital.globals.gConnection->Execute(sql( // two codes that read alike
+            "Update Build_File..tbCoPayCode set PayCode = 'CASH' where PayCodeID = 'P2'"));
         auto form = openNewVisit();
         form->fields().personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";

@@ -10,19 +10,13 @@ namespace opd::adapters::reporting {
 
 namespace {
 
-std::string connectionString(const report::LogOn& logOn) {
-    const std::string user =
-        logOn.user.empty() ? "Integrated Security=SSPI" : "User ID=" + logOn.user + ";Password=" + logOn.password;
-    return user + ";Initial Catalog=" + logOn.database + ";Data Source=" + logOn.server;
-}
-
 /// The connections of one reading: one for all tables that are logged on alike.
 class Connections {
   public:
     explicit Connections(const OnConnect& onConnect) : m_onConnect(onConnect) {}
 
     ado::Connection& of(const report::LogOn& logOn) {
-        const std::string wanted = connectionString(logOn);
+        const std::string wanted = ado::connectionString({logOn.user, logOn.password, logOn.server, logOn.database});
         for (ado::Connection& open : m_open)
             if (open.ConnectionString == wanted)
                 return open;
@@ -57,25 +51,13 @@ std::string valueOf(const ReportData& data, const std::string& name) {
     return parameter->second;
 }
 
-/// The statement with the values of its names. A value never becomes part of the statement's structure.
-std::string filledIn(const std::string& statement, const ReportData& data, const std::string& each) {
-    std::string filled;
-    std::size_t done = 0;
-    for (std::size_t open = statement.find('{'); open != std::string::npos; open = statement.find('{', done)) {
-        const std::size_t close = statement.find('}', open);
-        if (close == std::string::npos)
-            throw ado::Error("A \"{\" of the report's statement is not closed: " + statement);
-        const std::string name = statement.substr(open + 1, close - open - 1);
-        const std::string value = name == "each" ? each : valueOf(data, name);
-        if (value.find('\'') != std::string::npos)
-            throw ado::Error("The value of " + name + " holds a single quote and cannot be looked up.");
-        filled += statement.substr(done, open - done) + value;
-        done = close + 1;
-    }
-    return filled + statement.substr(done);
+/// The statement with the values of its names. `each` is the value of the name "each".
+ado::Statement filledIn(const std::string& statement, const ReportData& data, const std::string& each) {
+    return ado::Statement::fromOutside(
+        statement, "{", "}", [&](const std::string& name) { return name == "each" ? each : valueOf(data, name); });
 }
 
-ado::ResultSet answerTo(const std::string& statement, ado::Connection& connection) {
+ado::ResultSet answerTo(const ado::Statement& statement, ado::Connection& connection) {
     ado::Recordset rows;
     rows.CursorLocation = ado::CursorLocation::Client;
     rows.Open(statement, connection, ado::CursorType::ForwardOnly, ado::LockType::ReadOnly);

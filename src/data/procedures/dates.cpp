@@ -3,20 +3,20 @@
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 #include "data/rows.h"
+#include "data/statements.h"
 
 #include <cmath>
 
 namespace opd::data {
 
 DateTime GetServerDate(const Session& session) {
-    const ado::Recordset row = openPlain(session, Statement("select GETDATE() AS Tdate"), ado::CursorType::ForwardOnly);
+    const ado::Recordset row = openPlain(session, statements::serverDate(), ado::CursorType::ForwardOnly);
     return row.Fields("tdate").asDate();
 }
 
 void LoadServerDate(Session& session) {
     try {
-        const ado::Recordset row =
-            execute(session, Statement("Select GetDate() As CurDate from patient_Data..tbHospitalInfo"));
+        const ado::Recordset row = execute(session, statements::serverDateOfHospital());
         session.globals.gServerDate =
             row.BOF() && row.EndOfFile() ? GetServerDate(session) : row.Fields("CurDate").asDate();
     } catch (const std::exception&) { // the date of the last window serves until a window gets a newer one

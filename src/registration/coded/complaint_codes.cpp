@@ -24,7 +24,7 @@ ComplaintCodes::ComplaintCodes(Session& session, Fields& fields, const search::C
 
 bool ComplaintCodes::Search_ChiefComplaint(const std::string& code) {
     const ado::Recordset complaint = data::openPlain(
-        m_session, data::Statement("PATIENT_DATA..sp_AOPD_SearchChiefComplaintID '").value(code).text("'"));
+        m_session, ado::Statement("PATIENT_DATA..sp_AOPD_SearchChiefComplaintID '").value(code).text("'"));
     if (complaint.EndOfFile())
         return false;
     m_found = {data::textOf(complaint, "chiefcomplaintid"), data::textOf(complaint, "ChiefComplaint")};

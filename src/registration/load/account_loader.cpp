@@ -4,14 +4,14 @@
 
 namespace opd::registration {
 
-using data::Statement;
+using ado::Statement;
 
 namespace {
 
 /// The text of one column where the key has a row. No row has a key that cannot be asked for.
 template <std::size_t Length>
 std::string textOfKey(const Session& session, const char (&query)[Length], const std::string& key, const char* column) {
-    if (!data::isSendable(key))
+    if (!ado::isSendable(key))
         return {};
     const ado::Recordset row = data::openClient(session, Statement(query).value(key).text("'"));
     return row.EndOfFile() ? std::string{} : data::textOf(row, column);
@@ -38,7 +38,7 @@ std::string GetAdmissionType(const Session& session, const std::string& id) {
 }
 
 void LoadAccountClass(FormContext& form, const std::string& account) {
-    if (!data::isSendable(account))
+    if (!ado::isSendable(account))
         return;
     const ado::Recordset company = data::openClient(
         form.session, Statement("Select * From Build_File..tbCoCompany Where AccountNum = '").value(account).text("'"));

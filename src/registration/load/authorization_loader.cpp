@@ -30,10 +30,10 @@ void showMoment(const ado::Recordset& letter, const char* column, ui::DatePicker
 
 void LoadHMOLOA(FormContext& form, const std::string& opdNumber) {
     const ado::Recordset letter = data::openClient(
-        form.session, data::Statement("Select IDNum, IsNull(ApprovalNo,'') ApprovalNo, IsNull(LOAAmount,0) LOAAmount, "
-                                      "LOADateInformed, IsNull(LOAReceiver,'') LOAReceiver, LOADateReceived, "
-                                      "IsNull(LOAStatus,'') LOAStatus, IsNull(LOARemarks,'') LOARemarks "
-                                      "From Patient_Data..tbOpdHMOLOA Where IDNum = '")
+        form.session, ado::Statement("Select IDNum, IsNull(ApprovalNo,'') ApprovalNo, IsNull(LOAAmount,0) LOAAmount, "
+                                     "LOADateInformed, IsNull(LOAReceiver,'') LOAReceiver, LOADateReceived, "
+                                     "IsNull(LOAStatus,'') LOAStatus, IsNull(LOARemarks,'') LOARemarks "
+                                     "From Patient_Data..tbOpdHMOLOA Where IDNum = '")
                           .value(opdNumber)
                           .text("'"));
     if (letter.EndOfFile())

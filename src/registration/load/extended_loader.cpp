@@ -9,7 +9,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 using data::textOf;
 
 void showContacts(Fields& fields, const ado::Recordset& patient) {

@@ -18,7 +18,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 
 /// What is hidden in every form until something shows it.
 void hideUntilNeeded(Fields& fields) {
@@ -137,7 +137,7 @@ void refuseUnsendableKeys(const Record& record) {
     const std::pair<const char*, const std::string&> keys[] = {{"hospital", record.HospNum},
                                                                {"visit", record.AdmissionNumber}};
     for (const auto& [kind, number] : keys)
-        if (!data::isSendable(number))
+        if (!ado::isSendable(number))
             throw ado::Error("The " + std::string{kind} + " number " + number +
                              " holds an apostrophe ('), with which this desk can open nothing. The number must be "
                              "changed in the database. Nothing was changed here.");

@@ -15,7 +15,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 using data::textOf;
 
 constexpr auto dynamic = ado::CursorType::Dynamic;
@@ -78,7 +78,7 @@ void showMaster(FormContext& form, const ado::Recordset& master) {
 } // namespace
 
 std::string GetBarangayName(const Session& session, const std::string& code) {
-    if (!data::isSendable(code))
+    if (!ado::isSendable(code))
         return {};
     const ado::Recordset row = data::openClient(
         session, Statement("Build_file..global_SearchBarangay '").value(text::trimmed(code)).text("','0'"));

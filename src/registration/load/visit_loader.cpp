@@ -12,7 +12,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 
 constexpr auto dynamic = ado::CursorType::Dynamic;
 constexpr auto optimistic = ado::LockType::Optimistic;

@@ -9,7 +9,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 
 std::string shownVisit(const FormContext& form) {
     return text::upper(form.fields.header.txtOPDNum.text());

@@ -1,7 +1,7 @@
 #include "registration/save/apostrophes.h"
 
+#include "ado/statement.h"
 #include "base/text/text.h"
-#include "data/statement.h"
 #include "registration/rules/marks.h"
 #include "registration/subrecords/dependent_columns.h"
 #include "ui/window.h"
@@ -16,7 +16,7 @@ namespace {
 constexpr const char* unstorable = "An apostrophe cannot be stored from this desk.";
 
 bool holdsApostrophe(const std::string& text) {
-    return !data::isSendable(text);
+    return !ado::isSendable(text);
 }
 
 std::string graved(const std::string& text) {

@@ -14,7 +14,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 
 /// The name is for the clerk; what has none is nothing that can be missing.
 struct FollowingPart {

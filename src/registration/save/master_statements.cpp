@@ -5,7 +5,7 @@
 
 namespace opd::registration {
 
-using data::Statement;
+using ado::Statement;
 using Values = std::vector<std::string>;
 
 namespace {

@@ -10,7 +10,7 @@ namespace opd::registration {
 
 namespace {
 
-std::string drawn(FormContext& form, const char* procedure, const char* parameter, int size) {
+std::string drawn(FormContext& form, const ado::Statement& procedure, const char* parameter, int size) {
     ado::Command command(form.session.connection());
     command.CommandText = procedure;
     command.addOutput(parameter, size);
@@ -21,7 +21,7 @@ std::string drawn(FormContext& form, const char* procedure, const char* paramete
     return number;
 }
 
-std::optional<std::string> draw(FormContext& form, const char* procedure, const char* parameter, int size,
+std::optional<std::string> draw(FormContext& form, const ado::Statement& procedure, const char* parameter, int size,
                                 const char* failureText) {
     try {
         return drawn(form, procedure, parameter, size);

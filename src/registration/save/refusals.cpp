@@ -9,7 +9,7 @@
 
 namespace opd::registration {
 
-using data::Statement;
+using ado::Statement;
 
 std::string shownHospNum(const FormContext& form) {
     return text::trimmed(form.fields.header.txtHospNum.text());

@@ -13,7 +13,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 
 void run(const FormContext& form, const Statement& statement) {
     data::execute(form.session, statement);

@@ -10,7 +10,7 @@ namespace opd::registration {
 
 namespace {
 
-using data::Statement;
+using ado::Statement;
 
 /// A birth date as the editor takes it; what is no date stands as it is.
 std::string birthDateText(const ado::Value& stored) {

@@ -1,6 +1,7 @@
 // What every hospital's database answers, whichever provider serves it: connections, statements and errors alone.
 #include "adapters/sqlite/hospital.h"
 #include "adapters/sqlite/save_statements.h"
+#include "support/sql.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -80,7 +81,7 @@ TEST_P(Contract, SearchesFindWhomTheyShould) {
     };
     for (const Case& each : cases) {
         std::vector<std::string> found;
-        ado::Recordset answer = connection->Execute(each.statement);
+        ado::Recordset answer = connection->Execute(sql(each.statement));
         for (; !answer.EndOfFile(); answer.MoveNext()) {
             ASSERT_EQ(answer.all().columns.size(), 7U) << each.what;
             found.push_back(answer.all().rows[found.size()][3].asText()); // the grid reads this column by its place
@@ -92,8 +93,8 @@ TEST_P(Contract, SearchesFindWhomTheyShould) {
 TEST_P(Contract, FindsANameHoweverItIsWritten) {
     const auto found = [&](const std::string& name) {
         std::vector<std::string> numbers;
-        ado::Recordset answer = connection->Execute("Patient_Data..sp_Adm_MasterPatientSearch '" + name +
-                                                    "','','','M','','1980.03.07',0,0");
+        ado::Recordset answer = connection->Execute(
+            sql("Patient_Data..sp_Adm_MasterPatientSearch '" + name + "','','','M','','1980.03.07',0,0"));
         for (; !answer.EndOfFile(); answer.MoveNext())
             numbers.push_back(answer.Fields("HospNum").asText());
         return numbers;
@@ -107,7 +108,7 @@ TEST_P(Contract, FindsANameHoweverItIsWritten) {
         const std::string number = newHospNum(*connection);
         std::vector<std::string> values = masterValues(number, newOpdNumber(*connection) + "B");
         values[1] = writing.front();
-        connection->Execute(callOf("sp_aopd_Update_TbMaster", values));
+        connection->Execute(sql(callOf("sp_aopd_Update_TbMaster", values)));
         for (const std::string& name : writing)
             EXPECT_EQ(found(name), Rows{number}) << name;
     }
@@ -135,7 +136,7 @@ TEST_P(Contract, ReadsValuesByTheirKinds) {
     EXPECT_THROW(visit.Fields("NoSuchColumn"), ado::Error);
     for (const char* statement :
          {"select GETDATE() AS Tdate", "Select GetDate() As TDate from patient_Data..tbHospitalInfo"})
-        EXPECT_EQ(connection->Execute(statement).Fields("tdate"), ado::Value(DateTime{2026, 7, 1, 10, 30, 15}))
+        EXPECT_EQ(connection->Execute(sql(statement)).Fields("tdate"), ado::Value(DateTime{2026, 7, 1, 10, 30, 15}))
             << statement;
     EXPECT_EQ(rows("Select BirthDate from Patient_Data..tbMaster where HospNum = '00000001'"), Rows{"03/07/1980"});
     EXPECT_EQ(rows("patient_data..sp_AOPD_ComputeAge '03/07/1980'"), Rows{"46"});
@@ -168,7 +169,8 @@ TEST_P(Contract, WritesOddCharactersAsTheyAreAndNothingElse) {
     const Rows before = rows("Select HospNum, LastName from Patient_Data..tbMaster where HospNum <> '00000001'");
     for (const std::string odd : {"`; Delete Patient_Data..tbMaster --", "a\"b", "/* c */ OR 1=1", "100%_[x]",
                                   "??1 :a @b $c", "two\r\nlines", "\\", "ÑÄ€漢字🙂", " edge "}) {
-        connection->Execute("Update Patient_Data..tbMaster set HouseStreet = '" + odd + "' where HospNum = '00000001'");
+        connection->Execute(
+            sql("Update Patient_Data..tbMaster set HouseStreet = '" + odd + "' where HospNum = '00000001'"));
         EXPECT_EQ(rows("Select HouseStreet from Patient_Data..tbMaster where HouseStreet = '" + odd + "'"), Rows{odd});
     }
     EXPECT_EQ(rows("Select HospNum, LastName from Patient_Data..tbMaster where HospNum <> '00000001'"), before);
@@ -187,8 +189,8 @@ TEST_P(Contract, KeepsACommittedRegistrationAndNothingOfOneRolledBack) {
         return rowsOf(*other, "Select HospNum from Patient_Data..tbMaster where HospNum = '" + number + "'").size();
     };
     const auto write = [&](const std::string& number, const std::string& visit) {
-        connection->Execute(callOf("sp_aopd_Update_TbMaster", masterValues(number, visit)));
-        connection->Execute(callOf("sp_aopd_Update_tbOutpatient", visitValues(number, visit)));
+        connection->Execute(sql(callOf("sp_aopd_Update_TbMaster", masterValues(number, visit))));
+        connection->Execute(sql(callOf("sp_aopd_Update_tbOutpatient", visitValues(number, visit))));
     };
     const std::string lost = newHospNum(*connection), kept = newHospNum(*connection);
     {

@@ -5,6 +5,7 @@
 #include "ado/command.h"
 #include "ado/error.h"
 #include "ado/recordset.h"
+#include "support/sql.h"
 #include "support/temporary_folder.h"
 
 #include <filesystem>
@@ -55,7 +56,7 @@ class EmbeddedHospital final : public Hospital {
 inline std::vector<std::string> rowsOf(ado::Connection& connection, const std::string& statement) {
     ado::Recordset recordset;
     recordset.CursorLocation = ado::CursorLocation::Client;
-    recordset.Open(statement, connection, ado::CursorType::Dynamic, ado::LockType::ReadOnly);
+    recordset.Open(sql(statement), connection, ado::CursorType::Dynamic, ado::LockType::ReadOnly);
     std::vector<std::string> result;
     for (const auto& row : recordset.all().rows) {
         std::string line;
@@ -69,7 +70,7 @@ inline std::vector<std::string> rowsOf(ado::Connection& connection, const std::s
 /// The error that a statement raises, as "SQLSTATE/number"; empty when it raises none.
 inline std::string errorOf(ado::Connection& connection, const std::string& statement) {
     try {
-        connection.Execute(statement);
+        connection.Execute(sql(statement));
     } catch (const ado::Error& error) {
         return error.what() == std::string{} ? "no message" : error.sqlState() + "/" + std::to_string(error.number());
     }
@@ -80,7 +81,7 @@ inline std::string errorOf(ado::Connection& connection, const std::string& state
 inline std::string drawn(ado::Connection& connection, const std::string& procedure, const std::string& output,
                          int size) {
     ado::Command command(connection);
-    command.CommandText = procedure;
+    command.CommandText = sql(procedure);
     command.addOutput(output, size);
     command.Execute();
     return command.output(0).asText();

@@ -1,5 +1,6 @@
 // What the lookups of coded fields answer: their columns, what they find, and in which order.
 #include "adapters/sqlite/hospital.h"
+#include "support/sql.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -67,7 +68,7 @@ TEST_F(Lookups, GiveTheColumnsThatTheirListsShow) {
          {"Doctor", "DoctorID", "Specialization1", "Specialization2", "Specialization3"}},
     };
     for (const auto& [statement, columns] : cases)
-        EXPECT_EQ(connection->Execute(statement).all().columns, columns) << statement;
+        EXPECT_EQ(connection->Execute(sql(statement)).all().columns, columns) << statement;
 }
 
 TEST_F(Lookups, TakeAnExactCodeAloneAndElseWhatContainsTheText) {

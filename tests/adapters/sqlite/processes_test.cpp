@@ -1,6 +1,7 @@
 // Two desks on one file, and a desk that is killed.
 #include "adapters/sqlite/hospital.h"
 #include "adapters/sqlite/save_statements.h"
+#include "support/sql.h"
 
 #include <csignal>
 #include <fstream>
@@ -61,9 +62,9 @@ void registerOne(ado::Connection& connection) {
     const std::string number = newHospNum(connection);
     const std::string visit = newOpdNumber(connection) + "B";
     ado::Transaction transaction(connection);
-    connection.Execute(callOf("sp_aopd_Update_TbMaster", masterValues(number, visit)));
-    connection.Execute(callOf("sp_AOPD_UpdateOPDHistory", historyValues(number, visit)));
-    connection.Execute(callOf("sp_aopd_Update_tbOutpatient", visitValues(number, visit)));
+    connection.Execute(sql(callOf("sp_aopd_Update_TbMaster", masterValues(number, visit))));
+    connection.Execute(sql(callOf("sp_AOPD_UpdateOPDHistory", historyValues(number, visit))));
+    connection.Execute(sql(callOf("sp_aopd_Update_tbOutpatient", visitValues(number, visit))));
     transaction.commit();
 }
 

@@ -1,6 +1,7 @@
 // What a save writes beside the fields of the form comes back through the loaders, and the checks know whom they mean.
 #include "adapters/sqlite/hospital.h"
 #include "adapters/sqlite/save_statements.h"
+#include "support/sql.h"
 
 #include <gtest/gtest.h>
 
@@ -20,11 +21,11 @@ class Registration : public testing::Test {
     std::string visit = newOpdNumber(*connection) + "B";
 
     void run(const std::string& procedure, const std::vector<std::string>& values) {
-        connection->Execute(callOf(procedure, values));
+        connection->Execute(sql(callOf(procedure, values)));
     }
 
     void expectRow(const std::string& statement, const Columns& columns) {
-        const ado::Recordset row = connection->Execute("Patient_Data.." + statement);
+        const ado::Recordset row = connection->Execute(sql("Patient_Data.." + statement));
         ASSERT_FALSE(row.EndOfFile()) << statement;
         for (const auto& [column, expected] : columns)
             EXPECT_EQ(row.Fields(column).asText(), expected) << statement << " " << column;
@@ -38,14 +39,14 @@ TEST_F(Registration, TheRecordsBesideTheVisitComeBack) {
     for (int position = 1; position <= 3; ++position)
         run("OPD_Update_AdditionalDr", {visit, "D00" + std::to_string(position + 2), std::to_string(position)});
     run("sp_AOPD_Save_TbMasterAllergies", {number, "A1", "", "A3", "", "A5"});
-    connection->Execute("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '" + number +
-                        "', 1, 0, 1, 0, 0, 1, 0, 1, 'GOUT'");
     connection->Execute(
-        "Update Patient_data..tbOutPatient set isChemo = '1', isHemodialysis = '0', isRadiotherapy = '0', "
-        "ExpirationDate = '12/31/2026 00:00:00', isForDeposit = '1' where IDnum = '" +
-        visit + "'");
-    connection->Execute("Update Patient_data..tbOutPatient set isWalkIn = '1', OPDStatus = 'W' where IDnum = '" +
-                        visit + "'");
+        sql("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '" + number + "', 1, 0, 1, 0, 0, 1, 0, 1, 'GOUT'"));
+    connection->Execute(
+        sql("Update Patient_data..tbOutPatient set isChemo = '1', isHemodialysis = '0', isRadiotherapy = '0', "
+            "ExpirationDate = '12/31/2026 00:00:00', isForDeposit = '1' where IDnum = '" +
+            visit + "'"));
+    connection->Execute(
+        sql("Update Patient_data..tbOutPatient set isWalkIn = '1', OPDStatus = 'W' where IDnum = '" + visit + "'"));
     run("sp_AOPD_SaveHMOLOA", {visit, "LOA-1", "1500.50", "07/01/2026 08:00:00", "RECEIVER", "", "APPROVED", "NOTE"});
     run("sp_AOPD_InsertUpdateOutProfile", {number, visit, "", "", "", "", "", "", "", "", "06/15/2026", "2"});
 
@@ -87,8 +88,8 @@ TEST_F(Registration, ANewPatientOrVisitNeverTakesThePlaceOfAnother) {
     };
     // Counters that are behind: what is drawn is free all the same.
     for (const char* counter : {"HospNum", "OPDID", "FileNum"})
-        connection->Execute(std::string{"Update Patient_Data..tbCounter set Last = '0' where Name = '"} + counter +
-                            "'");
+        connection->Execute(
+            sql(std::string{"Update Patient_Data..tbCounter set Last = '0' where Name = '"} + counter + "'"));
     EXPECT_EQ(newHospNum(*connection), "00000013") << "of twelve patients";
     const std::string freeVisit = newOpdNumber(*connection);
     EXPECT_EQ(rowsOf(*connection, "Select IDNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "B'"),
@@ -112,7 +113,7 @@ TEST_F(Registration, ANewPatientOrVisitNeverTakesThePlaceOfAnother) {
     // File numbers likewise.
     for (const auto& [patient, fileNumber] : {std::pair{next, "1"}, {std::string{"00000003"}, "2"}}) {
         connection->Execute("Update Patient_Data..tbCounter set Last = '0' where Name = 'FileNum'");
-        connection->Execute("Patient_data..OPD_UpdateFileNum '" + patient + "'");
+        connection->Execute(sql("Patient_data..OPD_UpdateFileNum '" + patient + "'"));
         EXPECT_EQ(rowsOf(*connection, "Select FileNum from Patient_Data..tbMaster where HospNum = '" + patient + "'"),
                   Rows{fileNumber});
     }
@@ -120,7 +121,7 @@ TEST_F(Registration, ANewPatientOrVisitNeverTakesThePlaceOfAnother) {
 
 TEST_F(Registration, FileNumbersAreGivenOnceAndInOrder) {
     const auto fileNumber = [&](const std::string& patient) {
-        connection->Execute("Patient_data..OPD_UpdateFileNum '" + patient + "'");
+        connection->Execute(sql("Patient_data..OPD_UpdateFileNum '" + patient + "'"));
         return rowsOf(*connection, "Select FileNum from Patient_Data..tbMaster where HospNum = '" + patient + "'");
     };
     EXPECT_EQ(fileNumber("00000003"), Rows{"1"});

@@ -72,7 +72,10 @@ TEST(CodeSearch, OneRowIsTakenAndOthersLeadToTheDialogAsEachSearchSays) {
         EXPECT_EQ(desk.provider->log, std::string{entry.first} + "\n" + entry.listed + "\n");
 
         // Cancelled: false, and the values of the last success stay.
-        desk.desktop.work([](ui::Window& window) { window.pressKey(ui::key::escape); });
+        desk.desktop.work([&](ui::Window& window) {
+            EXPECT_EQ(window.focus(), &codes.dialog().fields().txtSearchStr) << "as at the first showing";
+            window.pressKey(ui::key::escape);
+        });
         EXPECT_FALSE(entry.search(codes));
         EXPECT_EQ(codes.Code(), "BAG02");
 

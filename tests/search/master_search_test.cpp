@@ -152,11 +152,16 @@ TEST(MasterSearch, RefusedCriteriaAreMarkedUntilTheyArePutRight) {
             EXPECT_EQ(window.statusLine(),
                       criteria.answer == ui::Answer::No ? fields.txtBirthDate.hint : window.focus()->refusal());
 
+            const std::initializer_list<ui::Control*> marked{&fields.lastName, &fields.male, &fields.txtBirthDate};
             window.edited(fields.lastName, "CRUZ");
             window.edited(fields.txtBirthDate, "03/07/1980");
             window.click(fields.male);
-            for (const ui::Control* field :
-                 std::initializer_list<ui::Control*>{&fields.lastName, &fields.male, &fields.txtBirthDate})
+            for (ui::Control* field : marked) {
+                EXPECT_EQ(field->refusal(), "") << field->name();
+                field->setRefusal("again");
+            }
+            window.click(fields.newSearch);
+            for (const ui::Control* field : marked)
                 EXPECT_EQ(field->refusal(), "") << field->name();
         });
     }

@@ -5,7 +5,7 @@
 #include "registration/coded/clinical_codes.h"
 #include "registration/coded/code_lookups.h"
 #include "registration/coded/complaint_codes.h"
-#include "registration/record.h"
+#include "registration/record/record.h"
 #include "registration/rules/key_rules.h"
 #include "registration/rules/patient_rules.h"
 #include "registration/rules/visit_rules.h"

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "registration/fields/fields.h"
-#include "registration/form_context.h"
 #include "registration/form_rules.h"
-#include "registration/record.h"
+#include "registration/record/form_context.h"
+#include "registration/record/record.h"
 #include "registration/rules/guidance.h"
 #include "session/session.h"
 #include "ui/window.h"

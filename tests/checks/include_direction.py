@@ -136,6 +136,32 @@ def cycle_faults(graph):
         yield from walk(path, [])
 
 
+def folder_cycle_faults(graph):
+    """Each circle of folders once, with an include for every step of its road."""
+    folder_of = lambda path: path.rpartition("/")[0]
+    roads = {}
+    for path in sorted(graph):
+        for number, included in graph[path]:
+            if included in graph and folder_of(included) != folder_of(path):
+                roads.setdefault(folder_of(path), {}).setdefault(folder_of(included), f"src/{path}:{number}")
+    done = set()
+
+    def walk(folder, trail):
+        if folder in trail:
+            circle = trail[trail.index(folder):] + [folder]
+            steps = ", ".join(roads[one][other] for one, other in zip(circle, circle[1:]))
+            yield f"folder cycle: {' -> '.join(circle)} ({steps})"
+            return
+        if folder in done:
+            return
+        for other in roads.get(folder, {}):
+            yield from walk(other, trail + [folder])
+        done.add(folder)
+
+    for folder in sorted(roads):
+        yield from walk(folder, [])
+
+
 def faults(root):
     source = root / "src"
     graph = {}
@@ -150,6 +176,7 @@ def faults(root):
     yield from library_faults(root)
     yield from system_faults(graph)
     yield from cycle_faults(graph)
+    yield from folder_cycle_faults(graph)
 
 
 if __name__ == "__main__":

@@ -98,6 +98,18 @@ class IncludeDirection(unittest.TestCase):
         outcome, words = check(tree)
         self.assertEqual((outcome, words), (1, "include cycle: data/a.h -> data/b.h -> data/c.h -> data/a.h\n"))
 
+    def test_a_circle_of_folders_is_told_with_its_includes(self):
+        tree = {
+            "src/data/a.h": '#include "data/one/b.h"\n',
+            "src/data/one/b.h": "",
+            "src/data/one/c.h": '\n#include "data/two/d.h"\n',
+            "src/data/two/d.h": '#include "data/e.h"\n',
+            "src/data/e.h": "",
+        }
+        outcome, words = check(tree)
+        self.assertEqual((outcome, words), (1, "folder cycle: data -> data/one -> data/two -> data "
+                                               "(src/data/a.h:1, src/data/one/c.h:2, src/data/two/d.h:1)\n"))
+
     def test_two_roads_to_one_header_are_no_cycle(self):
         tree = {
             "src/data/a.h": '#include "data/b.h"\n#include "data/c.h"\n',

@@ -1,6 +1,6 @@
 #include "ports/camera/camera_module.h"
 
-#include "adapters/qt/qt_image.h"
+#include "adapters/qt/basics/qt_image.h"
 
 #include <QCamera>
 #include <QCameraDevice>

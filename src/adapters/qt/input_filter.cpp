@@ -1,6 +1,6 @@
 #include "adapters/qt/input_filter.h"
 
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/window_shell.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "adapters/qt/message_box.h"
 
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/style.h"
 
 #include <QGridLayout>

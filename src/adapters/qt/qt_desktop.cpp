@@ -1,8 +1,8 @@
 #include "adapters/qt/qt_desktop.h"
 
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/hands.h"
 #include "adapters/qt/message_box.h"
-#include "adapters/qt/qt_text.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
 

@@ -1,6 +1,6 @@
 #include "adapters/qt/style.h"
 
-#include "adapters/qt/colours.h"
+#include "adapters/qt/basics/colours.h"
 #include "adapters/qt/desk_style.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "adapters/qt/window_shell.h"
 
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/binder.h"
 #include "adapters/qt/forms.h"
-#include "adapters/qt/qt_text.h"
 #include "adapters/qt/scroll_page.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/views/cell_float.h"

@@ -1,8 +1,8 @@
 #include "registration/load/authorization_loader.h"
 
 #include "data/rows.h"
-#include "registration/amount_text.h"
 #include "registration/load/columns.h"
+#include "registration/record/amount_text.h"
 
 namespace opd::registration {
 

@@ -3,7 +3,7 @@
 #include "base/text/text.h"
 #include "data/rows.h"
 #include "registration/load/columns.h"
-#include "registration/save/codes.h"
+#include "registration/record/codes.h"
 
 namespace opd::registration {
 

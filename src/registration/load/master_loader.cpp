@@ -4,10 +4,10 @@
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 #include "data/rows.h"
-#include "registration/civil_status.h"
 #include "registration/load/columns.h"
 #include "registration/load/extended_loader.h"
 #include "registration/load/visit_loader.h"
+#include "registration/record/civil_status.h"
 #include "registration/subrecords/dependents.h"
 #include "ui/window.h"
 

@@ -4,7 +4,7 @@
 #include "data/leading_number.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/columns.h"
-#include "registration/save/codes.h"
+#include "registration/record/codes.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "registration/fields/fields.h"
-#include "registration/record.h"
+#include "registration/record/record.h"
 #include "session/globals.h"
 #include "ui/window.h"
 

@@ -2,8 +2,8 @@
 
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
-#include "registration/amount_text.h"
-#include "registration/civil_status.h"
+#include "registration/record/amount_text.h"
+#include "registration/record/civil_status.h"
 #include "registration/rules/marks.h"
 #include "registration/rules/messages.h"
 

@@ -4,7 +4,7 @@
 #include "base/text/text.h"
 #include "data/leading_number.h"
 #include "data/procedures/dates.h"
-#include "registration/amount_text.h"
+#include "registration/record/amount_text.h"
 #include "registration/rules/marks.h"
 #include "registration/rules/messages.h"
 #include "ui/window.h"

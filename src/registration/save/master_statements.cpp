@@ -1,7 +1,7 @@
 #include "registration/save/master_statements.h"
 
 #include "base/text/text.h"
-#include "registration/save/codes.h"
+#include "registration/record/codes.h"
 
 namespace opd::registration {
 

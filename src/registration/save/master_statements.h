@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ado/statement.h"
-#include "registration/form_context.h"
+#include "registration/record/form_context.h"
 
 /// The statements that write the patient: form values in, text out. Each throws ado::Error when a value holds a quote.
 namespace opd::registration {

@@ -1,7 +1,7 @@
 #include "registration/save/save_data.h"
 
 #include "data/rows.h"
-#include "registration/save/codes.h"
+#include "registration/record/codes.h"
 #include "registration/save/following_parts.h"
 #include "registration/save/master_statements.h"
 #include "registration/save/numbers.h"

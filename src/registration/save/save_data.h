@@ -1,6 +1,6 @@
 #pragma once
 
-#include "registration/form_context.h"
+#include "registration/record/form_context.h"
 
 namespace opd::registration {
 

@@ -1,6 +1,6 @@
 #include "registration/save/save_failures.h"
 
-#include "registration/save/codes.h"
+#include "registration/record/codes.h"
 
 namespace opd::registration {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ado/error.h"
-#include "registration/form_context.h"
+#include "registration/record/form_context.h"
 
 #include <string>
 #include <vector>

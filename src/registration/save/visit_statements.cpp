@@ -3,8 +3,8 @@
 #include "ado/error.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
-#include "registration/amount_text.h"
-#include "registration/save/codes.h"
+#include "registration/record/amount_text.h"
+#include "registration/record/codes.h"
 
 #include <algorithm>
 

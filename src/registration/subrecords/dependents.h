@@ -1,6 +1,6 @@
 #pragma once
 
-#include "registration/form_context.h"
+#include "registration/record/form_context.h"
 
 /// The dependents of a patient: children, each with a name and a birth date, a row each of the grid `mshDependents`.
 namespace opd::registration {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/hands.h"
 #include "adapters/qt/qt_desktop.h"
-#include "adapters/qt/qt_text.h"
 #include "adapters/qt/window_shell.h"
 #include "tests/adapters/qt/sample_windows.h"
 

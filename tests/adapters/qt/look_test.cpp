@@ -1,4 +1,4 @@
-#include "adapters/qt/colours.h"
+#include "adapters/qt/basics/colours.h"
 #include "adapters/qt/message_box.h"
 #include "tests/adapters/qt/desk.h"
 #include "tests/adapters/qt/every_window.h"

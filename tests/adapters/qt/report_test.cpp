@@ -1,4 +1,4 @@
-#include "adapters/qt/qt_image.h"
+#include "adapters/qt/basics/qt_image.h"
 #include "adapters/qt/report/paged_document.h"
 #include "adapters/qt/report/qt_output.h"
 #include "tests/adapters/qt/desk.h"

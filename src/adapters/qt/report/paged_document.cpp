@@ -1,7 +1,7 @@
 #include "adapters/qt/report/paged_document.h"
 
-#include "adapters/qt/qt_image.h"
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_image.h"
+#include "adapters/qt/basics/qt_text.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPageLayout>

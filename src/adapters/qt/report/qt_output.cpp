@@ -1,6 +1,6 @@
 #include "adapters/qt/report/qt_output.h"
 
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/report/paged_document.h"
 #include "base/os/safe_file.h"
 

@@ -1,6 +1,6 @@
 #include "adapters/qt/views/calendar_popup.h"
 
-#include "adapters/qt/colours.h"
+#include "adapters/qt/basics/colours.h"
 
 #include <QAction>
 #include <QHBoxLayout>

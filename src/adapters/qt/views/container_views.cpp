@@ -1,6 +1,6 @@
 #include "adapters/qt/views/container_views.h"
 
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_text.h"
 
 #include <QGroupBox>
 #include <QSignalBlocker>

@@ -1,6 +1,6 @@
 #include "adapters/qt/views/field_views.h"
 
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/views/calendar_popup.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"

@@ -1,6 +1,6 @@
 #include "adapters/qt/views/grid_view.h"
 
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_text.h"
 
 #include <QEvent>
 #include <QHeaderView>

@@ -1,6 +1,6 @@
 #include "adapters/qt/views/report_pane_view.h"
 
-#include "adapters/qt/qt_text.h"
+#include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/report/paged_document.h"
 
 #include <QGraphicsView>

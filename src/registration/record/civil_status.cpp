@@ -1,4 +1,4 @@
-#include "registration/civil_status.h"
+#include "registration/record/civil_status.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "adapters/qt/qt_image.h"
+#include "adapters/qt/basics/qt_image.h"
 
 #include <algorithm>
 

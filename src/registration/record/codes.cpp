@@ -1,4 +1,4 @@
-#include "registration/save/codes.h"
+#include "registration/record/codes.h"
 
 #include "base/clock/date_text.h"
 #include "base/text/text.h"

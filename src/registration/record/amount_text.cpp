@@ -1,4 +1,4 @@
-#include "registration/amount_text.h"
+#include "registration/record/amount_text.h"
 
 #include "base/text/text.h"
 

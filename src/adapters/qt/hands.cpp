@@ -7,7 +7,6 @@
 #include <QDeadlineTimer>
 #include <QKeySequence>
 #include <QPointer>
-#include <QTest>
 #include <QThread>
 #include <QWidget>
 #include <QWindow>
@@ -15,9 +14,21 @@
 #include <map>
 #include <stdexcept>
 
+// What a platform plugin hands over: the library's own road for input that nobody typed, exported but in no header. An
+// event sent to a window directly would pass by the shortcuts, the pop-up lists and the counting of clicks.
+QT_BEGIN_NAMESPACE
+Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+                                    const QString& text, bool repeated, ushort count);
+Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
+                                      Qt::MouseButtons held, Qt::MouseButton button, QEvent::Type type,
+                                      Qt::KeyboardModifiers modifiers, int timestamp);
+QT_END_NAMESPACE
+
 namespace opd::qt::hands {
 
 namespace {
+
+constexpr int longerThanADoubleClick = 1000; // milliseconds
 
 Qt::Key namedKey(const std::string& name) {
     static const std::map<std::string, Qt::Key> keys{
@@ -66,31 +77,40 @@ QString textOf(const script::KeyStroke& key, Qt::Key code) {
     }
 }
 
+/// Clicks that are counted together, each apart from the ones before. A handler may take the window away.
+void clickTimes(int times, QWidget& widget, const QPoint& point) {
+    static int now = 0; // what the events say, so that nobody has to wait
+    now += longerThanADoubleClick;
+    scrollIntoSight(widget);
+    const QPoint local = widget.mapTo(widget.window(), point);
+    const QPoint global = widget.mapToGlobal(point);
+    const QPointer<QWindow> native(widget.window()->windowHandle());
+    for (int event = 0; event < 2 * times && native; ++event) {
+        const bool down = event % 2 == 0;
+        qt_handleMouseEvent(native, local, global, down ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton,
+                            down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, {}, now);
+    }
+    QCoreApplication::processEvents();
+}
+
 } // namespace
 
 void press(QWidget& window, const script::KeyStroke& key) {
-    const Qt::Key code = key.name.empty() ? static_cast<Qt::Key>(text::upper(key.character)) : namedKey(key.name);
-    QWindow* const native = window.windowHandle();
-    if (native == nullptr)
-        return;
+    Qt::Key code = key.name.empty() ? static_cast<Qt::Key>(text::upper(key.character)) : namedKey(key.name);
     if (code == Qt::Key_Tab && key.shift)
-        QTest::sendKeyEvent(QTest::Click, native, Qt::Key_Backtab, QString(), modifiersOf(key));
-    else
-        QTest::sendKeyEvent(QTest::Click, native, code, textOf(key, code), modifiersOf(key));
+        code = Qt::Key_Backtab;
+    const QPointer<QWindow> native(window.windowHandle());
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+        if (native)
+            qt_handleKeyEvent(native, type, code, modifiersOf(key), textOf(key, code), false, 1);
 }
 
 void click(QWidget& widget, const QPoint& point) {
-    QWidget* const window = widget.window();
-    scrollIntoSight(widget);
-    if (window->windowHandle() != nullptr)
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget.mapTo(window, point));
+    clickTimes(1, widget, point);
 }
 
 void doubleClick(QWidget& widget, const QPoint& point) {
-    QWidget* const window = widget.window();
-    scrollIntoSight(widget);
-    if (window->windowHandle() != nullptr)
-        QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, widget.mapTo(window, point));
+    clickTimes(2, widget, point);
 }
 
 void waitUntilActive(QWidget& window) {

@@ -33,18 +33,4 @@ const char* captionOf(ui::Answer answer) {
     return "No";
 }
 
-std::vector<ui::Answer> answersOf(ui::Buttons buttons) {
-    switch (buttons) {
-    case ui::Buttons::Ok:
-        return {ui::Answer::Ok};
-    case ui::Buttons::OkCancel:
-        return {ui::Answer::Ok, ui::Answer::Cancel};
-    case ui::Buttons::YesNo:
-        return {ui::Answer::Yes, ui::Answer::No};
-    case ui::Buttons::YesNoCancel:
-        break;
-    }
-    return {ui::Answer::Yes, ui::Answer::No, ui::Answer::Cancel};
-}
-
 } // namespace opd::script

@@ -26,7 +26,4 @@ QueuedAnswer queuedAnswer(std::size_t line, const std::vector<std::string>& word
 /// The caption of a button: "OK", "Cancel", "Yes", "No".
 const char* captionOf(ui::Answer answer);
 
-/// The buttons of a box in the order in which they stand.
-std::vector<ui::Answer> answersOf(ui::Buttons buttons);
-
 } // namespace opd::script

@@ -42,7 +42,7 @@ Step stepOf(std::size_t line, std::vector<std::string> words) {
 
 std::string buttonsText(const ui::Message& message) {
     std::string text;
-    for (const ui::Answer answer : answersOf(message.buttons))
+    for (const ui::Answer answer : ui::answersOf(message.buttons))
         text += (text.empty() ? "" : ", ") + std::string{captionOf(answer)};
     return text;
 }
@@ -130,7 +130,7 @@ std::optional<ui::Answer> Player::answerTo(const ui::Message& message) {
     }
     const QueuedAnswer expected = m_state->answers.front();
     m_state->answers.pop_front();
-    const std::vector<ui::Answer> offered = answersOf(message.buttons);
+    const std::vector<ui::Answer> offered = ui::answersOf(message.buttons);
     if (expected.fits(message) && std::find(offered.begin(), offered.end(), expected.button) != offered.end())
         return expected.button;
     m_state->answers.clear();

@@ -21,6 +21,20 @@ Desktop* Desktop::ofThread() {
     return threadDesktop;
 }
 
+std::vector<Answer> answersOf(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::Ok:
+        return {Answer::Ok};
+    case Buttons::OkCancel:
+        return {Answer::Ok, Answer::Cancel};
+    case Buttons::YesNo:
+        return {Answer::Yes, Answer::No};
+    case Buttons::YesNoCancel:
+        break;
+    }
+    return {Answer::Yes, Answer::No, Answer::Cancel};
+}
+
 std::optional<std::filesystem::path> Desktop::askFile(const FileQuestion&) {
     return std::nullopt;
 }

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace opd::ui {
 
@@ -13,6 +14,9 @@ class Window;
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Answer { Ok, Cancel, Yes, No };
+
+/// The answers that the buttons of a box give, in the order in which they stand.
+std::vector<Answer> answersOf(Buttons buttons);
 
 /// A message that the clerk must answer before anything goes on.
 struct Message {

@@ -1,9 +1,9 @@
 #include "registration/form_fixture.h"
+#include "support/temporary_folder.h"
 
 #include "registration/save/save_data.h"
 
 #include <fstream>
-#include <unistd.h>
 
 namespace opd::tests {
 namespace {
@@ -11,12 +11,10 @@ namespace {
 /// The registration form of a workstation with a folder for pictures.
 struct PhotoDesk : FormFixture, testing::Test {
     PhotoDesk() {
-        std::filesystem::create_directories(root);
-        store.values["Folder"] = (root / "pictures").string();
+        store.set("Pictures", "Folder", (folder / "pictures").string());
         openNewPatient();
         fillRequired();
     }
-    ~PhotoDesk() override { std::filesystem::remove_all(root); }
 
     ui::Picture& picture() { return form->fields().additional.picPatient; }
 
@@ -39,8 +37,8 @@ struct PhotoDesk : FormFixture, testing::Test {
     }
 
     int messagesOfSave = 1;
-    std::filesystem::path root = std::filesystem::temp_directory_path() / ("photo-" + std::to_string(getpid()));
-    std::filesystem::path file = root / "pictures" / "00000012.bmp";
+    TemporaryFolder folder;
+    std::filesystem::path file = folder / "pictures" / "00000012.bmp";
 };
 
 TEST_F(PhotoDesk, ACapturedPhotographIsStoredUnderTheNewHospitalNumber) {
@@ -71,7 +69,7 @@ TEST_F(PhotoDesk, AnEmptyBoxStoresNothing) {
 }
 
 TEST_F(PhotoDesk, AFolderThatCannotBeWrittenIsToldAfterTheVisitIsSaved) {
-    std::ofstream(root / "pictures") << "a file where the folder should be";
+    std::ofstream(folder.path() / "pictures") << "a file where the folder should be";
     camera.frame = Image{4, 2, std::vector<std::uint8_t>(24)};
     messagesOfSave = 2;
     capture();

@@ -414,7 +414,8 @@ struct FullEveryOtherLine {
 
     int full;
     void (*before)(int);
-    std::filesystem::path file = std::filesystem::temp_directory_path() / ("trace-" + std::to_string(getpid()));
+    TemporaryFolder folder;
+    std::filesystem::path file = folder / "trace";
     std::vector<std::string> told;
     TraceFile trace{file, [this](const std::string& reason) { told.push_back(reason); }};
     std::string expected;

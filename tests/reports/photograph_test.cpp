@@ -49,11 +49,11 @@ class FullDisk {
 TEST_F(Photographs, TheFolderIsTheOneSetOrLiesBesideAnEmbeddedHospital) {
     EXPECT_EQ(reports::pictureFolder(store), "");
     EXPECT_EQ(reports::pictureLocation(""), "\\");
-    store.values["Server"] = "DBSERVER";
+    store.set("Connection", "Server", "DBSERVER");
     EXPECT_EQ(reports::pictureFolder(store), "");
-    store.values["Server"] = "/srv/hospital";
+    store.set("Connection", "Server", "/srv/hospital");
     EXPECT_EQ(reports::pictureFolder(store), "/srv/hospital/Pictures");
-    store.values["Folder"] = "/srv/photos";
+    store.set("Pictures", "Folder", "/srv/photos");
     EXPECT_EQ(reports::pictureLocation(reports::pictureFolder(store)), "/srv/photos\\");
     EXPECT_EQ(reports::pictureLocation("C:\\photos\\"), "C:\\photos\\");
     EXPECT_EQ(reports::photographFile("/srv/photos\\", "00000012"), "/srv/photos/00000012.bmp");

@@ -4,6 +4,7 @@
 #include "ui/desktop.h"
 #include "ui/window.h"
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -64,15 +65,19 @@ class TestDesktop final : public ui::Desktop {
 
     ui::Answer ask(const ui::Message& message) override {
         messages.push_back(message);
+        const std::vector<ui::Answer> offered = ui::answersOf(message.buttons);
         if (m_answers.empty() && agreesToAll)
-            return message.buttons == ui::Buttons::YesNo ? ui::Answer::Yes : ui::Answer::Ok;
+            return offered.front();
         if (m_answers.empty()) {
             ADD_FAILURE() << "An unexpected message: " << message.text;
             return ui::Answer::Cancel;
         }
         const ui::Answer answer = m_answers.front();
         m_answers.pop_front();
-        return answer;
+        if (std::find(offered.begin(), offered.end(), answer) != offered.end())
+            return answer;
+        ADD_FAILURE() << "An answer whose button the box does not have: " << message.text;
+        return offered.back();
     }
 
     std::optional<std::filesystem::path> askFile(const ui::FileQuestion& question) override {

@@ -6,14 +6,22 @@
 #include "session/session.h"
 
 #include <map>
+#include <string>
+#include <vector>
 
 namespace opd::tests {
 
+/// Settings in memory: a text is found under its application, section and key, and nowhere else.
 class MemoryStore final : public settings::Store {
   public:
-    std::map<std::string, std::string> values; ///< by key
-    std::string get(const std::string&, const std::string&, const std::string& key) const override {
-        const auto found = values.find(key);
+    std::map<std::vector<std::string>, std::string> values; ///< by application, section and key
+
+    /// Sets a text of the module's own application.
+    void set(const std::string& section, const std::string& key, const std::string& text) {
+        values[{"QUORIN Current User", section, key}] = text;
+    }
+    std::string get(const std::string& application, const std::string& section, const std::string& key) const override {
+        const auto found = values.find({application, section, key});
         return found == values.end() ? std::string{} : found->second;
     }
 };

@@ -1,7 +1,5 @@
 #include "adapters/scripted/scripted_desktop.h"
 
-#include "script/answers.h"
-
 #include <algorithm>
 
 namespace opd::adapters {
@@ -102,7 +100,7 @@ ui::Answer ScriptedDesktop::ask(const ui::Message& message) {
     if (m_player != nullptr)
         if (const std::optional<ui::Answer> answer = m_player->answerTo(message))
             return *answer;
-    return script::answersOf(message.buttons).back(); // as if the box were closed by its frame
+    return ui::answersOf(message.buttons).back(); // as if the box were closed by its frame
 }
 
 std::optional<std::filesystem::path> ScriptedDesktop::askFile(const ui::FileQuestion& question) {

@@ -1,11 +1,11 @@
 #include "adapters/image/file_camera.h"
 #include "adapters/image/picture_files.h"
+#include "support/temporary_folder.h"
 
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace opd::adapters {
 namespace {
@@ -91,15 +91,14 @@ TEST(PictureFiles, AHostileOneIsRefusedAtOnceWhateverItPromises) {
 
 TEST(FileCamera, GivesThePictureAsItIsNowAndNothingWhereThereIsNone) {
     const PictureFiles files;
-    const std::filesystem::path file =
-        std::filesystem::temp_directory_path() / ("camera-" + std::to_string(getpid()) + ".bmp");
+    const tests::TemporaryFolder folder;
+    const std::filesystem::path file = folder / "camera.bmp";
     FileCamera camera{file, files};
     EXPECT_FALSE(camera.takeStill());
     std::ofstream(file, std::ios::binary) << files.encodeBitmap(sample());
     EXPECT_EQ(camera.takeStill(), sample());
     std::ofstream(file, std::ios::binary) << "no picture";
     EXPECT_FALSE(camera.takeStill());
-    std::filesystem::remove(file);
 }
 
 } // namespace

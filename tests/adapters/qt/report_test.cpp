@@ -1,13 +1,13 @@
 #include "adapters/qt/basics/qt_image.h"
 #include "adapters/qt/report/paged_document.h"
 #include "adapters/qt/report/qt_output.h"
+#include "support/temporary_folder.h"
 #include "tests/adapters/qt/desk.h"
 
 #include <QGraphicsView>
 #include <QLabel>
 #include <QProcess>
 #include <QScrollBar>
-#include <QTemporaryDir>
 
 #include <filesystem>
 #include <stdexcept>
@@ -47,8 +47,8 @@ int countOf(const std::string& text, const std::string& part) {
 }
 
 TEST(QtReport, ALongReportLosesNothingBetweenItsPagesAndNumbersThem) {
-    QTemporaryDir folder;
-    const QString file = folder.filePath("numbers.pdf");
+    const tests::TemporaryFolder folder;
+    const QString file = toQt((folder / "numbers.pdf").string());
     const report::Document document = documentOf(250);
     QtOutput(true, {}).writePdf(document, fromQt(file));
     EXPECT_EQ(std::filesystem::status(fromQt(file)).permissions(), std::filesystem::perms{0600});

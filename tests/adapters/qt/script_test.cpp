@@ -1,8 +1,6 @@
+#include "support/files.h"
 #include "tests/adapters/qt/desk.h"
 
-#include <QTemporaryDir>
-
-#include <fstream>
 #include <sstream>
 
 namespace opd::qt {
@@ -10,14 +8,14 @@ namespace {
 
 /// A search window that asks before it opens the registration form, as the real ones do, played by a script.
 struct Play {
-    QTemporaryDir folder;
+    tests::TemporaryFolder folder;
     std::ostringstream printed;
     std::optional<std::string> failure;
     std::optional<ui::Answer> answer;
 
     explicit Play(const std::string& script) {
-        const std::string file = fromQt(folder.filePath("a.opd"));
-        std::ofstream(file) << script;
+        const std::string file = (folder / "a.opd").string();
+        tests::writeFile(file, script);
         script::Player player(file, printed, {2026, 11, 24, 14, 5, 0});
         QtDesktop desktop(&player);
         samples::SearchWindow search;
@@ -40,39 +38,6 @@ struct Play {
         EXPECT_FALSE(search.isOpen() || form.isOpen());
     }
 };
-
-TEST(QtScript, AScriptWorksRealWindowsAndBoxesToItsEnd) {
-    const Play play(R"(expect-window frmMasterSearch
-type txtName(0) "PEÑA"
-key Tab
-expect-focus Option1(0)
-check Option1(1)
-expect-checked Option1(1)
-type txtBirthDate "03071980"
-expect txtBirthDate "03/07/1980"
-answer "Yes" to "Are you sure?\r\nReally?"
-click Command1(3)
-expect-window frmRegistration
-tab "Personal Information"
-type txtHouseStreet "12 RIZAL"
-select cboCivilStatus "Widow"
-set dtpAdmDate "11/05/2024"
-set txtAdmTime "02:05 PM"
-check chkWalkIn
-tab "Diagnosis && History"
-type txtDiagnosis "COUGH"
-expect txtDiagnosis "COUGH"
-tab "Personal Information"
-expect dtpAdmDate "11/05/2024"
-expect txtAdmTime "02:05 PM"
-expect cboCivilStatus "Widow"
-print txtHouseStreet
-key Alt+C
-)");
-    EXPECT_EQ(play.failure, std::nullopt);
-    EXPECT_EQ(play.answer, ui::Answer::Yes);
-    EXPECT_EQ(play.printed.str(), "12 RIZAL\n");
-}
 
 TEST(QtScript, AnUnexpectedBoxOrAnUnmetExpectationClosesEverything) {
     const Play box("click Command1(3)\nexpect-window frmRegistration\n");

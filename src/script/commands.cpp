@@ -2,7 +2,6 @@
 
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
-#include "script/key_names.h"
 #include "script/pattern.h"
 
 #include <algorithm>
@@ -140,7 +139,7 @@ void paste(const Scene& scene, const Words& words) {
 
 void clear(const Scene& scene, const Words& words) {
     focusOn(scene, words[0]);
-    scene.driver.press({.name = "Backspace"});
+    scene.driver.press({.key = ui::Key::Backspace});
 }
 
 void focus(const Scene& scene, const Words& words) {
@@ -231,7 +230,10 @@ void doubleClick(const Scene& scene, const Words& words) {
 
 void key(const Scene& scene, const Words& words) {
     scene.window();
-    scene.driver.press(keyStroke(words[0]));
+    const std::optional<ui::KeyStroke> stroke = ui::keyStroke(words[0]);
+    if (!stroke)
+        throw std::runtime_error("\"" + words[0] + "\" is no key");
+    scene.driver.press(*stroke);
 }
 
 void print(const Scene& scene, const Words& words) {

@@ -81,25 +81,50 @@ void LineEdit::eraseSelection() {
     m_lastChange = Change::Insertion; // what is put in its place is undone together with it
 }
 
-void LineEdit::press(const KeyStroke& key) {
-    const char32_t letter = key.control ? text::upper(key.character) : 0;
-    if (key.name == "Backspace")
+void LineEdit::press(const KeyStroke& key, std::string& clipboard) {
+    if (key.alt)
+        return;
+    switch (key.key) {
+    case Key::Character:
+        if (key.control)
+            pressLetter(key.letterWithControl(), key.shift, clipboard);
+        else
+            insert(text::encode(key.character));
+        break;
+    case Key::Enter:
+        insert(m_rules.multiLine ? "\n" : "");
+        break;
+    case Key::Backspace:
         backspace(key.control);
-    else if (key.name == "Delete")
+        break;
+    case Key::Delete:
         erase(key.control);
+        break;
+    case Key::Left:
+    case Key::Right:
+    case Key::Home:
+    case Key::End:
+        move(key);
+        break;
+    default:
+        break;
+    }
+}
+
+void LineEdit::pressLetter(char32_t letter, bool shift, std::string& clipboard) {
+    if ((letter == U'C' || letter == U'X') && hasSelection())
+        clipboard = selection();
+    if (letter == U'X')
+        eraseSelection();
     else if (letter == U'A')
         selectAll();
-    else if (letter == U'Z' && !key.shift)
+    else if (letter == U'Z' && !shift)
         restore(m_done, m_undone);
     else if (letter == U'Y' || letter == U'Z')
         restore(m_undone, m_done);
-    else if (!key.name.empty())
-        move(key);
 }
 
 void LineEdit::move(const KeyStroke& key) {
-    if (key.name != "Left" && key.name != "Right" && key.name != "Home" && key.name != "End")
-        return;
     std::size_t there = target(key);
     if (isMasked() && there != m_caret)
         there = there > m_caret ? placeFrom(there) : placeBefore(there);
@@ -107,13 +132,16 @@ void LineEdit::move(const KeyStroke& key) {
 }
 
 std::size_t LineEdit::target(const KeyStroke& key) const {
-    if (key.name == "Left")
+    switch (key.key) {
+    case Key::Left:
         return key.control ? wordLeft() : m_caret - std::min<std::size_t>(m_caret, 1);
-    if (key.name == "Right")
+    case Key::Right:
         return key.control ? wordRight() : std::min(m_caret + 1, m_text.size());
-    if (key.name == "Home")
+    case Key::Home:
         return key.control ? 0 : lineStart();
-    return key.control ? m_text.size() : lineEnd();
+    default:
+        return key.control ? m_text.size() : lineEnd();
+    }
 }
 
 std::size_t LineEdit::wordLeft() const {

@@ -45,9 +45,11 @@ class LineEdit {
     /// Takes away what is selected.
     void eraseSelection();
 
-    /// What an editing key does: Left, Right, Home, End, Backspace and Delete with Shift and Ctrl, Ctrl+A to select
-    /// all, Ctrl+Z and Ctrl+Y to undo and redo. Every other key does nothing.
-    void press(const KeyStroke& key);
+    /// What a stroke does that the window left to the content: a character is put in, Enter begins a line, Left, Right,
+    /// Home, End, Backspace and Delete work with Shift and Ctrl, Ctrl+A selects all, Ctrl+C and Ctrl+X put what is
+    /// selected into `clipboard`, Ctrl+Z and Ctrl+Y undo and redo. Every other stroke does nothing; what is pasted has
+    /// to pass the window first and is put in by `insert`.
+    void press(const KeyStroke& key, std::string& clipboard);
 
   private:
     enum class Change { None, Insertion, Backspace, Deletion };
@@ -68,6 +70,7 @@ class LineEdit {
     std::size_t placeFrom(std::size_t place) const;
     std::size_t placeBefore(std::size_t place) const;
     void move(const KeyStroke& key);
+    void pressLetter(char32_t letter, bool shift, std::string& clipboard);
     void remember(Change change);
     void removeRange(std::size_t from, std::size_t to);
     void backspace(bool word);

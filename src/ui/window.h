@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -98,6 +99,17 @@ class Window : public Container {
 
     // The clerk's input, forwarded by desktops. Input that arrives while a handler of this window runs is ignored.
 
+    /// A stroke on the keyboard, whatever it means where the focus is: the one map of keys. Returns what is left for
+    /// the content of the control that has the focus: a character that passed every filter, or a key that edits or
+    /// moves in it; nothing when the window had a use for the stroke, refused it, or is busy with another event.
+    std::optional<KeyStroke> press(const KeyStroke& stroke, Desktop& desktop);
+
+    /// What a key that `press` left over does on a desktop without widgets of its own: an arrow goes on in the cells of
+    /// a grid, an arrow, Home or End in the entries of a list.
+    void step(Key key);
+
+    // What `press` is made of
+
     /// A typed character. Returns the character that the control is to take, 0 for none. There is none either when a
     /// handler failed, closed the window or took the control away.
     char32_t pressKey(char32_t code);
@@ -179,6 +191,11 @@ class Window : public Container {
   private:
     bool handle(const std::function<void()>& handler);
     void passKey(KeyPress& press);
+    bool pressWithAlt(const KeyStroke& stroke);
+    bool pressToMoveOn(const KeyStroke& stroke);
+    bool pressFunctionKey(const KeyStroke& stroke, Desktop& desktop);
+    bool pressArrowKey(Key arrow);
+    std::optional<KeyStroke> pressTyped(const KeyStroke& stroke);
     bool typesElsewhere(KeyPress& press);
     std::u32string filtered(const Control& field, std::u32string_view characters);
     template <class Box> std::string withFiltered(Box& box, const std::string& text);

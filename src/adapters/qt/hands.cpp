@@ -1,18 +1,14 @@
 #include "adapters/qt/hands.h"
 
+#include "adapters/qt/basics/key_codes.h"
 #include "adapters/qt/scroll_page.h"
-#include "base/text/text.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QKeySequence>
 #include <QPointer>
 #include <QThread>
 #include <QWidget>
 #include <QWindow>
-
-#include <map>
-#include <stdexcept>
 
 // What a platform plugin hands over: the library's own road for input that nobody typed, exported but in no header. An
 // event sent to a window directly would pass by the shortcuts, the pop-up lists and the counting of clicks.
@@ -30,26 +26,7 @@ namespace {
 
 constexpr int longerThanADoubleClick = 1000; // milliseconds
 
-Qt::Key namedKey(const std::string& name) {
-    static const std::map<std::string, Qt::Key> keys{
-        {"Enter", Qt::Key_Return},      {"Tab", Qt::Key_Tab},
-        {"Escape", Qt::Key_Escape},     {"Backspace", Qt::Key_Backspace},
-        {"Delete", Qt::Key_Delete},     {"Home", Qt::Key_Home},
-        {"End", Qt::Key_End},           {"Up", Qt::Key_Up},
-        {"Down", Qt::Key_Down},         {"Left", Qt::Key_Left},
-        {"Right", Qt::Key_Right},       {"PageUp", Qt::Key_PageUp},
-        {"PageDown", Qt::Key_PageDown}, {"Space", Qt::Key_Space},
-        {"Insert", Qt::Key_Insert},
-    };
-    if (const auto found = keys.find(name); found != keys.end())
-        return found->second;
-    const QKeySequence sequence(QString::fromStdString(name)); // the function keys
-    if (sequence.isEmpty())
-        throw std::invalid_argument("There is no key " + name + ".");
-    return sequence[0].key();
-}
-
-Qt::KeyboardModifiers modifiersOf(const script::KeyStroke& key) {
+Qt::KeyboardModifiers modifiersOf(const ui::KeyStroke& key) {
     Qt::KeyboardModifiers modifiers;
     modifiers.setFlag(Qt::ShiftModifier, key.shift);
     modifiers.setFlag(Qt::ControlModifier, key.control);
@@ -58,20 +35,18 @@ Qt::KeyboardModifiers modifiersOf(const script::KeyStroke& key) {
 }
 
 /// What a keyboard sends along as text: none with Ctrl, a control character for some named keys.
-QString textOf(const script::KeyStroke& key, Qt::Key code) {
+QString textOf(const ui::KeyStroke& key) {
     if (key.control)
         return {};
-    if (key.name.empty())
+    switch (key.key) {
+    case ui::Key::Character:
         return QString::fromUcs4(&key.character, 1);
-    switch (code) {
-    case Qt::Key_Return:
+    case ui::Key::Enter:
         return QStringLiteral("\r");
-    case Qt::Key_Escape:
+    case ui::Key::Escape:
         return QStringLiteral("\x1b");
-    case Qt::Key_Backspace:
+    case ui::Key::Backspace:
         return QStringLiteral("\b");
-    case Qt::Key_Space:
-        return QStringLiteral(" ");
     default:
         return {};
     }
@@ -95,14 +70,11 @@ void clickTimes(int times, QWidget& widget, const QPoint& point) {
 
 } // namespace
 
-void press(QWidget& window, const script::KeyStroke& key) {
-    Qt::Key code = key.name.empty() ? static_cast<Qt::Key>(text::upper(key.character)) : namedKey(key.name);
-    if (code == Qt::Key_Tab && key.shift)
-        code = Qt::Key_Backtab;
+void press(QWidget& window, const ui::KeyStroke& key) {
     const QPointer<QWindow> native(window.windowHandle());
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
         if (native)
-            qt_handleKeyEvent(native, type, code, modifiersOf(key), textOf(key, code), false, 1);
+            qt_handleKeyEvent(native, type, codeOf(key), modifiersOf(key), textOf(key), false, 1);
 }
 
 void click(QWidget& widget, const QPoint& point) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/driver.h"
+#include "ui/keys.h"
 
 class QPoint;
 class QWidget;
@@ -8,8 +8,8 @@ class QWidget;
 /// Raw input as a keyboard and a mouse give it, sent to the native window of a widget so that it takes the whole road.
 namespace opd::qt::hands {
 
-/// Presses and releases a key in a window. Throws std::invalid_argument for a key of unknown name.
-void press(QWidget& window, const script::KeyStroke& key);
+/// Presses and releases a key in a window.
+void press(QWidget& window, const ui::KeyStroke& key);
 
 /// Clicks with the left button at a point of a widget, which is scrolled into sight as a clerk would do.
 void click(QWidget& widget, const QPoint& point);

@@ -1,5 +1,6 @@
 #include "adapters/qt/input_filter.h"
 
+#include "adapters/qt/basics/key_codes.h"
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/window_shell.h"
 
@@ -36,46 +37,16 @@ WindowShell* shellOf(const QObject* nativeWindow) {
     return nullptr;
 }
 
-bool isAltAlone(const QKeyEvent& key) {
-    return (key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::AltModifier;
-}
-
-/// The character of a key held down with Alt; 0 for keys that are no character.
-char32_t altCharacter(const QKeyEvent& key) {
-    const QList<uint> text = key.text().toUcs4();
-    if (text.size() == 1 && text[0] > ui::key::space)
-        return text[0];
-    return key.key() > Qt::Key_Space && key.key() < Qt::Key_Escape ? static_cast<char32_t>(key.key()) : 0;
+/// Alt with a character, which the toolkit would take for a shortcut of its own.
+bool isAccessKey(const QKeyEvent& key) {
+    const std::optional<ui::KeyStroke> stroke = strokeOf(key);
+    return stroke && stroke->alt && !stroke->control && stroke->isCharacter();
 }
 
 /// A change by the wheel is a change by accident: the clerk scrolls past a field.
 bool isScrolledByWheel(const QWidget& widget) {
     return qobject_cast<const QComboBox*>(&widget) != nullptr || qobject_cast<const QTabBar*>(&widget) != nullptr ||
            qobject_cast<const QAbstractSpinBox*>(&widget) != nullptr;
-}
-
-/// The character codes that a window looks at, of the keys that are not typed text.
-char32_t controlCharacter(const QKeyEvent& key) {
-    switch (key.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return ui::key::enter;
-    case Qt::Key_Escape:
-        return ui::key::escape;
-    case Qt::Key_Backspace:
-        return ui::key::backspace;
-    default:
-        return 0;
-    }
-}
-
-/// What the window's model lets through of typed characters.
-std::u32string typedPart(WindowShell& shell, const QString& text) {
-    std::u32string taken;
-    for (const uint character : text.toUcs4())
-        if (const char32_t code = shell.isOpen() ? shell.model().pressKey(character) : 0; code != 0)
-            taken += code;
-    return taken;
 }
 
 QString toText(const std::u32string& characters) {
@@ -105,7 +76,7 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     switch (event.type()) {
     case QEvent::ShortcutOverride:
         // Taken here, Alt with a character becomes an ordinary key press instead of one of the toolkit's own shortcuts.
-        if (!isAltAlone(static_cast<QKeyEvent&>(event)) || altCharacter(static_cast<QKeyEvent&>(event)) == 0)
+        if (!isAccessKey(static_cast<QKeyEvent&>(event)))
             return false;
         event.accept();
         return true;
@@ -141,82 +112,28 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
 }
 
 bool InputFilter::keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& key) {
-    if (isAltAlone(key)) {
-        const char32_t character = altCharacter(key);
-        if (character != 0)
-            shell.model().pressAccessKey(character);
-        return character != 0;
-    }
-    if (key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier) {
-        shell.model().pressHelp(m_desktop);
-        return true;
-    }
-    if (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier && shell.model().pressLookup())
-        return true;
-    if (navigated(shell, key) || arrowPressed(shell, key) || cellKeyPressed(shell, key))
-        return true;
     if (key.matches(QKeySequence::Paste)) {
         paste(shell, QApplication::clipboard()->text());
         return true;
     }
-    return lineBroken(shell, key) || characterTyped(shell, receiver, key);
-}
-
-bool InputFilter::navigated(WindowShell& shell, const QKeyEvent& key) {
-    const bool control = key.modifiers().testFlag(Qt::ControlModifier);
-    switch (key.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab: {
-        const bool backward = key.key() == Qt::Key_Backtab || key.modifiers().testFlag(Qt::ShiftModifier);
-        if (control)
-            shell.model().turnPage(backward);
-        else
-            shell.model().pressTab(backward);
-        return true;
-    }
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-        if (control)
-            shell.model().turnPage(key.key() == Qt::Key_PageUp);
-        return control;
-    default:
+    const std::optional<ui::KeyStroke> stroke = strokeOf(key);
+    if (!stroke)
         return false;
-    }
-}
-
-bool InputFilter::arrowPressed(WindowShell& shell, const QKeyEvent& key) {
-    const bool backward = key.key() == Qt::Key_Up || key.key() == Qt::Key_Left;
-    if (!backward && key.key() != Qt::Key_Down && key.key() != Qt::Key_Right)
-        return false;
-    if (key.key() == Qt::Key_Down && shell.model().pressArrowDown())
-        return true;
-    if (shell.model().pressArrow(backward))
-        return true;
-    // On other buttons the toolkit would move the focus by itself.
-    const ControlView* view = shell.focusView();
-    return view == nullptr || qobject_cast<QAbstractButton*>(view->widget()) != nullptr;
-}
-
-bool InputFilter::cellKeyPressed(WindowShell& shell, const QKeyEvent& key) {
-    if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
-        return false;
-    if (key.key() == Qt::Key_F2)
-        return shell.model().pressOnCell(ui::key::enter);
-    return key.key() == Qt::Key_Delete && shell.model().pressOnCell(ui::key::backspace);
+    if (stroke->isCharacter() && !stroke->control && !stroke->alt)
+        return characterTyped(shell, receiver, key);
+    const std::optional<ui::KeyStroke> left = shell.model().press(*stroke, m_desktop);
+    if (left && left->key == ui::Key::Enter && !left->alt)
+        return lineBroken(shell);
+    return !left;
 }
 
 bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEvent& key) {
-    const Qt::KeyboardModifiers held = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const bool isAltGr = held == (Qt::ControlModifier | Qt::AltModifier);
-    if (const char32_t code = controlCharacter(key); code != 0) {
-        const char32_t taken = shell.model().pressKey(code);
-        return code != ui::key::backspace || taken != code;
-    }
-    const QString text = key.text();
-    if (text.isEmpty() || !text.at(0).isPrint() || (held != Qt::NoModifier && !isAltGr))
-        return false;
     ControlView* view = shell.focusView();
-    const std::u32string taken = typedPart(shell, text);
+    std::u32string taken;
+    for (const uint character : key.text().toUcs4())
+        if (shell.isOpen())
+            if (const auto left = shell.model().press({.character = character}, m_desktop))
+                taken += left->character;
     if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom())
         return true;
     bool isTaken = false;
@@ -228,15 +145,10 @@ bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEven
     return true;
 }
 
-// Elsewhere Enter means the same with every other key held down.
-bool InputFilter::lineBroken(WindowShell& shell, const QKeyEvent& key) {
-    if (controlCharacter(key) != ui::key::enter ||
-        !key.modifiers().testAnyFlags(Qt::ShiftModifier | Qt::ControlModifier))
-        return false;
+bool InputFilter::lineBroken(WindowShell& shell) {
     ControlView* view = shell.focusView();
-    if (view == nullptr || !shell.model().breaksLines())
-        return false;
-    view->letThrough([&] { view->insert(QStringLiteral("\n")); });
+    if (view != nullptr)
+        view->letThrough([&] { view->insert(QStringLiteral("\n")); });
     return true;
 }
 

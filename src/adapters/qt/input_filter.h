@@ -33,13 +33,10 @@ class InputFilter final : public QObject {
   private:
     bool widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event);
     bool keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& key);
-    bool navigated(WindowShell& shell, const QKeyEvent& key);
-    bool arrowPressed(WindowShell& shell, const QKeyEvent& key);
-    bool cellKeyPressed(WindowShell& shell, const QKeyEvent& key);
     bool characterTyped(WindowShell& shell, QWidget& receiver, QKeyEvent& key);
     bool composed(WindowShell& shell, QWidget& receiver, QInputMethodEvent& event);
     bool mousePressed(WindowShell& shell, const QMouseEvent& press);
-    bool lineBroken(WindowShell& shell, const QKeyEvent& key);
+    bool lineBroken(WindowShell& shell);
     bool dropped(WindowShell& shell, QWidget& widget, QDropEvent& event);
     bool menuWanted(WindowShell& shell, QWidget& widget, const QContextMenuEvent& event);
     void paste(WindowShell& shell, const QString& text);

@@ -74,15 +74,15 @@ void QtDriver::pickEntry(ui::ComboBox& box, int index) {
     const ControlView* const target = view(box);
     if (target == nullptr || !shell()->model().requestFocus(box))
         return;
-    hands::press(*shell(), {.name = "Down", .alt = true});
+    hands::press(*shell(), {.key = ui::Key::Down, .alt = true});
     hands::settle();
     QWidget* const list = QApplication::activePopupWidget();
     if (list == nullptr)
         throw std::runtime_error("the list of " + box.name() + " does not open");
-    hands::press(*list, {.name = "Home"});
+    hands::press(*list, {.key = ui::Key::Home});
     for (int i = 0; i < index; ++i)
-        hands::press(*list, {.name = "Down"});
-    hands::press(*list, {.name = "Enter"});
+        hands::press(*list, {.key = ui::Key::Down});
+    hands::press(*list, {.key = ui::Key::Enter});
     hands::settle();
 }
 

@@ -2,78 +2,19 @@
 
 #include "base/text/text.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace opd::adapters {
 
 void ModelDriver::press(const script::KeyStroke& key) {
     ui::Window* const window = currentWindow();
-    if (window == nullptr)
+    const std::optional<ui::KeyStroke> left = window == nullptr ? std::nullopt : window->press(key, m_desktop);
+    if (!left)
         return;
-    if (key.alt && key.character != 0)
-        window->pressAccessKey(key.character);
-    else if (key.control && (key.name == "Tab" || key.name == "PageDown" || key.name == "PageUp"))
-        window->turnPage(key.shift || key.name == "PageUp");
-    else if (key.character != 0 && key.control)
-        pressEditing(*window, key);
-    else if (key.character != 0)
-        pressCharacter(*window, key.character);
-    else
-        pressNamed(*window, key);
-}
-
-void ModelDriver::pressNamed(ui::Window& window, const script::KeyStroke& key) {
-    const std::string& name = key.name;
-    if (name == "Tab")
-        window.pressTab(key.shift);
-    else if (name == "Enter" && (key.shift || key.control) && window.breaksLines())
-        pressEditing(window, key);
-    else if (name == "Enter")
-        pressCharacter(window, ui::key::enter);
-    else if (name == "Escape")
-        pressCharacter(window, ui::key::escape);
-    else if (name == "Space")
-        pressCharacter(window, ui::key::space);
-    else if (name == "Down" && window.pressArrowDown())
-        return;
-    else if (name == "F1")
-        window.pressHelp(m_desktop);
-    else if (name == "F2")
-        window.pressOnCell(ui::key::enter);
-    else if (name == "F4")
-        window.pressLookup();
-    else if (name == "Delete" && !key.shift && !key.control && window.pressOnCell(ui::key::backspace))
-        return;
-    else if (name != "Backspace" || window.pressKey(ui::key::backspace) != 0)
-        pressEditing(window, key);
-}
-
-void ModelDriver::pressCharacter(ui::Window& window, char32_t character) {
-    ui::Control* const before = window.focus();
-    const char32_t kept = window.pressKey(character);
-    if (kept < ui::key::space || window.focus() == nullptr || window.focus() != before || !m_edits.contains(&window))
-        return;
-    m_edits.at(&window).insert(text::encode(kept));
-    takeOver(window);
-}
-
-void ModelDriver::pressArrow(ui::Window& window, const std::string& key) {
-    const bool backward = key == "Up" || key == "Left";
-    if (!backward && key != "Down" && key != "Right")
-        return;
-    if (window.pressArrow(backward))
-        return;
-    const int step = backward ? -1 : 1;
-    if (auto* grid = dynamic_cast<ui::Grid*>(window.focus())) {
-        const bool sideways = key == "Left" || key == "Right";
-        window.pickedCell(*grid, std::max(1, grid->currentRow() + (sideways ? 0 : step)),
-                          grid->currentColumn() + (sideways ? step : 0));
-    } else if (auto* box = dynamic_cast<ui::ComboBox*>(window.focus())) {
-        const int index = box->index() + step;
-        if (index >= 0 && index < static_cast<int>(box->items().size()))
-            window.picked(*box, index);
-    }
+    if (m_edits.contains(window))
+        edit(*window, *left);
+    else if (left->isAlone())
+        window->step(left->key);
 }
 
 // The focus first: a field that is left may keep it, and then nothing is picked.
@@ -141,26 +82,13 @@ std::string ModelDriver::selection() {
     return window != nullptr && m_edits.contains(window) ? m_edits.at(window).selection() : std::string{};
 }
 
-void ModelDriver::pressEditing(ui::Window& window, const script::KeyStroke& key) {
-    if (!m_edits.contains(&window)) {
-        pressArrow(window, key.name);
-        return;
-    }
-    ui::LineEdit& edit = m_edits.at(&window);
-    const char32_t letter = text::upper(key.character);
-    if (letter == U'V') {
+void ModelDriver::edit(ui::Window& window, const ui::KeyStroke& key) {
+    if (key.letterWithControl() == U'V')
         paste(window);
-        return;
-    }
-    if ((letter == U'C' || letter == U'X') && !edit.selection().empty())
-        m_clipboard = edit.selection();
-    if (letter == U'X')
-        edit.eraseSelection();
-    else if (key.name == "Enter")
-        edit.insert("\n");
     else
-        edit.press(key);
-    takeOver(window);
+        m_edits.at(&window).press(key, m_clipboard);
+    if (m_edits.contains(&window))
+        takeOver(window);
 }
 
 void ModelDriver::paste(ui::Window& window) {
@@ -168,7 +96,6 @@ void ModelDriver::paste(ui::Window& window) {
     if (passed.empty() || !m_edits.contains(&window))
         return;
     m_edits.at(&window).insert(text::replaced(passed, "\r\n", "\n"));
-    takeOver(window);
 }
 
 /// What was edited becomes the content of the field.

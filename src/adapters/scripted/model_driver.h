@@ -52,10 +52,7 @@ class ModelDriver final : public script::Driver {
     void closed(ui::Window& window) { m_edits.erase(&window); }
 
   private:
-    void pressNamed(ui::Window& window, const script::KeyStroke& key);
-    void pressCharacter(ui::Window& window, char32_t character);
-    void pressArrow(ui::Window& window, const std::string& key);
-    void pressEditing(ui::Window& window, const script::KeyStroke& key);
+    void edit(ui::Window& window, const ui::KeyStroke& key);
     void paste(ui::Window& window);
     void takeOver(ui::Window& window);
     void load(ui::Window& window);

@@ -8,8 +8,6 @@
 
 #include "base/text/text.h"
 
-#include <QTest>
-
 #include <gtest/gtest.h>
 
 namespace opd::qt {
@@ -32,27 +30,12 @@ template <class Form> struct Desk {
     }
 
     void type(const std::string& text) {
-        for (const char32_t character : text::decode(text)) {
-            script::KeyStroke key;
-            key.character = character;
-            hands.press(key);
-        }
+        for (const char32_t character : text::decode(text))
+            hands.press({.character = character});
     }
 
-    void press(const std::string& name, bool shift = false, bool control = false) {
-        script::KeyStroke key;
-        key.name = name;
-        key.shift = shift;
-        key.control = control;
-        hands.press(key);
-    }
-
-    void pressAlt(char character) {
-        script::KeyStroke key;
-        key.character = static_cast<char32_t>(character);
-        key.alt = true;
-        hands.press(key);
-    }
+    /// A stroke by its name, as scripts write it.
+    void press(const std::string& name) { hands.press(ui::keyStroke(name).value()); }
 };
 
 using SearchDesk = Desk<samples::SearchWindow>;

@@ -29,9 +29,7 @@ ui::Answer answerAfter(QtDesktop& desktop, const ui::Message& message, const std
             for (const auto& [x, text] : places)
                 *seen += "|" + text;
         }
-        script::KeyStroke stroke;
-        stroke.name = key;
-        hands::press(*box, stroke);
+        hands::press(*box, ui::keyStroke(key).value());
     });
     return desktop.ask(message);
 }

@@ -1,7 +1,5 @@
 #include "tests/adapters/qt/desk.h"
 
-#include <QTabWidget>
-
 #include <functional>
 
 namespace opd::qt {
@@ -30,12 +28,12 @@ struct FocusTest : testing::Test {
 TEST_F(FocusTest, ARefusalKeepsTheFocusWhicheverWayItWouldLeave) {
     const std::vector<std::pair<const char*, std::function<void()>>> ways{
         {"Tab", [this] { desk.press("Tab"); }},
-        {"Shift+Tab", [this] { desk.press("Tab", true); }},
+        {"Shift+Tab", [this] { desk.press("Shift+Tab"); }},
         {"click on a button", [this] { desk.hands.click(desk.form.search); }},
         {"click on another field", [this] { desk.hands.click(desk.form.lastName); }},
         {"click on an option", [this] { desk.hands.click(desk.form.male); }},
-        {"access key of a button", [this] { desk.pressAlt('s'); }},
-        {"access key of a field", [this] { desk.pressAlt('l'); }},
+        {"access key of a button", [this] { desk.press("Alt+s"); }},
+        {"access key of a field", [this] { desk.press("Alt+l"); }},
     };
     for (const auto& [name, leave] : ways) {
         asked = 0;
@@ -62,58 +60,8 @@ TEST_F(FocusTest, AnAcceptedMoveIsMadeOnceAndClicksOnce) {
     desk.hands.click(desk.form.search);
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(clicked, 1);
-    desk.pressAlt('s');
+    desk.press("Alt+s");
     EXPECT_EQ(clicked, 2);
-    desk.press("Space");
-    EXPECT_EQ(clicked, 3);
-    desk.pressAlt('f');
-    EXPECT_TRUE(desk.hands.isChecked(desk.form.female));
-    desk.press("Left");
-    EXPECT_TRUE(desk.hands.isChecked(desk.form.male));
-    EXPECT_FALSE(desk.hands.isChecked(desk.form.female));
-}
-
-TEST(QtFocus, EnterMovesOnWhereTheWindowSaysSoAndSelectsWhatIsThere) {
-    SearchDesk desk;
-    desk.form.onKeyPress = [&](ui::KeyPress& key) {
-        if (key.code == ui::key::enter)
-            desk.form.sendTab();
-    };
-    desk.form.lastName.setText("CRUZ");
-    EXPECT_TRUE(desk.hands.hasFocus(desk.form.txtHospNum));
-    desk.press("Enter");
-    EXPECT_TRUE(desk.hands.hasFocus(desk.form.lastName));
-    desk.type("REYES");
-    EXPECT_EQ(desk.form.lastName.text(), "REYES");
-}
-
-TEST(QtFocus, F4OpensTheLookupOfTheCodeThatHasTheFocus) {
-    RegistrationDesk desk;
-    int opened = 0;
-    desk.form.consultation.service2.lookup.onClick = [&] { ++opened; };
-    desk.form.setFocus(desk.form.consultation.service2.code);
-    desk.press("F4");
-    EXPECT_EQ(opened, 1);
-    EXPECT_TRUE(desk.hands.hasFocus(desk.form.consultation.service2.code));
-    desk.press("F4", true);
-    EXPECT_EQ(opened, 1);
-}
-
-TEST(QtFocus, PagesTurnByKeyAndByMouseAndTheFocusFollows) {
-    RegistrationDesk desk;
-    desk.press("Tab", false, true);
-    EXPECT_EQ(desk.form.tabOPD.current(), 1);
-    EXPECT_EQ(desk.widget<QTabWidget>("tabOPD")->currentIndex(), 1);
-    EXPECT_TRUE(desk.hands.hasFocus(*desk.form.focus()));
-    desk.hands.pickPage(desk.form.tabOPD, 3);
-    EXPECT_EQ(desk.form.tabOPD.current(), 3);
-    EXPECT_TRUE(desk.hands.hasFocus(desk.form.history.complaint));
-    desk.press("PageUp", false, true);
-    EXPECT_EQ(desk.form.tabOPD.current(), 2);
-    desk.form.setFocus(desk.form.personal.birthPlace);
-    hands::settle();
-    EXPECT_EQ(desk.widget<QTabWidget>("tabOPD")->currentIndex(), 0);
-    EXPECT_TRUE(desk.hands.hasFocus(desk.form.personal.birthPlace));
 }
 
 // The eye goes down a page in columns of groups, and inside a group by lines; Tab must do the same.

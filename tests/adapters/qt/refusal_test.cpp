@@ -47,7 +47,7 @@ TEST(QtRefusal, TheStatusLineSaysWhyTheFieldThatHasTheFocusIsRefused) {
     EXPECT_EQ(fromQt(line->text()), "A last name is needed.");
     desk.press("Tab");
     EXPECT_EQ(fromQt(line->text()), "");
-    desk.press("Tab", true);
+    desk.press("Shift+Tab");
     EXPECT_EQ(fromQt(line->text()), "A last name is needed.");
     desk.form.header.txtLastName.setRefusal("");
     EXPECT_EQ(fromQt(line->text()), "");

@@ -1,0 +1,140 @@
+#include "ui/window.h"
+
+#include <algorithm>
+
+namespace opd::ui {
+
+namespace {
+
+bool isArrow(Key key) {
+    return key == Key::Up || key == Key::Down || key == Key::Left || key == Key::Right;
+}
+
+bool isBackward(Key arrow) {
+    return arrow == Key::Up || arrow == Key::Left;
+}
+
+/// The character code of a stroke that a window looks at as a typed character; 0 for the others.
+char32_t typedCode(const KeyStroke& stroke) {
+    switch (stroke.key) {
+    case Key::Character:
+        return stroke.control ? 0 : stroke.character;
+    case Key::Enter:
+        return key::enter;
+    case Key::Escape:
+        return key::escape;
+    case Key::Backspace:
+        return key::backspace;
+    default:
+        return 0;
+    }
+}
+
+/// The entry of a list that a key leads to, which there may not be.
+int entryReached(const ComboBox& box, Key key) {
+    switch (key) {
+    case Key::Up:
+    case Key::PageUp:
+        return box.index() - 1;
+    case Key::Down:
+    case Key::PageDown:
+        return box.index() + 1;
+    case Key::Home:
+        return 0;
+    case Key::End:
+        return static_cast<int>(box.items().size()) - 1;
+    default:
+        return box.index();
+    }
+}
+
+} // namespace
+
+std::optional<KeyStroke> Window::press(const KeyStroke& stroke, Desktop& desktop) {
+    if (m_handling)
+        return std::nullopt;
+    if (stroke.alt && !stroke.control)
+        return pressWithAlt(stroke) ? std::nullopt : std::optional{stroke};
+    if (pressToMoveOn(stroke) || pressFunctionKey(stroke, desktop))
+        return std::nullopt;
+    if (isArrow(stroke.key) && pressArrowKey(stroke.key))
+        return std::nullopt;
+    return pressTyped(stroke);
+}
+
+bool Window::pressWithAlt(const KeyStroke& stroke) {
+    if (!stroke.isCharacter() || stroke.character <= key::space)
+        return false;
+    pressAccessKey(stroke.character);
+    return true;
+}
+
+bool Window::pressToMoveOn(const KeyStroke& stroke) {
+    if (stroke.key == Key::Tab && !stroke.control)
+        pressTab(stroke.shift);
+    else if (stroke.key == Key::Tab)
+        turnPage(stroke.shift);
+    else if ((stroke.key == Key::PageUp || stroke.key == Key::PageDown) && stroke.control)
+        turnPage(stroke.key == Key::PageUp);
+    else
+        return false;
+    return true;
+}
+
+bool Window::pressFunctionKey(const KeyStroke& stroke, Desktop& desktop) {
+    if (!stroke.isAlone())
+        return false;
+    switch (stroke.key) {
+    case Key::F1:
+        pressHelp(desktop);
+        return true;
+    case Key::F2:
+        return pressOnCell(key::enter);
+    case Key::F4:
+        return pressLookup();
+    case Key::Delete:
+        return pressOnCell(key::backspace);
+    default:
+        return false;
+    }
+}
+
+bool Window::pressArrowKey(Key arrow) {
+    if ((arrow == Key::Down && pressArrowDown()) || pressArrow(isBackward(arrow)))
+        return true;
+    // A button has nothing that an arrow could move in.
+    return m_focus == nullptr || m_focus->kind() == Kind::Button || m_focus->kind() == Kind::CheckBox;
+}
+
+std::optional<KeyStroke> Window::pressTyped(const KeyStroke& stroke) {
+    const char32_t code = typedCode(stroke);
+    const bool breaksLine = stroke.key == Key::Enter && (stroke.shift || stroke.control) && breaksLines();
+    if (code == 0 || breaksLine)
+        return stroke;
+    const Control* const before = m_focus;
+    KeyStroke left = stroke;
+    const char32_t taken = pressKey(code);
+    if (stroke.isCharacter())
+        left.character = taken;
+    const bool isLeft = stroke.isCharacter() ? taken >= key::space : stroke.key == Key::Backspace && taken == code;
+    return isLeft && m_focus != nullptr && m_focus == before ? std::optional{left} : std::nullopt;
+}
+
+void Window::step(Key key) {
+    if (m_focus == nullptr)
+        return;
+    if (m_focus->kind() == Kind::Grid && isArrow(key)) {
+        auto& grid = static_cast<Grid&>(*m_focus);
+        const int step = isBackward(key) ? -1 : 1;
+        const bool sideways = key == Key::Left || key == Key::Right;
+        pickedCell(grid, std::max(1, grid.currentRow() + (sideways ? 0 : step)),
+                   grid.currentColumn() + (sideways ? step : 0));
+    } else if (m_focus->kind() == Kind::ComboBox) {
+        auto& box = static_cast<ComboBox&>(*m_focus);
+        const int index = entryReached(box, key);
+        if (index != box.index() && index >= 0 && index < static_cast<int>(box.items().size()))
+            picked(box, index);
+    }
+}
+
+} // namespace opd::ui

@@ -104,9 +104,9 @@ class Window : public Container {
     /// moves in it; nothing when the window had a use for the stroke, refused it, or is busy with another event.
     std::optional<KeyStroke> press(const KeyStroke& stroke, Desktop& desktop);
 
-    /// What a key that `press` left over does on a desktop without widgets of its own: an arrow goes on in the cells of
-    /// a grid, an arrow, Home or End in the entries of a list.
-    void step(Key key);
+    /// What a stroke that `press` left over does on a desktop without widgets of its own: an arrow goes on in the cells
+    /// of a grid; an arrow, Home, End or the first letter of an entry in a list.
+    void step(const KeyStroke& stroke);
 
     // What `press` is made of
 

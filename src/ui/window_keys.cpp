@@ -1,5 +1,7 @@
 #include "ui/window.h"
 
+#include "base/text/text.h"
+
 #include <algorithm>
 
 namespace opd::ui {
@@ -30,9 +32,23 @@ char32_t typedCode(const KeyStroke& stroke) {
     }
 }
 
-/// The entry of a list that a key leads to, which there may not be.
-int entryReached(const ComboBox& box, Key key) {
-    switch (key) {
+/// The next entry of a list, round its end, that begins with a letter; the present one when there is none.
+int entryOfLetter(const ComboBox& box, char32_t letter) {
+    const int count = static_cast<int>(box.items().size());
+    for (int step = 1; step <= count; ++step) {
+        const int index = (box.index() + step) % count;
+        const std::u32string entry = text::decode(box.items()[static_cast<std::size_t>(index)]);
+        if (!entry.empty() && text::upper(entry.front()) == text::upper(letter))
+            return index;
+    }
+    return box.index();
+}
+
+/// The entry of a list that a stroke leads to, which there may not be.
+int entryReached(const ComboBox& box, const KeyStroke& stroke) {
+    switch (stroke.key) {
+    case Key::Character:
+        return entryOfLetter(box, stroke.character);
     case Key::Up:
     case Key::PageUp:
         return box.index() - 1;
@@ -120,8 +136,9 @@ std::optional<KeyStroke> Window::pressTyped(const KeyStroke& stroke) {
     return isLeft && m_focus != nullptr && m_focus == before ? std::optional{left} : std::nullopt;
 }
 
-void Window::step(Key key) {
-    if (m_focus == nullptr)
+void Window::step(const KeyStroke& stroke) {
+    const Key key = stroke.key;
+    if (m_focus == nullptr || stroke.control || stroke.alt)
         return;
     if (m_focus->kind() == Kind::Grid && isArrow(key)) {
         auto& grid = static_cast<Grid&>(*m_focus);
@@ -131,7 +148,7 @@ void Window::step(Key key) {
                    grid.currentColumn() + (sideways ? step : 0));
     } else if (m_focus->kind() == Kind::ComboBox) {
         auto& box = static_cast<ComboBox&>(*m_focus);
-        const int index = entryReached(box, key);
+        const int index = entryReached(box, stroke);
         if (index != box.index() && index >= 0 && index < static_cast<int>(box.items().size()))
             picked(box, index);
     }

@@ -178,11 +178,5 @@ TEST_F(Desk, AHospitalThatCannotBeOpenedIsOneClearLine) {
         expectOneLine(play(closeAtOnce, {"--database", at(folder)}), part);
 }
 
-TEST_F(Desk, AHospitalThatAnotherProgramHoldsIsOneClearLine) {
-    makeHospital("hospital");
-    const Outsider holder(at("hospital/hospital.db"), "pragma locking_mode = exclusive; begin exclusive");
-    expectOneLine(play(closeAtOnce, {"--database", at("hospital")}), "database");
-}
-
 } // namespace
 } // namespace opd

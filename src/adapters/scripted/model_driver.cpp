@@ -13,8 +13,8 @@ void ModelDriver::press(const script::KeyStroke& key) {
         return;
     if (m_edits.contains(window))
         edit(*window, *left);
-    else if (left->isAlone())
-        window->step(left->key);
+    else
+        window->step(*left);
 }
 
 // The focus first: a field that is left may keep it, and then nothing is picked.

@@ -173,7 +173,7 @@ TEST_F(Desk, AHospitalThatCannotBeOpenedIsOneClearLine) {
                                                                  {"empty", at("empty")},
                                                                  {"garbage", "is no database"},
                                                                  {"unreadable", "cannot be opened"},
-                                                                 {"newer", "belongs to another version"}};
+                                                                 {"newer", "belongs to a newer version"}};
     for (const auto& [folder, part] : cases)
         expectOneLine(play(closeAtOnce, {"--database", at(folder)}), part);
 }

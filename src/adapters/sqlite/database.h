@@ -13,9 +13,6 @@
 
 namespace opd::adapters::sqlite {
 
-/// The version of the schema, kept in the file's `user_version`.
-inline constexpr int schemaVersion = 3;
-
 /// The file of a database folder.
 std::filesystem::path databaseFile(const std::filesystem::path& folder);
 

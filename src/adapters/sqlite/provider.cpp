@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/procedures.h"
 #include "base/text/text.h"
 
@@ -179,16 +180,15 @@ void checkPermissions(const std::filesystem::path& file) {
         throw serverError("This user may only read it: nothing could be saved.", 3906, "25000");
 }
 
-/// Throws when the file is no hospital database, or one of another version.
-void checkVersion(Database& database, const std::string& folder) {
+/// Throws when the file is no hospital database, or one of a version that this program does not know yet.
+void checkVersion(const Database& database, const std::string& folder) {
     Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
-    if (!hospital.next())
+    if (!hospital.next() || versionOf(database) < 1)
         throw serverError("The file hospital.db in \"" + folder + "\" is not a hospital database.", 824, "08001");
-    Query version(database, "PRAGMA user_version");
-    const bool read = version.next();
-    if (!read || version.value(0) != ado::Value{std::int64_t{schemaVersion}})
+    if (versionOf(database) > schemaVersion())
         throw serverError("The database in \"" + folder +
-                              "\" belongs to another version of this program and cannot be used with this one.",
+                              "\" belongs to a newer version of this program and cannot be used with this one: install "
+                              "the newer one.",
                           948, "08001");
 }
 
@@ -213,6 +213,8 @@ class SqliteProvider final : public ado::Provider {
                               5133, "08001");
         auto link = opened(file);
         checkVersion(link->database(), folder);
+        if (versionOf(link->database()) < schemaVersion())
+            migrate(file, m_clock);
         guardDrawnNumbers(link->database());
         if (m_needOfLink)
             link->keep(m_needOfLink());

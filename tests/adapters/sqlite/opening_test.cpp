@@ -70,7 +70,7 @@ TEST(Opening, RefusesAnotherVersion) {
     const EmbeddedHospital hospital;
     EXPECT_EQ(messageOf(hospital.folder()), "");
     runShell(hospital.file(), "PRAGMA user_version = 99");
-    expectMessage(hospital.folder(), "another version");
+    expectMessage(hospital.folder(), "newer version");
 }
 
 TEST(Opening, SaysThatAnotherProgramHoldsTheFile) {

@@ -162,6 +162,24 @@ class Outsider {
     sqlite3* m_database = nullptr;
 };
 
+TEST_F(Desk, OpensAHospitalInTheShellOfTheDatabaseForReading) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "a shell without the sanitizer cannot load a library with it";
+#endif
+    makeHospital("hospital");
+    const std::string patient =
+        "select HospNum from Patient_Data_tbMaster where LastName = 'peña ' and FirstName like 'P%'";
+    EXPECT_EQ(runDesk({"sql", at("hospital"), patient}).output, "00000003\n");
+    EXPECT_EQ(runDesk({"sql", at("hospital")}, "pragma integrity_check;").output, "ok\n");
+    const std::string rename = "update Patient_Data_tbMaster set LastName = 'PINO' where HospNum = '00000003';";
+    EXPECT_NE(runDesk({"sql", at("hospital"), rename}).errors.find("readonly"), std::string::npos);
+    EXPECT_EQ(runDesk({"sql", at("hospital"), patient}).output, "00000003\n");
+    EXPECT_EQ(runDesk({"sql", "--write", at("hospital"), rename + patient}).output, "");
+    expectOneLine(runDesk({"sql", at("nowhere")}), "holds no hospital database");
+    const tests::Variable nothingInstalled("PATH", at("nowhere"));
+    expectOneLine(runDesk({"sql", at("hospital")}), "is not installed");
+}
+
 TEST_F(Desk, AHospitalThatCannotBeOpenedIsOneClearLine) {
     std::filesystem::create_directory(m_folder / "empty");
     std::filesystem::create_directory(m_folder / "garbage");

@@ -101,7 +101,4 @@ class Query {
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
 
-/// Registers the collations and the functions that the procedures use on a connection.
-void registerFunctions(sqlite3* handle, const Clock& clock);
-
 } // namespace opd::adapters::sqlite

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <fcntl.h>
-#include <sqlite3.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -88,6 +87,7 @@ TEST_F(Desk, AStartThatCannotBeSaysWhyInPlainWords) {
                                  std::filesystem::perm_options::add);
     expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "chmod 600 \"" + at("mine.ini") + "\"");
 
+    expectOneLine(play(closeAtOnce, {"--database", at("missing")}), at("missing"));
     makeHospital("hospital");
     std::filesystem::create_symlink(at("hospital/hospital.db"), at("trace"));
     expectOneLine(play(closeAtOnce, {"--database", at("hospital"), "--trace", at("trace")}), "is not followed");
@@ -146,22 +146,6 @@ TEST_F(Desk, TracesEveryStatementForItsOwnerAlone) {
     EXPECT_EQ(tests::modeOf(m_folder / "trace.txt"), 0600U);
 }
 
-/// Runs statements on a hospital's file from outside; the connection stays open as long as the object.
-class Outsider {
-  public:
-    Outsider(const std::string& file, const char* statements) {
-        EXPECT_EQ(sqlite3_open(file.c_str(), &m_database), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(m_database, statements, nullptr, nullptr, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(m_database);
-    }
-    ~Outsider() { sqlite3_close(m_database); }
-    Outsider(const Outsider&) = delete;
-    Outsider& operator=(const Outsider&) = delete;
-
-  private:
-    sqlite3* m_database = nullptr;
-};
-
 TEST_F(Desk, OpensAHospitalInTheShellOfTheDatabaseForReading) {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     GTEST_SKIP() << "a shell without the sanitizer cannot load a library with it";
@@ -178,28 +162,6 @@ TEST_F(Desk, OpensAHospitalInTheShellOfTheDatabaseForReading) {
     expectOneLine(runDesk({"sql", at("nowhere")}), "holds no hospital database");
     const tests::Variable nothingInstalled("PATH", at("nowhere"));
     expectOneLine(runDesk({"sql", at("hospital")}), "is not installed");
-}
-
-TEST_F(Desk, AHospitalThatCannotBeOpenedIsOneClearLine) {
-    std::filesystem::create_directory(m_folder / "empty");
-    std::filesystem::create_directory(m_folder / "garbage");
-    writeFile(m_folder / "garbage" / "hospital.db", std::string(8192, 'x'));
-    std::filesystem::create_directories(m_folder / "unreadable" / "hospital.db");
-    makeHospital("newer");
-    { const Outsider later(at("newer/hospital.db"), "pragma user_version = 9999"); }
-    const std::vector<std::pair<const char*, std::string>> cases{{"missing", at("missing")},
-                                                                 {"empty", at("empty")},
-                                                                 {"garbage", "is no database"},
-                                                                 {"unreadable", "cannot be opened"},
-                                                                 {"newer", "belongs to a newer version"}};
-    for (const auto& [folder, part] : cases)
-        expectOneLine(play(closeAtOnce, {"--database", at(folder)}), part);
-}
-
-TEST_F(Desk, AHospitalThatAnotherProgramHoldsIsOneClearLine) {
-    makeHospital("hospital");
-    const Outsider holder(at("hospital/hospital.db"), "pragma locking_mode = exclusive; begin exclusive");
-    expectOneLine(play(closeAtOnce, {"--database", at("hospital")}), "database");
 }
 
 } // namespace

@@ -60,8 +60,9 @@ class WholeStep {
 
 class SqliteLink final : public ado::Link {
   public:
-    SqliteLink(const std::filesystem::path& file, const Clock& clock)
+    SqliteLink(const std::filesystem::path& file, const Clock& clock, std::chrono::milliseconds patience)
         : m_database(file, Database::Mode::Existing, clock), m_catalog(m_database) {
+        m_database.setPatience(patience);
         m_database.run("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL; PRAGMA temp_store = MEMORY");
     }
 
@@ -194,7 +195,8 @@ void checkVersion(const Database& database, const std::string& folder) {
 
 class SqliteProvider final : public ado::Provider {
   public:
-    SqliteProvider(const Clock& clock, NeedOfLink needOfLink) : m_clock(clock), m_needOfLink(std::move(needOfLink)) {}
+    SqliteProvider(const Clock& clock, NeedOfLink needOfLink, std::chrono::milliseconds patience)
+        : m_clock(clock), m_needOfLink(std::move(needOfLink)), m_patience(patience) {}
 
     bool serves(const ado::ConnectionString& settings) const override { return ado::isFolder(settings.dataSource()); }
 
@@ -226,7 +228,7 @@ class SqliteProvider final : public ado::Provider {
     std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file) const {
         try {
             checkPermissions(file);
-            auto link = std::make_unique<SqliteLink>(file, m_clock);
+            auto link = std::make_unique<SqliteLink>(file, m_clock, m_patience);
             Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();
             return link;
         } catch (const ado::Error& error) {
@@ -237,12 +239,14 @@ class SqliteProvider final : public ado::Provider {
 
     const Clock& m_clock;
     NeedOfLink m_needOfLink;
+    std::chrono::milliseconds m_patience;
 };
 
 } // namespace
 
-std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock, NeedOfLink needOfLink) {
-    return std::make_shared<SqliteProvider>(clock, std::move(needOfLink));
+std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock, NeedOfLink needOfLink,
+                                                  std::chrono::milliseconds patience) {
+    return std::make_shared<SqliteProvider>(clock, std::move(needOfLink), patience);
 }
 
 } // namespace opd::adapters::sqlite

@@ -2,7 +2,6 @@
 #include "adapters/sqlite/hospital.h"
 
 #include <algorithm>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -87,22 +86,11 @@ TEST(Generator, TellsItsProgressAndLeavesOneWholeFile) {
         EXPECT_EQ(entry.path().filename(), "hospital.db");
 }
 
-TEST(Generator, RefusesAFolderThatIsNotEmptyAndLeavesItAsItWas) {
-    const TemporaryFolder folder;
-    std::ofstream(folder.path() / "letter.txt") << "kept";
-    EXPECT_THROW(createDatabase(folder.path(), {}, {}), std::runtime_error);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
-}
-
-TEST(Generator, ThatIsInterruptedLeavesNoDatabase) {
+TEST(Generator, LeavesNoDatabaseWhenItIsInterrupted) {
     const TemporaryFolder folder;
     EXPECT_THROW(createDatabase(folder.path(), {}, [](int, int) { throw std::runtime_error("stop"); }),
                  std::runtime_error);
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
-    std::ofstream(folder.path() / "hospital.db.unfinished") << "what a killed run leaves";
-    std::ofstream(folder.path() / "hospital.db.unfinished-journal") << "and its journal";
-    EXPECT_NO_THROW(createDatabase(folder.path(), {}, {}));
-    EXPECT_FALSE(dumpOf(folder.path()).empty());
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/hospital.h"
 #include "adapters/sqlite/migrations.h"
-#include "adapters/sqlite/save_statements.h"
+#include "contract/save_statements.h"
 #include "support/files.h"
 #include "support/sql.h"
 

@@ -1,6 +1,6 @@
 // Two desks on one file, and a desk that is killed.
 #include "adapters/sqlite/hospital.h"
-#include "adapters/sqlite/save_statements.h"
+#include "contract/save_statements.h"
 #include "support/sql.h"
 
 #include <csignal>

@@ -220,7 +220,7 @@ TEST_F(Faults, AKillAtEveryStatementLeavesAWholeRegistrationOrNone) {
     EXPECT_GT(statement, 20);
 }
 
-TEST_F(Faults, ALockOfTenSecondsIsWaitedForAndALongerOneLosesNothing) {
+TEST_F(Faults, ALockIsWaitedForAndOneThatOutlivesThePatienceLosesNothing) {
     const auto holdLock = [&](std::chrono::milliseconds time) {
         int ready[2];
         EXPECT_EQ(pipe(ready), 0);
@@ -249,14 +249,14 @@ TEST_F(Faults, ALockOfTenSecondsIsWaitedForAndALongerOneLosesNothing) {
     });
     auto form = hospital.open(newPatient);
     fill(*form, "PATIENT");
-    pid_t other = holdLock(10s);
+    pid_t other = holdLock(2s);
     const auto begun = std::chrono::steady_clock::now();
     EXPECT_FALSE(staysOpenAfterRegister(hospital, *form));
-    EXPECT_GE(std::chrono::steady_clock::now() - begun, 9s);
+    EXPECT_GE(std::chrono::steady_clock::now() - begun, 1800ms);
     waitpid(other, nullptr, 0);
     EXPECT_EQ(hospital.desktop.messages.size(), 1U) << lastMessage();
     EXPECT_TRUE(told("was registered as"));
-    EXPECT_GT(waits, 30) << "the window stands still meanwhile";
+    EXPECT_GT(waits, 5) << "the window stands still meanwhile";
     EXPECT_FALSE(stillWaits);
 
     connection.setPatience(100ms); // longer than any patience
@@ -276,10 +276,10 @@ TEST_F(Faults, ALockOfTenSecondsIsWaitedForAndALongerOneLosesNothing) {
     // Behind the commit the same lock is waited for: the visit stands already.
     form = hospital.open(newPatient);
     fill(*form, "COMMITTED");
-    connection.setPatience(1s);
+    connection.setPatience(300ms);
     connection.setTrace([&](const std::string& statement) {
         if (statement.find("sp_Adm_UpdateMaster2") != std::string::npos)
-            other = holdLock(2s);
+            other = holdLock(600ms);
     });
     EXPECT_FALSE(staysOpenAfterRegister(hospital, *form)) << lastMessage();
     connection.setTrace({});

@@ -3,6 +3,9 @@
 #include "contract/save_statements.h"
 #include "support/sql.h"
 
+#include <set>
+#include <sys/wait.h>
+
 namespace opd::tests {
 namespace {
 
@@ -101,6 +104,39 @@ TEST_P(Contract, NeverPutsANewPatientOrVisitInThePlaceOfAnother) {
     connection->Execute("Update Patient_Data..tbCounter set Last = '0' where Name = 'FileNum'");
     EXPECT_EQ(fileNumber("00000003"), Rows{"2"});
     EXPECT_EQ(fileNumber(next), Rows{"1"});
+}
+
+/// Draws numbers in a process of its own, which writes them down in the file and ends with status 0.
+pid_t drawElsewhere(Hospital& hospital, std::FILE* file) {
+    const pid_t child = fork();
+    if (child != 0)
+        return child;
+    try {
+        const auto connection = hospital.connect();
+        for (int i = 0; i < 150; ++i)
+            std::fprintf(file, "%s %s\n", newHospNum(*connection).c_str(), newOpdNumber(*connection).c_str());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "child: %s\n", error.what());
+        _exit(1);
+    }
+    _exit(std::fflush(file));
+}
+
+TEST_P(Contract, DrawsEveryNumberOnceForTwoDesksAtATime) {
+    connection->Close();
+    std::FILE* const files[] = {std::tmpfile(), std::tmpfile()};
+    const pid_t desks[] = {drawElsewhere(*hospital, files[0]), drawElsewhere(*hospital, files[1])};
+    std::set<std::string> numbers;
+    for (int desk = 0; desk < 2; ++desk) {
+        int status = -1;
+        waitpid(desks[desk], &status, 0);
+        EXPECT_EQ(status, 0);
+        std::rewind(files[desk]);
+        for (char number[16]; std::fscanf(files[desk], "%15s", number) == 1;)
+            EXPECT_TRUE(numbers.insert(number).second) << number << " was given twice";
+        std::fclose(files[desk]);
+    }
+    EXPECT_EQ(numbers.size(), 600U);
 }
 
 } // namespace

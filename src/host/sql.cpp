@@ -15,6 +15,7 @@ namespace {
 /// The shell takes the place of this program: its input, output and status are the shell's.
 [[noreturn]] void become(std::vector<std::string> words) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);

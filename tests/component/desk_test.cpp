@@ -116,14 +116,18 @@ TEST_F(Desk, AHospitalIsForOwnerAndGroupAndCanBeMadeAgainAfterAKill) {
     expectOneLine(runDesk({"create-database", at("hospital")}), "not empty");
 }
 
-TEST_F(Desk, OpensTheHospitalThatTheStoreNames) {
+TEST_F(Desk, OpensTheHospitalThatTheStoreNamesAndTracesEveryStatementForItsOwnerAlone) {
     makeHospital("hospital");
     ASSERT_EQ(runDesk({"configure", "--server", at("hospital"), "--settings", at("mine.ini")}).status, 0);
+    writeFile(m_folder / "trace.txt", "of an earlier run\n");
     const Outcome shown = play("expect txtName(0) \"CRUZ\"\nprint Command1(2)\nclick Command1(2)\n",
-                               {"--settings", at("mine.ini"), "--search", "CRUZ"});
+                               {"--settings", at("mine.ini"), "--search", "CRUZ", "--trace", at("trace.txt")});
     EXPECT_EQ(shown.status, 0) << shown.errors;
-    EXPECT_EQ(shown.output, "&Close\n");
-    EXPECT_EQ(shown.errors, "");
+    EXPECT_EQ(shown.output + shown.errors, "&Close\n");
+    const std::string trace = contentOf(m_folder / "trace.txt");
+    EXPECT_TRUE(trace.starts_with("Select top 1 isnull(ClientName,'') as ClientName, ")) << trace;
+    EXPECT_TRUE(trace.ends_with("\nselect * from Patient_Data..tbHospitalInfo\n")) << trace;
+    EXPECT_EQ(tests::modeOf(m_folder / "trace.txt"), 0600U);
 }
 
 TEST_F(Desk, AFailedScriptSaysWhere) {
@@ -133,17 +137,6 @@ TEST_F(Desk, AFailedScriptSaysWhere) {
     expectOneLine(play("no such command\n", {"--database", at("hospital")}), "script.opd:1: ");
     expectOneLine(runDesk({"run", "--desktop", "scripted", "--database", at("hospital"), "--script", at("none.opd")}),
                   "none.opd");
-}
-
-TEST_F(Desk, TracesEveryStatementForItsOwnerAlone) {
-    makeHospital("hospital");
-    writeFile(m_folder / "trace.txt", "of an earlier run\n");
-    const Outcome shown = play(closeAtOnce, {"--database", at("hospital"), "--trace", at("trace.txt")});
-    ASSERT_EQ(shown.status, 0) << shown.errors;
-    const std::string trace = contentOf(m_folder / "trace.txt");
-    EXPECT_TRUE(trace.starts_with("Select top 1 isnull(ClientName,'') as ClientName, ")) << trace;
-    EXPECT_TRUE(trace.ends_with("\nselect * from Patient_Data..tbHospitalInfo\n")) << trace;
-    EXPECT_EQ(tests::modeOf(m_folder / "trace.txt"), 0600U);
 }
 
 TEST_F(Desk, OpensAHospitalInTheShellOfTheDatabaseForReading) {

@@ -1,4 +1,4 @@
-// What a save writes beside the fields of the form comes back through the loaders, and no number is given twice.
+// No number is given twice, and no record takes the place of another.
 #include "contract/contract.h"
 #include "contract/save_statements.h"
 #include "support/sql.h"
@@ -8,61 +8,6 @@
 
 namespace opd::tests {
 namespace {
-
-TEST_P(Contract, BringsBackTheRecordsBesideAVisit) {
-    const std::string number = newHospNum(*connection), visit = newOpdNumber(*connection) + "B";
-    const auto expectRow = [&](const std::string& statement,
-                               const std::vector<std::pair<const char*, std::string>>& columns) {
-        const ado::Recordset row = connection->Execute(sql("Patient_Data.." + statement));
-        ASSERT_FALSE(row.EndOfFile()) << statement;
-        for (const auto& [column, expected] : columns)
-            EXPECT_EQ(row.Fields(column).asText(), expected) << statement << " " << column;
-    };
-    run("sp_aopd_Update_TbMaster", masterValues(number, visit));
-    run("sp_AOPD_UpdateOPDHistory", historyValues(number, visit));
-    run("sp_aopd_Update_tbOutpatient", visitValues(number, visit));
-    for (int position = 1; position <= 3; ++position)
-        run("OPD_Update_AdditionalDr", {visit, "D00" + std::to_string(position + 2), std::to_string(position)});
-    run("sp_AOPD_Save_TbMasterAllergies", {number, "A1", "", "A3", "", "A5"});
-    connection->Execute(
-        sql("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '" + number + "', 1, 0, 1, 0, 0, 1, 0, 1, 'GOUT'"));
-    connection->Execute(
-        sql("Update Patient_data..tbOutPatient set isChemo = '1', isHemodialysis = '0', isRadiotherapy = '0', "
-            "ExpirationDate = '12/31/2026 00:00:00', isForDeposit = '1' where IDnum = '" +
-            visit + "'"));
-    connection->Execute(
-        sql("Update Patient_data..tbOutPatient set isWalkIn = '1', OPDStatus = 'W' where IDnum = '" + visit + "'"));
-    run("sp_AOPD_SaveHMOLOA", {visit, "LOA-1", "1500.50", "07/01/2026 08:00:00", "RECEIVER", "", "APPROVED", "NOTE"});
-    run("sp_AOPD_InsertUpdateOutProfile", {number, visit, "", "", "", "", "", "", "", "", "06/15/2026", "2"});
-
-    expectRow("sp_aopd_LoadOutPatient '" + visit + "'", {{"DiagnosisID1", "DX1"},
-                                                         {"DiagnosisID3", "DX3"},
-                                                         {"Findings", "FINDINGS"},
-                                                         {"Medications", "MEDICATIONS"},
-                                                         {"DoctorID3", "D003"},
-                                                         {"DoctorID4", "D004"},
-                                                         {"DoctorID5", "D005"},
-                                                         {"isWalkin", "True"},
-                                                         {"opdstatus", "W"}});
-    expectRow("sp_Aopd_LoadAllergies '" + number + "'",
-              {{"AllergyID1", "A1"}, {"AllergyID2", ""}, {"AllergyID5", "A5"}});
-    expectRow("proc_Adm_Search_tbMasterMedicalHistory '" + number + "'", {{"Hypertension", "1"},
-                                                                          {"Diabetes", "0"},
-                                                                          {"Tubercolosis", "0"},
-                                                                          {"PepticUlcer", "1"},
-                                                                          {"BronchialAsthma", "1"},
-                                                                          {"Others", "GOUT"}});
-    expectRow("sp_AOPD_LoadOutProfile '" + visit + "'", {{"LMP", "06/15/2026"}});
-    EXPECT_EQ(rows("Select isChemo, isHemodialysis, isForDeposit, ExpirationDate from "
-                   "Patient_Data..tbOutPatient where IDNUm = '" +
-                   visit + "'"),
-              Rows{"True|False|True|12/31/2026"});
-    EXPECT_EQ(rows("Select IDNum, IsNull(ApprovalNo,'') ApprovalNo, IsNull(LOAAmount,0) LOAAmount, "
-                   "LOADateInformed, LOADateReceived, IsNull(LOAStatus,'') LOAStatus From "
-                   "Patient_Data..tbOpdHMOLOA Where IDNum = '" +
-                   visit + "'"),
-              Rows{visit + "|LOA-1|1500.5|07/01/2026 08:00:00|-|APPROVED"});
-}
 
 TEST_P(Contract, NeverPutsANewPatientOrVisitInThePlaceOfAnother) {
     const auto writePatient = [&](ado::Connection& by, const std::string& patient, const std::string& ofVisit) {

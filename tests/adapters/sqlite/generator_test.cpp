@@ -71,26 +71,22 @@ TEST(Generator, UsesOnlyCodesThatTheReferenceFilesHave) {
     }
 }
 
-TEST(Generator, TellsItsProgressAndLeavesOneWholeFile) {
+TEST(Generator, TellsItsProgressAndLeavesOneWholeFileOrNone) {
     const TemporaryFolder folder;
-    int last = 0;
     DatabaseOptions options;
     options.patients = 250;
-    createDatabase(folder.path() / "new", options, [&](int done, int total) {
+    int last = 0;
+    EXPECT_THROW(createDatabase(folder.path(), options, [](int, int) { throw std::runtime_error("stop"); }),
+                 std::runtime_error);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+    createDatabase(folder.path(), options, [&](int done, int total) {
         EXPECT_EQ(total, 250);
         EXPECT_GT(done, last);
         last = done;
     });
     EXPECT_EQ(last, 250);
-    for (const auto& entry : std::filesystem::directory_iterator(folder.path() / "new"))
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
         EXPECT_EQ(entry.path().filename(), "hospital.db");
-}
-
-TEST(Generator, LeavesNoDatabaseWhenItIsInterrupted) {
-    const TemporaryFolder folder;
-    EXPECT_THROW(createDatabase(folder.path(), {}, [](int, int) { throw std::runtime_error("stop"); }),
-                 std::runtime_error);
-    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The reference files are long enough to need searching, fit together, and keep the codes that people know by heart.
+// The reference files are long enough to need searching, and fit together.
 #include "adapters/sqlite/hospital.h"
 
 #include <algorithm>
@@ -68,24 +68,6 @@ TEST_F(ReferenceFiles, GiveEveryDoctorServicesThatExistAndDaysOfTheWeek) {
         EXPECT_EQ(days.find_first_not_of("0123456"), std::string::npos) << days;
         EXPECT_EQ(std::set<char>(days.begin(), days.end()).size(), days.size()) << days;
     }
-}
-
-TEST_F(ReferenceFiles, KeepTheCodesThatRulesAndPeopleKnow) {
-    const struct {
-        const char* what;
-        const char* row;
-    } known[] = {
-        {"Service from Build_File..tbCoService where ServiceID = '9'", "GYNECOLOGY"},
-        {"Service from Build_File..tbCoService where ServiceID = '13'", "NEWBORN"},
-        {"Service from Build_File..tbCoService where ServiceID = '14'", "PEDIATRICS"},
-        {"Service from Build_File..tbCoService where ServiceID = '16'", "OBSTETRICS"},
-        {"Company, Class from Build_File..tbCoCompany where AccountNum = 'PHIC'", "NATIONAL HEALTH INSURANCE|P"},
-        {"Company, Class from Build_File..tbCoCompany where AccountNum = 'PHILHEAL'", "NATIONAL HEALTH INSURANCE|P"},
-        {"Class from Build_File..tbCoCompany where AccountNum = 'EMP-01'", "S"},
-        {"Class from Build_File..tbCoCompany where AccountNum = 'RW-E'", "M"},
-    };
-    for (const auto& [what, row] : known)
-        EXPECT_EQ(rows(what), std::vector<std::string>{row}) << what;
 }
 
 } // namespace

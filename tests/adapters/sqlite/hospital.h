@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/create_database.h"
+#include "adapters/sqlite/database.h"
 #include "adapters/sqlite/provider.h"
 #include "contract/hospital.h"
 #include "support/temporary_folder.h"
@@ -31,6 +32,12 @@ class EmbeddedHospital final : public Hospital {
     }
 
     FixedClock& clock() { return m_clock; }
+    /// Past everything that a connection checks.
+    void runAsAdministrator(const std::string& statements) {
+        using adapters::sqlite::Database;
+        Database(file(), Database::Mode::Existing, m_clock).run(statements);
+    }
+
     void setClock(const DateTime& moment) override { m_clock.moment = moment; }
 
   private:

@@ -24,10 +24,9 @@ void registerFrom(const std::filesystem::path& file) {
 std::string scriptFor(const std::vector<std::string>& patients) {
     std::string script = "expect-window frmMasterSearch\nclick Command1(2)\nexpect-window frmMasterSearch\n";
     for (const std::string& patient : patients)
-        script += "type txtHospNum \"" + patient +
-                  "\"\nwait 600\nkey Enter\nexpect-window frmRegistration\nanswer \"OK\" like \".* was registered as "
-                  "Hosp\\. # \\(" +
-                  patient + "\\) and Case # .*\"\n" + "click cmdSave\nexpect-window frmMasterSearch\n";
+        script.append("type txtHospNum \"" + patient + "\"\nwait 600\nkey Enter\nexpect-window frmRegistration\n")
+            .append("answer \"OK\" like \".* was registered as Hosp\\. # \\(" + patient + "\\) and Case # .*\"\n")
+            .append("click cmdSave\nexpect-window frmMasterSearch\n");
     return script + "click Command1(2)\n";
 }
 

@@ -4,7 +4,7 @@
 #include "adapters/sqlite/database.h"
 #include "adapters/sqlite/provider.h"
 #include "contract/hospital.h"
-#include "support/temporary_folder.h"
+#include "support/files.h"
 
 #include <filesystem>
 #include <memory>
@@ -12,13 +12,20 @@
 namespace opd::tests {
 
 /// The embedded database in a temporary folder.
-class EmbeddedHospital final : public Hospital {
+class EmbeddedHospital : public Hospital {
   public:
     explicit EmbeddedHospital(int patients = 12) {
         adapters::sqlite::DatabaseOptions options;
         options.patients = patients;
         options.now = generationDay;
         adapters::sqlite::createDatabase(folder(), options, {});
+        m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(m_clock));
+    }
+    /// Made by the statements of a file.
+    explicit EmbeddedHospital(const std::filesystem::path& statements) {
+        std::filesystem::create_directory(folder());
+        adapters::sqlite::Database(file(), adapters::sqlite::Database::Mode::Create, m_clock)
+            .run(contentOf(statements));
         m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(m_clock));
     }
 

@@ -1,9 +1,7 @@
 // Hospitals that older versions of this program left are brought to this one's, or stay as they are.
-#include "adapters/sqlite/database.h"
 #include "adapters/sqlite/hospital.h"
 #include "adapters/sqlite/migrations.h"
 #include "contract/save_statements.h"
-#include "support/files.h"
 #include "support/sql.h"
 
 #include <csignal>
@@ -45,25 +43,14 @@ std::vector<std::string> schemaOf(const std::filesystem::path& file) {
     return schema;
 }
 
-/// A hospital as an older version left it, in a folder of its own.
-class OldHospital {
+/// A hospital as an older version left it.
+class OldHospital final : public EmbeddedHospital {
   public:
-    explicit OldHospital(int version) : m_file(m_folder / "hospital.db") {
-        m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(clockOfTest));
-        Database database(m_file, Database::Mode::Create, clockOfTest);
-        database.run(
-            contentOf(std::filesystem::path{OPD_OLD_HOSPITALS} / ("version-" + std::to_string(version) + ".sql")));
+    explicit OldHospital(int version)
+        : EmbeddedHospital(std::filesystem::path{OPD_OLD_HOSPITALS} / ("version-" + std::to_string(version) + ".sql")) {
     }
 
-    std::filesystem::path folder() const { return m_folder.path(); }
-    std::filesystem::path file() const { return m_file; }
-    std::filesystem::path copy(const std::string& version) const { return m_file.string() + ".version-" + version; }
-
-    std::unique_ptr<ado::Connection> connect() {
-        auto connection = std::make_unique<ado::Connection>(m_providers);
-        connection->Open("Data Source=" + folder().string());
-        return connection;
-    }
+    std::filesystem::path copy(const std::string& version) const { return file().string() + ".version-" + version; }
 
     /// Opens it in a process of its own, which may be killed.
     pid_t openElsewhere(const std::function<void()>& before = {}) {
@@ -79,11 +66,6 @@ class OldHospital {
         }
         _exit(0);
     }
-
-  private:
-    TemporaryFolder m_folder;
-    std::filesystem::path m_file;
-    ado::Providers m_providers;
 };
 
 int statusOf(pid_t child) {
@@ -143,12 +125,9 @@ TEST(Migrations, ThatFailLeaveTheOldHospitalAndNoCopy) {
         const rlimit full{std::filesystem::file_size(hospital.file()) / 2, RLIM_INFINITY};
         setrlimit(RLIMIT_FSIZE, &full);
     });
-    const auto runByAdministrator = [&](const char* sql) {
-        Database(hospital.file(), Database::Mode::Existing, clockOfTest).run(sql);
-    };
-    runByAdministrator("CREATE TABLE NewMaster (Remark TEXT)"); // a name that the second step needs
+    hospital.runAsAdministrator("CREATE TABLE NewMaster (Remark TEXT)"); // a name that the second step needs
     expectAsItWas(schemaOf(hospital.file()), {});
-    runByAdministrator("DROP TABLE NewMaster");
+    hospital.runAsAdministrator("DROP TABLE NewMaster");
     EXPECT_EQ(statusOf(hospital.openElsewhere()), 0);
 }
 

@@ -3,7 +3,7 @@
 include(GNUInstallDirs)
 set(OPD_HOME ${CMAKE_INSTALL_LIBDIR}/opd-registration)
 
-install(TARGETS opd-base opd-ado opd-com opd-ui opd-script opd-component opd-codesearch opd-desktop-qt opd-camera-qt opd-desk
+install(TARGETS opd-base opd-ado opd-com opd-ui opd-script opd-component opd-codesearch opd-desktop-qt opd-camera-qt opd-hospital-sql opd-desk
   RUNTIME DESTINATION ${OPD_HOME} LIBRARY DESTINATION ${OPD_HOME})
 install(FILES Reports/DataSheet.rpt DESTINATION ${OPD_HOME}/Reports)
 install(CODE "

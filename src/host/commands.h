@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 /// The commands of the host program. Each throws std::runtime_error (or a descendant) with one clear message.
 namespace opd::host {
@@ -28,6 +29,12 @@ struct RunOptions {
     std::string now; ///< "MM/dd/yyyy hh:mm", where the desk's clock stands; it runs without it
 };
 
+struct SqlOptions {
+    std::string folder;
+    std::vector<std::string> statements; ///< those of the input without them
+    bool writable = false;
+};
+
 /// Makes an embedded hospital in a folder that is new or empty. Shows its progress when standard error is a terminal.
 void createHospital(const std::filesystem::path& folder, const adapters::sqlite::DatabaseOptions& options);
 
@@ -36,5 +43,8 @@ void configure(const ConfigureOptions& options);
 
 /// Plays the host of the component: shows the search again and again until the clerk closes it.
 void run(const RunOptions& options);
+
+/// Becomes the SQLite shell, opened on a hospital with its collations and functions; returns only by an exception.
+void sql(const SqlOptions& options);
 
 } // namespace opd::host

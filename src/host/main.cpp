@@ -30,6 +30,7 @@ struct CommandLine {
     std::string hospitalsDay;
     host::ConfigureOptions settings;
     host::RunOptions session;
+    host::SqlOptions shell;
     std::function<void()> command;
 
     CommandLine() {
@@ -39,11 +40,12 @@ struct CommandLine {
         addCreateDatabase();
         addConfigure();
         addRun();
+        addSql();
     }
 
     /// Throws unless the words were understood, naming the first that was not.
     void refuseUnknownWords() const {
-        const std::string commands = "There are create-database, configure and run.";
+        const std::string commands = "There are create-database, configure, run and sql.";
         const std::vector<std::string> unknown = app.remaining(true);
         if (!unknown.empty() && app.get_subcommands().empty())
             throw std::runtime_error("There is no command \"" + unknown.front() + "\". " + commands);
@@ -108,6 +110,14 @@ struct CommandLine {
             ->check(moment);
         sub->add_option("--camera-file", session.cameraFile, "Picture that stands in for the camera");
         sub->callback([this] { command = [this] { host::run(session); }; });
+    }
+
+    void addSql() {
+        CLI::App* sub = app.add_subcommand("sql", "Open the SQLite shell on a hospital.");
+        sub->add_option("FOLDER", shell.folder, "Folder of a hospital")->required();
+        sub->add_option("STATEMENT", shell.statements, "What the shell runs; its input without one");
+        sub->add_flag("--write", shell.writable, "Let the shell change the hospital; no desk may be working");
+        sub->callback([this] { command = [this] { host::sql(shell); }; });
     }
 };
 

@@ -129,12 +129,6 @@ TEST_F(Component, MayBeUnloadedWhenNothingOfItIsLeft) {
     EXPECT_EQ(canUnload(), com::ok);
 }
 
-TEST_F(Component, UnregisteringMakesTheClassUnknown) {
-    const os::Library library{tests::componentLibrary()};
-    EXPECT_EQ(library.function<com::UnregisterServerExport>(com::exportedNames.unregisterServer)(), com::ok);
-    EXPECT_THROW(com::createInstance(initDllProgramId, iidInitDLL), com::Error);
-}
-
 TEST_F(Component, AnswersConnectionSettingsByTheirKind) {
     EXPECT_EQ(connStr(1), "sa");
     EXPECT_EQ(connStr(2), "secret");
@@ -187,18 +181,15 @@ TEST_F(Component, WithoutAConnectionNothingIsShownAndTheHostIsToldWhy) {
         .join();
 }
 
-TEST_F(Component, AFailedSettingsQueryReachesTheHostWithTheDatabasesMessage) {
+TEST_F(Component, WhatHindersTheSearchReachesTheHost) {
     ASSERT_EQ(handOverConnection(), com::ok);
+    const os::Library library{tests::codeSearchLibrary()};
+    library.function<com::UnregisterServerExport>(com::exportedNames.unregisterServer)();
+    EXPECT_EQ(m_component->InitSetup(), com::errorClassNotRegistered);
+    EXPECT_NE(com::lastErrorText().find("\"Trellicode.clsCodeSearch\""), std::string::npos) << com::lastErrorText();
     m_server->failOn("Select top 1", "Invalid object name 'tbHospitalInfo'.");
     EXPECT_EQ(m_component->InitSetup(), com::errorFail);
     EXPECT_EQ(com::lastErrorText(), "Invalid object name 'tbHospitalInfo'.");
-}
-
-TEST_F(Component, AnUnregisteredCodeSearchReachesTheHost) {
-    ASSERT_EQ(handOverConnection(), com::ok);
-    com::unregisterClass("Trellicode.clsCodeSearch");
-    EXPECT_EQ(m_component->InitSetup(), com::errorClassNotRegistered);
-    EXPECT_NE(com::lastErrorText().find("\"Trellicode.clsCodeSearch\""), std::string::npos) << com::lastErrorText();
 }
 
 TEST_F(Component, ShowsTheSearchWithTheHostsTextUntilTheClerkClosesIt) {
@@ -222,10 +213,6 @@ TEST_F(Component, ShowsTheSearchWithTheHostsTextUntilTheClerkClosesIt) {
     EXPECT_EQ(m_connection->State(), 1) << "the connection stays the host's";
 }
 
-TEST_F(Component, KeepsAnObjectForTheHost) {
-    EXPECT_EQ(m_component->sSearcherObject(nullptr), com::ok);
-}
-
 TEST_F(Component, AnArgumentThatCannotBeIsDescribedByTheMemberThatRefusesIt) {
     const std::int32_t kind = 1;
     const auto describedAs = [](com::HResult result, com::HResult wanted, const char* part) {
@@ -236,6 +223,7 @@ TEST_F(Component, AnArgumentThatCannotBeIsDescribedByTheMemberThatRefusesIt) {
     describedAs(m_component->UserID(nullptr), com::errorPointer, "UserID");
     describedAs(m_component->SearchCriteria(nullptr), com::errorPointer, "SearchCriteria");
     describedAs(m_component->connStr(&kind, nullptr, nullptr), com::errorPointer, "connStr");
+    EXPECT_EQ(m_component->sSearcherObject(nullptr), com::ok) << "an object that is only kept";
     describedAs(m_component->UserID("O'BRIEN"), com::errorInvalidArgument, "\"O'BRIEN\" holds an apostrophe");
 }
 

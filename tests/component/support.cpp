@@ -1,6 +1,7 @@
 #include "component/support.h"
 
 #include <cstdlib>
+#include <regex>
 #include <sys/wait.h>
 
 namespace opd::tests {
@@ -8,7 +9,9 @@ namespace opd::tests {
 Outcome runDesk(const std::vector<std::string>& arguments, const std::string& input) {
     const TemporaryFolder folder;
     writeFile(folder / "in", input);
-    const auto quoted = [](const std::string& word) { return "'" + word + "'"; };
+    const auto quoted = [](const std::string& word) {
+        return "'" + std::regex_replace(word, std::regex("'"), "'\\''") + "'";
+    };
     std::string command = quoted(OPD_DESK);
     for (const std::string& argument : arguments)
         command += " " + quoted(argument);

@@ -1,6 +1,4 @@
-#include "adapters/sqlite/create_database.h"
-#include "adapters/sqlite/provider.h"
-#include "ado/recordset.h"
+#include "adapters/sqlite/hospital.h"
 #include "base/os/library.h"
 #include "com/class_registry.h"
 #include "com/connection_object.h"
@@ -26,17 +24,15 @@ void registerFrom(const std::filesystem::path& file) {
 std::string scriptFor(const std::vector<std::string>& patients) {
     std::string script = "expect-window frmMasterSearch\nclick Command1(2)\nexpect-window frmMasterSearch\n";
     for (const std::string& patient : patients)
-        script += "type txtHospNum \"" + patient +
-                  "\"\nwait 600\nkey Enter\nexpect-window frmRegistration\nanswer \"OK\" like \".* was registered as "
-                  "Hosp\\. # \\(" +
-                  patient + "\\) and Case # .*\"\n" + "click cmdSave\nexpect-window frmMasterSearch\n";
+        script.append("type txtHospNum \"" + patient + "\"\nwait 600\nkey Enter\nexpect-window frmRegistration\n")
+            .append("answer \"OK\" like \".* was registered as Hosp\\. # \\(" + patient + "\\) and Case # .*\"\n")
+            .append("click cmdSave\nexpect-window frmMasterSearch\n");
     return script + "click Command1(2)\n";
 }
 
 /// Two threads of one host, each with its own object, connection and script.
 struct TwoThreads : testing::Test {
     TwoThreads() {
-        adapters::sqlite::createDatabase(folder / "hospital", {.patients = 60, .clientCode = ""}, {});
         registerFrom(tests::componentLibrary());
         registerFrom(tests::codeSearchLibrary());
         tests::writeFile(folder / "ALPHA.opd", scriptFor({"00000021", "00000022", "00000023"}));
@@ -66,27 +62,10 @@ struct TwoThreads : testing::Test {
         EXPECT_EQ(component->UserID(nullptr), com::errorPointer);
     }
 
-    /// The visits as "hospital number user", one for each row.
-    std::multiset<std::string> visits() const {
-        const FixedClock clock({2026, 11, 25, 10, 0, 0});
-        ado::Providers providers;
-        providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
-        ado::Connection connection{providers};
-        connection.Open("Data Source=" + (folder / "hospital").string());
-        ado::Recordset rows;
-        rows.CursorLocation = ado::CursorLocation::Client;
-        rows.Open("select HospNum, UserID from Patient_Data..tbOutPatient", connection, ado::CursorType::Dynamic,
-                  ado::LockType::ReadOnly);
-        std::multiset<std::string> found;
-        for (const auto& row : rows.all().rows)
-            if (row[1].asText() != "DEMO")
-                found.insert(row[0].asText() + " " + row[1].asText());
-        return found;
-    }
-
+    tests::EmbeddedHospital hospital{60};
     const tests::TemporaryFolder folder;
     const tests::Variable registry{"OPD_CLASS_REGISTRY", (folder / "classes.ini").string()};
-    const tests::Variable database{"OPD_DATABASE", (folder / "hospital").string()};
+    const tests::Variable database{"OPD_DATABASE", hospital.folder().string()};
     const tests::Variable desktop{"OPD_DESKTOP", "scripted"};
     const tests::Variable trace{"OPD_TRACE", (folder / "trace").string()};
     std::barrier<> together{2};
@@ -97,8 +76,12 @@ TEST_F(TwoThreads, EachRegistersItsPatientsInASessionOfItsOwn) {
     std::thread bravo([this] { work("BRAVO"); });
     alpha.join();
     bravo.join();
-    EXPECT_EQ(visits(), (std::multiset<std::string>{"00000021 ALPHA", "00000022 ALPHA", "00000023 ALPHA",
-                                                    "00000031 BRAVO", "00000032 BRAVO", "00000033 BRAVO"}));
+    const auto visits =
+        tests::rowsOf(*hospital.connect(), "select HospNum, UserID from Patient_Data..tbOutPatient where "
+                                           "UserID <> 'DEMO'");
+    EXPECT_EQ(std::multiset<std::string>(visits.begin(), visits.end()),
+              (std::multiset<std::string>{"00000021|ALPHA", "00000022|ALPHA", "00000023|ALPHA", "00000031|BRAVO",
+                                          "00000032|BRAVO", "00000033|BRAVO"}));
     // Every line of the trace is whole.
     const std::string traced = tests::contentOf(folder / "trace");
     std::size_t commits = 0;

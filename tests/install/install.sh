@@ -10,6 +10,7 @@ export OPD_CLASS_REGISTRY="$folder/classes.ini" PATH="$folder/desk/bin:$PATH"
 cd "$folder"
 opd-desk create-database hospital --patients 200
 opd-desk run --database hospital --user CLERK --desktop scripted --script "$script" >/dev/null
+[[ "$(opd-desk sql hospital "select HospNum from Patient_Data_tbMaster where PHICNum = '123456789012'")" == 00000009 ]]
 
 home="$(dirname "$(realpath desk/bin/opd-desk)")"
 [[ "$(grep -c "^Library=$home/" classes.ini)" == 2 ]] || { echo "other components served:"; cat classes.ini; exit 1; }

@@ -1,6 +1,7 @@
 #include "adapters/sqlite/database.h"
 
 #include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/functions.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 

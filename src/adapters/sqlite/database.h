@@ -13,9 +13,6 @@
 
 namespace opd::adapters::sqlite {
 
-/// The version of the schema, kept in the file's `user_version`.
-inline constexpr int schemaVersion = 3;
-
 /// The file of a database folder.
 std::filesystem::path databaseFile(const std::filesystem::path& folder);
 
@@ -103,8 +100,5 @@ class Query {
     const Database& m_database;
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
-
-/// Registers the collations and the functions that the procedures use on a connection.
-void registerFunctions(sqlite3* handle, const Clock& clock);
 
 } // namespace opd::adapters::sqlite

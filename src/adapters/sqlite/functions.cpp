@@ -1,10 +1,14 @@
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/functions.h"
 
 #include "base/clock/date_text.h"
 #include "base/text/folding.h"
 #include "base/text/text.h"
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace opd::adapters::sqlite {
 

@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/procedures.h"
 #include "base/text/text.h"
 
@@ -59,8 +60,9 @@ class WholeStep {
 
 class SqliteLink final : public ado::Link {
   public:
-    SqliteLink(const std::filesystem::path& file, const Clock& clock)
+    SqliteLink(const std::filesystem::path& file, const Clock& clock, std::chrono::milliseconds patience)
         : m_database(file, Database::Mode::Existing, clock), m_catalog(m_database) {
+        m_database.setPatience(patience);
         m_database.run("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL; PRAGMA temp_store = MEMORY");
     }
 
@@ -179,22 +181,22 @@ void checkPermissions(const std::filesystem::path& file) {
         throw serverError("This user may only read it: nothing could be saved.", 3906, "25000");
 }
 
-/// Throws when the file is no hospital database, or one of another version.
-void checkVersion(Database& database, const std::string& folder) {
+/// Throws when the file is no hospital database, or one of a version that this program does not know yet.
+void checkVersion(const Database& database, const std::string& folder) {
     Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
-    if (!hospital.next())
+    if (!hospital.next() || versionOf(database) < 1)
         throw serverError("The file hospital.db in \"" + folder + "\" is not a hospital database.", 824, "08001");
-    Query version(database, "PRAGMA user_version");
-    const bool read = version.next();
-    if (!read || version.value(0) != ado::Value{std::int64_t{schemaVersion}})
+    if (versionOf(database) > schemaVersion())
         throw serverError("The database in \"" + folder +
-                              "\" belongs to another version of this program and cannot be used with this one.",
+                              "\" belongs to a newer version of this program and cannot be used with this one: install "
+                              "the newer one.",
                           948, "08001");
 }
 
 class SqliteProvider final : public ado::Provider {
   public:
-    SqliteProvider(const Clock& clock, NeedOfLink needOfLink) : m_clock(clock), m_needOfLink(std::move(needOfLink)) {}
+    SqliteProvider(const Clock& clock, NeedOfLink needOfLink, std::chrono::milliseconds patience)
+        : m_clock(clock), m_needOfLink(std::move(needOfLink)), m_patience(patience) {}
 
     bool serves(const ado::ConnectionString& settings) const override { return ado::isFolder(settings.dataSource()); }
 
@@ -213,6 +215,8 @@ class SqliteProvider final : public ado::Provider {
                               5133, "08001");
         auto link = opened(file);
         checkVersion(link->database(), folder);
+        if (versionOf(link->database()) < schemaVersion())
+            migrate(file, m_clock);
         guardDrawnNumbers(link->database());
         if (m_needOfLink)
             link->keep(m_needOfLink());
@@ -224,7 +228,7 @@ class SqliteProvider final : public ado::Provider {
     std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file) const {
         try {
             checkPermissions(file);
-            auto link = std::make_unique<SqliteLink>(file, m_clock);
+            auto link = std::make_unique<SqliteLink>(file, m_clock, m_patience);
             Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();
             return link;
         } catch (const ado::Error& error) {
@@ -235,12 +239,14 @@ class SqliteProvider final : public ado::Provider {
 
     const Clock& m_clock;
     NeedOfLink m_needOfLink;
+    std::chrono::milliseconds m_patience;
 };
 
 } // namespace
 
-std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock, NeedOfLink needOfLink) {
-    return std::make_shared<SqliteProvider>(clock, std::move(needOfLink));
+std::shared_ptr<ado::Provider> makeSqliteProvider(const Clock& clock, NeedOfLink needOfLink,
+                                                  std::chrono::milliseconds patience) {
+    return std::make_shared<SqliteProvider>(clock, std::move(needOfLink), patience);
 }
 
 } // namespace opd::adapters::sqlite

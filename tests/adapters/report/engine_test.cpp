@@ -1,5 +1,4 @@
 #include "adapters/sqlite/hospital.h"
-#include "adapters/sqlite/other_program.h"
 
 #include "adapters/report/engine.h"
 
@@ -99,8 +98,8 @@ TEST_F(Reports, AReportThatCannotBeMadeSaysWhy) {
 }
 
 TEST_F(Reports, NoReportFileAndNoStoredTextTakesTheDeskAlong) {
-    runByOtherProgram(m_hospital.file(),
-                      "update Patient_Data_tbOutPatient set ChiefComplaints = cast(x'41001B5B306D0142' as text)");
+    m_hospital.runAsAdministrator(
+        "update Patient_Data_tbOutPatient set ChiefComplaints = cast(x'41001B5B306D0142' as text)");
     const std::string sheet = dataSheet("2600000001B").text;
     EXPECT_NE(sheet.find("A [0m B"), std::string::npos) << sheet;
     EXPECT_NE(sheet.find("Medications and Orders"), std::string::npos) << sheet;

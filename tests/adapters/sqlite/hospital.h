@@ -1,32 +1,18 @@
 #pragma once
 
 #include "adapters/sqlite/create_database.h"
+#include "adapters/sqlite/database.h"
 #include "adapters/sqlite/provider.h"
-#include "ado/command.h"
-#include "ado/error.h"
-#include "ado/recordset.h"
-#include "support/sql.h"
-#include "support/temporary_folder.h"
+#include "contract/hospital.h"
+#include "support/files.h"
 
 #include <filesystem>
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace opd::tests {
 
-inline constexpr DateTime generationDay{2026, 6, 30, 0, 0, 0}; ///< the generated hospital's own day
-inline constexpr DateTime morning{2026, 7, 1, 10, 30, 15};     ///< and the one on which it is used
-
-/// A database that tests reach through connections alone. It holds the generator's fixed patients.
-class Hospital {
-  public:
-    virtual ~Hospital() = default;
-    virtual std::unique_ptr<ado::Connection> connect() = 0;
-};
-
 /// The embedded database in a temporary folder.
-class EmbeddedHospital final : public Hospital {
+class EmbeddedHospital : public Hospital {
   public:
     explicit EmbeddedHospital(int patients = 12) {
         adapters::sqlite::DatabaseOptions options;
@@ -35,10 +21,16 @@ class EmbeddedHospital final : public Hospital {
         adapters::sqlite::createDatabase(folder(), options, {});
         m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(m_clock));
     }
+    /// Made by the statements of a file.
+    explicit EmbeddedHospital(const std::filesystem::path& statements) {
+        std::filesystem::create_directory(folder());
+        adapters::sqlite::Database(file(), adapters::sqlite::Database::Mode::Create, m_clock)
+            .run(contentOf(statements));
+        m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(m_clock));
+    }
 
     std::filesystem::path folder() const { return m_folder.path() / "hospital"; }
     std::filesystem::path file() const { return folder() / "hospital.db"; }
-    FixedClock& clock() { return m_clock; }
 
     std::unique_ptr<ado::Connection> connect() override {
         auto connection = std::make_unique<ado::Connection>(m_providers);
@@ -46,53 +38,19 @@ class EmbeddedHospital final : public Hospital {
         return connection;
     }
 
+    FixedClock& clock() { return m_clock; }
+    /// Past everything that a connection checks.
+    void runAsAdministrator(const std::string& statements) {
+        using adapters::sqlite::Database;
+        Database(file(), Database::Mode::Existing, m_clock).run(statements);
+    }
+
+    void setClock(const DateTime& moment) override { m_clock.moment = moment; }
+
   private:
     TemporaryFolder m_folder;
     FixedClock m_clock{morning};
     ado::Providers m_providers;
 };
-
-/// The rows of a statement as texts, null as "-", columns parted by "|".
-inline std::vector<std::string> rowsOf(ado::Connection& connection, const std::string& statement) {
-    ado::Recordset recordset;
-    recordset.CursorLocation = ado::CursorLocation::Client;
-    recordset.Open(sql(statement), connection, ado::CursorType::Dynamic, ado::LockType::ReadOnly);
-    std::vector<std::string> result;
-    for (const auto& row : recordset.all().rows) {
-        std::string line;
-        for (const ado::Value& value : row)
-            line += (line.empty() ? "" : "|") + (value.isNull() ? std::string{"-"} : value.asText());
-        result.push_back(line);
-    }
-    return result;
-}
-
-/// The error that a statement raises, as "SQLSTATE/number"; empty when it raises none.
-inline std::string errorOf(ado::Connection& connection, const std::string& statement) {
-    try {
-        connection.Execute(sql(statement));
-    } catch (const ado::Error& error) {
-        return error.what() == std::string{} ? "no message" : error.sqlState() + "/" + std::to_string(error.number());
-    }
-    return {};
-}
-
-/// A number drawn through a command.
-inline std::string drawn(ado::Connection& connection, const std::string& procedure, const std::string& output,
-                         int size) {
-    ado::Command command(connection);
-    command.CommandText = sql(procedure);
-    command.addOutput(output, size);
-    command.Execute();
-    return command.output(0).asText();
-}
-
-inline std::string newHospNum(ado::Connection& connection) {
-    return drawn(connection, "Patient_Data..sp_adm_GetNewHospNum", "@HospNum", 8);
-}
-
-inline std::string newOpdNumber(ado::Connection& connection) {
-    return drawn(connection, "Patient_Data..sp_aopd_GetNewOPDID", "@IdNum", 10);
-}
 
 } // namespace opd::tests

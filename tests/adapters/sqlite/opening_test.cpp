@@ -4,20 +4,21 @@
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 #include <sys/wait.h>
 #include <tuple>
 
 using namespace opd;
 using namespace opd::tests;
+using adapters::sqlite::Database;
 
 namespace {
 
+const FixedClock standing{morning};
+
 /// The message of opening a folder's database; empty when it opens.
 std::string messageOf(const std::filesystem::path& folder) {
-    const FixedClock clock(morning);
     ado::Providers providers;
-    providers.add("embedded", adapters::sqlite::makeSqliteProvider(clock));
+    providers.add("embedded", adapters::sqlite::makeSqliteProvider(standing, {}, std::chrono::milliseconds{50}));
     ado::Connection connection(providers);
     try {
         connection.Open("Data Source=" + folder.string());
@@ -26,16 +27,6 @@ std::string messageOf(const std::filesystem::path& folder) {
         return error.what();
     }
     return {};
-}
-
-void runShell(const std::filesystem::path& file, const char* sql, sqlite3** keep = nullptr) {
-    sqlite3* handle = nullptr;
-    ASSERT_EQ(sqlite3_open(file.c_str(), &handle), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
-    if (keep != nullptr)
-        *keep = handle;
-    else
-        sqlite3_close(handle);
 }
 
 /// The message says what is wrong and which folder it is about.
@@ -62,23 +53,21 @@ TEST(Opening, RefusesWhatIsNoDatabaseOfThisProgram) {
     std::filesystem::remove(folder.path() / "hospital.db");
     std::ofstream(folder.path() / "hospital.db").flush();
     expectMessage(folder.path(), "not a hospital database"); // an empty file
-    runShell(folder.path() / "hospital.db", "CREATE TABLE notes (text); PRAGMA user_version = 1");
+    Database(folder.path() / "hospital.db", Database::Mode::Existing, standing)
+        .run("CREATE TABLE notes (text); PRAGMA user_version = 1");
     expectMessage(folder.path(), "not a hospital database");
-}
-
-TEST(Opening, RefusesAnotherVersion) {
-    const EmbeddedHospital hospital;
-    EXPECT_EQ(messageOf(hospital.folder()), "");
-    runShell(hospital.file(), "PRAGMA user_version = 99");
-    expectMessage(hospital.folder(), "another version");
+    EmbeddedHospital newer;
+    newer.runAsAdministrator("PRAGMA user_version = 99");
+    expectMessage(newer.folder(), "newer version");
 }
 
 TEST(Opening, SaysThatAnotherProgramHoldsTheFile) {
     const EmbeddedHospital hospital;
-    sqlite3* other = nullptr;
-    runShell(hospital.file(), "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", &other);
-    expectMessage(hospital.folder(), "in use by another program");
-    sqlite3_close(other);
+    {
+        Database other(hospital.file(), Database::Mode::Existing, standing);
+        other.run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
+        expectMessage(hospital.folder(), "in use by another program");
+    }
     EXPECT_EQ(messageOf(hospital.folder()), "");
 }
 
@@ -131,15 +120,6 @@ TEST(Opening, NothingIsWrittenIntoAFileThatIsNoLongerThere) {
     EXPECT_NO_THROW(newHospNum(*hospital.connect())) << "a desk that starts now";
     std::filesystem::rename(hospital.folder() / "moved.db", hospital.file());
     EXPECT_NO_THROW(newHospNum(*desk)) << "its own file is back";
-}
-
-TEST(Opening, ShellWithoutTheCollationCanChangeTheSettingsRow) {
-    EmbeddedHospital hospital;
-    runShell(hospital.file(), "UPDATE Patient_Data_tbHospitalInfo SET isAllowCreateNewIDnum = 1, ClientName = 'RVT'");
-    EXPECT_EQ(rowsOf(*hospital.connect(),
-                     "Select isnull(isAllowCreateNewIDnum,0)isAllowCreateNewIDnum, ClientName from "
-                     "Patient_Data..tbHospitalInfo"),
-              std::vector<std::string>{"1|RVT"});
 }
 
 } // namespace

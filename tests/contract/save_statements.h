@@ -39,9 +39,4 @@ inline std::vector<std::string> visitValues(const std::string& hospNum, const st
                     "FEVER, 3 days|72|CARD-7|W|R|ACCOUNT REMARKS|170|3||1|18|APPROVAL|1|1");
 }
 
-/// The history of a visit as a save writes it.
-inline std::vector<std::string> historyValues(const std::string& hospNum, const std::string& visit) {
-    return valuesOf({hospNum, visit}, "1|D001|DX1|DX2|DX3|FINDINGS|MEDICATIONS|REMARKS||||FEVER");
-}
-
 } // namespace opd::tests

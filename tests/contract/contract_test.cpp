@@ -1,38 +1,15 @@
 // What every hospital's database answers, whichever provider serves it: connections, statements and errors alone.
-#include "adapters/sqlite/hospital.h"
-#include "adapters/sqlite/save_statements.h"
+#include "contract/contract.h"
+#include "contract/save_statements.h"
 #include "support/sql.h"
 
-#include <functional>
-#include <gtest/gtest.h>
+namespace opd::tests {
 
-using namespace opd;
-using namespace opd::tests;
-using Rows = std::vector<std::string>;
-
-namespace {
-
-struct Provided {
-    const char* name;
-    std::function<std::unique_ptr<Hospital>()> make;
-};
-
-void PrintTo(const Provided& provided, std::ostream* out) {
-    *out << provided.name;
+void Contract::run(const std::string& procedure, const std::vector<std::string>& values) {
+    connection->Execute(sql(callOf(procedure, values)));
 }
 
-class Contract : public testing::TestWithParam<Provided> {
-  protected:
-    std::unique_ptr<Hospital> hospital = GetParam().make();
-    std::unique_ptr<ado::Connection> connection = hospital->connect();
-
-    Rows rows(const std::string& statement) { return rowsOf(*connection, statement); }
-    std::string error(const std::string& statement) { return errorOf(*connection, statement); }
-};
-
-INSTANTIATE_TEST_SUITE_P(Databases, Contract,
-                         testing::Values(Provided{"embedded", [] { return std::make_unique<EmbeddedHospital>(); }}),
-                         [](const auto& provided) { return std::string{provided.param.name}; });
+namespace {
 
 TEST_P(Contract, SearchesFindWhomTheyShould) {
     const std::string juan = "00000001", isabel = "00000012", pedro = "00000003";
@@ -213,3 +190,4 @@ TEST_P(Contract, KeepsACommittedRegistrationAndNothingOfOneRolledBack) {
 }
 
 } // namespace
+} // namespace opd::tests

@@ -1,0 +1,88 @@
+// No number is given twice, and no record takes the place of another.
+#include "contract/contract.h"
+#include "contract/save_statements.h"
+#include "support/sql.h"
+
+#include <set>
+#include <sys/wait.h>
+
+namespace opd::tests {
+namespace {
+
+TEST_P(Contract, NeverPutsANewPatientOrVisitInThePlaceOfAnother) {
+    const auto writePatient = [&](ado::Connection& by, const std::string& patient, const std::string& ofVisit) {
+        return errorOf(by, callOf("sp_aopd_Update_TbMaster", masterValues(patient, ofVisit)));
+    };
+    const auto writeVisit = [&](ado::Connection& by, const std::string& patient, const std::string& theVisit) {
+        return errorOf(by, callOf("sp_aopd_Update_tbOutpatient", visitValues(patient, theVisit)));
+    };
+    // Counters that are behind: what is drawn is free all the same.
+    for (const char* counter : {"HospNum", "OPDID", "FileNum"})
+        connection->Execute(
+            sql(std::string{"Update Patient_Data..tbCounter set Last = '0' where Name = '"} + counter + "'"));
+    EXPECT_EQ(newHospNum(*connection), "00000013") << "of twelve patients";
+    const std::string freeVisit = newOpdNumber(*connection);
+    EXPECT_EQ(rows("Select IDNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "B'"), Rows{});
+
+    // Another program writes under a number that is drawn already: its rows stay, and the next try draws anew.
+    const auto other = hospital->connect();
+    EXPECT_EQ(writePatient(*other, "00000013", "F000000001B"), "");
+    EXPECT_EQ(writePatient(*connection, "00000013", freeVisit + "B"), "23000/2627");
+    EXPECT_EQ(writeVisit(*other, "00000002", freeVisit + "B"), "");
+    EXPECT_EQ(writeVisit(*connection, "00000001", freeVisit + "B"), "23000/2627");
+    EXPECT_EQ(rows("Select HospNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "B'"),
+              Rows{"00000002"});
+    const std::string next = newHospNum(*connection), nextVisit = newOpdNumber(*connection) + "B";
+    EXPECT_EQ(next, "00000014");
+    for (int time = 1; time <= 2; ++time) { // what is written once may be written again
+        EXPECT_EQ(writePatient(*connection, next, nextVisit), "") << time;
+        EXPECT_EQ(writeVisit(*connection, next, nextVisit), "") << time;
+    }
+
+    // File numbers are given once, in order, and only if they are free.
+    const auto fileNumber = [&](const std::string& patient) {
+        run("OPD_UpdateFileNum", {patient});
+        return rows("Select FileNum from Patient_Data..tbMaster where HospNum = '" + patient + "'");
+    };
+    EXPECT_EQ(fileNumber(next), Rows{"1"});
+    EXPECT_EQ(fileNumber("nobody"), Rows{});
+    connection->Execute("Update Patient_Data..tbCounter set Last = '0' where Name = 'FileNum'");
+    EXPECT_EQ(fileNumber("00000003"), Rows{"2"});
+    EXPECT_EQ(fileNumber(next), Rows{"1"});
+}
+
+/// Draws numbers in a process of its own, which writes them down in the file and ends with status 0.
+pid_t drawElsewhere(Hospital& hospital, std::FILE* file) {
+    const pid_t child = fork();
+    if (child != 0)
+        return child;
+    try {
+        const auto connection = hospital.connect();
+        for (int i = 0; i < 150; ++i)
+            std::fprintf(file, "%s %s\n", newHospNum(*connection).c_str(), newOpdNumber(*connection).c_str());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "child: %s\n", error.what());
+        _exit(1);
+    }
+    _exit(std::fflush(file));
+}
+
+TEST_P(Contract, DrawsEveryNumberOnceForTwoDesksAtATime) {
+    connection->Close();
+    std::FILE* const files[] = {std::tmpfile(), std::tmpfile()};
+    const pid_t desks[] = {drawElsewhere(*hospital, files[0]), drawElsewhere(*hospital, files[1])};
+    std::set<std::string> numbers;
+    for (int desk = 0; desk < 2; ++desk) {
+        int status = -1;
+        waitpid(desks[desk], &status, 0);
+        EXPECT_EQ(status, 0);
+        std::rewind(files[desk]);
+        for (char number[16]; std::fscanf(files[desk], "%15s", number) == 1;)
+            EXPECT_TRUE(numbers.insert(number).second) << number << " was given twice";
+        std::fclose(files[desk]);
+    }
+    EXPECT_EQ(numbers.size(), 600U);
+}
+
+} // namespace
+} // namespace opd::tests

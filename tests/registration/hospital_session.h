@@ -21,7 +21,7 @@ struct HospitalSession {
             folder, {.patients = 12, .now = DateTime{2026, 11, 24, 0, 0, 0}, .clientCode = clientCode}, {});
         providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
         globals.gConnection = connect();
-        globals.gClientName = clientCode;
+        globals.setClient(clientCode);
         globals.gUserID = "CLERK";
         globals.gServerDate = clock.moment;
         globals.gCodeSearch = com::Object{listing.get()};

@@ -1,6 +1,7 @@
 #include "registration/hospital_session.h"
 
 #include "component/trace_file.h"
+#include "data/hospital_settings.h"
 #include "registration/save/save_data.h"
 #include "support/sql.h"
 #include "support/temporary_folder.h"
@@ -20,17 +21,30 @@ namespace opd::tests {
 
 namespace {
 
-/// A hospital that uses everything.
+void setFlag(HospitalSession& hospital, const std::string& column, bool on) {
+    hospital.globals.gConnection->Execute(
+        sql("Update Patient_Data..tbHospitalInfo set " + column + (on ? " = '1'" : " = '0'") + " where Company <> ''"));
+}
+
+/// A hospital that uses everything, by the switches of its own settings row.
 struct FullHospital : HospitalSession {
-    explicit FullHospital(const std::string& clientCode) : HospitalSession(clientCode) {
-        globals.isAllowCorvane = globals.IsAllowOPDMABRate = globals.IsAllowOPDUpdateHMOLOA = true;
-        globals.IsAllowOPDPatientClass = globals.isAllowOPDPayCode = globals.isAllowOPDRegisterInpatient = true;
+    explicit FullHospital(const std::string& clientCode, bool codesBarangays = false) : HospitalSession(clientCode) {
+        for (const char* column : {"isAllowCorvane", "IsAllowOPDMABRate", "IsAllowOPDUpdateHMOLOA",
+                                   "IsAllowOPDPatientClass", "isAllowOPDPayCode", "isAllowOPDRegisterInpatient"})
+            setFlag(*this, column, true);
+        setFlag(*this, "isAllowOPDSearchBarangay", codesBarangays);
+        data::loadFeatureFlags(session);
+        data::LoadHospitalInfo(session);
     }
 };
 
-/// What no save writes: the complaint is stored by its memo, the barangay by its free text where none is coded.
-const std::set<std::string> notStored{"txtDiagnosis", "txtChiefComplaintID(0)", "txtChiefComplaint(0)", "txtSeniorID",
-                                      "txtBarangayID"};
+/// What no save writes: the complaint is stored by its memo, the senior's code by its check box, and the barangay by
+/// its code or by its free text, which of the two is shown.
+bool isStored(const ui::TextBox& box) {
+    static const std::set<std::string> notStored{"txtDiagnosis", "txtChiefComplaintID(0)", "txtChiefComplaint(0)",
+                                                 "txtSeniorID"};
+    return !notStored.contains(box.name()) && (!box.name().starts_with("txtBarangay") || box.visible());
+}
 
 /// Codes that the hospital knows, by the beginning of the field's name; other text boxes take any text.
 std::string entryFor(const ui::TextBox& box, int serial) {
@@ -64,8 +78,7 @@ std::vector<ui::TextBox*> typedBoxes(registration::RegistrationForm& form) {
     form.window().collect(everything);
     std::vector<ui::TextBox*> boxes;
     for (ui::Control* control : everything)
-        if (auto* box = dynamic_cast<ui::TextBox*>(control);
-            box != nullptr && !box->readOnly && !notStored.contains(box->name()))
+        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && !box->readOnly && isStored(*box))
             boxes.push_back(box);
     return boxes;
 }
@@ -111,7 +124,7 @@ void expectChosen(registration::Fields& fields) {
 TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
     for (const char* client : {"", "RVT", "TKWA"}) {
         SCOPED_TRACE(std::string{"client "} + client);
-        FullHospital hospital(client);
+        FullHospital hospital(client, std::string{client} == "TKWA");
         auto form = hospital.open({"NEW", "NEW", "(TO BE GENERATED)", {}});
         int serial = 0;
         std::map<std::string, std::string> typed;
@@ -120,7 +133,6 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
             typed[box->name()] = text::trimmed(box->text());
         }
         choose(form->fields());
-        form->record().HemoFlag = true;
         form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
         form->fields().personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";
@@ -146,6 +158,30 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         EXPECT_EQ(form->fields().buttons.cmdSave.caption(), "&Update");
         EXPECT_FALSE(form->fields().header.txtOPDNum.enabled());
     }
+}
+
+TEST(HospitalSettings, EveryFlagFollowsTheColumnOfItsNameAloneAndAnEmptyTableChangesNone) {
+    HospitalSession hospital;
+    ado::Recordset settings;
+    settings.Open("Select * from Patient_Data..tbHospitalInfo", *hospital.globals.gConnection);
+    std::vector<std::string> columns = settings.all().columns;
+    std::erase_if(columns, [](const std::string& name) {
+        return name == "ClientName" || name == "Company" || name == "Address1";
+    });
+    ASSERT_EQ(columns.size(), featureFlags.size());
+    for (const std::string& column : columns)
+        setFlag(hospital, column, false);
+    for (const std::string& column : columns) {
+        setFlag(hospital, column, true);
+        data::loadFeatureFlags(hospital.session);
+        for (const auto& [name, flag] : featureFlags)
+            EXPECT_EQ(hospital.globals.*flag, text::equalsIgnoringCase(name, column)) << name << " by " << column;
+        setFlag(hospital, column, false);
+    }
+    hospital.globals.isAllowCorvane = true;
+    hospital.globals.gConnection->Execute("Delete Patient_Data..tbHospitalInfo where Company <> ''");
+    data::loadFeatureFlags(hospital.session);
+    EXPECT_TRUE(hospital.globals.isAllowCorvane);
 }
 
 // Every column of every row that a save writes, by its own statement: what stands there, what the desk has no choice

@@ -107,7 +107,7 @@ TEST(Save, SendsTheDocumentedStatementsInTheirOrderForEveryShape) {
     for (const auto& shape : shapes) {
         SCOPED_TRACE(shape.name);
         FormFixture desk;
-        desk.globals.gClientName = shape.client;
+        desk.globals.setClient(shape.client);
         desk.openNewPatient();
         fillWithNames(desk);
         ASSERT_TRUE(desk.form->validate());

@@ -70,7 +70,7 @@ bool ComplaintCodes::showExactComplaint() {
 void ComplaintCodes::takeOver(const std::string& complaint) {
     ui::TextBox& memo = m_fields.history.complaint;
     ui::Window& window = memo.window();
-    if (m_session.globals.gClientName == "RVT") {
+    if (!m_session.globals.client().storesComplaint()) {
         window.setStatus("The visits of this hospital store no chief complaint.");
     } else if (text::isBlank(memo.text()) || memo.text() == m_taken) {
         m_taken = complaint;

@@ -50,7 +50,7 @@ void layOutAuthorization(FormContext& form) {
 void layOutOptionalParts(FormContext& form) {
     const Globals& globals = form.session.globals;
     PersonalTab& personal = form.fields.personal;
-    const bool usesPayCodes = globals.gClientName == "RVT";
+    const bool usesPayCodes = globals.client().usesPayCodes;
     for (ui::Control* payCode :
          std::initializer_list<ui::Control*>{&personal.lblPaycode, &personal.cmbPaycode, &personal.cmbPaycodeID})
         payCode->setVisible(usesPayCodes);
@@ -80,7 +80,7 @@ bool loadVisitAndPatient(FormContext& form) {
     form.fields.header.txtHospNum.setEnabled(false);
     form.fields.header.txtOPDNum.setEnabled(false);
     form.fields.buttons.cmdSave.setEnabled(true);
-    if (form.session.globals.gClientName == "TKWA") {
+    if (form.session.globals.client().asksLastMenstruation) {
         form.fields.history.lastMenstruation.setVisible(true);
         loadOutProfile(form);
     }
@@ -110,7 +110,7 @@ bool loadNew(FormContext& form) {
     fields.buttons.cmdCancel.setEnabled(true);
     fields.buttons.cmdSave.setCaption("&Register");
     data::LoadServerDate(form.session);
-    data::LoadServerDate(form.session);
+    data::LoadServerDate(form.session); // asked twice, as the hospitals know it
     fields.header.dtpAdmDate.setValue(form.session.globals.gServerDate);
     fields.header.txtAdmTime.setValue(form.session.globals.gServerDate);
     fields.buttons.cmdEndConsultation.setVisible(false);

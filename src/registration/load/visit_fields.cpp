@@ -175,7 +175,7 @@ void showPayCode(FormContext& form, const std::string& payCode) {
 void showOptionalMarkers(FormContext& form, const ado::Recordset& visit) {
     const Globals& globals = form.session.globals;
     AdditionalTab& additional = form.fields.additional;
-    if (globals.gClientName == "RVT") {
+    if (globals.client().usesPayCodes) {
         const std::string payCode = textOf(visit, "PayCode");
         if (!payCode.empty())
             showPayCode(form, payCode);

@@ -5,6 +5,7 @@
 #include "data/procedures/checks.h"
 #include "data/rows.h"
 #include "registration/load/visit_fields.h"
+#include "registration/record/codes.h"
 
 #include <algorithm>
 
@@ -105,19 +106,14 @@ void GetCancerPatient(FormContext& form) {
     struct Treatment {
         const char* column;
         ui::CheckBox& box;
-        bool& flag;
     };
-    const Treatment treatments[] = {{"isRadioTherapy", personal.chkRTherapy, form.record.RadioFlag},
-                                    {"isHemodialysis", personal.chkHemo, form.record.HemoFlag},
-                                    {"isChemo", personal.chkChemo, form.record.ChemoFlag},
-                                    {"isForDeposit", personal.chkforDeposit, form.record.DepositFlag}};
-    bool any = false;
-    for (const Treatment& treatment : treatments) {
-        treatment.flag = visit.Fields(treatment.column).asFlag();
-        treatment.box.setChecked(treatment.flag);
-        any = any || treatment.flag;
-    }
-    if (!any)
+    const Treatment treatments[] = {{"isRadioTherapy", personal.chkRTherapy},
+                                    {"isHemodialysis", personal.chkHemo},
+                                    {"isChemo", personal.chkChemo},
+                                    {"isForDeposit", personal.chkforDeposit}};
+    for (const Treatment& treatment : treatments)
+        treatment.box.setChecked(visit.Fields(treatment.column).asFlag());
+    if (!isInProgramme(personal))
         return;
     personal.dtpExpiration.setEnabled(true);
     if (const DateTime expires = visit.Fields("ExpirationDate").asDate(); expires.isSet())

@@ -59,6 +59,11 @@ std::string savedVisit(const Record& record) {
     return text::upper(record.SaveIDNum) + "B";
 }
 
+bool isInProgramme(const PersonalTab& personal) {
+    return personal.chkChemo.checked() || personal.chkRTherapy.checked() || personal.chkHemo.checked() ||
+           personal.chkforDeposit.checked();
+}
+
 void keepCodes(FormContext& form, const ado::Recordset& visit) {
     const Fields& fields = form.fields;
     Record& record = form.record;

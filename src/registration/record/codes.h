@@ -14,6 +14,9 @@ std::string pressureText(const Fields& fields); ///< both values of the blood pr
 std::string admDateTime(const Fields& fields);  ///< "MM/dd/yyyy hh:mm AM"
 std::string savedVisit(const Record& record);   ///< the visit's key: the OPD number in upper case, then "B"
 
+/// True when the patient is in any programme, whose check boxes are the truth: then it has an expiration date.
+bool isInProgramme(const PersonalTab& personal);
+
 /// Remembers the codes of a loaded visit, whose fields are shown already.
 void keepCodes(FormContext& form, const ado::Recordset& visit);
 

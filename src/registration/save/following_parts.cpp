@@ -54,7 +54,7 @@ class FollowingParts {
         addIf(globals.IsAllowOPDMABRate, "MAB mark", &updateMabRate);
         addIf(needsAuthorization, "letter of authorization", &saveAuthorization);
         addIf(globals.IsAllowOPDPatientClass, "patient class", &updatePatientClass);
-        addIf(globals.gClientName == "TKWA", "last menstrual period", &saveProfile);
+        addIf(globals.client().asksLastMenstruation, "last menstrual period", &saveProfile);
         m_parts.push_back({nullptr, [this] { tellOutcome(); }});
         addIf(form.record.isEdit(), "log of this change", &logEdit);
         addIf(getsFileNumber, "file number", &giveFileNumber);

@@ -49,6 +49,25 @@ Values commonMaster(const FormContext& form) {
             consultation.guarantorEmployerAddress.text()};
 }
 
+std::string valueOf(MasterArgument argument, const FormContext& form) {
+    const PersonalTab& personal = form.fields.personal;
+    switch (argument) {
+    case MasterArgument::Religion:
+        return personal.txtReligion.text();
+    case MasterArgument::SeniorMark:
+        return std::to_string(personal.chkSeniorCitizen.value());
+    case MasterArgument::SeniorNumber:
+        return personal.txtSeniorCitizenID.text();
+    case MasterArgument::Occupation:
+        return personal.occupation.text();
+    case MasterArgument::BloodType:
+        return form.fields.consultation.txtBloodType.text();
+    case MasterArgument::Title:
+        return form.fields.header.txtTitle.text();
+    }
+    return {};
+}
+
 /// The value as the extended master takes it.
 std::string graved(const ui::TextBox& box) {
     return text::replaced(box.text(), "'", "`");
@@ -64,13 +83,9 @@ Values gravedTexts(std::initializer_list<const ui::TextBox*> boxes) {
 } // namespace
 
 Statement updateMaster(const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
-    const std::string senior = std::to_string(personal.chkSeniorCitizen.value());
     Values values = commonMaster(form);
-    if (form.session.globals.gClientName == "RVT")
-        values.insert(values.end(), {personal.txtReligion.text(), senior});
-    values.insert(values.end(), {senior, personal.txtSeniorCitizenID.text(), personal.occupation.text(),
-                                 form.fields.consultation.txtBloodType.text(), form.fields.header.txtTitle.text()});
+    for (const MasterArgument argument : form.session.globals.client().master)
+        values.push_back(valueOf(argument, form));
     return Statement("Patient_Data..sp_aopd_Update_TbMaster  '").values(values, "', '").text("'");
 }
 

@@ -71,7 +71,7 @@ void writePatientAndVisit(FormContext& form, bool updateOnly) {
     ado::Transaction transaction(form.session.connection());
     run(form, updateMaster(form));
     run(form, saveAllergies(form));
-    if (form.session.globals.gClientName != "RVT")
+    if (form.session.globals.client().writesHistory)
         run(form, updateHistory(form));
     if (!updateOnly) {
         run(form, updateVisit(form));

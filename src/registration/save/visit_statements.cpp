@@ -37,7 +37,7 @@ Values commonVisit(const FormContext& form) {
             "",
             "",
             consultation.doctor1.code.text(),
-            consultation.doctor2.code.text() + " ",
+            consultation.doctor2.code.text() + " ", // the blank is as the hospitals know it
             form.session.globals.AccountTypeCode,
             form.record.ConsultationTypeCode,
             consultation.txtWeight.text(),
@@ -79,20 +79,29 @@ Values cardToApproval(const FormContext& form) {
             form.fields.additional.txtApprovalNo.text()};
 }
 
-Values rvtVisit(const FormContext& form) {
+Values valuesOf(VisitArgument argument, const FormContext& form) {
     const ConsultationTab& consultation = form.fields.consultation;
-    Values values{consultation.txtCauseofConsultationID1.text(), consultation.txtCauseofConsultationID2.text(),
-                  consultation.txtCauseofConsultationID3.text(), consultation.txtPR.text(),
-                  text::trimmed(form.fields.personal.cmbPaycodeID.text())};
-    append(values, cardToApproval(form));
-    return values;
-}
-
-Values standardVisit(const FormContext& form) {
-    Values values{form.fields.history.complaint.text(), form.fields.consultation.txtPR.text()};
-    append(values, cardToApproval(form));
-    append(values, {form.record.CorvanePatientCode, form.record.HemoCode});
-    return values;
+    switch (argument) {
+    case VisitArgument::ChiefComplaint:
+        return {form.fields.history.complaint.text()};
+    case VisitArgument::Cause1:
+        return {consultation.txtCauseofConsultationID1.text()};
+    case VisitArgument::Cause2:
+        return {consultation.txtCauseofConsultationID2.text()};
+    case VisitArgument::Cause3:
+        return {consultation.txtCauseofConsultationID3.text()};
+    case VisitArgument::PulseRate:
+        return {consultation.txtPR.text()};
+    case VisitArgument::PayCode:
+        return {text::trimmed(form.fields.personal.cmbPaycodeID.text())};
+    case VisitArgument::CardToApproval:
+        return cardToApproval(form);
+    case VisitArgument::Corvane:
+        return {form.record.CorvanePatientCode};
+    case VisitArgument::Hemodialysis:
+        return {form.record.HemoCode};
+    }
+    return {};
 }
 
 /// A moment of the letter of authorization: its pickers show minutes, so it has no seconds.
@@ -139,7 +148,8 @@ Statement updateHistory(const FormContext& form) {
 
 Statement updateVisit(const FormContext& form) {
     Values values = commonVisit(form);
-    append(values, form.session.globals.gClientName == "RVT" ? rvtVisit(form) : standardVisit(form));
+    for (const VisitArgument argument : form.session.globals.client().visit)
+        append(values, valuesOf(argument, form));
     return Statement("Patient_Data..sp_aopd_Update_tbOutpatient '").values(values, "','").text("'");
 }
 
@@ -183,7 +193,7 @@ Statement updateTreatments(const FormContext& form) {
         .value(oneIf(personal.chkHemo.checked()))
         .text("', isRadiotherapy = '")
         .value(oneIf(personal.chkRTherapy.checked()));
-    if (record.ChemoFlag || record.HemoFlag || record.RadioFlag || record.DepositFlag)
+    if (isInProgramme(personal))
         statement.text("', ExpirationDate = '")
             .value(dateTimeText(personal.dtpExpiration.value().date()))
             .text("', isForDeposit = '");

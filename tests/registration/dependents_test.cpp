@@ -50,15 +50,14 @@ struct DependentsDesk : FormFixture {
 
 TEST(Dependents, AreLoadedWithOneEmptyRowAndSavedWhereTheyAreComplete) {
     DependentsDesk desk;
-    desk.form->record().HospNum = desk.form->record().SaveHospNum = "00000012";
-    registration::LoadDependents(desk.form->context());
+    registration::LoadDependents(desk.session, desk.grid(), "00000012");
     EXPECT_EQ(desk.rows(), Rows(1, Row(2))) << "nothing stored leaves the grid as it was";
 
     ado::ResultSet stored;
     stored.columns = {"Name", "Birth"};
     stored.rows = {{"PEÑA, ANA", DateTime{2001, 5, 20}}, {"BEN", "2003-01-31"}, {"CARL", {}}};
     desk.provider->answer("Patient_Data..sp_Adm_LoadDependents '00000012'", stored);
-    registration::LoadDependents(desk.form->context());
+    registration::LoadDependents(desk.session, desk.grid(), "00000012");
     EXPECT_EQ(desk.rows(), (Rows{{"PEÑA, ANA", "05/20/2001"}, {"BEN", "01/31/2003"}, {"CARL", ""}, {"", ""}}));
 
     desk.grid().setCurrentCell(3, 1);
@@ -67,7 +66,7 @@ TEST(Dependents, AreLoadedWithOneEmptyRowAndSavedWhereTheyAreComplete) {
     desk.grid().addRow();
     desk.grid().setCell(5, 0, "  ");
     desk.provider->log.clear();
-    registration::SaveDependents(desk.form->context());
+    registration::SaveDependents(desk.session, desk.grid(), "00000012");
     EXPECT_EQ(desk.provider->log, "begin\n"
                                   "Delete Patient_Data..tbMasterDependent where SeqNum = '00000012'\n"
                                   "Patient_Data..sp_Adm_SaveDependents  00000012, 'PEÑA, ANA', '05/20/2001' \n"
@@ -77,7 +76,7 @@ TEST(Dependents, AreLoadedWithOneEmptyRowAndSavedWhereTheyAreComplete) {
 
     desk.grid().setCell(1, 0, "O'NEIL");
     desk.provider->log.clear();
-    EXPECT_THROW(registration::SaveDependents(desk.form->context()), ado::Error);
+    EXPECT_THROW(registration::SaveDependents(desk.session, desk.grid(), "00000012"), ado::Error);
     EXPECT_TRUE(desk.provider->log.ends_with("rollback\n")) << desk.provider->log;
 }
 

@@ -2,7 +2,6 @@
 
 #include "component/trace_file.h"
 #include "data/hospital_settings.h"
-#include "registration/save/save_data.h"
 #include "support/sql.h"
 #include "support/temporary_folder.h"
 
@@ -142,7 +141,7 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         form->fields().history.txtLMP.setText("11/02/2026");
         ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(form->context(), false));
+        ASSERT_TRUE(hospital.save(*form));
         const registration::Opening edit{"Edit", form->record().SaveHospNum, form->record().SaveIDNum + "B", {}};
 
         form = hospital.open(edit);
@@ -325,7 +324,7 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
         const auto save = [&hospital](registration::RegistrationForm& form) {
             ASSERT_TRUE(form.validate()) << hospital.desktop.messages.back().text;
             hospital.desktop.answer(ui::Answer::Ok);
-            ASSERT_TRUE(registration::SaveData(form.context(), false));
+            ASSERT_TRUE(hospital.save(form));
         };
         const auto openNewVisit = [&hospital] {
             auto form = hospital.open({"NEW", "00000002", "(TO BE GENERATED)", {}});
@@ -400,7 +399,7 @@ TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
     const auto save = [&] {
         ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(form->context(), false));
+        ASSERT_TRUE(hospital.save(*form));
     };
     grid->removeRow(1);
     grid->setCell(2, 0, "SANTOS, NIÑO");
@@ -420,7 +419,7 @@ TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
     grid->setCell(1, 0, "SANTOS, CLARISSA");
     grid->setCell(2, 1, "13/13/2024");
     ASSERT_TRUE(form->validate());
-    EXPECT_THROW(registration::SaveData(form->context(), false), std::runtime_error);
+    EXPECT_THROW(hospital.save(*form), std::runtime_error);
     form = hospital.open(edit);
     EXPECT_EQ(form->fields().employment.mshDependents.rows(), changed);
 
@@ -466,7 +465,7 @@ TEST(RoundTrip, ATraceWithoutRoomIsToldOnceAndTouchesNoStatementOfARegistration)
         auto form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
         ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(form->context(), false)) << hospital.desktop.messages.back().text;
+        ASSERT_TRUE(hospital.save(*form)) << hospital.desktop.messages.back().text;
         EXPECT_GT(full.lines, 20);
         ASSERT_EQ(full.told.size(), 1U);
         EXPECT_NE(full.told[0].find(full.file.string()), std::string::npos) << full.told[0];

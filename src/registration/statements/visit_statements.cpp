@@ -1,4 +1,4 @@
-#include "registration/save/visit_statements.h"
+#include "registration/statements/visit_statements.h"
 
 #include "ado/error.h"
 #include "base/clock/date_text.h"
@@ -24,11 +24,12 @@ const char* oneIf(bool set) {
 }
 
 /// The arguments that every client's list begins with.
-Values commonVisit(const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
-    const ConsultationTab& consultation = form.fields.consultation;
-    return {form.record.SaveHospNum,
-            savedVisit(form.record),
+Values commonVisit(const Fields& fields, const Record& record, const std::string& accountType,
+                   const std::string& user) {
+    const PersonalTab& personal = fields.personal;
+    const ConsultationTab& consultation = fields.consultation;
+    return {record.SaveHospNum,
+            savedVisit(record),
             personal.company.code.text(),
             text::upper(personal.txtRemarks.text()),
             consultation.service1.code.text(),
@@ -38,20 +39,20 @@ Values commonVisit(const FormContext& form) {
             "",
             consultation.doctor1.code.text(),
             consultation.doctor2.code.text() + " ", // the blank is as the hospitals know it
-            form.session.globals.AccountTypeCode,
-            form.record.ConsultationTypeCode,
+            accountType,
+            record.ConsultationTypeCode,
             consultation.txtWeight.text(),
             consultation.txtTemperature.text(),
-            form.record.BloodPressureKept.sent(pressureText(form.fields)),
-            form.record.VisitKindCode,
-            form.session.globals.gUserID,
-            admDateTime(form.fields)};
+            record.BloodPressureKept.sent(pressureText(fields)),
+            record.VisitKindCode,
+            user,
+            admDateTime(fields)};
 }
 
 /// A visit with bill has its type in a value of its own; any other type stands where the purpose does.
-std::string purpose(const FormContext& form) {
-    const std::string chosen = purposeCode(form.fields);
-    return form.record.ConsultationTypeCode.empty() ? form.record.ConsultationTypeKept.sent(chosen) : chosen;
+std::string purpose(const Fields& fields, const Record& record) {
+    const std::string chosen = purposeCode(fields);
+    return record.ConsultationTypeCode.empty() ? record.ConsultationTypeKept.sent(chosen) : chosen;
 }
 
 /// What the form does not show, as the database takes it.
@@ -64,26 +65,26 @@ void append(Values& values, const Values& more) {
 }
 
 /// The run of arguments from the card number to the approval number that every client's list has somewhere.
-Values cardToApproval(const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
-    const ConsultationTab& consultation = form.fields.consultation;
+Values cardToApproval(const Fields& fields, const Record& record) {
+    const PersonalTab& personal = fields.personal;
+    const ConsultationTab& consultation = fields.consultation;
     return {personal.txtCardNum.text(),
-            form.record.PatientTypeCode,
-            purpose(form),
+            record.PatientTypeCode,
+            purpose(fields, record),
             personal.txtARemarks.text(),
             trimmedText(consultation.txtHeight),
-            form.record.PerUnitKept.sent(perUnitCode(form.fields)),
+            record.PerUnitKept.sent(perUnitCode(fields)),
             "",
-            form.record.SeniorKept.sent(seniorCode(form.fields)),
+            record.SeniorKept.sent(seniorCode(fields)),
             consultation.txtRespRate.text(),
-            form.fields.additional.txtApprovalNo.text()};
+            fields.additional.txtApprovalNo.text()};
 }
 
-Values valuesOf(VisitArgument argument, const FormContext& form) {
-    const ConsultationTab& consultation = form.fields.consultation;
+Values valuesOf(VisitArgument argument, const Fields& fields, const Record& record) {
+    const ConsultationTab& consultation = fields.consultation;
     switch (argument) {
     case VisitArgument::ChiefComplaint:
-        return {form.fields.history.complaint.text()};
+        return {fields.history.complaint.text()};
     case VisitArgument::Cause1:
         return {consultation.txtCauseofConsultationID1.text()};
     case VisitArgument::Cause2:
@@ -93,13 +94,13 @@ Values valuesOf(VisitArgument argument, const FormContext& form) {
     case VisitArgument::PulseRate:
         return {consultation.txtPR.text()};
     case VisitArgument::PayCode:
-        return {text::trimmed(form.fields.personal.cmbPaycodeID.text())};
+        return {text::trimmed(fields.personal.cmbPaycodeID.text())};
     case VisitArgument::CardToApproval:
-        return cardToApproval(form);
+        return cardToApproval(fields, record);
     case VisitArgument::Corvane:
-        return {form.record.CorvanePatientCode};
+        return {record.CorvanePatientCode};
     case VisitArgument::Hemodialysis:
-        return {form.record.HemoCode};
+        return {record.HemoCode};
     }
     return {};
 }
@@ -120,42 +121,42 @@ double authorizedAmount(const AdditionalTab& additional) {
 
 /// An update of one column of the visit.
 template <std::size_t Length>
-Statement updateColumn(const FormContext& form, const char (&assignment)[Length], const std::string& value) {
+Statement updateColumn(const Record& record, const char (&assignment)[Length], const std::string& value) {
     return Statement("Update Patient_data..tbOutPatient set ")
         .text(assignment)
         .value(value)
         .text("' where IDnum = '")
-        .value(savedVisit(form.record))
+        .value(savedVisit(record))
         .text("'");
 }
 
 } // namespace
 
-Statement updateHistory(const FormContext& form) {
-    const ConsultationTab& consultation = form.fields.consultation;
-    const Record& record = form.record;
+Statement updateHistory(const Fields& fields, const Record& record) {
+    const ConsultationTab& consultation = fields.consultation;
     return Statement("Patient_Data..sp_AOPD_UpdateOPDHistory '")
-        .values(
-            {record.SaveHospNum, savedVisit(record), trimmedText(consultation.service1.code),
-             trimmedText(consultation.doctor1.code), unshown(text::trimmed(record.DiagnosisID[0])),
-             unshown(text::trimmed(record.DiagnosisID[1])), unshown(text::trimmed(record.DiagnosisID[2])),
-             unshown(record.Findings), unshown(record.Medications), text::upper(form.fields.personal.txtRemarks.text()),
-             trimmedText(consultation.txtCauseofConsultationID1), trimmedText(consultation.txtCauseofConsultationID2),
-             trimmedText(consultation.txtCauseofConsultationID3), trimmedText(form.fields.history.complaint)},
-            "','")
+        .values({record.SaveHospNum, savedVisit(record), trimmedText(consultation.service1.code),
+                 trimmedText(consultation.doctor1.code), unshown(text::trimmed(record.DiagnosisID[0])),
+                 unshown(text::trimmed(record.DiagnosisID[1])), unshown(text::trimmed(record.DiagnosisID[2])),
+                 unshown(record.Findings), unshown(record.Medications), text::upper(fields.personal.txtRemarks.text()),
+                 trimmedText(consultation.txtCauseofConsultationID1),
+                 trimmedText(consultation.txtCauseofConsultationID2),
+                 trimmedText(consultation.txtCauseofConsultationID3), trimmedText(fields.history.complaint)},
+                "','")
         .text("'");
 }
 
-Statement updateVisit(const FormContext& form) {
-    Values values = commonVisit(form);
-    for (const VisitArgument argument : form.session.globals.client().visit)
-        append(values, valuesOf(argument, form));
+Statement updateVisit(const Fields& fields, const Record& record, const ClientProfile& client,
+                      const std::string& accountType, const std::string& user) {
+    Values values = commonVisit(fields, record, accountType, user);
+    for (const VisitArgument argument : client.visit)
+        append(values, valuesOf(argument, fields, record));
     return Statement("Patient_Data..sp_aopd_Update_tbOutpatient '").values(values, "','").text("'");
 }
 
-std::vector<std::string> doctorsToCount(const FormContext& form) {
-    const ConsultationTab& consultation = form.fields.consultation;
-    std::vector<std::string> counted = form.record.countedDoctors;
+std::vector<std::string> doctorsToCount(const Fields& fields, const Record& record) {
+    const ConsultationTab& consultation = fields.consultation;
+    std::vector<std::string> counted = record.countedDoctors;
     std::vector<std::string> doctors;
     for (const ui::TextBox* box : {&consultation.doctor1.code, &consultation.doctor2.code, &consultation.doctor3.code,
                                    &consultation.doctor4.code, &consultation.doctor5.code}) {
@@ -172,21 +173,20 @@ Statement countConsultation(const std::string& doctor) {
     return Statement("Patient_Data..sp_Adm_Update_tbAdmDoctorConsultation '").value(doctor).text("'");
 }
 
-std::vector<Statement> updateAdditionalDoctors(const FormContext& form) {
-    const ConsultationTab& consultation = form.fields.consultation;
+std::vector<Statement> updateAdditionalDoctors(const Fields& fields, const Record& record) {
+    const ConsultationTab& consultation = fields.consultation;
     std::vector<Statement> statements;
     int position = 0;
     for (const ui::TextBox* doctor :
          {&consultation.doctor3.code, &consultation.doctor4.code, &consultation.doctor5.code})
         statements.push_back(Statement("Patient_Data..OPD_Update_AdditionalDr '")
-                                 .values({savedVisit(form.record), doctor->text(), std::to_string(++position)}, "', '")
+                                 .values({savedVisit(record), doctor->text(), std::to_string(++position)}, "', '")
                                  .text("'"));
     return statements;
 }
 
-Statement updateTreatments(const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
-    const Record& record = form.record;
+Statement updateTreatments(const Fields& fields, const Record& record) {
+    const PersonalTab& personal = fields.personal;
     Statement statement("Update Patient_data..tbOutPatient set isChemo = '");
     statement.value(oneIf(personal.chkChemo.checked()))
         .text("', isHemodialysis = '")
@@ -205,34 +205,33 @@ Statement updateTreatments(const FormContext& form) {
         .text("'");
 }
 
-Statement updateWalkIn(const FormContext& form) {
-    const bool walkIn = form.fields.personal.chkWalkIn.checked();
+Statement updateWalkIn(const Fields& fields, const Record& record) {
+    const bool walkIn = fields.personal.chkWalkIn.checked();
     return Statement("Update Patient_data..tbOutPatient set isWalkIn = '")
         .value(oneIf(walkIn))
         .text("', OPDStatus = '")
         .value(walkIn ? "W" : "")
         .text("' where IDnum = '")
-        .value(savedVisit(form.record))
+        .value(savedVisit(record))
         .text("'");
 }
 
-Statement updateCorvane(const FormContext& form) {
-    return updateColumn(form, "Corvane = '", oneIf(form.fields.additional.corvanePatient.selected()));
+Statement updateCorvane(const Fields& fields, const Record& record) {
+    return updateColumn(record, "Corvane = '", oneIf(fields.additional.corvanePatient.selected()));
 }
 
-Statement updateMabRate(const FormContext& form) {
-    return updateColumn(form, "isMABRate = '", oneIf(form.fields.additional.chkMAB.checked()));
+Statement updateMabRate(const Fields& fields, const Record& record) {
+    return updateColumn(record, "isMABRate = '", oneIf(fields.additional.chkMAB.checked()));
 }
 
-Statement updatePatientClass(const FormContext& form) {
-    return updateColumn(form, "PatientClass = '", trimmedText(form.fields.additional.txtPatientClassID));
+Statement updatePatientClass(const Fields& fields, const Record& record) {
+    return updateColumn(record, "PatientClass = '", trimmedText(fields.additional.txtPatientClassID));
 }
 
-Statement saveAuthorization(const FormContext& form) {
-    const AdditionalTab& additional = form.fields.additional;
-    const Record& record = form.record;
+Statement saveAuthorization(const Fields& fields, const Record& record) {
+    const AdditionalTab& additional = fields.additional;
     return Statement("Patient_Data..sp_AOPD_SaveHMOLOA '")
-        .values({savedVisit(form.record), trimmedText(additional.txtApprovalNo)}, "', '")
+        .values({savedVisit(record), trimmedText(additional.txtApprovalNo)}, "', '")
         .text("', '")
         .values({amountText(authorizedAmount(additional)),
                  record.LOAInformedUnknown ? "" : minuteText(additional.DateLOAInformed, additional.TimeLOAInformed)},
@@ -248,19 +247,27 @@ Statement saveAuthorization(const FormContext& form) {
         .text("'");
 }
 
-Statement saveProfile(const FormContext& form) {
-    const ui::MaskedBox& period = form.fields.history.txtLMP;
+Statement saveProfile(const Fields& fields, const Record& record) {
+    const ui::MaskedBox& period = fields.history.txtLMP;
     return Statement("Patient_Data..sp_AOPD_InsertUpdateOutProfile '")
-        .values({text::trimmed(form.record.SaveHospNum), savedVisit(form.record)}, "','")
+        .values({text::trimmed(record.SaveHospNum), savedVisit(record)}, "','")
         .text("','', '', '', '', '', '', '', '', '")
         .value(period.isBlank() ? std::string{} : text::trimmed(period.text()))
         .text("','2'");
 }
 
-Statement logEdit(const FormContext& form) {
+Statement logEdit(const std::string& shownVisit, const std::string& user) {
     return Statement("Patient_data..sp_AOPD_SaveOPD_UserLog '")
-        .values({text::upper(form.fields.header.txtOPDNum.text()), form.session.globals.gUserID}, "','")
+        .values({text::upper(shownVisit), user}, "','")
         .text("','Edited'");
+}
+
+Statement findVisit(const std::string& visit) {
+    return Statement("Select IDNum from Patient_Data..tbOutPatient where IDNum = '").value(visit).text("'");
+}
+
+Statement giveFileNumber(const std::string& hospNum) {
+    return Statement("Patient_data..OPD_UpdateFileNum '").value(hospNum).text("'");
 }
 
 } // namespace opd::registration

@@ -1,4 +1,4 @@
-#include "registration/save/master_statements.h"
+#include "registration/statements/patient_statements.h"
 
 #include "base/text/text.h"
 #include "registration/record/codes.h"
@@ -10,33 +10,31 @@ using Values = std::vector<std::string>;
 
 namespace {
 
-std::string barangay(const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
-    const bool coded = form.session.globals.isAllowOPDSearchBarangay;
+std::string barangay(const PersonalTab& personal, bool coded) {
     return text::upper(coded ? personal.txtBarangayID.text() : personal.txtBarangay.text());
 }
 
 /// The arguments that every client's list begins with.
-Values commonMaster(const FormContext& form) {
-    const HeaderFields& header = form.fields.header;
-    const PersonalTab& personal = form.fields.personal;
-    const ConsultationTab& consultation = form.fields.consultation;
-    const EmploymentTab& employment = form.fields.employment;
-    return {form.record.SaveHospNum,
+Values commonMaster(const Fields& fields, const Record& record, bool codesBarangays) {
+    const HeaderFields& header = fields.header;
+    const PersonalTab& personal = fields.personal;
+    const ConsultationTab& consultation = fields.consultation;
+    const EmploymentTab& employment = fields.employment;
+    return {record.SaveHospNum,
             text::upper(header.txtLastName.text()),
             text::upper(header.txtFirstName.text()),
             text::upper(header.txtMiddleName.text()),
             text::upper(personal.txtHouseStreet.text()),
-            barangay(form),
+            barangay(personal, codesBarangays),
             personal.txtZipCode.text(),
-            text::trimmed(form.record.SexCode),
-            text::trimmed(form.record.BirthDateText),
+            text::trimmed(record.SexCode),
+            text::trimmed(record.BirthDateText),
             text::upper(personal.telephone.text()),
             text::trimmed(header.txtAge.text()),
             employment.employerName.text(),
             employment.employerAddress.text(),
             employment.employerTelephone.text(),
-            savedVisit(form.record),
+            savedVisit(record),
             consultation.guarantorName.text(),
             consultation.guarantorAddress.text(),
             consultation.guarantorTelephone.text(),
@@ -45,12 +43,12 @@ Values commonMaster(const FormContext& form) {
             consultation.informantAddress.text(),
             consultation.informantRelation.text(),
             consultation.informantTelephone.text(),
-            form.record.CivilStatusCode,
+            record.CivilStatusCode,
             consultation.guarantorEmployerAddress.text()};
 }
 
-std::string valueOf(MasterArgument argument, const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
+std::string valueOf(MasterArgument argument, const Fields& fields) {
+    const PersonalTab& personal = fields.personal;
     switch (argument) {
     case MasterArgument::Religion:
         return personal.txtReligion.text();
@@ -61,9 +59,9 @@ std::string valueOf(MasterArgument argument, const FormContext& form) {
     case MasterArgument::Occupation:
         return personal.occupation.text();
     case MasterArgument::BloodType:
-        return form.fields.consultation.txtBloodType.text();
+        return fields.consultation.txtBloodType.text();
     case MasterArgument::Title:
-        return form.fields.header.txtTitle.text();
+        return fields.header.txtTitle.text();
     }
     return {};
 }
@@ -82,26 +80,26 @@ Values gravedTexts(std::initializer_list<const ui::TextBox*> boxes) {
 
 } // namespace
 
-Statement updateMaster(const FormContext& form) {
-    Values values = commonMaster(form);
-    for (const MasterArgument argument : form.session.globals.client().master)
-        values.push_back(valueOf(argument, form));
+Statement updateMaster(const Fields& fields, const Record& record, const ClientProfile& client, bool codesBarangays) {
+    Values values = commonMaster(fields, record, codesBarangays);
+    for (const MasterArgument argument : client.master)
+        values.push_back(valueOf(argument, fields));
     return Statement("Patient_Data..sp_aopd_Update_TbMaster  '").values(values, "', '").text("'");
 }
 
-Statement saveAllergies(const FormContext& form) {
-    Values values{form.record.SaveHospNum};
+Statement saveAllergies(const Fields& fields, const Record& record) {
+    Values values{record.SaveHospNum};
     for (int n = 0; n < 5; ++n)
-        values.push_back(text::trimmed(form.fields.history.txtAllergy(n).text()));
+        values.push_back(text::trimmed(fields.history.txtAllergy(n).text()));
     return Statement("Patient_Data..sp_AOPD_Save_TbMasterAllergies '").values(values, "', '").text("'");
 }
 
-Statement updateExtendedMaster(const FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
-    const AdditionalTab& additional = form.fields.additional;
-    const EmploymentTab& employment = form.fields.employment;
+Statement updateExtendedMaster(const Fields& fields, const Record& record) {
+    const PersonalTab& personal = fields.personal;
+    const AdditionalTab& additional = fields.additional;
+    const EmploymentTab& employment = fields.employment;
 
-    Values first{form.record.SaveHospNum};
+    Values first{record.SaveHospNum};
     const Values people =
         gravedTexts({&personal.birthPlace,      &personal.txtNationality,      &personal.txtReligion,
                      &additional.spouseName,    &personal.motherName,          &personal.fatherName,
@@ -115,24 +113,24 @@ Statement updateExtendedMaster(const FormContext& form) {
     Values last = gravedTexts({&employment.employerFax, &employment.txtEmployerEmail, &additional.spouseEmployerName,
                                &additional.spouseEmployerAddress, &additional.spouseEmployerTelephone,
                                &additional.spouseEmployerFax, &additional.spouseEmployerEmail});
-    last.insert(last.end(), {form.record.PhilHealthKept.sent(philHealthCode(employment)), "",
-                             graved(personal.household), graved(personal.txtEmail), personal.mobile.text()});
+    last.insert(last.end(), {record.PhilHealthKept.sent(philHealthCode(employment)), "", graved(personal.household),
+                             graved(personal.txtEmail), personal.mobile.text()});
 
     return Statement("Patient_Data..sp_Adm_UpdateMaster2 '")
         .values(first, "','")
         .text("',")
-        .bareWord(form.record.EmploymentTypeKept.sent(employmentTypeCode(employment)))
+        .bareWord(record.EmploymentTypeKept.sent(employmentTypeCode(employment)))
         .text(",")
-        .bareWord(form.record.EmploymentLocationKept.sent(employmentLocationCode(employment)))
+        .bareWord(record.EmploymentLocationKept.sent(employmentLocationCode(employment)))
         .text(",'")
         .values(last, "','")
         .text("' ");
 }
 
-Statement updateMedicalHistory(const FormContext& form) {
-    const HistoryTab& history = form.fields.history;
+Statement updateMedicalHistory(const Fields& fields, const Record& record) {
+    const HistoryTab& history = fields.history;
     Statement statement("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory '");
-    statement.value(form.record.SaveHospNum).text("'");
+    statement.value(record.SaveHospNum).text("'");
     constexpr int conditions = 8;
     for (int n = 0; n < conditions; ++n)
         statement.text(", ").number(history.MedHistory(n).checked() ? 1 : 0);

@@ -41,15 +41,6 @@ TEST_F(PrintDesk, SavesTheVisitClosesTheFormAndShowsTheDataSheetOfTheVisit) {
     EXPECT_NE(provider->log.find("sp_aopd_Update_tbOutpatient"), std::string::npos);
 }
 
-TEST_F(PrintDesk, AnInvalidFormIsNeitherSavedNorPrinted) {
-    form->fields().header.txtLastName.setText("");
-    desktop.answer(ui::Answer::Ok);
-    press();
-    EXPECT_TRUE(stayedOpen);
-    EXPECT_EQ(desktop.shown, std::vector<std::string>{"frmRegistration"});
-    EXPECT_EQ(provider->log.find("begin"), std::string::npos);
-}
-
 TEST_F(PrintDesk, AReportWhoseDataCannotBeReadIsToldAndTheVisitStands) {
     reports.failure = "The connection is lost.";
     desktop.answer(ui::Answer::Ok);

@@ -387,45 +387,20 @@ TEST(RoundTrip, EveryDemonstrationPatientOpensAsItsVisitSays) {
 
 using Rows = std::vector<ui::Grid::Row>;
 
-TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
+TEST(RoundTrip, AChildThatTheDatabaseDoesNotTakeLeavesTheListThatWasStored) {
     FullHospital hospital("");
     hospital.globals.IsAllowOPDPatientClass = false;
     const registration::Opening edit{"Edit", "00000002", "2600000001B", {}};
     auto form = hospital.open(edit);
-    ui::Grid* grid = &form->fields().employment.mshDependents;
-    EXPECT_EQ(grid->rows(),
-              (Rows{{"SANTOS, PAOLO REYES", "04/18/2001"}, {"SANTOS, CLARA REYES", "09/02/2004"}, {"", ""}}));
-
-    const auto save = [&] {
-        ASSERT_TRUE(form->validate());
-        hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(hospital.save(*form));
-    };
-    grid->removeRow(1);
-    grid->setCell(2, 0, "SANTOS, NIÑO");
-    grid->setCell(2, 1, "02/29/2024");
-    std::string sent;
-    hospital.globals.gConnection->setTrace([&](const std::string& line) { sent += line.substr(0, 60) + "\n"; });
-    save();
-    const auto at = [&](const char* statement) { return sent.find(statement); };
-    EXPECT_LT(at("Patient_Data..sp_Adm_UpdateMaster2"), at("Delete Patient_Data..tbMasterDependent"));
-    EXPECT_LT(at("Patient_Data..sp_Adm_SaveDependents"), at("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory"));
-    const Rows changed{{"SANTOS, CLARA REYES", "09/02/2004"}, {"SANTOS, NIÑO", "02/29/2024"}, {"", ""}};
-    form = hospital.open(edit);
-    grid = &form->fields().employment.mshDependents;
-    EXPECT_EQ(grid->rows(), changed);
-
-    // A child that the database does not take leaves the list that was stored.
-    grid->setCell(1, 0, "SANTOS, CLARISSA");
-    grid->setCell(2, 1, "13/13/2024");
+    ui::Grid& grid = form->fields().employment.mshDependents;
+    const Rows stored = grid.rows();
+    EXPECT_EQ(stored, (Rows{{"SANTOS, PAOLO REYES", "04/18/2001"}, {"SANTOS, CLARA REYES", "09/02/2004"}, {"", ""}}));
+    grid.setCell(1, 0, "SANTOS, CLARISSA");
+    grid.setCell(2, 1, "13/13/2024");
     ASSERT_TRUE(form->validate());
     EXPECT_THROW(hospital.save(*form), std::runtime_error);
     form = hospital.open(edit);
-    EXPECT_EQ(form->fields().employment.mshDependents.rows(), changed);
-
-    // A patient's hospital number is a number to look at; it is stored with its leading zeros all the same.
-    form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
-    EXPECT_EQ(form->fields().employment.mshDependents.rows(), Rows(1, ui::Grid::Row(2)));
+    EXPECT_EQ(form->fields().employment.mshDependents.rows(), stored);
 }
 
 /// A trace on a disk that has no room for the lines of one parity, so that each line of a registration is hit by one of

@@ -82,6 +82,13 @@ std::vector<ui::TextBox*> typedBoxes(registration::RegistrationForm& form) {
     return boxes;
 }
 
+/// Each client's patient is in another programme.
+ui::CheckBox& programmeOf(registration::PersonalTab& personal, const std::string& client) {
+    if (client.empty())
+        return personal.chkHemo;
+    return client == "RVT" ? personal.chkRTherapy : personal.chkforDeposit;
+}
+
 void choose(registration::Fields& fields) {
     fields.header.female.setSelected(true);
     fields.header.txtBirthDate.setText("02/29/1960");
@@ -90,7 +97,6 @@ void choose(registration::Fields& fields) {
     fields.personal.chkSeniorCitizen.setChecked(true);
     fields.personal.chkWalkIn.setChecked(true);
     fields.personal.chkPatientType.setChecked(true);
-    fields.personal.chkHemo.setChecked(true);
     fields.consultation.withBill.setSelected(true);
     fields.consultation.optDiabetes.setSelected(true);
     fields.history.tuberculosis.setChecked(true);
@@ -109,7 +115,6 @@ void expectChosen(registration::Fields& fields) {
     EXPECT_TRUE(fields.personal.chkSeniorCitizen.checked());
     EXPECT_TRUE(fields.personal.chkWalkIn.checked());
     EXPECT_TRUE(fields.personal.chkPatientType.checked());
-    EXPECT_TRUE(fields.personal.chkHemo.checked());
     EXPECT_EQ(fields.personal.dtpExpiration.text(), "01/31/2027");
     EXPECT_TRUE(fields.consultation.withBill.selected());
     EXPECT_TRUE(fields.consultation.optDiabetes.selected());
@@ -132,6 +137,7 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
             typed[box->name()] = text::trimmed(box->text());
         }
         choose(form->fields());
+        programmeOf(form->fields().personal, client).setChecked(true);
         form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
         form->fields().personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";
@@ -148,6 +154,9 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         for (ui::TextBox* box : typedBoxes(*form))
             EXPECT_EQ(text::trimmed(box->text()), typed[box->name()]) << box->name();
         expectChosen(form->fields());
+        for (ui::CheckBox* box : {&form->fields().personal.chkChemo, &form->fields().personal.chkHemo,
+                                  &form->fields().personal.chkRTherapy, &form->fields().personal.chkforDeposit})
+            EXPECT_EQ(box->checked(), box == &programmeOf(form->fields().personal, client)) << box->name();
         EXPECT_EQ(form->fields().consultation.txtService(1).text().empty(), false);
         EXPECT_TRUE(form->fields().personal.insured.selected());
         EXPECT_FALSE(form->fields().personal.company.name.text().empty());

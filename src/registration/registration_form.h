@@ -4,7 +4,6 @@
 #include "registration/form_rules.h"
 #include "registration/kept/kept_registrations.h"
 #include "registration/photo/photo.h"
-#include "registration/record/form_context.h"
 #include "registration/record/record.h"
 #include "registration/revoke/revoke.h"
 #include "registration/rules/guidance.h"
@@ -35,7 +34,6 @@ class RegistrationForm {
     ui::Window& window() { return m_window; }
     Fields& fields() { return m_fields; }
     Record& record() { return m_record; }
-    FormContext& context() { return m_context; }
 
     /// Loads the form by its type, hospital number and OPD number, and lays it out in full; offers what was typed into
     /// one for the same patient that could not be saved. Throws ado::Error.
@@ -57,7 +55,6 @@ class RegistrationForm {
     ui::Window m_window{"frmRegistration", "Registration"};
     Fields m_fields{m_window};
     Record m_record;
-    FormContext m_context{m_session, m_window, m_fields, m_record};
     FormRules m_rules{m_session, m_window, m_fields, m_record};
     Revoking m_revoking{m_session, m_fields};
     PhotoCapture m_capture{m_session, m_fields.additional, m_record};

@@ -4,6 +4,7 @@
 #include "data/rows.h"
 #include "registration/load/columns.h"
 #include "registration/record/codes.h"
+#include "registration/record/extended_texts.h"
 #include "registration/statements/queries.h"
 
 namespace opd::registration {
@@ -12,40 +13,10 @@ namespace {
 
 using data::textOf;
 
-void showContacts(Fields& fields, const ado::Recordset& patient) {
-    PersonalTab& personal = fields.personal;
-    AdditionalTab& additional = fields.additional;
-    EmploymentTab& employment = fields.employment;
-    fill(patient, {
-                      {"Email", personal.txtEmail},
-                      {"CellNum", personal.mobile},
-                      {"HouseHold", personal.household},
-                      {"Spouse", additional.spouseName},
-                      {"BarangayCaptain", personal.barangayCaptain},
-                      {"Father", personal.fatherName},
-                      {"FatherAddress", personal.fatherAddress},
-                      {"FatherTelNum", personal.fatherTelephone},
-                      {"mother", personal.motherName},
-                      {"motherAddress", personal.motherAddress},
-                      {"motherTelNum", personal.motherTelephone},
-                      {"ContactName", personal.notifyName},
-                      {"ContactAddress", personal.notifyAddress},
-                      {"ContactTelNum", personal.notifyTelephone},
-                      {"ContactRelation", personal.notifyRelation},
-                      {"SpouseAddress", additional.spouseAddress},
-                      {"SpouseTelNum", additional.spouseTelephone},
-                      {"SpouseEmpName", additional.spouseEmployerName},
-                      {"SpouseEmpAddress", additional.spouseEmployerAddress},
-                      {"SpouseEmpTelNum", additional.spouseEmployerTelephone},
-                      {"SpouseEmpFax", additional.spouseEmployerFax},
-                      {"SpouseEmpEmail", additional.spouseEmployerEmail},
-                      {"Position", employment.position},
-                      {"Employer", employment.employerName},
-                      {"EmployerTelNum", employment.employerTelephone},
-                      {"EmployerAddress", employment.employerAddress},
-                      {"EmployerFax", employment.employerFax},
-                      {"EmployerEmail", employment.txtEmployerEmail},
-                  });
+void showTexts(const ExtendedTexts<Fields>& texts, const ado::Recordset& patient) {
+    for (const auto& [column, box] : texts)
+        if (column != nullptr)
+            box.setText(textOf(patient, column));
 }
 
 /// The number of a column, or -1 when it is null: an option that nobody chose.
@@ -82,7 +53,10 @@ void LoadExtendedMaster(const Session& session, Fields& fields, Record& record) 
                                                     ado::CursorType::Dynamic, ado::LockType::Optimistic);
     if (patient.RecordCount() <= 0)
         return;
-    showContacts(fields, patient);
+    showTexts(peopleTexts(fields), patient);
+    showTexts(employerTexts(fields), patient);
+    showTexts(contactTexts(fields), patient);
+    fields.personal.mobile.setText(textOf(patient, "CellNum"));
     showEmployment(fields.employment, patient);
     keepEmploymentCodes(fields.employment, record, patient);
 }

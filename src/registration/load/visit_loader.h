@@ -1,6 +1,8 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
+#include "session/session.h"
 
 namespace opd::registration {
 
@@ -8,9 +10,6 @@ namespace opd::registration {
 /// told. In "Edit": loads the visit of `AdmissionNumber` into the form; false when there is none or it may no longer be
 /// edited, which the clerk was told. For any other form type true. Throws ado::Error.
 bool SearchPatient(const Session& session, Fields& fields, Record& record);
-inline bool SearchPatient(FormContext& form) {
-    return SearchPatient(form.session, form.fields, form.record);
-}
 
 /// Loads the allergies of `HospNum`, as they are saved with every visit. Throws ado::Error.
 void LoadAllergies(const Session& session, HistoryTab& history, Record& record);

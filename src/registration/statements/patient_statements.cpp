@@ -2,6 +2,7 @@
 
 #include "base/text/text.h"
 #include "registration/record/codes.h"
+#include "registration/record/extended_texts.h"
 
 namespace opd::registration {
 
@@ -66,16 +67,10 @@ std::string valueOf(MasterArgument argument, const Fields& fields) {
     return {};
 }
 
-/// The value as the extended master takes it.
-std::string graved(const ui::TextBox& box) {
-    return text::replaced(box.text(), "'", "`");
-}
-
-Values gravedTexts(std::initializer_list<const ui::TextBox*> boxes) {
-    Values texts;
-    for (const ui::TextBox* box : boxes)
-        texts.push_back(graved(*box));
-    return texts;
+/// Adds the texts as the extended master takes them.
+void addGraved(Values& values, const ExtendedTexts<const Fields>& texts) {
+    for (const auto& [column, box] : texts)
+        values.push_back(text::replaced(box.text(), "'", "`"));
 }
 
 } // namespace
@@ -95,27 +90,14 @@ Statement saveAllergies(const Fields& fields, const Record& record) {
 }
 
 Statement updateExtendedMaster(const Fields& fields, const Record& record) {
-    const PersonalTab& personal = fields.personal;
-    const AdditionalTab& additional = fields.additional;
     const EmploymentTab& employment = fields.employment;
-
     Values first{record.SaveHospNum};
-    const Values people =
-        gravedTexts({&personal.birthPlace,      &personal.txtNationality,      &personal.txtReligion,
-                     &additional.spouseName,    &personal.motherName,          &personal.fatherName,
-                     &employment.employerName,  &employment.employerTelephone, &employment.employerAddress,
-                     &personal.notifyName,      &personal.notifyAddress,       &personal.notifyRelation,
-                     &personal.notifyTelephone, &additional.spouseAddress,     &additional.spouseTelephone,
-                     &personal.fatherAddress,   &personal.fatherTelephone,     &personal.motherAddress,
-                     &personal.motherTelephone, &personal.barangayCaptain,     &employment.position});
-    first.insert(first.end(), people.begin(), people.end());
-
-    Values last = gravedTexts({&employment.employerFax, &employment.txtEmployerEmail, &additional.spouseEmployerName,
-                               &additional.spouseEmployerAddress, &additional.spouseEmployerTelephone,
-                               &additional.spouseEmployerFax, &additional.spouseEmployerEmail});
-    last.insert(last.end(), {record.PhilHealthKept.sent(philHealthCode(employment)), "", graved(personal.household),
-                             graved(personal.txtEmail), personal.mobile.text()});
-
+    addGraved(first, peopleTexts(fields));
+    Values last;
+    addGraved(last, employerTexts(fields));
+    last.insert(last.end(), {record.PhilHealthKept.sent(philHealthCode(employment)), ""});
+    addGraved(last, contactTexts(fields));
+    last.push_back(fields.personal.mobile.text());
     return Statement("Patient_Data..sp_Adm_UpdateMaster2 '")
         .values(first, "','")
         .text("',")

@@ -17,7 +17,7 @@ void LoadHospitalInfo(Session& session) {
     const ado::Recordset row = openPlain(session, statements::hospitalInfo());
     if (row.EndOfFile())
         return;
-    session.globals.gClientName = textOf(row, "clientname");
+    session.globals.setClient(textOf(row, "clientname"));
     session.globals.gCompanyName = textOf(row, "Company");
     session.globals.gCompanyAddress = textOf(row, "Address1");
 }

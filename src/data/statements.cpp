@@ -1,30 +1,16 @@
 #include "data/statements.h"
 
+#include "session/feature_flags.h"
+
 namespace opd::data::statements {
 
 using ado::Statement;
 
 Statement featureFlags() {
-    return Statement(
-        "Select top 1 isnull(ClientName,'') as ClientName, isnull(IsHMORate,0) isHMORate, isnull(IsOPDstatRate,0) "
-        "IsOPDstatRate, "
-        "isnull(IsAllowOPDShowLabSpecimen,0) IsAllowOPDShowLabSpecimen, isnull(IsAllowOPDChargeChangePrice,0) "
-        "IsAllowOPDChargeChangePrice, "
-        "isnull(isAllowOPDRegisterInpatient,0) isAllowOPDRegisterInpatient, isnull(IsAllowOPDCheckLabSection,0) "
-        "IsAllowOPDCheckLabSection, "
-        "isnull(IsAllowOPDAssessmentRateG,0) IsAllowOPDAssessmentRateG, isnull(isAllowCorvane,0) isAllowCorvane, "
-        "isnull(isAllowOPDSearchBarangay,0) isAllowOPDSearchBarangay, Isnull(isAllowOPDSearchCardNumber,0) "
-        "isAllowOPDSearchCardNumber, "
-        "isnull(IsAllowOPDMABRate,0) IsAllowOPDMABRate, isnull(IsAllowOPDUpdateHMOLOA,0) IsAllowOPDUpdateHMOLOA, "
-        "IsNull(IsAllowOPDExportReport,0) IsAllowOPDExportReport, IsNull(IsAllowOPDSearchDocBySched,0) "
-        "IsAllowOPDSearchDocBySched, "
-        "IsNull(IsAllowOPDPatientClass,0) IsAllowOPDPatientClass, IsNull(IsAllowOPDShowDiscount,0) "
-        "IsAllowOPDShowDiscount, isnull(isAllowOPDPayCode,0) isAllowOPDPayCode, "
-        "isnull(isAllowMultipleRequest,0) isAllowMultipleRequest, isnull(allowEndConsultation,0) "
-        "allowEndConsultation, "
-        "isnull(isAllowOPFileNumbering,0) isAllowOPFileNumbering, isnull(isAllowCreateNewIDnum,0)"
-        "isAllowCreateNewIDnum, isnull(isAllowSpecializedCompanyRate,0)isAllowSpecializedCompanyRate from "
-        "Patient_Data..tbHospitalInfo");
+#define OPD_FLAG_TERM(member, term) ", " term
+    return "Select top 1 isnull(ClientName,'') as ClientName" OPD_FEATURE_FLAGS(
+        OPD_FLAG_TERM) " from Patient_Data..tbHospitalInfo";
+#undef OPD_FLAG_TERM
 }
 
 Statement hospitalInfo() {

@@ -19,7 +19,7 @@ class FormRules {
         : m_codes(session), m_listing(session.globals.gCodeSearch), m_entry(session.globals.gForceSearch),
           m_keys(window, fields), m_patient(session, window, fields.header, fields.personal.cboCivilStatus),
           m_lookups(fields, m_entry, m_listing, m_codes), m_clinical(session, fields, m_entry, m_listing, m_codes),
-          m_complaints(session, fields, m_listing), m_payer(session.desktop, fields, record),
+          m_complaints(session, fields, m_listing), m_payer(session.desktop, fields),
           m_account(session, fields.personal, fields.additional, record.CompanyClass, m_entry, m_listing),
           m_visit(session.desktop, session.globals.gServerDate, fields) {}
 

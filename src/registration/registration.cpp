@@ -12,7 +12,7 @@ void frmRegistration::SetRegistrationMode() {
 }
 
 bool frmRegistration::SearchPatient() {
-    return registration::SearchPatient(m_form->context());
+    return registration::SearchPatient(m_session, m_form->fields(), m_form->record());
 }
 
 void frmRegistration::showModal() {

@@ -1,31 +1,25 @@
 #include "registration/registration_form.h"
 
 #include "data/rows.h"
-#include "registration/kept/kept_registrations.h"
 #include "registration/load/form_load.h"
-#include "registration/photo/photo.h"
 #include "registration/record/codes.h"
-#include "registration/revoke/revoke.h"
 #include "registration/rules/validate_data.h"
 #include "registration/save/apostrophes.h"
 #include "registration/save/save_data.h"
-#include "registration/subrecords/dependents.h"
+#include "registration/statements/changes.h"
 #include "reports/prepare_report.h"
 
 namespace opd::registration {
 
 RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
-    : m_session(session), m_patient(opening.HospNum), m_lastName(opening.lastName) {
+    : m_session(session), m_kept(session, m_window, m_fields, m_record, opening.HospNum), m_lastName(opening.lastName) {
     m_record.FormType = opening.FormType;
     m_record.HospNum = opening.HospNum;
     m_record.AdmissionNumber = opening.AdmissionNumber;
-    m_window.onLoad = [this] { loadForm(m_context); };
+    m_window.onLoad = [this] { loadForm(m_session, m_fields, m_record); };
     m_window.onFailure = [this](const std::exception& failure) { data::reportFailure(m_session, failure); };
-    bindRevoke(m_context);
-    bindCapture(m_context);
-    bindDependents(m_context);
     bindMarks(m_fields);
-    bindApostrophes(m_context);
+    bindApostrophes(m_window, m_fields);
     m_guidance.emplace(m_window, m_fields, m_record, m_session.globals);
     bindButtons();
     disableIdleButtons();
@@ -48,7 +42,7 @@ void RegistrationForm::SetRegistrationMode() {
     m_fields.buttons.cmdUpdate.setVisible(false);
     if (m_record.isNewPatient())
         m_window.setFocus(m_lastName.empty() ? m_fields.header.txtLastName : m_fields.header.txtFirstName);
-    m_continuesKept = offerKeptRegistration(m_context, m_patient);
+    m_kept.offer();
 }
 
 void RegistrationForm::bindButtons() {
@@ -79,22 +73,22 @@ bool RegistrationForm::validate() {
 }
 
 void RegistrationForm::save(bool updateOnly) {
-    if (validate() && SaveData(m_context, updateOnly))
+    if (validate() && SaveData(m_session, m_fields, m_record, updateOnly))
         close();
 }
 
 // Without a number nothing is stored, and what was typed must not go with the form.
 void RegistrationForm::close() {
     if (m_record.lacksNumber)
-        keepRegistration(m_context, m_patient);
-    else if (m_continuesKept)
-        forgetKeptRegistration(m_session, m_patient);
+        m_kept.keep();
+    else
+        m_kept.forgetTakenUp();
     m_session.globals.lastOutcome = storedOutcome(m_record);
     m_window.unload();
 }
 
 void RegistrationForm::saveAndPrint() {
-    if (!validate() || !SaveData(m_context, false))
+    if (!validate() || !SaveData(m_session, m_fields, m_record, false))
         return;
     const bool wasWritten = !m_record.lacksNumber;
     if (wasWritten)
@@ -113,16 +107,13 @@ void RegistrationForm::cancel() {
                                .icon = ui::Icon::Question};
     if (m_session.desktop.ask(question) == ui::Answer::Cancel)
         return;
-    if (m_continuesKept)
-        forgetKeptRegistration(m_session, m_patient); // the clerk gives it up
+    m_kept.forgetTakenUp(); // the clerk gives it up
     m_window.unload();
 }
 
 void RegistrationForm::endConsultation() {
     const ui::BusyPointer busy(m_session.desktop);
-    data::execute(
-        m_session,
-        ado::Statement("Patient_Data..OPD_updateConsultationDate '").value(m_record.AdmissionNumber).text("'"));
+    data::execute(m_session, statements::endConsultation(m_record.AdmissionNumber));
     m_window.unload();
 }
 

@@ -2,9 +2,12 @@
 
 #include "registration/fields/fields.h"
 #include "registration/form_rules.h"
-#include "registration/record/form_context.h"
+#include "registration/kept/kept_registrations.h"
+#include "registration/photo/photo.h"
 #include "registration/record/record.h"
+#include "registration/revoke/revoke.h"
 #include "registration/rules/guidance.h"
+#include "registration/subrecords/dependents_editor.h"
 #include "session/session.h"
 #include "ui/window.h"
 
@@ -31,7 +34,6 @@ class RegistrationForm {
     ui::Window& window() { return m_window; }
     Fields& fields() { return m_fields; }
     Record& record() { return m_record; }
-    FormContext& context() { return m_context; }
 
     /// Loads the form by its type, hospital number and OPD number, and lays it out in full; offers what was typed into
     /// one for the same patient that could not be saved. Throws ado::Error.
@@ -53,12 +55,13 @@ class RegistrationForm {
     ui::Window m_window{"frmRegistration", "Registration"};
     Fields m_fields{m_window};
     Record m_record;
-    FormContext m_context{m_session, m_window, m_fields, m_record};
     FormRules m_rules{m_session, m_window, m_fields, m_record};
+    Revoking m_revoking{m_session, m_fields};
+    PhotoCapture m_capture{m_session, m_fields.additional, m_record};
+    DependentsEditor m_dependents{m_session.desktop, m_fields.employment};
     std::optional<Guidance> m_guidance; ///< made last: it adds to all other handlers
-    const std::string m_patient;        ///< whom the form was opened for; a saved new patient has a number by then
+    KeptRegistrations m_kept;           ///< of whom the form was opened for; a saved new patient has a number by then
     std::string m_lastName;
-    bool m_continuesKept = false; ///< holds what an earlier form could not save
 };
 
 } // namespace opd::registration

@@ -54,6 +54,7 @@ std::string PatientFinder::Sex() const {
 }
 
 std::optional<int> PatientFinder::age() const {
+    // The upper bound is no date, and so none: as the hospitals know it.
     if (m_fields.txtBirthDate.isBlank() || !data::IsDateInRange(m_fields.txtBirthDate.text(), "", "True", true))
         return std::nullopt;
     return data::ComputeAge(m_session, m_fields.txtBirthDate.text(), dateText(m_session.clock.now()));

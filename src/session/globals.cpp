@@ -2,6 +2,11 @@
 
 namespace opd {
 
+void Globals::setClient(const std::string& code) {
+    gClientName = code;
+    m_client = &profileOf(code);
+}
+
 Globals& Globals::ofThread() {
     thread_local Globals globals;
     return globals;

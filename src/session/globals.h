@@ -4,8 +4,9 @@
 #include "base/clock/date_time.h"
 #include "com/object.h"
 #include "ports/report/engine.h"
+#include "session/client_profile.h"
+#include "session/feature_flags.h"
 
-#include <array>
 #include <map>
 #include <memory>
 #include <string>
@@ -15,64 +16,6 @@ struct KeptRegistration;
 }
 
 namespace opd {
-
-/// The hospital's optional behaviours, switched by the columns of its settings row. All off until the row is read.
-struct FeatureFlags {
-    bool isHMORate = false;
-    bool IsOPDstatRate = false;
-    bool IsAllowOPDShowLabSpecimen = false;
-    bool IsAllowOPDChargeChangePrice = false;
-    bool isAllowOPDRegisterInpatient = false;
-    bool IsAllowOPDCheckLabSection = false;
-    bool IsAllowOPDAssessmentRateG = false;
-    bool isAllowCorvane = false;
-    bool isAllowOPDSearchBarangay = false;
-    bool isAllowOPDSearchCardNumber = false;
-    bool IsAllowOPDMABRate = false;
-    bool IsAllowOPDUpdateHMOLOA = false;
-    bool IsAllowOPDExportReport = false;
-    bool IsAllowOPDSearchDocBySched = false;
-    bool IsAllowOPDPatientClass = false;
-    bool IsAllowOPDShowDiscount = false;
-    bool isAllowOPDPayCode = false;
-    bool isAllowMultipleRequest = false;
-    bool allowEndConsultation = false;
-    bool isAllowOPFileNumbering = false;
-    bool isAllowCreateNewIDnum = false;
-    bool isAllowSpecializedCompanyRate = false;
-};
-
-/// A flag and the name of its settings column.
-struct FeatureFlag {
-    const char* column;
-    bool FeatureFlags::*flag;
-};
-
-/// Every flag, in the order in which the settings row is read.
-inline constexpr std::array<FeatureFlag, 22> featureFlags{{
-    {"isHMORate", &FeatureFlags::isHMORate},
-    {"isOPDStatRate", &FeatureFlags::IsOPDstatRate},
-    {"IsAllowOPDShowLabSpecimen", &FeatureFlags::IsAllowOPDShowLabSpecimen},
-    {"IsAllowOPDChargeChangePrice", &FeatureFlags::IsAllowOPDChargeChangePrice},
-    {"isAllowOPDRegisterInpatient", &FeatureFlags::isAllowOPDRegisterInpatient},
-    {"IsAllowOPDCheckLabSection", &FeatureFlags::IsAllowOPDCheckLabSection},
-    {"IsAllowOPDAssessmentRateG", &FeatureFlags::IsAllowOPDAssessmentRateG},
-    {"IsAllowCorvane", &FeatureFlags::isAllowCorvane},
-    {"isAllowOPDSearchBarangay", &FeatureFlags::isAllowOPDSearchBarangay},
-    {"isAllowOPDSearchCardNumber", &FeatureFlags::isAllowOPDSearchCardNumber},
-    {"IsAllowOPDMABRate", &FeatureFlags::IsAllowOPDMABRate},
-    {"IsAllowOPDUpdateHMOLOA", &FeatureFlags::IsAllowOPDUpdateHMOLOA},
-    {"IsAllowOPDExportReport", &FeatureFlags::IsAllowOPDExportReport},
-    {"IsAllowOPDSearchDocBySched", &FeatureFlags::IsAllowOPDSearchDocBySched},
-    {"IsAllowOPDPatientClass", &FeatureFlags::IsAllowOPDPatientClass},
-    {"IsAllowOPDShowDiscount", &FeatureFlags::IsAllowOPDShowDiscount},
-    {"isAllowOPDPayCode", &FeatureFlags::isAllowOPDPayCode},
-    {"isAllowMultipleRequest", &FeatureFlags::isAllowMultipleRequest},
-    {"allowEndConsultation", &FeatureFlags::allowEndConsultation},
-    {"isAllowOPFileNumbering", &FeatureFlags::isAllowOPFileNumbering},
-    {"isAllowCreateNewIDnum", &FeatureFlags::isAllowCreateNewIDnum},
-    {"isAllowSpecializedCompanyRate", &FeatureFlags::isAllowSpecializedCompanyRate},
-}};
 
 /// What all windows of one host thread share. Filled at session start and by the windows named beside the members.
 struct Globals : FeatureFlags {
@@ -87,7 +30,7 @@ struct Globals : FeatureFlags {
 
     DateTime gServerDate; ///< the reference date of ages and date rules; set when a window loads
 
-    std::string gClientName;     ///< the client hospital's code: "RVT", "TKWA" or another
+    std::string gClientName;     ///< the client hospital's code: "RVT", "TKWA" or another; see `setClient`
     std::string gCompanyName;    ///< the hospital's name
     std::string gCompanyAddress; ///< and address, for reports
 
@@ -109,8 +52,17 @@ struct Globals : FeatureFlags {
     bool gForceSearch = false;   ///< a lookup button asks the next lookup to list everything
     std::string AccountTypeCode; ///< "P" patient pays, "C" company; set when a registration is checked
 
+    /// Takes over the client hospital's code, and with it what that client does differently.
+    void setClient(const std::string& code);
+
+    /// What the client hospital does differently.
+    const ClientProfile& client() const { return *m_client; }
+
     /// The globals of the calling thread.
     static Globals& ofThread();
+
+  private:
+    const ClientProfile* m_client = &profileOf({});
 };
 
 } // namespace opd

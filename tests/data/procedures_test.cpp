@@ -1,7 +1,6 @@
 #include "support/test_session.h"
 
 #include "ado/statement.h"
-#include "data/hospital_settings.h"
 #include "data/leading_number.h"
 #include "data/procedures/dates.h"
 #include "data/procedures/eligibility.h"
@@ -21,27 +20,6 @@ TEST(Statement, KeepsValuesOutOfItsStructure) {
     EXPECT_EQ(ado::Statement("p ").bareWord("00000012").str(), "p 00000012");
     for (const char* word : {"", "1 2", "1,2", "1'", "a;b"})
         EXPECT_THROW(ado::Statement("p ").bareWord(word), ado::Error) << word;
-}
-
-TEST(HospitalSettings, EveryFlagIsReadByNameAndAnEmptyTableChangesNone) {
-    for (std::size_t on = 0; on < featureFlags.size(); ++on) {
-        TestSession desk;
-        ado::ResultSet row = oneRow({{"ClientName", "X"}});
-        for (std::size_t i = 0; i < featureFlags.size(); ++i) {
-            row.columns.push_back(text::upper(std::string_view{featureFlags[i].column}));
-            row.rows.front().push_back(i == on ? ado::Value{-1} : ado::Value{0});
-        }
-        desk.provider->answer("Select top 1", row);
-        data::loadFeatureFlags(desk.session);
-        for (std::size_t i = 0; i < featureFlags.size(); ++i)
-            EXPECT_EQ(desk.globals.*featureFlags[i].flag, i == on) << featureFlags[i].column;
-        EXPECT_EQ(desk.provider->requests.back().cursorLocation, ado::CursorLocation::Client);
-        EXPECT_EQ(desk.provider->requests.back().cursorType, ado::CursorType::Dynamic);
-
-        desk.provider->forgetRules("Select top 1");
-        data::loadFeatureFlags(desk.session);
-        EXPECT_TRUE(desk.globals.*featureFlags[on].flag) << "no row, no change";
-    }
 }
 
 TEST(KeyFilters, KeepWhatBelongsAndDropTheRest) {

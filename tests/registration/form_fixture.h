@@ -4,6 +4,7 @@
 #include "support/test_session.h"
 
 #include "registration/registration_form.h"
+#include "registration/save/save_data.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -35,6 +36,8 @@ struct FormFixture : TestSession {
         fields.personal.txtZipCode.setText("1000");
         fields.personal.txtReligion.setText("1");
     }
+
+    bool save(bool updateOnly) { return registration::SaveData(session, form->fields(), form->record(), updateOnly); }
 
     com::Ref<ListingStandIn> listing = com::Ref<ListingStandIn>::taking(new ListingStandIn);
     std::unique_ptr<registration::RegistrationForm> form;

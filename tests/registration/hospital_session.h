@@ -7,6 +7,7 @@
 #include "adapters/sqlite/create_database.h"
 #include "adapters/sqlite/provider.h"
 #include "registration/registration_form.h"
+#include "registration/save/save_data.h"
 
 #include <filesystem>
 #include <memory>
@@ -21,7 +22,7 @@ struct HospitalSession {
             folder, {.patients = 12, .now = DateTime{2026, 11, 24, 0, 0, 0}, .clientCode = clientCode}, {});
         providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
         globals.gConnection = connect();
-        globals.gClientName = clientCode;
+        globals.setClient(clientCode);
         globals.gUserID = "CLERK";
         globals.gServerDate = clock.moment;
         globals.gCodeSearch = com::Object{listing.get()};
@@ -40,6 +41,10 @@ struct HospitalSession {
         auto form = std::make_unique<registration::RegistrationForm>(session, opening);
         form->SetRegistrationMode();
         return form;
+    }
+
+    bool save(registration::RegistrationForm& form) {
+        return registration::SaveData(session, form.fields(), form.record(), false);
     }
 
     TemporaryFolder temporary;

@@ -1,7 +1,7 @@
 #include "registration/hospital_session.h"
 
 #include "component/trace_file.h"
-#include "registration/save/save_data.h"
+#include "data/hospital_settings.h"
 #include "support/sql.h"
 #include "support/temporary_folder.h"
 
@@ -20,17 +20,30 @@ namespace opd::tests {
 
 namespace {
 
-/// A hospital that uses everything.
+void setFlag(HospitalSession& hospital, const std::string& column, bool on) {
+    hospital.globals.gConnection->Execute(
+        sql("Update Patient_Data..tbHospitalInfo set " + column + (on ? " = '1'" : " = '0'") + " where Company <> ''"));
+}
+
+/// A hospital that uses everything, by the switches of its own settings row.
 struct FullHospital : HospitalSession {
-    explicit FullHospital(const std::string& clientCode) : HospitalSession(clientCode) {
-        globals.isAllowCorvane = globals.IsAllowOPDMABRate = globals.IsAllowOPDUpdateHMOLOA = true;
-        globals.IsAllowOPDPatientClass = globals.isAllowOPDPayCode = globals.isAllowOPDRegisterInpatient = true;
+    explicit FullHospital(const std::string& clientCode, bool codesBarangays = false) : HospitalSession(clientCode) {
+        for (const char* column : {"isAllowCorvane", "IsAllowOPDMABRate", "IsAllowOPDUpdateHMOLOA",
+                                   "IsAllowOPDPatientClass", "isAllowOPDPayCode", "isAllowOPDRegisterInpatient"})
+            setFlag(*this, column, true);
+        setFlag(*this, "isAllowOPDSearchBarangay", codesBarangays);
+        data::loadFeatureFlags(session);
+        data::LoadHospitalInfo(session);
     }
 };
 
-/// What no save writes: the complaint is stored by its memo, the barangay by its free text where none is coded.
-const std::set<std::string> notStored{"txtDiagnosis", "txtChiefComplaintID(0)", "txtChiefComplaint(0)", "txtSeniorID",
-                                      "txtBarangayID"};
+/// What no save writes: the complaint is stored by its memo, the senior's code by its check box, and the barangay by
+/// its code or by its free text, which of the two is shown.
+bool isStored(const ui::TextBox& box) {
+    static const std::set<std::string> notStored{"txtDiagnosis", "txtChiefComplaintID(0)", "txtChiefComplaint(0)",
+                                                 "txtSeniorID"};
+    return !notStored.contains(box.name()) && (!box.name().starts_with("txtBarangay") || box.visible());
+}
 
 /// Codes that the hospital knows, by the beginning of the field's name; other text boxes take any text.
 std::string entryFor(const ui::TextBox& box, int serial) {
@@ -64,10 +77,16 @@ std::vector<ui::TextBox*> typedBoxes(registration::RegistrationForm& form) {
     form.window().collect(everything);
     std::vector<ui::TextBox*> boxes;
     for (ui::Control* control : everything)
-        if (auto* box = dynamic_cast<ui::TextBox*>(control);
-            box != nullptr && !box->readOnly && !notStored.contains(box->name()))
+        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && !box->readOnly && isStored(*box))
             boxes.push_back(box);
     return boxes;
+}
+
+/// Each client's patient is in another programme.
+ui::CheckBox& programmeOf(registration::PersonalTab& personal, const std::string& client) {
+    if (client.empty())
+        return personal.chkHemo;
+    return client == "RVT" ? personal.chkRTherapy : personal.chkforDeposit;
 }
 
 void choose(registration::Fields& fields) {
@@ -78,7 +97,6 @@ void choose(registration::Fields& fields) {
     fields.personal.chkSeniorCitizen.setChecked(true);
     fields.personal.chkWalkIn.setChecked(true);
     fields.personal.chkPatientType.setChecked(true);
-    fields.personal.chkHemo.setChecked(true);
     fields.consultation.withBill.setSelected(true);
     fields.consultation.optDiabetes.setSelected(true);
     fields.history.tuberculosis.setChecked(true);
@@ -97,7 +115,6 @@ void expectChosen(registration::Fields& fields) {
     EXPECT_TRUE(fields.personal.chkSeniorCitizen.checked());
     EXPECT_TRUE(fields.personal.chkWalkIn.checked());
     EXPECT_TRUE(fields.personal.chkPatientType.checked());
-    EXPECT_TRUE(fields.personal.chkHemo.checked());
     EXPECT_EQ(fields.personal.dtpExpiration.text(), "01/31/2027");
     EXPECT_TRUE(fields.consultation.withBill.selected());
     EXPECT_TRUE(fields.consultation.optDiabetes.selected());
@@ -111,7 +128,7 @@ void expectChosen(registration::Fields& fields) {
 TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
     for (const char* client : {"", "RVT", "TKWA"}) {
         SCOPED_TRACE(std::string{"client "} + client);
-        FullHospital hospital(client);
+        FullHospital hospital(client, std::string{client} == "TKWA");
         auto form = hospital.open({"NEW", "NEW", "(TO BE GENERATED)", {}});
         int serial = 0;
         std::map<std::string, std::string> typed;
@@ -120,7 +137,7 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
             typed[box->name()] = text::trimmed(box->text());
         }
         choose(form->fields());
-        form->record().HemoFlag = true;
+        programmeOf(form->fields().personal, client).setChecked(true);
         form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
         form->fields().personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";
@@ -130,13 +147,16 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         form->fields().history.txtLMP.setText("11/02/2026");
         ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(form->context(), false));
+        ASSERT_TRUE(hospital.save(*form));
         const registration::Opening edit{"Edit", form->record().SaveHospNum, form->record().SaveIDNum + "B", {}};
 
         form = hospital.open(edit);
         for (ui::TextBox* box : typedBoxes(*form))
             EXPECT_EQ(text::trimmed(box->text()), typed[box->name()]) << box->name();
         expectChosen(form->fields());
+        for (ui::CheckBox* box : {&form->fields().personal.chkChemo, &form->fields().personal.chkHemo,
+                                  &form->fields().personal.chkRTherapy, &form->fields().personal.chkforDeposit})
+            EXPECT_EQ(box->checked(), box == &programmeOf(form->fields().personal, client)) << box->name();
         EXPECT_EQ(form->fields().consultation.txtService(1).text().empty(), false);
         EXPECT_TRUE(form->fields().personal.insured.selected());
         EXPECT_FALSE(form->fields().personal.company.name.text().empty());
@@ -146,6 +166,30 @@ TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
         EXPECT_EQ(form->fields().buttons.cmdSave.caption(), "&Update");
         EXPECT_FALSE(form->fields().header.txtOPDNum.enabled());
     }
+}
+
+TEST(HospitalSettings, EveryFlagFollowsTheColumnOfItsNameAloneAndAnEmptyTableChangesNone) {
+    HospitalSession hospital;
+    ado::Recordset settings;
+    settings.Open("Select * from Patient_Data..tbHospitalInfo", *hospital.globals.gConnection);
+    std::vector<std::string> columns = settings.all().columns;
+    std::erase_if(columns, [](const std::string& name) {
+        return name == "ClientName" || name == "Company" || name == "Address1";
+    });
+    ASSERT_EQ(columns.size(), featureFlags.size());
+    for (const std::string& column : columns)
+        setFlag(hospital, column, false);
+    for (const std::string& column : columns) {
+        setFlag(hospital, column, true);
+        data::loadFeatureFlags(hospital.session);
+        for (const auto& [name, flag] : featureFlags)
+            EXPECT_EQ(hospital.globals.*flag, text::equalsIgnoringCase(name, column)) << name << " by " << column;
+        setFlag(hospital, column, false);
+    }
+    hospital.globals.isAllowCorvane = true;
+    hospital.globals.gConnection->Execute("Delete Patient_Data..tbHospitalInfo where Company <> ''");
+    data::loadFeatureFlags(hospital.session);
+    EXPECT_TRUE(hospital.globals.isAllowCorvane);
 }
 
 // Every column of every row that a save writes, by its own statement: what stands there, what the desk has no choice
@@ -289,7 +333,7 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
         const auto save = [&hospital](registration::RegistrationForm& form) {
             ASSERT_TRUE(form.validate()) << hospital.desktop.messages.back().text;
             hospital.desktop.answer(ui::Answer::Ok);
-            ASSERT_TRUE(registration::SaveData(form.context(), false));
+            ASSERT_TRUE(hospital.save(form));
         };
         const auto openNewVisit = [&hospital] {
             auto form = hospital.open({"NEW", "00000002", "(TO BE GENERATED)", {}});
@@ -352,45 +396,20 @@ TEST(RoundTrip, EveryDemonstrationPatientOpensAsItsVisitSays) {
 
 using Rows = std::vector<ui::Grid::Row>;
 
-TEST(RoundTrip, DependentsComeBackAsTheyWereChanged) {
+TEST(RoundTrip, AChildThatTheDatabaseDoesNotTakeLeavesTheListThatWasStored) {
     FullHospital hospital("");
     hospital.globals.IsAllowOPDPatientClass = false;
     const registration::Opening edit{"Edit", "00000002", "2600000001B", {}};
     auto form = hospital.open(edit);
-    ui::Grid* grid = &form->fields().employment.mshDependents;
-    EXPECT_EQ(grid->rows(),
-              (Rows{{"SANTOS, PAOLO REYES", "04/18/2001"}, {"SANTOS, CLARA REYES", "09/02/2004"}, {"", ""}}));
-
-    const auto save = [&] {
-        ASSERT_TRUE(form->validate());
-        hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(form->context(), false));
-    };
-    grid->removeRow(1);
-    grid->setCell(2, 0, "SANTOS, NIÑO");
-    grid->setCell(2, 1, "02/29/2024");
-    std::string sent;
-    hospital.globals.gConnection->setTrace([&](const std::string& line) { sent += line.substr(0, 60) + "\n"; });
-    save();
-    const auto at = [&](const char* statement) { return sent.find(statement); };
-    EXPECT_LT(at("Patient_Data..sp_Adm_UpdateMaster2"), at("Delete Patient_Data..tbMasterDependent"));
-    EXPECT_LT(at("Patient_Data..sp_Adm_SaveDependents"), at("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory"));
-    const Rows changed{{"SANTOS, CLARA REYES", "09/02/2004"}, {"SANTOS, NIÑO", "02/29/2024"}, {"", ""}};
-    form = hospital.open(edit);
-    grid = &form->fields().employment.mshDependents;
-    EXPECT_EQ(grid->rows(), changed);
-
-    // A child that the database does not take leaves the list that was stored.
-    grid->setCell(1, 0, "SANTOS, CLARISSA");
-    grid->setCell(2, 1, "13/13/2024");
+    ui::Grid& grid = form->fields().employment.mshDependents;
+    const Rows stored = grid.rows();
+    EXPECT_EQ(stored, (Rows{{"SANTOS, PAOLO REYES", "04/18/2001"}, {"SANTOS, CLARA REYES", "09/02/2004"}, {"", ""}}));
+    grid.setCell(1, 0, "SANTOS, CLARISSA");
+    grid.setCell(2, 1, "13/13/2024");
     ASSERT_TRUE(form->validate());
-    EXPECT_THROW(registration::SaveData(form->context(), false), std::runtime_error);
+    EXPECT_THROW(hospital.save(*form), std::runtime_error);
     form = hospital.open(edit);
-    EXPECT_EQ(form->fields().employment.mshDependents.rows(), changed);
-
-    // A patient's hospital number is a number to look at; it is stored with its leading zeros all the same.
-    form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
-    EXPECT_EQ(form->fields().employment.mshDependents.rows(), Rows(1, ui::Grid::Row(2)));
+    EXPECT_EQ(form->fields().employment.mshDependents.rows(), stored);
 }
 
 /// A trace on a disk that has no room for the lines of one parity, so that each line of a registration is hit by one of
@@ -431,7 +450,7 @@ TEST(RoundTrip, ATraceWithoutRoomIsToldOnceAndTouchesNoStatementOfARegistration)
         auto form = hospital.open({"New", "00000012", "(TO BE GENERATED)", {}});
         ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(form->context(), false)) << hospital.desktop.messages.back().text;
+        ASSERT_TRUE(hospital.save(*form)) << hospital.desktop.messages.back().text;
         EXPECT_GT(full.lines, 20);
         ASSERT_EQ(full.told.size(), 1U);
         EXPECT_NE(full.told[0].find(full.file.string()), std::string::npos) << full.told[0];

@@ -124,7 +124,7 @@ TEST(Form, APatientWhoIsInTheHospitalIsNamedByTheKindOfTheNumber) {
         desk.provider->answer("Patient_Data..sp_aopd_Check_if_admitted_today", oneRow({{"IdNum", number}}));
         desk.open("NEW", "00000012", "(TO BE GENERATED)");
         desk.desktop.answer(ui::Answer::Ok);
-        EXPECT_FALSE(registration::SearchPatient(desk.form->context()));
+        EXPECT_FALSE(registration::SearchPatient(desk.session, desk.form->fields(), desk.form->record()));
         EXPECT_EQ(desk.desktop.messages.back().text, message);
     }
 }

@@ -3,7 +3,6 @@
 #include "ado/error.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/master_loader.h"
-#include "registration/save/save_data.h"
 
 #include <map>
 
@@ -107,13 +106,13 @@ TEST(Save, SendsTheDocumentedStatementsInTheirOrderForEveryShape) {
     for (const auto& shape : shapes) {
         SCOPED_TRACE(shape.name);
         FormFixture desk;
-        desk.globals.gClientName = shape.client;
+        desk.globals.setClient(shape.client);
         desk.openNewPatient();
         fillWithNames(desk);
         ASSERT_TRUE(desk.form->validate());
         desk.provider->log.clear();
         desk.desktop.answer(ui::Answer::Ok);
-        EXPECT_TRUE(registration::SaveData(desk.form->context(), shape.updateOnly));
+        EXPECT_TRUE(desk.save(shape.updateOnly));
         EXPECT_EQ(desk.provider->log, shape.expected);
         EXPECT_EQ(desk.desktop.messages.back().text,
                   shape.updateOnly
@@ -255,7 +254,7 @@ TEST(Save, WritesToTheNumbersThatTheFormWasOpenedForAndToNoOthers) {
         EXPECT_TRUE(header.txtHospNum.readOnly && header.txtOPDNum.readOnly && header.txtAge.readOnly);
         header.txtHospNum.setText(ofVisit ? "00000001" : "00000012");
         desk.provider->log.clear();
-        EXPECT_THROW(registration::SaveData(desk.form->context(), false), ado::Error);
+        EXPECT_THROW(desk.save(false), ado::Error);
         EXPECT_EQ(desk.provider->log, "");
     }
 }
@@ -308,7 +307,7 @@ TEST(Save, AKeyWithAnApostropheIsNotOpenedAndAnyOtherCodeWithOneIsJustUnknown) {
     desk.openNewPatient();
     desk.form->record().CompanyClass = "P";
     desk.provider->log.clear();
-    registration::LoadAccountClass(desk.form->context(), "O'X");
+    registration::LoadAccountClass(desk.session, desk.form->record(), "O'X");
     EXPECT_EQ(registration::GetPayCode(desk.session, "P'1") + registration::GetBarangayName(desk.session, "B'1"), "");
     EXPECT_EQ(desk.provider->log + desk.form->record().CompanyClass, "P");
 }
@@ -476,7 +475,7 @@ TEST(Save, TheLetterOfAuthorizationIsSavedForInsurersAndHmosAlone) {
         additional.txtLOARemarks.setText("BY PHONE");
         desk.form->record().CompanyClass = companyClass;
         desk.desktop.answer(ui::Answer::Ok);
-        ASSERT_TRUE(registration::SaveData(desk.form->context(), false));
+        ASSERT_TRUE(desk.save(false));
         const bool insured = std::string{"PH"}.find(companyClass) != std::string::npos && *companyClass != '\0';
         EXPECT_EQ(desk.provider->log.find(
                       "Patient_Data..sp_AOPD_SaveHMOLOA '26A0000007B', 'AP-1', '1500.00','11/24/2026 "

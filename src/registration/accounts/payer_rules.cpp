@@ -3,6 +3,7 @@
 #include "base/text/text.h"
 #include "data/leading_number.h"
 #include "registration/accounts/account_rules.h"
+#include "registration/record/codes.h"
 #include "registration/rules/marks.h"
 
 namespace opd::registration {
@@ -36,8 +37,7 @@ void followPlan(PersonalTab& personal) {
 
 } // namespace
 
-PayerRules::PayerRules(ui::Desktop& desktop, Fields& fields, Record& record)
-    : m_desktop(desktop), m_fields(fields), m_record(record) {
+PayerRules::PayerRules(ui::Desktop& desktop, Fields& fields) : m_desktop(desktop), m_fields(fields) {
     PersonalTab& personal = fields.personal;
     bindInsurance();
     bindPatientType();
@@ -120,18 +120,9 @@ void PayerRules::bindPurposes() {
 /// A programme has an expiration date while the patient is in any of them.
 void PayerRules::bindProgrammes() {
     PersonalTab& personal = m_fields.personal;
-    const auto inAny = [this] {
-        return m_record.ChemoFlag || m_record.RadioFlag || m_record.HemoFlag || m_record.DepositFlag;
-    };
-    const std::pair<ui::CheckBox*, bool*> programmes[] = {{&personal.chkChemo, &m_record.ChemoFlag},
-                                                          {&personal.chkRTherapy, &m_record.RadioFlag},
-                                                          {&personal.chkHemo, &m_record.HemoFlag},
-                                                          {&personal.chkforDeposit, &m_record.DepositFlag}};
-    for (const auto& [box, flag] : programmes)
-        box->onClick = [&personal, inAny, programme = box, memberOf = flag] {
-            *memberOf = programme->checked();
-            personal.dtpExpiration.setEnabled(inAny());
-        };
+    for (ui::CheckBox* programme :
+         {&personal.chkChemo, &personal.chkRTherapy, &personal.chkHemo, &personal.chkforDeposit})
+        programme->onClick = [&personal] { personal.dtpExpiration.setEnabled(isInProgramme(personal)); };
 }
 
 // The answer about the insurance comes last: it decides about the account whatever the plan is.

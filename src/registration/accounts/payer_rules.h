@@ -1,7 +1,6 @@
 #pragma once
 
 #include "registration/fields/fields.h"
-#include "registration/record/record.h"
 #include "ui/desktop.h"
 
 namespace opd::registration {
@@ -9,7 +8,7 @@ namespace opd::registration {
 /// Who pays: insurance, plan, patient type, pay code, senior citizen, purposes and programmes.
 class PayerRules {
   public:
-    PayerRules(ui::Desktop& desktop, Fields& fields, Record& record);
+    PayerRules(ui::Desktop& desktop, Fields& fields);
     PayerRules(const PayerRules&) = delete;
     PayerRules& operator=(const PayerRules&) = delete;
 
@@ -23,7 +22,6 @@ class PayerRules {
 
     ui::Desktop& m_desktop;
     Fields& m_fields;
-    Record& m_record;
 };
 
 /// After loading: the payer's fields stand as if what they show had been clicked, with every loaded value untouched.

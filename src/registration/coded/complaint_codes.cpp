@@ -3,6 +3,7 @@
 #include "base/text/text.h"
 #include "data/rows.h"
 #include "registration/rules/marks.h"
+#include "registration/statements/queries.h"
 #include "ui/window.h"
 
 namespace opd::registration {
@@ -23,8 +24,7 @@ ComplaintCodes::ComplaintCodes(Session& session, Fields& fields, const search::C
 }
 
 bool ComplaintCodes::Search_ChiefComplaint(const std::string& code) {
-    const ado::Recordset complaint = data::openPlain(
-        m_session, ado::Statement("PATIENT_DATA..sp_AOPD_SearchChiefComplaintID '").value(code).text("'"));
+    const ado::Recordset complaint = data::openPlain(m_session, statements::chiefComplaint(code));
     if (complaint.EndOfFile())
         return false;
     m_found = {data::textOf(complaint, "chiefcomplaintid"), data::textOf(complaint, "ChiefComplaint")};
@@ -70,7 +70,7 @@ bool ComplaintCodes::showExactComplaint() {
 void ComplaintCodes::takeOver(const std::string& complaint) {
     ui::TextBox& memo = m_fields.history.complaint;
     ui::Window& window = memo.window();
-    if (m_session.globals.gClientName == "RVT") {
+    if (!m_session.globals.client().storesComplaint()) {
         window.setStatus("The visits of this hospital store no chief complaint.");
     } else if (text::isBlank(memo.text()) || memo.text() == m_taken) {
         m_taken = complaint;

@@ -19,43 +19,47 @@ std::string nameOf(const Fields& fields) {
                          header.txtMiddleName.text());
 }
 
-void takeUp(FormContext& form, const KeptRegistration& kept) {
-    kept.content.restore(form.window);
-    form.record = kept.record;
-    showAgeInMonths(form.fields.header, form.session.globals.gServerDate); // restoring raises no change
-    form.window.setFocus(form.fields.buttons.cmdSave);
-}
-
 } // namespace
 
-void keepRegistration(const FormContext& form, const std::string& patient) {
-    Record record = form.record;
+void KeptRegistrations::keep() {
+    Record record = m_record;
     record.emptySlots();
-    form.session.globals.keptRegistrations[text::upper(patient)] = std::make_shared<const KeptRegistration>(
-        KeptRegistration{nameOf(form.fields), ui::WindowContent(form.window), std::move(record)});
+    m_session.globals.keptRegistrations[text::upper(m_patient)] = std::make_shared<const KeptRegistration>(
+        KeptRegistration{nameOf(m_fields), ui::WindowContent(m_window), std::move(record)});
 }
 
-void forgetKeptRegistration(Session& session, const std::string& patient) {
-    session.globals.keptRegistrations.erase(text::upper(patient));
-}
-
-bool offerKeptRegistration(FormContext& form, const std::string& patient) {
-    if (!form.record.isNew())
-        return false;
-    auto& all = form.session.globals.keptRegistrations;
-    const auto found = all.find(text::upper(patient));
+void KeptRegistrations::offer() {
+    if (!m_record.isNew())
+        return;
+    auto& all = m_session.globals.keptRegistrations;
+    const auto found = all.find(text::upper(m_patient));
     if (found == all.end())
-        return false;
+        return;
     const std::shared_ptr<const KeptRegistration> kept = found->second;
     const ui::Message question{.text = "Continue with the registration of " + kept->name + " that could not be saved?",
                                .buttons = ui::Buttons::YesNo,
                                .icon = ui::Icon::Question};
-    if (form.session.desktop.ask(question) != ui::Answer::Yes) {
-        forgetKeptRegistration(form.session, patient);
-        return false;
-    }
-    takeUp(form, *kept);
-    return true;
+    if (m_session.desktop.ask(question) == ui::Answer::Yes)
+        takeUp(*kept);
+    else
+        forget();
+}
+
+void KeptRegistrations::forgetTakenUp() {
+    if (m_isTakenUp)
+        forget();
+}
+
+void KeptRegistrations::takeUp(const KeptRegistration& kept) {
+    kept.content.restore(m_window);
+    m_record = kept.record;
+    showAgeInMonths(m_fields.header, m_session.globals.gServerDate); // restoring raises no change
+    m_window.setFocus(m_fields.buttons.cmdSave);
+    m_isTakenUp = true;
+}
+
+void KeptRegistrations::forget() {
+    m_session.globals.keptRegistrations.erase(text::upper(m_patient));
 }
 
 } // namespace opd::registration

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
+#include "session/session.h"
 
 #include <string>
 
 namespace opd::registration {
 
 /// Fills the two pay code lists with the active pay codes, each at the same place in both. Throws ado::Error.
-void LoadPayCode(FormContext& form);
+void LoadPayCode(const Session& session, PersonalTab& personal);
 
 /// The description of a pay code, empty when there is none. Throws ado::Error.
 std::string GetPayCode(const Session& session, const std::string& id);
@@ -16,6 +18,6 @@ std::string GetPayCode(const Session& session, const std::string& id);
 std::string GetAdmissionType(const Session& session, const std::string& id);
 
 /// Sets `CompanyClass` to the class of the company account, when there is such an account. Throws ado::Error.
-void LoadAccountClass(FormContext& form, const std::string& account);
+void LoadAccountClass(const Session& session, Record& record, const std::string& account);
 
 } // namespace opd::registration

@@ -3,6 +3,7 @@
 #include "data/rows.h"
 #include "registration/load/columns.h"
 #include "registration/record/amount_text.h"
+#include "registration/statements/queries.h"
 
 namespace opd::registration {
 
@@ -28,26 +29,19 @@ void showMoment(const ado::Recordset& letter, const char* column, ui::DatePicker
 
 } // namespace
 
-void LoadHMOLOA(FormContext& form, const std::string& opdNumber) {
-    const ado::Recordset letter = data::openClient(
-        form.session, ado::Statement("Select IDNum, IsNull(ApprovalNo,'') ApprovalNo, IsNull(LOAAmount,0) LOAAmount, "
-                                     "LOADateInformed, IsNull(LOAReceiver,'') LOAReceiver, LOADateReceived, "
-                                     "IsNull(LOAStatus,'') LOAStatus, IsNull(LOARemarks,'') LOARemarks "
-                                     "From Patient_Data..tbOpdHMOLOA Where IDNum = '")
-                          .value(opdNumber)
-                          .text("'"));
+void LoadHMOLOA(const Session& session, AdditionalTab& additional, Record& record, const std::string& opdNumber) {
+    const ado::Recordset letter = data::openClient(session, statements::authorization(opdNumber));
     if (letter.EndOfFile())
         return;
-    AdditionalTab& additional = form.fields.additional;
     showMoment(letter, "LOADateInformed", additional.DateLOAInformed, additional.TimeLOAInformed,
-               form.record.LOAInformedUnknown);
+               record.LOAInformedUnknown);
     showMoment(letter, "LOADateReceived", additional.DateLOAReceived, additional.TimeLOAReceived,
-               form.record.LOAReceivedUnknown);
+               record.LOAReceivedUnknown);
     fill(letter, {{"LOAReceiver", additional.txtLOAReceiver}, {"LOARemarks", additional.txtLOARemarks}});
     additional.txtLOAAmount.setText(amountText(letter.Fields("LOAAmount").asNumber()));
     const std::string status = data::textOf(letter, "LOAStatus");
     additional.cmbLOAStatus.select(status == "Covered" ? 0 : 1);
-    form.record.LOAStatusKept.keep(status, additional.cmbLOAStatus.text());
+    record.LOAStatusKept.keep(status, additional.cmbLOAStatus.text());
 }
 
 } // namespace opd::registration

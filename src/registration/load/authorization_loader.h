@@ -1,6 +1,8 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
+#include "session/session.h"
 
 #include <string>
 
@@ -8,6 +10,6 @@ namespace opd::registration {
 
 /// Loads the letter of authorization of a visit; without a stored one nothing changes. The approval number is loaded
 /// with the visit. Throws ado::Error.
-void LoadHMOLOA(FormContext& form, const std::string& opdNumber);
+void LoadHMOLOA(const Session& session, AdditionalTab& additional, Record& record, const std::string& opdNumber);
 
 } // namespace opd::registration

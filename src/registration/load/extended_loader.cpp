@@ -4,48 +4,19 @@
 #include "data/rows.h"
 #include "registration/load/columns.h"
 #include "registration/record/codes.h"
+#include "registration/record/extended_texts.h"
+#include "registration/statements/queries.h"
 
 namespace opd::registration {
 
 namespace {
 
-using ado::Statement;
 using data::textOf;
 
-void showContacts(Fields& fields, const ado::Recordset& patient) {
-    PersonalTab& personal = fields.personal;
-    AdditionalTab& additional = fields.additional;
-    EmploymentTab& employment = fields.employment;
-    fill(patient, {
-                      {"Email", personal.txtEmail},
-                      {"CellNum", personal.mobile},
-                      {"HouseHold", personal.household},
-                      {"Spouse", additional.spouseName},
-                      {"BarangayCaptain", personal.barangayCaptain},
-                      {"Father", personal.fatherName},
-                      {"FatherAddress", personal.fatherAddress},
-                      {"FatherTelNum", personal.fatherTelephone},
-                      {"mother", personal.motherName},
-                      {"motherAddress", personal.motherAddress},
-                      {"motherTelNum", personal.motherTelephone},
-                      {"ContactName", personal.notifyName},
-                      {"ContactAddress", personal.notifyAddress},
-                      {"ContactTelNum", personal.notifyTelephone},
-                      {"ContactRelation", personal.notifyRelation},
-                      {"SpouseAddress", additional.spouseAddress},
-                      {"SpouseTelNum", additional.spouseTelephone},
-                      {"SpouseEmpName", additional.spouseEmployerName},
-                      {"SpouseEmpAddress", additional.spouseEmployerAddress},
-                      {"SpouseEmpTelNum", additional.spouseEmployerTelephone},
-                      {"SpouseEmpFax", additional.spouseEmployerFax},
-                      {"SpouseEmpEmail", additional.spouseEmployerEmail},
-                      {"Position", employment.position},
-                      {"Employer", employment.employerName},
-                      {"EmployerTelNum", employment.employerTelephone},
-                      {"EmployerAddress", employment.employerAddress},
-                      {"EmployerFax", employment.employerFax},
-                      {"EmployerEmail", employment.txtEmployerEmail},
-                  });
+void showTexts(const ExtendedTexts<Fields>& texts, const ado::Recordset& patient) {
+    for (const auto& [column, box] : texts)
+        if (column != nullptr)
+            box.setText(textOf(patient, column));
 }
 
 /// The number of a column, or -1 when it is null: an option that nobody chose.
@@ -65,39 +36,37 @@ void showEmployment(EmploymentTab& employment, const ado::Recordset& patient) {
 }
 
 /// Another program may have stored codes that no option stands for.
-void keepEmploymentCodes(FormContext& form, const ado::Recordset& patient) {
-    const EmploymentTab& employment = form.fields.employment;
+void keepEmploymentCodes(const EmploymentTab& employment, Record& record, const ado::Recordset& patient) {
     const auto keep = [&](KeptCode& code, const char* column, const std::string& shown) {
         if (const int stored = numberOf(patient, column); stored >= 0)
             code.keep(std::to_string(stored), shown);
     };
-    keep(form.record.EmploymentTypeKept, "EmploymentType", employmentTypeCode(employment));
-    keep(form.record.EmploymentLocationKept, "EmploymentLocation", employmentLocationCode(employment));
-    keep(form.record.PhilHealthKept, "PhilHealth", philHealthCode(employment));
+    keep(record.EmploymentTypeKept, "EmploymentType", employmentTypeCode(employment));
+    keep(record.EmploymentLocationKept, "EmploymentLocation", employmentLocationCode(employment));
+    keep(record.PhilHealthKept, "PhilHealth", philHealthCode(employment));
 }
 
 } // namespace
 
-void LoadExtendedMaster(FormContext& form) {
-    const ado::Recordset patient = data::openClient(
-        form.session, Statement("Patient_Data..sp_Adm_LoadPatient '").value(form.record.HospNum).text("'"),
-        ado::CursorType::Dynamic, ado::LockType::Optimistic);
+void LoadExtendedMaster(const Session& session, Fields& fields, Record& record) {
+    const ado::Recordset patient = data::openClient(session, statements::extendedMaster(record.HospNum),
+                                                    ado::CursorType::Dynamic, ado::LockType::Optimistic);
     if (patient.RecordCount() <= 0)
         return;
-    showContacts(form.fields, patient);
-    showEmployment(form.fields.employment, patient);
-    keepEmploymentCodes(form, patient);
+    showTexts(peopleTexts(fields), patient);
+    showTexts(employerTexts(fields), patient);
+    showTexts(contactTexts(fields), patient);
+    fields.personal.mobile.setText(textOf(patient, "CellNum"));
+    showEmployment(fields.employment, patient);
+    keepEmploymentCodes(fields.employment, record, patient);
 }
 
-void LoadMedicalHistory(FormContext& form) {
-    const ado::Recordset history = data::openPlain(
-        form.session,
-        Statement("Patient_Data..proc_Adm_Search_tbMasterMedicalHistory '").value(form.record.HospNum).text("'"));
+void LoadMedicalHistory(const Session& session, HistoryTab& tab, const std::string& hospNum) {
+    const ado::Recordset history = data::openPlain(session, statements::medicalHistory(hospNum));
     if (history.EndOfFile())
         return;
     const char* const conditions[] = {"Hypertension", "Diabetes",    "Hepatitis",    "Allergies",
                                       "Tubercolosis", "PepticUlcer", "BloodDisease", "BronchialAsthma"};
-    HistoryTab& tab = form.fields.history;
     for (int n = 0; n < static_cast<int>(std::size(conditions)); ++n)
         tab.MedHistory(n).setChecked(history.Fields(conditions[n]).asNumber() == 1);
     const std::string others = textOf(history, "Others");

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
+#include "session/session.h"
 
 namespace opd::registration {
 
 /// Loads contacts, spouse, parents, employment and social insurance of `HospNum`. Throws ado::Error.
-void LoadExtendedMaster(FormContext& form);
+void LoadExtendedMaster(const Session& session, Fields& fields, Record& record);
 
-/// Loads the medical history of `HospNum`; without a stored one nothing changes. Throws ado::Error.
-void LoadMedicalHistory(FormContext& form);
+/// Loads a patient's medical history; without a stored one nothing changes. Throws ado::Error.
+void LoadMedicalHistory(const Session& session, HistoryTab& tab, const std::string& hospNum);
 
 } // namespace opd::registration

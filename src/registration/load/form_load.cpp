@@ -11,14 +11,13 @@
 #include "registration/load/master_loader.h"
 #include "registration/load/visit_loader.h"
 #include "registration/photo/photo.h"
+#include "registration/statements/queries.h"
 #include "reports/photograph.h"
 #include "ui/window.h"
 
 namespace opd::registration {
 
 namespace {
-
-using ado::Statement;
 
 /// What is hidden in every form until something shows it.
 void hideUntilNeeded(Fields& fields) {
@@ -31,26 +30,25 @@ void hideUntilNeeded(Fields& fields) {
     fields.history.txtMedHistory.setEnabled(false);
 }
 
-void layOutAuthorization(FormContext& form) {
-    AdditionalTab& additional = form.fields.additional;
-    const bool used = form.session.globals.IsAllowOPDUpdateHMOLOA;
+void layOutAuthorization(const Session& session, AdditionalTab& additional, Record& record) {
+    const bool used = session.globals.IsAllowOPDUpdateHMOLOA;
     additional.letterOfAuthorization.setVisible(used);
     if (!used)
         return;
-    DateTime now = form.session.clock.now();
+    DateTime now = session.clock.now();
     now.second = 0; // the pickers show minutes
     for (ui::DatePicker* picker : {&additional.DateLOAInformed, &additional.TimeLOAInformed,
                                    &additional.DateLOAReceived, &additional.TimeLOAReceived})
         picker->setValue(now);
     additional.cmbLOAStatus.select(0);
-    form.record.CompanyClass.clear();
+    record.CompanyClass.clear();
 }
 
 /// Shows the parts that the hospital's settings and client code ask for.
-void layOutOptionalParts(FormContext& form) {
-    const Globals& globals = form.session.globals;
-    PersonalTab& personal = form.fields.personal;
-    const bool usesPayCodes = globals.gClientName == "RVT";
+void layOutOptionalParts(Session& session, Fields& fields, Record& record) {
+    const Globals& globals = session.globals;
+    PersonalTab& personal = fields.personal;
+    const bool usesPayCodes = globals.client().usesPayCodes;
     for (ui::Control* payCode :
          std::initializer_list<ui::Control*>{&personal.lblPaycode, &personal.cmbPaycode, &personal.cmbPaycodeID})
         payCode->setVisible(usesPayCodes);
@@ -59,65 +57,62 @@ void layOutOptionalParts(FormContext& form) {
     personal.txtBarangayID.setVisible(codedBarangay);
     personal.txtBarangayName.setVisible(codedBarangay);
     personal.barangay.lookup.setVisible(codedBarangay);
-    layOutAuthorization(form);
-    form.fields.additional.txtPictureLocation.setText(
-        reports::pictureLocation(reports::pictureFolder(form.session.settings)));
-    form.fields.additional.txtPictureFileName.setText("(TO BE GENERATED)");
-    form.record.PhotoTaken = false;
-    personal.dtpExpiration.setValue(data::GetServerDate(form.session).date());
-    form.fields.additional.frmPatientType.setVisible(globals.isAllowCorvane);
-    form.fields.additional.fraMAB.setVisible(globals.IsAllowOPDMABRate);
-    form.fields.additional.FraPatientClass.setVisible(globals.IsAllowOPDPatientClass);
+    layOutAuthorization(session, fields.additional, record);
+    fields.additional.txtPictureLocation.setText(reports::pictureLocation(reports::pictureFolder(session.settings)));
+    fields.additional.txtPictureFileName.setText("(TO BE GENERATED)");
+    record.PhotoTaken = false;
+    personal.dtpExpiration.setValue(data::GetServerDate(session).date());
+    fields.additional.frmPatientType.setVisible(globals.isAllowCorvane);
+    fields.additional.fraMAB.setVisible(globals.IsAllowOPDMABRate);
+    fields.additional.FraPatientClass.setVisible(globals.IsAllowOPDPatientClass);
     if (globals.isAllowOPDPayCode)
-        LoadPayCode(form);
+        LoadPayCode(session, personal);
 }
 
 /// True when a patient's master was loaded.
-bool loadVisitAndPatient(FormContext& form) {
-    if (!SearchPatient(form) || !LoadData(form))
+bool loadVisitAndPatient(const Session& session, Fields& fields, Record& record) {
+    if (!SearchPatient(session, fields, record) || !LoadData(session, fields, record))
         return false;
-    LoadData2(form);
-    form.fields.header.txtHospNum.setEnabled(false);
-    form.fields.header.txtOPDNum.setEnabled(false);
-    form.fields.buttons.cmdSave.setEnabled(true);
-    if (form.session.globals.gClientName == "TKWA") {
-        form.fields.history.lastMenstruation.setVisible(true);
-        loadOutProfile(form);
+    LoadData2(session, fields.personal, record.HospNum);
+    fields.header.txtHospNum.setEnabled(false);
+    fields.header.txtOPDNum.setEnabled(false);
+    fields.buttons.cmdSave.setEnabled(true);
+    if (session.globals.client().asksLastMenstruation) {
+        fields.history.lastMenstruation.setVisible(true);
+        loadOutProfile(session, fields.history, text::trimmed(fields.header.txtOPDNum.text()));
     }
-    LoadAccountClass(form, text::trimmed(form.fields.personal.company.code.text()));
-    if (form.session.globals.IsAllowOPDUpdateHMOLOA)
-        LoadHMOLOA(form, form.record.AdmissionNumber);
-    standByPayer(form.fields, form.session.globals.isAllowCorvane);
+    LoadAccountClass(session, record, text::trimmed(fields.personal.company.code.text()));
+    if (session.globals.IsAllowOPDUpdateHMOLOA)
+        LoadHMOLOA(session, fields.additional, record, record.AdmissionNumber);
+    standByPayer(fields, session.globals.isAllowCorvane);
     return true;
 }
 
-bool loadEdit(FormContext& form) {
-    const bool loaded = loadVisitAndPatient(form);
-    FormButtons& buttons = form.fields.buttons;
+bool loadEdit(const Session& session, Fields& fields, Record& record) {
+    const bool loaded = loadVisitAndPatient(session, fields, record);
+    FormButtons& buttons = fields.buttons;
     buttons.cmdSave.setVisible(true);
     buttons.cmdSave.setCaption("&Update");
     buttons.cmdCancel.setEnabled(true);
-    buttons.cmdEndConsultation.setVisible(form.session.globals.allowEndConsultation);
+    buttons.cmdEndConsultation.setVisible(session.globals.allowEndConsultation);
     return loaded;
 }
 
-bool loadNew(FormContext& form) {
-    Fields& fields = form.fields;
-    Record& record = form.record;
+bool loadNew(Session& session, Fields& fields, Record& record) {
     fields.consultation.txtBloodType.setEnabled(true);
     fields.header.txtHospNum.setText(record.HospNum);
     fields.header.txtOPDNum.setText(record.AdmissionNumber);
     fields.buttons.cmdCancel.setEnabled(true);
     fields.buttons.cmdSave.setCaption("&Register");
-    data::LoadServerDate(form.session);
-    data::LoadServerDate(form.session);
-    fields.header.dtpAdmDate.setValue(form.session.globals.gServerDate);
-    fields.header.txtAdmTime.setValue(form.session.globals.gServerDate);
+    data::LoadServerDate(session);
+    data::LoadServerDate(session); // asked twice, as the hospitals know it
+    fields.header.dtpAdmDate.setValue(session.globals.gServerDate);
+    fields.header.txtAdmTime.setValue(session.globals.gServerDate);
     fields.buttons.cmdEndConsultation.setVisible(false);
     if (!record.isNewPatient()) {
         record.VisitKindCode = "O";
-        LoadData(form);
-        LoadAllergies(form);
+        LoadData(session, fields, record);
+        LoadAllergies(session, fields.history, record);
         return true;
     }
     record.VisitKindCode = "N";
@@ -126,10 +121,10 @@ bool loadNew(FormContext& form) {
     return false;
 }
 
-bool loadByType(FormContext& form) {
-    if (form.record.isEdit())
-        return loadEdit(form);
-    return form.record.isNew() ? loadNew(form) : false;
+bool loadByType(Session& session, Fields& fields, Record& record) {
+    if (record.isEdit())
+        return loadEdit(session, fields, record);
+    return record.isNew() ? loadNew(session, fields, record) : false;
 }
 
 /// A key with an apostrophe cannot be asked for: the clerk learns it before anything is loaded.
@@ -143,33 +138,32 @@ void refuseUnsendableKeys(const Record& record) {
                              "changed in the database. Nothing was changed here.");
 }
 
-void DisplayPatientAge(FormContext& form) {
-    const std::string& birthDate = form.fields.header.txtBirthDate.text();
+void DisplayPatientAge(const Session& session, HeaderFields& header) {
+    const std::string& birthDate = header.txtBirthDate.text();
     constexpr std::size_t completeDate = 10;
     if (text::trimmed(birthDate).size() < completeDate)
         return;
-    const ado::Recordset age =
-        data::openClient(form.session, Statement("patient_data..sp_AOPD_ComputeAge '").value(birthDate).text("'"));
+    const ado::Recordset age = data::openClient(session, statements::age(birthDate));
     if (!age.EndOfFile())
-        form.fields.header.txtAge.setText(data::textOf(age, "Age"));
+        header.txtAge.setText(data::textOf(age, "Age"));
 }
 
 } // namespace
 
-void loadForm(FormContext& form) {
-    refuseUnsendableKeys(form.record);
-    form.record.Findings.clear();
-    form.record.Medications.clear();
-    hideUntilNeeded(form.fields);
-    form.fields.header.txtBirthDate.calendarDay = form.session.clock.now();
-    layOutOptionalParts(form);
-    if (!loadByType(form))
-        form.fields.personal.txtNationality.setText("1");
-    resolveNationality(form.fields.personal.nationality, search::CodeListing(form.session.globals.gCodeSearch));
-    DisplayPatientAge(form);
-    if (!form.record.isNewPatient())
-        showStoredPhotograph(form);
-    form.fields.tabOPD.show(0);
+void loadForm(Session& session, Fields& fields, Record& record) {
+    refuseUnsendableKeys(record);
+    record.Findings.clear();
+    record.Medications.clear();
+    hideUntilNeeded(fields);
+    fields.header.txtBirthDate.calendarDay = session.clock.now();
+    layOutOptionalParts(session, fields, record);
+    if (!loadByType(session, fields, record))
+        fields.personal.txtNationality.setText("1");
+    resolveNationality(fields.personal.nationality, search::CodeListing(session.globals.gCodeSearch));
+    DisplayPatientAge(session, fields.header);
+    if (!record.isNewPatient())
+        showStoredPhotograph(session.devices.images, fields.additional, record.HospNum);
+    fields.tabOPD.show(0);
 }
 
 } // namespace opd::registration

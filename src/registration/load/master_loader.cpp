@@ -8,6 +8,7 @@
 #include "registration/load/extended_loader.h"
 #include "registration/load/visit_loader.h"
 #include "registration/record/civil_status.h"
+#include "registration/statements/queries.h"
 #include "registration/subrecords/dependents.h"
 #include "ui/window.h"
 
@@ -15,20 +16,18 @@ namespace opd::registration {
 
 namespace {
 
-using ado::Statement;
 using data::textOf;
 
 constexpr auto dynamic = ado::CursorType::Dynamic;
 constexpr auto optimistic = ado::LockType::Optimistic;
 
-void showBarangay(FormContext& form, const std::string& barangay) {
-    PersonalTab& personal = form.fields.personal;
-    if (!form.session.globals.isAllowOPDSearchBarangay) {
+void showBarangay(const Session& session, PersonalTab& personal, const std::string& barangay) {
+    if (!session.globals.isAllowOPDSearchBarangay) {
         personal.txtBarangay.setText(barangay);
         return;
     }
     personal.txtBarangayID.setText(barangay);
-    personal.txtBarangayName.setText(text::trimmed(GetBarangayName(form.session, text::trimmed(barangay))));
+    personal.txtBarangayName.setText(text::trimmed(GetBarangayName(session, text::trimmed(barangay))));
 }
 
 void showSex(Fields& fields, const std::string& sex) {
@@ -37,16 +36,14 @@ void showSex(Fields& fields, const std::string& sex) {
 }
 
 /// A code that stands for no status leaves the box, and is sent back as long as the box stays so.
-void showCivilStatus(FormContext& form, const std::string& code) {
-    ui::ComboBox& box = form.fields.personal.cboCivilStatus;
+void showCivilStatus(ui::ComboBox& box, KeptCode& kept, const std::string& code) {
     const std::string status = civilStatusOfCode(text::trimmed(code));
     if (!status.empty())
         box.setText(status);
-    form.record.CivilStatusKept.keep(code, civilStatusCode(box.text()));
+    kept.keep(code, civilStatusCode(box.text()));
 }
 
-void showMaster(FormContext& form, const ado::Recordset& master) {
-    Fields& fields = form.fields;
+void showMaster(const Session& session, Fields& fields, Record& record, const ado::Recordset& master) {
     fill(master, {
                      {"LastName", fields.header.txtLastName},
                      {"FirstName", fields.header.txtFirstName},
@@ -68,11 +65,11 @@ void showMaster(FormContext& form, const ado::Recordset& master) {
                      {"ReligionID", fields.personal.txtReligion},
                      {"Title", fields.header.txtTitle},
                  });
-    showBarangay(form, textOf(master, "Barangay"));
+    showBarangay(session, fields.personal, textOf(master, "Barangay"));
     const DateTime birthDate = master.Fields("BirthDate").asDate();
     fields.header.txtBirthDate.setText(birthDate.isSet() ? dateText(birthDate) : std::string{});
     showSex(fields, text::upper(text::trimmed(textOf(master, "Sex"))));
-    showCivilStatus(form, textOf(master, "CivilStatus"));
+    showCivilStatus(fields.personal.cboCivilStatus, record.CivilStatusKept, textOf(master, "CivilStatus"));
 }
 
 } // namespace
@@ -80,36 +77,32 @@ void showMaster(FormContext& form, const ado::Recordset& master) {
 std::string GetBarangayName(const Session& session, const std::string& code) {
     if (!ado::isSendable(code))
         return {};
-    const ado::Recordset row = data::openClient(
-        session, Statement("Build_file..global_SearchBarangay '").value(text::trimmed(code)).text("','0'"));
+    const ado::Recordset row = data::openClient(session, statements::barangay(text::trimmed(code)));
     return row.EndOfFile() ? std::string{} : textOf(row, "Barangay");
 }
 
-bool LoadData(FormContext& form) {
-    const ado::Recordset master = data::openClient(
-        form.session, Statement("Patient_Data..sp_aopd_Load_TbMaster '").value(form.record.HospNum).text("'"), dynamic,
-        optimistic);
+bool LoadData(const Session& session, Fields& fields, Record& record) {
+    const ado::Recordset master = data::openClient(session, statements::master(record.HospNum), dynamic, optimistic);
     if (master.RecordCount() == 0)
-        return !form.record.isEdit();
-    form.fields.buttons.cmdUpdate.setVisible(false);
-    showMaster(form, master);
-    if (form.fields.header.txtLastName.visible())
-        form.window.setFocus(form.fields.header.txtLastName);
-    LoadExtendedMaster(form);
-    LoadDependents(form);
-    LoadMedicalHistory(form);
-    GetCancerPatient(form);
+        return !record.isEdit();
+    fields.buttons.cmdUpdate.setVisible(false);
+    showMaster(session, fields, record, master);
+    ui::TextBox& lastName = fields.header.txtLastName;
+    if (lastName.visible())
+        lastName.window().setFocus(lastName);
+    LoadExtendedMaster(session, fields, record);
+    LoadDependents(session, fields.employment.mshDependents, record.HospNum);
+    LoadMedicalHistory(session, fields.history, record.HospNum);
+    GetCancerPatient(session, fields.personal, fields.header.txtOPDNum.text());
     return true;
 }
 
-bool LoadData2(FormContext& form) {
+bool LoadData2(const Session& session, PersonalTab& personal, const std::string& hospNum) {
     try {
-        const ado::Recordset patient = data::openClient(
-            form.session, Statement("Patient_Data..sp_adm_LoadPatient '").value(form.record.HospNum).text("'"), dynamic,
-            optimistic);
+        const ado::Recordset patient =
+            data::openClient(session, statements::admissionMaster(hospNum), dynamic, optimistic);
         if (patient.RecordCount() > 0)
-            fill(patient, {{"NationalityID", form.fields.personal.txtNationality},
-                           {"ReligionID", form.fields.personal.txtReligion}});
+            fill(patient, {{"NationalityID", personal.txtNationality}, {"ReligionID", personal.txtReligion}});
         return true;
     } catch (const ado::Error&) { // what the master row said stays
         return false;

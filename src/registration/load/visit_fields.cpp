@@ -77,27 +77,27 @@ template <class Object> std::string shownCode(const CodedSlot<Object>& slot, con
 
 /// Looks the object of each slot up and shows its code and name: slot n in boxes 2n and 2n + 1.
 template <class Object>
-void showPairs(FormContext& form, std::array<CodedSlot<Object>, 5>& slots, std::size_t firstSlot, int count,
+void showPairs(const Session& session, std::array<CodedSlot<Object>, 5>& slots, std::size_t firstSlot, int count,
                const ui::ControlArray<ui::TextBox>& boxes) {
     for (int n = 0; n < count; ++n) {
         CodedSlot<Object>& slot = slots.at(firstSlot + static_cast<std::size_t>(n));
-        Object& object = slot.get(form.session);
+        Object& object = slot.get(session);
         boxes(2 * n).setText(shownCode(slot, object));
         boxes(2 * n + 1).setText(object.Code().empty() ? std::string{} : object.name());
     }
 }
 
-void showServicesAndDoctors(FormContext& form, const ado::Recordset& visit) {
-    Record& record = form.record;
+void showServicesAndDoctors(const Session& session, ConsultationTab& consultation, Record& record,
+                            const ado::Recordset& visit) {
     const char* const services[] = {"ServiceID1", "ServiceID2", "ServiceID3"};
     const char* const doctors[] = {"doctorid1", "DoctorID2", "doctorid3", "DoctorID4", "DoctorID5"};
     for (std::size_t n = 0; n < std::size(services); ++n)
         record.Service[n].id = textOf(visit, services[n]);
     for (std::size_t n = 0; n < std::size(doctors); ++n)
         record.AttendingDoctor[n].id = textOf(visit, doctors[n]);
-    showPairs(form, record.Service, 0, 3, form.fields.consultation.txtService);
-    showPairs(form, record.AttendingDoctor, 0, 2, form.fields.consultation.txtDoctor);
-    showPairs(form, record.AttendingDoctor, 2, 3, form.fields.consultation.txtAddDoctor);
+    showPairs(session, record.Service, 0, 3, consultation.txtService);
+    showPairs(session, record.AttendingDoctor, 0, 2, consultation.txtDoctor);
+    showPairs(session, record.AttendingDoctor, 2, 3, consultation.txtAddDoctor);
 }
 
 /// "120/80" fills both boxes, "120" and "120/" the first one; a pressure that was never taken leaves both.
@@ -124,11 +124,11 @@ void showConsultationKind(Fields& fields, const ado::Recordset& visit) {
         units[n]->setSelected(unit == std::to_string(n + 1));
 }
 
-void showAdmissionTime(FormContext& form, const ado::Recordset& visit) {
+void showAdmissionTime(HeaderFields& header, const DateTime& serverDate, const ado::Recordset& visit) {
     const DateTime admitted = visit.Fields("AdmDate").asDate();
-    const DateTime shown = admitted.isSet() ? admitted : form.session.globals.gServerDate;
-    form.fields.header.dtpAdmDate.setValue(shown);
-    form.fields.header.txtAdmTime.setValue(shown);
+    const DateTime shown = admitted.isSet() ? admitted : serverDate;
+    header.dtpAdmDate.setValue(shown);
+    header.txtAdmTime.setValue(shown);
 }
 
 void showPayer(Fields& fields, const ado::Recordset& visit) {
@@ -146,22 +146,21 @@ void showPayer(Fields& fields, const ado::Recordset& visit) {
 }
 
 /// A visit that was revoked says so, and can be restored on its own day; any other can be revoked.
-void showStatus(FormContext& form, const ado::Recordset& visit) {
-    Fields& fields = form.fields;
+void showStatus(Fields& fields, const DateTime& serverDate, const ado::Recordset& visit) {
     if (textOf(visit, "opdstatus") != "R") {
         fields.buttons.cmdRevoke.setVisible(true);
         return;
     }
     fields.header.lblAdmissionStatus.setVisible(true);
-    if (visit.Fields("AdmDate").asDate().date() == form.session.globals.gServerDate.date())
+    if (visit.Fields("AdmDate").asDate().date() == serverDate.date())
         fields.buttons.cmdUnRevoke.setVisible(true);
 }
 
 /// Several codes may read alike, so the code decides which entry is shown and not its description.
-void showPayCode(FormContext& form, const std::string& payCode) {
-    ui::ComboBox& codes = form.fields.personal.cmbPaycodeID;
-    ui::ComboBox& descriptions = form.fields.personal.cmbPaycode;
-    const std::string description = GetPayCode(form.session, text::trimmed(payCode));
+void showPayCode(const Session& session, PersonalTab& personal, const std::string& payCode) {
+    ui::ComboBox& codes = personal.cmbPaycodeID;
+    ui::ComboBox& descriptions = personal.cmbPaycode;
+    const std::string description = GetPayCode(session, text::trimmed(payCode));
     const auto entry = std::find_if(codes.items().begin(), codes.items().end(), [&](const std::string& code) {
         return text::trimmed(code) == text::trimmed(payCode);
     });
@@ -172,13 +171,13 @@ void showPayCode(FormContext& form, const std::string& payCode) {
     codes.setText(payCode);
 }
 
-void showOptionalMarkers(FormContext& form, const ado::Recordset& visit) {
-    const Globals& globals = form.session.globals;
-    AdditionalTab& additional = form.fields.additional;
-    if (globals.gClientName == "RVT") {
+void showOptionalMarkers(const Session& session, Fields& fields, const ado::Recordset& visit) {
+    const Globals& globals = session.globals;
+    AdditionalTab& additional = fields.additional;
+    if (globals.client().usesPayCodes) {
         const std::string payCode = textOf(visit, "PayCode");
         if (!payCode.empty())
-            showPayCode(form, payCode);
+            showPayCode(session, fields.personal, payCode);
     }
     if (globals.isAllowCorvane)
         additional.corvanePatient.setSelected(visit.Fields("Corvane").asFlag());
@@ -188,7 +187,7 @@ void showOptionalMarkers(FormContext& form, const ado::Recordset& visit) {
         const std::string patientClass = textOf(visit, "patientclass");
         if (!patientClass.empty()) {
             additional.txtPatientClassID.setText(patientClass);
-            additional.txtPatientClass.setText(GetAdmissionType(form.session, text::trimmed(patientClass)));
+            additional.txtPatientClass.setText(GetAdmissionType(session, text::trimmed(patientClass)));
         }
     }
 }
@@ -202,29 +201,30 @@ void keepUnshown(Record& record, const ado::Recordset& visit) {
 
 } // namespace
 
-void showVisit(FormContext& form, const ado::Recordset& visit) {
-    showTexts(form.fields, visit);
-    showAccount(form.fields, visit);
-    showServicesAndDoctors(form, visit);
-    showBloodPressure(form.fields.consultation, textOf(visit, "BloodPressure"));
-    showConsultationKind(form.fields, visit);
-    showAdmissionTime(form, visit);
-    showPayer(form.fields, visit);
-    showStatus(form, visit);
-    keepUnshown(form.record, visit);
-    showOptionalMarkers(form, visit);
-    keepCodes(form, visit);
+void showVisit(const Session& session, Fields& fields, Record& record, const ado::Recordset& visit) {
+    const DateTime& serverDate = session.globals.gServerDate;
+    showTexts(fields, visit);
+    showAccount(fields, visit);
+    showServicesAndDoctors(session, fields.consultation, record, visit);
+    showBloodPressure(fields.consultation, textOf(visit, "BloodPressure"));
+    showConsultationKind(fields, visit);
+    showAdmissionTime(fields.header, serverDate, visit);
+    showPayer(fields, visit);
+    showStatus(fields, serverDate, visit);
+    keepUnshown(record, visit);
+    showOptionalMarkers(session, fields, visit);
+    keepCodes(fields, record, visit);
 }
 
-void showAllergies(FormContext& form, const ado::Recordset& row) {
+void showAllergies(const Session& session, HistoryTab& history, Record& record, const ado::Recordset& row) {
     const char* const columns[] = {"AllergyID1", "AllergyID2", "AllergyID3", "AllergyID4", "AllergyID5"};
     const int nameOffset = 5;
     for (int n = 0; n < nameOffset; ++n) {
-        CodedSlot<search::clsAllergy>& slot = form.record.Allergy[static_cast<std::size_t>(n)];
+        CodedSlot<search::clsAllergy>& slot = record.Allergy[static_cast<std::size_t>(n)];
         slot.id = textOf(row, columns[n]);
-        const search::clsAllergy& allergy = slot.get(form.session);
-        form.fields.history.txtAllergy(n).setText(shownCode(slot, allergy));
-        form.fields.history.txtAllergy(n + nameOffset).setText(allergy.AllergyName());
+        const search::clsAllergy& allergy = slot.get(session);
+        history.txtAllergy(n).setText(shownCode(slot, allergy));
+        history.txtAllergy(n + nameOffset).setText(allergy.AllergyName());
     }
 }
 

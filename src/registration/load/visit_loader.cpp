@@ -5,14 +5,14 @@
 #include "data/procedures/checks.h"
 #include "data/rows.h"
 #include "registration/load/visit_fields.h"
+#include "registration/record/codes.h"
+#include "registration/statements/queries.h"
 
 #include <algorithm>
 
 namespace opd::registration {
 
 namespace {
-
-using ado::Statement;
 
 constexpr auto dynamic = ado::CursorType::Dynamic;
 constexpr auto optimistic = ado::LockType::Optimistic;
@@ -25,49 +25,41 @@ bool isNumeric(const std::string& number) {
     return !number.empty() && std::all_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-bool passesSameDayCheck(FormContext& form) {
-    const ado::Recordset found = data::openClient(form.session,
-                                                  Statement("Patient_Data..sp_aopd_Check_if_admitted_today '")
-                                                      .value(form.record.HospNum)
-                                                      .text("', '")
-                                                      .value(dateText(form.session.clock.now()))
-                                                      .text("'"),
-                                                  dynamic, optimistic);
+bool passesSameDayCheck(const Session& session, const std::string& hospNum) {
+    const ado::Recordset found = data::openClient(
+        session, statements::registrationOf(hospNum, dateText(session.clock.now())), dynamic, optimistic);
     if (found.RecordCount() <= 0)
         return true;
     const std::string number = text::trimmed(data::textOf(found, "IdNum"));
     const std::string message = isNumeric(number) ? "Patient already was currently admitted as Adm. # "
                                                   : "Patient has a current OPD registration as Adm. # ";
-    form.session.desktop.ask({.text = message + number, .caption = "Verification", .icon = ui::Icon::Exclamation});
+    session.desktop.ask({.text = message + number, .caption = "Verification", .icon = ui::Icon::Exclamation});
     return false;
 }
 
-bool mayBeEdited(const FormContext& form, const ado::Recordset& visit) {
+bool mayBeEdited(const Session& session, const std::string& opdNumber, const ado::Recordset& visit) {
     const DateTime admitted = visit.Fields("AdmDate").asDate();
-    const DateTime& today = form.session.globals.gServerDate;
+    const DateTime& today = session.globals.gServerDate;
     if (!admitted.isSet() || !today.isSet() || daysBetween(admitted, today) < editableDays)
         return true;
-    return !data::IsVisitBilled(form.session, form.record.AdmissionNumber);
+    return !data::IsVisitBilled(session, opdNumber);
 }
 
-bool refuse(FormContext& form, const std::string& reason) {
-    form.session.desktop.ask({.text = reason, .caption = "Notification"});
+bool refuse(const Session& session, const std::string& reason) {
+    session.desktop.ask({.text = reason, .caption = "Notification"});
     return false;
 }
 
-bool loadVisit(FormContext& form) {
-    Record& record = form.record;
-    ado::Recordset visit = data::openClient(
-        form.session, Statement("Patient_Data..sp_aopd_LoadOutPatient '").value(record.AdmissionNumber).text("'"),
-        dynamic, optimistic);
+bool loadVisit(const Session& session, Fields& fields, Record& record) {
+    ado::Recordset visit = data::openClient(session, statements::visit(record.AdmissionNumber), dynamic, optimistic);
     if (visit.RecordCount() == 0)
-        return refuse(form, "Hosp. # (" + record.HospNum + ") was never an out-patient.");
-    if (!mayBeEdited(form, visit))
-        return refuse(form, "You are not allowed to edit previous OPD consultation.");
-    showVisit(form, visit);
+        return refuse(session, "Hosp. # (" + record.HospNum + ") was never an out-patient.");
+    if (!mayBeEdited(session, record.AdmissionNumber, visit))
+        return refuse(session, "You are not allowed to edit previous OPD consultation.");
+    showVisit(session, fields, record, visit);
     visit.Close();
 
-    LoadAllergies(form);
+    LoadAllergies(session, fields.history, record);
     for (auto& slot : record.Service)
         slot.empty();
     for (auto& slot : record.Allergy)
@@ -79,61 +71,46 @@ bool loadVisit(FormContext& form) {
 
 } // namespace
 
-void LoadAllergies(FormContext& form) {
-    const ado::Recordset allergies = data::openClient(
-        form.session, Statement("Patient_Data..sp_Aopd_LoadAllergies '").value(form.record.HospNum).text("'"), dynamic,
-        optimistic);
+void LoadAllergies(const Session& session, HistoryTab& history, Record& record) {
+    const ado::Recordset allergies =
+        data::openClient(session, statements::allergies(record.HospNum), dynamic, optimistic);
     if (allergies.RecordCount() > 0)
-        showAllergies(form, allergies);
+        showAllergies(session, history, record, allergies);
 }
 
-bool SearchPatient(FormContext& form) {
-    if (form.record.isNew())
-        return passesSameDayCheck(form);
-    return form.record.isEdit() ? loadVisit(form) : true;
+bool SearchPatient(const Session& session, Fields& fields, Record& record) {
+    if (record.isNew())
+        return passesSameDayCheck(session, record.HospNum);
+    return record.isEdit() ? loadVisit(session, fields, record) : true;
 }
 
-void GetCancerPatient(FormContext& form) {
-    const ado::Recordset visit = data::openClient(form.session,
-                                                  Statement("Select * from Patient_Data..tbOutPatient where IDNUm = '")
-                                                      .value(form.fields.header.txtOPDNum.text())
-                                                      .text("'"),
-                                                  dynamic, optimistic);
+void GetCancerPatient(const Session& session, PersonalTab& personal, const std::string& opdNumber) {
+    const ado::Recordset visit = data::openClient(session, statements::programmes(opdNumber), dynamic, optimistic);
     if (visit.RecordCount() <= 0)
         return;
-    PersonalTab& personal = form.fields.personal;
     struct Treatment {
         const char* column;
         ui::CheckBox& box;
-        bool& flag;
     };
-    const Treatment treatments[] = {{"isRadioTherapy", personal.chkRTherapy, form.record.RadioFlag},
-                                    {"isHemodialysis", personal.chkHemo, form.record.HemoFlag},
-                                    {"isChemo", personal.chkChemo, form.record.ChemoFlag},
-                                    {"isForDeposit", personal.chkforDeposit, form.record.DepositFlag}};
-    bool any = false;
-    for (const Treatment& treatment : treatments) {
-        treatment.flag = visit.Fields(treatment.column).asFlag();
-        treatment.box.setChecked(treatment.flag);
-        any = any || treatment.flag;
-    }
-    if (!any)
+    const Treatment treatments[] = {{"isRadioTherapy", personal.chkRTherapy},
+                                    {"isHemodialysis", personal.chkHemo},
+                                    {"isChemo", personal.chkChemo},
+                                    {"isForDeposit", personal.chkforDeposit}};
+    for (const Treatment& treatment : treatments)
+        treatment.box.setChecked(visit.Fields(treatment.column).asFlag());
+    if (!isInProgramme(personal))
         return;
     personal.dtpExpiration.setEnabled(true);
     if (const DateTime expires = visit.Fields("ExpirationDate").asDate(); expires.isSet())
         personal.dtpExpiration.setValue(expires.date());
 }
 
-void loadOutProfile(FormContext& form) {
-    const ado::Recordset profile = data::openClient(form.session,
-                                                    Statement("Patient_Data..sp_AOPD_LoadOutProfile '")
-                                                        .value(text::trimmed(form.fields.header.txtOPDNum.text()))
-                                                        .text("'"),
-                                                    dynamic, optimistic);
+void loadOutProfile(const Session& session, HistoryTab& history, const std::string& opdNumber) {
+    const ado::Recordset profile = data::openClient(session, statements::outProfile(opdNumber), dynamic, optimistic);
     if (profile.RecordCount() <= 0)
         return;
     const DateTime period = profile.Fields("LMP").asDate();
-    form.fields.history.txtLMP.setText(period.isSet() ? dateText(period) : std::string{});
+    history.txtLMP.setText(period.isSet() ? dateText(period) : std::string{});
 }
 
 } // namespace opd::registration

@@ -1,21 +1,23 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
+#include "session/session.h"
 
 namespace opd::registration {
 
 /// In a new registration: true when the patient has no registration and no admission of today; otherwise the clerk was
 /// told. In "Edit": loads the visit of `AdmissionNumber` into the form; false when there is none or it may no longer be
 /// edited, which the clerk was told. For any other form type true. Throws ado::Error.
-bool SearchPatient(FormContext& form);
+bool SearchPatient(const Session& session, Fields& fields, Record& record);
 
 /// Loads the allergies of `HospNum`, as they are saved with every visit. Throws ado::Error.
-void LoadAllergies(FormContext& form);
+void LoadAllergies(const Session& session, HistoryTab& history, Record& record);
 
-/// Loads the treatment flags and the expiration date of the visit in `txtOPDNum`. Throws ado::Error.
-void GetCancerPatient(FormContext& form);
+/// Loads the programmes and the expiration date of a visit. Throws ado::Error.
+void GetCancerPatient(const Session& session, PersonalTab& personal, const std::string& opdNumber);
 
-/// Loads the last menstruation period of the visit in `txtOPDNum`. Throws ado::Error.
-void loadOutProfile(FormContext& form);
+/// Loads the last menstruation period of a visit. Throws ado::Error.
+void loadOutProfile(const Session& session, HistoryTab& history, const std::string& opdNumber);
 
 } // namespace opd::registration

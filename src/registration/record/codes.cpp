@@ -59,9 +59,12 @@ std::string savedVisit(const Record& record) {
     return text::upper(record.SaveIDNum) + "B";
 }
 
-void keepCodes(FormContext& form, const ado::Recordset& visit) {
-    const Fields& fields = form.fields;
-    Record& record = form.record;
+bool isInProgramme(const PersonalTab& personal) {
+    return personal.chkChemo.checked() || personal.chkRTherapy.checked() || personal.chkHemo.checked() ||
+           personal.chkforDeposit.checked();
+}
+
+void keepCodes(const Fields& fields, Record& record, const ado::Recordset& visit) {
     const auto stored = [&](const char* column) { return data::textOf(visit, column); };
     record.PatientTypeKept.keep(stored("PatientType"), patientTypeCode(fields));
     record.PerUnitKept.keep(stored("PerUnit"), perUnitCode(fields));
@@ -74,13 +77,12 @@ void keepCodes(FormContext& form, const ado::Recordset& visit) {
         record.CorvaneKept.keep(visit.Fields("Corvane").asFlag() ? "1" : "0", corvaneCode(fields));
 }
 
-void computeKeptCodes(FormContext& form) {
-    const PersonalTab& personal = form.fields.personal;
-    Record& record = form.record;
+void computeKeptCodes(const Fields& fields, Record& record) {
+    const PersonalTab& personal = fields.personal;
     if (personal.chkPatientType.value() < 2)
-        record.PatientTypeCode = record.PatientTypeKept.sent(patientTypeCode(form.fields));
-    record.CorvanePatientCode = record.CorvaneKept.sent(corvaneCode(form.fields));
-    form.record.HemoCode = personal.chkHemo.checked() ? "1" : "0";
+        record.PatientTypeCode = record.PatientTypeKept.sent(patientTypeCode(fields));
+    record.CorvanePatientCode = record.CorvaneKept.sent(corvaneCode(fields));
+    record.HemoCode = personal.chkHemo.checked() ? "1" : "0";
 }
 
 std::string employmentTypeCode(const EmploymentTab& employment) {

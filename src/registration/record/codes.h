@@ -1,7 +1,8 @@
 #pragma once
 
 #include "ado/recordset.h"
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
 
 #include <string>
 
@@ -14,11 +15,14 @@ std::string pressureText(const Fields& fields); ///< both values of the blood pr
 std::string admDateTime(const Fields& fields);  ///< "MM/dd/yyyy hh:mm AM"
 std::string savedVisit(const Record& record);   ///< the visit's key: the OPD number in upper case, then "B"
 
+/// True when the patient is in any programme, whose check boxes are the truth: then it has an expiration date.
+bool isInProgramme(const PersonalTab& personal);
+
 /// Remembers the codes of a loaded visit, whose fields are shown already.
-void keepCodes(FormContext& form, const ado::Recordset& visit);
+void keepCodes(const Fields& fields, Record& record, const ado::Recordset& visit);
 
 /// Computes the codes that are kept on the form. A greyed cash patient box leaves its code as it was.
-void computeKeptCodes(FormContext& form);
+void computeKeptCodes(const Fields& fields, Record& record);
 
 /// What the employment tab stands for; 0 where nothing is chosen.
 std::string employmentTypeCode(const EmploymentTab& employment);

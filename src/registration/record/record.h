@@ -75,10 +75,6 @@ struct Record {
     std::array<std::string, 3> DiagnosisID;
     std::string CauseofConsultationID;
     std::string CompanyClass; ///< class of the chosen company account
-    bool ChemoFlag = false;
-    bool HemoFlag = false;
-    bool RadioFlag = false;
-    bool DepositFlag = false;
     bool PhotoTaken = false;
     KeptCode PatientTypeKept;
     KeptCode ConsultationTypeKept;

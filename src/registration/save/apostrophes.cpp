@@ -4,7 +4,6 @@
 #include "base/text/text.h"
 #include "registration/rules/marks.h"
 #include "registration/subrecords/dependent_columns.h"
-#include "ui/window.h"
 
 #include <algorithm>
 #include <functional>
@@ -42,19 +41,18 @@ std::string nameOf(const ui::Control& field) {
 }
 
 /// Boxes that show what a code stands for, and those that no statement reads.
-bool isSent(const FormContext& form, const ui::TextBox& box) {
-    const ui::TextBox* const unsent[] = {&form.fields.history.txtDiagnosis, &form.fields.personal.txtSeniorID,
-                                         &form.fields.consultation.complaint.code,
-                                         &form.fields.consultation.complaint.name};
+bool isSent(const Fields& fields, const ui::TextBox& box) {
+    const ui::TextBox* const unsent[] = {&fields.history.txtDiagnosis, &fields.personal.txtSeniorID,
+                                         &fields.consultation.complaint.code, &fields.consultation.complaint.name};
     return !box.readOnly && std::find(std::begin(unsent), std::end(unsent), &box) == std::end(unsent);
 }
 
-std::vector<ui::TextBox*> sentBoxes(const FormContext& form) {
+std::vector<ui::TextBox*> sentBoxes(const ui::Window& window, const Fields& fields) {
     std::vector<ui::Control*> everything;
-    form.window.collect(everything);
+    window.collect(everything);
     std::vector<ui::TextBox*> boxes;
     for (ui::Control* control : everything)
-        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && isSent(form, *box))
+        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && isSent(fields, *box))
             boxes.push_back(box);
     return boxes;
 }
@@ -67,37 +65,36 @@ bool canBeSeen(const ui::Control& field) {
     return true;
 }
 
-bool agrees(FormContext& form, const ui::Control& field, const std::string& text) {
-    return form.session.desktop.ask({.text = nameOf(field) +
-                                             " holds an apostrophe, which cannot be stored from this desk. Store it "
-                                             "as " +
-                                             graved(text) + "?",
-                                     .caption = "Message",
-                                     .buttons = ui::Buttons::YesNo,
-                                     .icon = ui::Icon::Question}) == ui::Answer::Yes;
+bool agrees(ui::Desktop& desktop, const ui::Control& field, const std::string& text) {
+    return desktop.ask({.text = nameOf(field) +
+                                " holds an apostrophe, which cannot be stored from this desk. Store it "
+                                "as " +
+                                graved(text) + "?",
+                        .caption = "Message",
+                        .buttons = ui::Buttons::YesNo,
+                        .icon = ui::Icon::Question}) == ui::Answer::Yes;
 }
 
-bool settle(FormContext& form, ui::TextBox& box) {
+bool settle(ui::Desktop& desktop, ui::TextBox& box) {
     if (!holdsApostrophe(box.text()))
         return true;
-    if (canBeSeen(box) && !agrees(form, box, box.text())) {
+    if (canBeSeen(box) && !agrees(desktop, box, box.text())) {
         box.setRefusal(unstorable);
-        form.window.setFocus(box);
+        box.window().setFocus(box);
         return false;
     }
     box.setText(graved(box.text()));
     return true;
 }
 
-bool settleDependents(FormContext& form) {
-    ui::Grid& grid = form.fields.employment.mshDependents;
+bool settleDependents(ui::Desktop& desktop, ui::Grid& grid) {
     for (int row = 1; row <= grid.rowCount(); ++row) {
         const std::string name = grid.cell(row, nameColumn);
         if (!holdsApostrophe(name))
             continue;
-        if (!agrees(form, grid, name)) {
+        if (!agrees(desktop, grid, name)) {
             grid.setCurrentCell(row, nameColumn);
-            form.window.setFocus(grid);
+            grid.window().setFocus(grid);
             return false;
         }
         grid.setCell(row, nameColumn, graved(name));
@@ -107,15 +104,15 @@ bool settleDependents(FormContext& form) {
 
 } // namespace
 
-bool settleApostrophes(FormContext& form) {
-    for (ui::TextBox* box : sentBoxes(form))
-        if (!settle(form, *box))
+bool settleApostrophes(ui::Desktop& desktop, const ui::Window& window, Fields& fields) {
+    for (ui::TextBox* box : sentBoxes(window, fields))
+        if (!settle(desktop, *box))
             return false;
-    return settleDependents(form);
+    return settleDependents(desktop, fields.employment.mshDependents);
 }
 
-void bindApostrophes(FormContext& form) {
-    for (ui::TextBox* box : sentBoxes(form))
+void bindApostrophes(const ui::Window& window, const Fields& fields) {
+    for (ui::TextBox* box : sentBoxes(window, fields))
         takeBackWhen(*box, unstorable, [box] { return !holdsApostrophe(box->text()); });
 }
 

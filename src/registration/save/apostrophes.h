@@ -1,16 +1,18 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "ui/desktop.h"
+#include "ui/window.h"
 
 namespace opd::registration {
 
 /// Takes the apostrophes, which no statement can carry, out of everything that the form sends: another program stored
 /// them. For a field that the clerk sees the clerk is asked, once a field; where nobody sees one it becomes a grave
 /// accent by itself. False when the clerk declined: the focus is at the field then, and nothing else was changed.
-bool settleApostrophes(FormContext& form);
+bool settleApostrophes(ui::Desktop& desktop, const ui::Window& window, Fields& fields);
 
 /// Binds the taking back of the marks that a declined question leaves. It adds to the handlers that stand when it is
 /// called.
-void bindApostrophes(FormContext& form);
+void bindApostrophes(const ui::Window& window, const Fields& fields);
 
 } // namespace opd::registration

@@ -3,9 +3,9 @@
 #include "base/text/text.h"
 #include "data/rows.h"
 #include "registration/photo/photo.h"
-#include "registration/save/master_statements.h"
 #include "registration/save/save_failures.h"
-#include "registration/save/visit_statements.h"
+#include "registration/statements/patient_statements.h"
+#include "registration/statements/visit_statements.h"
 #include "registration/subrecords/dependents.h"
 
 #include <functional>
@@ -22,42 +22,46 @@ struct FollowingPart {
     std::function<void()> write;
 };
 
-std::string outcome(const FormContext& form, bool updateOnly) {
-    const HeaderFields& header = form.fields.header;
+std::string outcome(const HeaderFields& header, const Record& record, bool updateOnly) {
     const std::string name = text::upper(header.txtLastName.text()) + ", " + text::upper(header.txtFirstName.text()) +
                              " " + text::upper(header.txtMiddleName.text());
     return updateOnly ? name + " record was updated."
-                      : name + " was registered as Hosp. # (" + form.record.SaveHospNum + ") and Case # (" +
-                            form.record.SaveIDNum + "B).";
-}
-
-Statement giveFileNumber(const FormContext& form) {
-    return Statement("Patient_data..OPD_UpdateFileNum '").value(form.record.SaveHospNum).text("'");
+                      : name + " was registered as Hosp. # (" + record.SaveHospNum + ") and Case # (" +
+                            record.SaveIDNum + "B).";
 }
 
 /// The parts of one save, in the order of their writing.
 class FollowingParts {
   public:
-    FollowingParts(FormContext& form, bool updateOnly) : m_form(form), m_updateOnly(updateOnly) {
-        const Globals& globals = form.session.globals;
-        const std::string& companyClass = form.record.CompanyClass;
+    FollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly)
+        : m_session(session), m_fields(fields), m_record(record), m_updateOnly(updateOnly) {
+        const Globals& globals = session.globals;
+        const std::string& companyClass = record.CompanyClass;
         const bool needsAuthorization = globals.IsAllowOPDUpdateHMOLOA && (companyClass == "P" || companyClass == "H");
-        const bool getsFileNumber = globals.isAllowOPFileNumbering && !form.fields.personal.chkWalkIn.checked();
+        const bool getsFileNumber = globals.isAllowOPFileNumbering && !fields.personal.chkWalkIn.checked();
         add("contacts, parents and employment", &updateExtendedMaster);
-        m_parts.push_back({"dependents", [&form] { SaveDependents(form); }});
+        m_parts.push_back({"dependents", [this] {
+                               SaveDependents(m_session, m_fields.employment.mshDependents, m_record.SaveHospNum);
+                           }});
         add("medical history", &updateMedicalHistory);
         add("treatments", &updateTreatments);
-        if (form.record.PhotoTaken)
-            m_parts.push_back({"photograph", [this] { m_photographFailure = storePhotograph(m_form); }});
+        if (record.PhotoTaken)
+            m_parts.push_back({"photograph", [this] {
+                                   m_photographFailure =
+                                       storePhotograph(m_session.devices.images, m_fields.additional, m_record);
+                               }});
         add("walk-in mark", &updateWalkIn);
         addIf(globals.isAllowCorvane, "Corvane mark", &updateCorvane);
         addIf(globals.IsAllowOPDMABRate, "MAB mark", &updateMabRate);
         addIf(needsAuthorization, "letter of authorization", &saveAuthorization);
         addIf(globals.IsAllowOPDPatientClass, "patient class", &updatePatientClass);
-        addIf(globals.gClientName == "TKWA", "last menstrual period", &saveProfile);
+        addIf(globals.client().asksLastMenstruation, "last menstrual period", &saveProfile);
         m_parts.push_back({nullptr, [this] { tellOutcome(); }});
-        addIf(form.record.isEdit(), "log of this change", &logEdit);
-        addIf(getsFileNumber, "file number", &giveFileNumber);
+        if (record.isEdit())
+            addStatement("log of this change",
+                         [this] { return logEdit(m_fields.header.txtOPDNum.text(), m_session.globals.gUserID); });
+        if (getsFileNumber)
+            addStatement("file number", [this] { return giveFileNumber(m_record.SaveHospNum); });
     }
 
     void write() {
@@ -65,24 +69,32 @@ class FollowingParts {
             try {
                 m_parts[m_current].write();
             } catch (const std::exception& failure) {
-                throw incomplete(m_form, m_updateOnly, failure, missing());
+                throw incomplete(m_record, m_updateOnly, failure, missing());
             }
         }
     }
 
   private:
-    void add(const char* name, Statement (*statement)(const FormContext&)) {
-        m_parts.push_back({name, [this, statement] { data::execute(m_form.session, statement(m_form)); }});
+    using OfForm = Statement (*)(const Fields&, const Record&);
+
+    void addStatement(const char* name, std::function<Statement()> statement) {
+        m_parts.push_back({name, [this, statement = std::move(statement)] { data::execute(m_session, statement()); }});
     }
 
-    void addIf(bool wanted, const char* name, Statement (*statement)(const FormContext&)) {
+    void add(const char* name, OfForm statement) {
+        addStatement(name, [this, statement] { return statement(m_fields, m_record); });
+    }
+
+    void addIf(bool wanted, const char* name, OfForm statement) {
         if (wanted)
             add(name, statement);
     }
 
     void tellOutcome() {
-        ui::Desktop& desktop = m_form.session.desktop;
-        desktop.ask({.text = outcome(m_form, m_updateOnly), .caption = "Notification", .icon = ui::Icon::Information});
+        ui::Desktop& desktop = m_session.desktop;
+        desktop.ask({.text = outcome(m_fields.header, m_record, m_updateOnly),
+                     .caption = "Notification",
+                     .icon = ui::Icon::Information});
         if (!m_photographFailure.empty())
             desktop.ask({.text = m_photographFailure, .caption = "Notification", .icon = ui::Icon::Exclamation});
     }
@@ -97,7 +109,9 @@ class FollowingParts {
         return names;
     }
 
-    FormContext& m_form;
+    Session& m_session;
+    Fields& m_fields;
+    const Record& m_record;
     bool m_updateOnly;
     std::string m_photographFailure;
     std::vector<FollowingPart> m_parts;
@@ -106,9 +120,9 @@ class FollowingParts {
 
 } // namespace
 
-void writeFollowingParts(FormContext& form, bool updateOnly) {
-    const ado::LongPatience patience(form.session.connection()); // the visit stands already
-    FollowingParts(form, updateOnly).write();
+void writeFollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly) {
+    const ado::LongPatience patience(session.connection()); // the visit stands already
+    FollowingParts(session, fields, record, updateOnly).write();
 }
 
 } // namespace opd::registration

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
+#include "session/session.h"
 
 namespace opd::registration {
 
 /// What a registration consists of behind its transaction, each part stored on its own: the extended record, the
 /// dependents, the visit's marks, the photograph, logs; and between them what the clerk is told. Stops at the first
 /// part that fails and throws ado::Error that names what is missing.
-void writeFollowingParts(FormContext& form, bool updateOnly);
+void writeFollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly);
 
 } // namespace opd::registration

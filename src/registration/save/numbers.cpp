@@ -3,15 +3,14 @@
 #include "ado/command.h"
 #include "ado/error.h"
 #include "base/text/text.h"
-
-#include <optional>
+#include "registration/statements/changes.h"
 
 namespace opd::registration {
 
 namespace {
 
-std::string drawn(FormContext& form, const ado::Statement& procedure, const char* parameter, int size) {
-    ado::Command command(form.session.connection());
+std::string drawn(const Session& session, const ado::Statement& procedure, const char* parameter, int size) {
+    ado::Command command(session.connection());
     command.CommandText = procedure;
     command.addOutput(parameter, size);
     command.Execute();
@@ -21,34 +20,28 @@ std::string drawn(FormContext& form, const ado::Statement& procedure, const char
     return number;
 }
 
-std::optional<std::string> draw(FormContext& form, const ado::Statement& procedure, const char* parameter, int size,
-                                const char* failureText) {
+std::optional<std::string> draw(const Session& session, const ado::Statement& procedure, const char* parameter,
+                                int size, const char* failureText) {
     try {
-        return drawn(form, procedure, parameter, size);
+        return drawn(session, procedure, parameter, size);
     } catch (const std::exception& failure) { // the clerk learns what it means, and why
-        form.session.desktop.ask({.text = std::string{failureText} + "\r\n\r\n" + failure.what() +
-                                          "\r\n\r\nNothing was saved. What was typed is kept until the desk is "
-                                          "closed, and offered again when this registration is opened the next time.",
-                                  .caption = "Error",
-                                  .icon = ui::Icon::Critical});
+        session.desktop.ask({.text = std::string{failureText} + "\r\n\r\n" + failure.what() +
+                                     "\r\n\r\nNothing was saved. What was typed is kept until the desk is "
+                                     "closed, and offered again when this registration is opened the next time.",
+                             .caption = "Error",
+                             .icon = ui::Icon::Critical});
         return std::nullopt;
     }
 }
 
 } // namespace
 
-bool drawHospNum(FormContext& form) {
-    const auto number =
-        draw(form, "Patient_Data..sp_adm_GetNewHospNum", "@HospNum", 8, "Unable to assign a new hospnum");
-    form.record.SaveHospNum = number.value_or(std::string{});
-    return number.has_value();
+std::optional<std::string> drawHospNum(const Session& session) {
+    return draw(session, statements::newHospNum(), "@HospNum", 8, "Unable to assign a new hospnum");
 }
 
-bool drawOpdNumber(FormContext& form) {
-    const auto number =
-        draw(form, "Patient_Data..sp_aopd_GetNewOPDID", "@IdNum", 10, "Unable to assign a new OPD Number");
-    form.record.SaveIDNum = number.value_or(std::string{});
-    return number.has_value();
+std::optional<std::string> drawOpdNumber(const Session& session) {
+    return draw(session, statements::newOpdNumber(), "@IdNum", 10, "Unable to assign a new OPD Number");
 }
 
 } // namespace opd::registration

@@ -1,11 +1,14 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "session/session.h"
+
+#include <optional>
+#include <string>
 
 namespace opd::registration {
 
-/// Draw a number from the database into `SaveHospNum` or `SaveIDNum`. False when that failed: the clerk was told.
-bool drawHospNum(FormContext& form);
-bool drawOpdNumber(FormContext& form);
+/// Draw a number from the database. Nothing when that failed: the clerk was told.
+std::optional<std::string> drawHospNum(const Session& session);
+std::optional<std::string> drawOpdNumber(const Session& session);
 
 } // namespace opd::registration

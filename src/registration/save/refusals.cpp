@@ -5,30 +5,26 @@
 #include "data/leading_number.h"
 #include "data/rows.h"
 #include "registration/save/apostrophes.h"
+#include "registration/statements/queries.h"
 #include "ui/window.h"
 
 namespace opd::registration {
 
-using ado::Statement;
-
-std::string shownHospNum(const FormContext& form) {
-    return text::trimmed(form.fields.header.txtHospNum.text());
+std::string shownHospNum(const HeaderFields& header) {
+    return text::trimmed(header.txtHospNum.text());
 }
 
 namespace {
 
 /// A new patient who resembles one on file is registered only when the clerk says so. Behind a commit without an answer
 /// it would be this very registration that is found, and the clerk has answered by then.
-bool passesDuplicateCheck(FormContext& form) {
-    if (!form.record.isNew() || shownHospNum(form) != "NEW" || form.record.mayBeWritten)
+bool passesDuplicateCheck(Session& session, HeaderFields& header, const Record& record) {
+    if (!record.isNew() || shownHospNum(header) != "NEW" || record.mayBeWritten)
         return true;
-    const HeaderFields& header = form.fields.header;
     const ado::Recordset similar =
-        data::openClient(form.session,
-                         Statement("PATIENT_DATA..sp_AOPD_SearchSimilarRecords '")
-                             .values({header.txtLastName.text(), header.txtFirstName.text()}, "','")
-                             .text("',")
-                             .number(static_cast<long>(data::leadingNumber(header.txtAge.text()))),
+        data::openClient(session,
+                         statements::similarRecords(header.txtLastName.text(), header.txtFirstName.text(),
+                                                    static_cast<long>(data::leadingNumber(header.txtAge.text()))),
                          ado::CursorType::Dynamic, ado::LockType::Optimistic);
     if (similar.EndOfFile())
         return true;
@@ -36,42 +32,38 @@ bool passesDuplicateCheck(FormContext& form) {
                                        "Would you like to continue?",
                                .caption = "NOTIFICATION",
                                .buttons = ui::Buttons::YesNo};
-    if (form.session.desktop.ask(question) == ui::Answer::Yes)
+    if (session.desktop.ask(question) == ui::Answer::Yes)
         return true;
-    form.session.desktop.ask({.text = "Registration Cancelled."});
-    form.window.unload();
+    session.desktop.ask({.text = "Registration Cancelled."});
+    header.txtLastName.window().unload();
     return false;
 }
 
-bool passesConfinementCheck(FormContext& form, bool updateOnly) {
-    if (form.session.globals.isAllowOPDRegisterInpatient || updateOnly)
+bool passesConfinementCheck(Session& session, HeaderFields& header, bool updateOnly) {
+    if (session.globals.isAllowOPDRegisterInpatient || updateOnly)
         return true;
-    const ado::Recordset confined = data::openClient(
-        form.session, Statement("PATIENT_DATA..sp_AOPD_CheckIfAdmitted '").value(shownHospNum(form)).text("'"));
+    const ado::Recordset confined = data::openClient(session, statements::confinement(shownHospNum(header)));
     if (confined.EndOfFile())
         return true;
-    form.session.desktop.ask(
+    session.desktop.ask(
         {.text = "Cannot register currently confined patients", .caption = "Message", .icon = ui::Icon::Critical});
-    form.window.unload();
+    header.txtLastName.window().unload();
     return false;
 }
 
-bool hasPatientClass(FormContext& form) {
-    ui::TextBox& patientClass = form.fields.additional.txtPatientClassID;
-    if (!form.session.globals.IsAllowOPDPatientClass || !text::isBlank(patientClass.text()))
+bool hasPatientClass(Session& session, ui::TextBox& patientClass) {
+    if (!session.globals.IsAllowOPDPatientClass || !text::isBlank(patientClass.text()))
         return true;
     const char* const fault = "Cannot register patient! Please provide patient classification.";
     patientClass.setRefusal(fault);
-    form.session.desktop.ask({.text = fault, .caption = "Message", .icon = ui::Icon::Critical});
-    form.window.setFocus(patientClass);
+    session.desktop.ask({.text = fault, .caption = "Message", .icon = ui::Icon::Critical});
+    patientClass.window().setFocus(patientClass);
     return false;
 }
 
 /// The numbers on the screen are those that the form was opened for; with any others the form shows nobody's record,
 /// or another patient's, and is not saved.
-void requireOwnNumbers(const FormContext& form) {
-    const Record& record = form.record;
-    const HeaderFields& header = form.fields.header;
+void requireOwnNumbers(const HeaderFields& header, const Record& record) {
     const auto differs = [](const std::string& shown, const std::string& opened) {
         return !text::equalsIgnoringCase(text::trimmed(shown), text::trimmed(opened));
     };
@@ -82,10 +74,12 @@ void requireOwnNumbers(const FormContext& form) {
 
 } // namespace
 
-bool maySave(FormContext& form, bool updateOnly) {
-    requireOwnNumbers(form);
-    return settleApostrophes(form) && passesDuplicateCheck(form) && passesConfinementCheck(form, updateOnly) &&
-           hasPatientClass(form);
+bool maySave(Session& session, Fields& fields, const Record& record, bool updateOnly) {
+    requireOwnNumbers(fields.header, record);
+    return settleApostrophes(session.desktop, fields.header.txtLastName.window(), fields) &&
+           passesDuplicateCheck(session, fields.header, record) &&
+           passesConfinementCheck(session, fields.header, updateOnly) &&
+           hasPatientClass(session, fields.additional.txtPatientClassID);
 }
 
 } // namespace opd::registration

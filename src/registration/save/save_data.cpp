@@ -3,11 +3,11 @@
 #include "data/rows.h"
 #include "registration/record/codes.h"
 #include "registration/save/following_parts.h"
-#include "registration/save/master_statements.h"
 #include "registration/save/numbers.h"
 #include "registration/save/refusals.h"
 #include "registration/save/save_failures.h"
-#include "registration/save/visit_statements.h"
+#include "registration/statements/patient_statements.h"
+#include "registration/statements/visit_statements.h"
 
 namespace opd::registration {
 
@@ -15,21 +15,21 @@ namespace {
 
 using ado::Statement;
 
-void run(const FormContext& form, const Statement& statement) {
-    data::execute(form.session, statement);
-}
-
 /// Numbers drawn for a save that then failed serve the next try: should the first have been written after all, the same
 /// visit is written again and not a second one.
-bool takeNumbers(FormContext& form) {
-    Record& record = form.record;
+bool takeNumbers(const Session& session, const HeaderFields& header, Record& record) {
     if (!record.isNewPatient())
-        record.SaveHospNum = shownHospNum(form);
-    else if (record.SaveHospNum.empty() && !drawHospNum(form))
+        record.SaveHospNum = shownHospNum(header);
+    else if (record.SaveHospNum.empty())
+        record.SaveHospNum = drawHospNum(session).value_or(std::string{});
+    if (record.isNewPatient() && record.SaveHospNum.empty())
         return false;
-    if (record.isNewVisit())
-        return !record.SaveIDNum.empty() || drawOpdNumber(form);
-    record.SaveIDNum = text::trimmed(form.fields.header.txtOPDNum.text());
+    if (record.isNewVisit()) {
+        if (record.SaveIDNum.empty())
+            record.SaveIDNum = drawOpdNumber(session).value_or(std::string{});
+        return !record.SaveIDNum.empty();
+    }
+    record.SaveIDNum = text::trimmed(header.txtOPDNum.text());
     if (!record.SaveIDNum.empty())
         record.SaveIDNum.pop_back();
     return true;
@@ -39,58 +39,68 @@ void rememberCounted(Record& record, const std::vector<std::string>& doctors) {
     record.countedDoctors.insert(record.countedDoctors.end(), doctors.begin(), doctors.end());
 }
 
-void commit(FormContext& form, ado::Transaction& transaction, const std::vector<std::string>& doctors) {
+void commit(Record& record, ado::Transaction& transaction, const std::vector<std::string>& doctors) {
     try {
         transaction.commit();
     } catch (const ado::Error& failure) {
         if (!leavesDoubt(failure))
             throw;
-        form.record.mayBeWritten = true;
-        rememberCounted(form.record, doctors);
+        record.mayBeWritten = true;
+        rememberCounted(record, doctors);
         throw PerhapsSaved(failure);
     }
-    rememberCounted(form.record, doctors);
+    rememberCounted(record, doctors);
 }
 
 /// After a commit without an answer: looks whether the new visit is there, so that its doctors are counted once.
-void settleDoubt(FormContext& form) {
-    Record& record = form.record;
+void settleDoubt(const Session& session, Record& record) {
     if (!record.mayBeWritten || !record.isNewVisit())
         return;
-    const ado::Recordset visit = data::openClient(
-        form.session,
-        Statement("Select IDNum from Patient_Data..tbOutPatient where IDNum = '").value(savedVisit(record)).text("'"));
+    const ado::Recordset visit = data::openClient(session, findVisit(savedVisit(record)));
     if (!visit.EndOfFile())
         return;
     record.mayBeWritten = false;
     record.countedDoctors.clear();
 }
 
-void writePatientAndVisit(FormContext& form, bool updateOnly) {
-    const std::vector<std::string> doctors = updateOnly ? std::vector<std::string>{} : doctorsToCount(form);
-    ado::Transaction transaction(form.session.connection());
-    run(form, updateMaster(form));
-    run(form, saveAllergies(form));
-    if (form.session.globals.gClientName != "RVT")
-        run(form, updateHistory(form));
-    if (!updateOnly) {
-        run(form, updateVisit(form));
-        for (const std::string& doctor : doctors)
-            run(form, countConsultation(doctor));
-        for (const Statement& statement : updateAdditionalDoctors(form))
-            run(form, statement);
-    }
-    commit(form, transaction, doctors);
+std::vector<Statement> patientStatements(const Globals& globals, const Fields& fields, const Record& record) {
+    std::vector<Statement> statements{updateMaster(fields, record, globals.client(), globals.isAllowOPDSearchBarangay),
+                                      saveAllergies(fields, record)};
+    if (globals.client().writesHistory)
+        statements.push_back(updateHistory(fields, record));
+    return statements;
+}
+
+std::vector<Statement> visitStatements(const Globals& globals, const Fields& fields, const Record& record,
+                                       const std::vector<std::string>& doctors) {
+    std::vector<Statement> statements{
+        updateVisit(fields, record, globals.client(), globals.AccountTypeCode, globals.gUserID)};
+    for (const std::string& doctor : doctors)
+        statements.push_back(countConsultation(doctor));
+    for (Statement& statement : updateAdditionalDoctors(fields, record))
+        statements.push_back(std::move(statement));
+    return statements;
+}
+
+void writePatientAndVisit(Session& session, const Fields& fields, Record& record, bool updateOnly) {
+    const std::vector<std::string> doctors = updateOnly ? std::vector<std::string>{} : doctorsToCount(fields, record);
+    ado::Transaction transaction(session.connection());
+    for (const Statement& statement : patientStatements(session.globals, fields, record))
+        data::execute(session, statement);
+    if (!updateOnly)
+        for (const Statement& statement : visitStatements(session.globals, fields, record, doctors))
+            data::execute(session, statement);
+    commit(record, transaction, doctors);
 }
 
 /// From here on the form is the one of the written visit: what fails later can be tried again without a second visit.
-void standForWrittenVisit(FormContext& form) {
-    form.record.isWritten = true;
-    form.record.mayBeWritten = false;
-    form.record.HospNum = form.record.SaveHospNum;
-    form.record.AdmissionNumber = savedVisit(form.record);
-    form.fields.header.txtHospNum.setText(form.record.SaveHospNum);
-    form.fields.header.txtOPDNum.setText(savedVisit(form.record));
+void standForWrittenVisit(HeaderFields& header, Record& record) {
+    record.isWritten = true;
+    record.mayBeWritten = false;
+    record.HospNum = record.SaveHospNum;
+    record.AdmissionNumber = savedVisit(record);
+    header.txtHospNum.setText(record.SaveHospNum);
+    header.txtOPDNum.setText(savedVisit(record));
 }
 
 /// A number that turned out to be another one's is not tried again. Where it may be this registration that was written
@@ -106,46 +116,46 @@ void forgetTakenNumbers(Record& record, const ado::Error& failure) {
 }
 
 /// Writes patient and visit under the numbers that were taken. Throws ado::Error that says what is stored.
-void writeWhole(FormContext& form, bool updateOnly) {
+void writeWhole(Session& session, Fields& fields, Record& record, bool updateOnly) {
     if (!updateOnly)
-        settleDoubt(form);
+        settleDoubt(session, record);
     try {
-        writePatientAndVisit(form, updateOnly);
+        writePatientAndVisit(session, fields, record, updateOnly);
     } catch (const ado::Error& failure) {
-        forgetTakenNumbers(form.record, failure);
+        forgetTakenNumbers(record, failure);
         throw;
     }
-    standForWrittenVisit(form);
+    standForWrittenVisit(fields.header, record);
 }
 
 /// Everything up to the commit. False when it was refused, or no number could be drawn.
-bool writeRegistration(FormContext& form, bool updateOnly) {
-    if (!maySave(form, updateOnly))
+bool writeRegistration(Session& session, Fields& fields, Record& record, bool updateOnly) {
+    if (!maySave(session, fields, record, updateOnly))
         return false;
-    form.record.lacksNumber = !takeNumbers(form);
-    if (form.record.lacksNumber)
+    record.lacksNumber = !takeNumbers(session, fields.header, record);
+    if (record.lacksNumber)
         return false;
-    writeWhole(form, updateOnly);
+    writeWhole(session, fields, record, updateOnly);
     return true;
 }
 
 } // namespace
 
-bool SaveData(FormContext& form, bool UpdateOnly) {
-    const ui::BusyPointer busy(form.session.desktop);
-    form.record.lacksNumber = false;
-    computeKeptCodes(form);
+bool SaveData(Session& session, Fields& fields, Record& record, bool UpdateOnly) {
+    const ui::BusyPointer busy(session.desktop);
+    record.lacksNumber = false;
+    computeKeptCodes(fields, record);
     bool written = false;
     try {
-        written = writeRegistration(form, UpdateOnly);
+        written = writeRegistration(session, fields, record, UpdateOnly);
     } catch (const PerhapsSaved&) {
         throw;
     } catch (const std::exception& failure) {
-        throw nothingSaved(form, failure);
+        throw nothingSaved(record, failure);
     }
     if (!written)
-        return form.record.lacksNumber;
-    writeFollowingParts(form, UpdateOnly);
+        return record.lacksNumber;
+    writeFollowingParts(session, fields, record, UpdateOnly);
     return true;
 }
 

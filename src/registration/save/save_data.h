@@ -1,6 +1,8 @@
 #pragma once
 
-#include "registration/record/form_context.h"
+#include "registration/fields/fields.h"
+#include "registration/record/record.h"
+#include "session/session.h"
 
 namespace opd::registration {
 
@@ -8,6 +10,6 @@ namespace opd::registration {
 /// and tells the clerk what was registered. False when the clerk or a rule refused; true otherwise, also when no number
 /// could be drawn. Once the transaction is committed the form stands for the written visit, so that trying again after
 /// a later failure writes the same visit and no second one. Throws ado::Error when a statement fails.
-bool SaveData(FormContext& form, bool UpdateOnly);
+bool SaveData(Session& session, Fields& fields, Record& record, bool UpdateOnly);
 
 } // namespace opd::registration

@@ -13,8 +13,8 @@ ado::Error told(const std::exception& failure, const std::string& truth) {
     return ado::Error(message);
 }
 
-std::string numbers(const FormContext& form) {
-    return "Hosp. # (" + form.record.SaveHospNum + ") and Case # (" + savedVisit(form.record) + ")";
+std::string numbers(const Record& record) {
+    return "Hosp. # (" + record.SaveHospNum + ") and Case # (" + savedVisit(record) + ")";
 }
 
 std::string joined(const std::vector<std::string>& parts) {
@@ -30,11 +30,11 @@ PerhapsSaved::PerhapsSaved(const std::exception& failure)
     : Error(told(failure, "It is not certain whether this was saved. Please try again: it is saved under the same "
                           "numbers, and cannot come twice.")) {}
 
-ado::Error nothingSaved(const FormContext& form, const std::exception& failure) {
-    if (form.record.mayBeWritten)
+ado::Error nothingSaved(const Record& record, const std::exception& failure) {
+    if (record.mayBeWritten)
         return PerhapsSaved(failure);
-    if (form.record.isWritten)
-        return told(failure, "What was saved before as " + numbers(form) +
+    if (record.isWritten)
+        return told(failure, "What was saved before as " + numbers(record) +
                                  " stands, but is not complete. Nothing of this try was saved; you can try again.");
     return told(failure, "Nothing was saved. What was typed is still here; you can try again.");
 }
@@ -43,11 +43,10 @@ bool leavesDoubt(const ado::Error& failure) {
     return failure.number() == 0 || failure.sqlState().starts_with("08");
 }
 
-ado::Error incomplete(const FormContext& form, bool updateOnly, const std::exception& failure,
+ado::Error incomplete(const Record& record, bool updateOnly, const std::exception& failure,
                       const std::vector<std::string>& missingParts) {
-    const std::string stands = updateOnly
-                                   ? "The patient's record is saved as Hosp. # (" + form.record.SaveHospNum + ")."
-                                   : "The visit is saved as " + numbers(form) + ".";
+    const std::string stands = updateOnly ? "The patient's record is saved as Hosp. # (" + record.SaveHospNum + ")."
+                                          : "The visit is saved as " + numbers(record) + ".";
     return told(failure, stands + " Still missing: " + joined(missingParts) +
                              ". Please try again to complete it; that makes no second visit.");
 }

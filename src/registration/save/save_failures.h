@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ado/error.h"
-#include "registration/record/form_context.h"
+#include "registration/record/record.h"
 
 #include <string>
 #include <vector>
@@ -11,7 +11,7 @@
 namespace opd::registration {
 
 /// Before the commit: nothing of this try is stored.
-ado::Error nothingSaved(const FormContext& form, const std::exception& failure);
+ado::Error nothingSaved(const Record& record, const std::exception& failure);
 
 /// The connection went with the answer of a commit: it may be stored or not.
 class PerhapsSaved : public ado::Error {
@@ -23,7 +23,7 @@ class PerhapsSaved : public ado::Error {
 bool leavesDoubt(const ado::Error& failure);
 
 /// Behind the commit: patient and visit are stored, these parts of the registration are not.
-ado::Error incomplete(const FormContext& form, bool updateOnly, const std::exception& failure,
+ado::Error incomplete(const Record& record, bool updateOnly, const std::exception& failure,
                       const std::vector<std::string>& missingParts);
 
 } // namespace opd::registration

@@ -1,11 +1,11 @@
+#include "registration/subrecords/dependents_editor.h"
+
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 #include "registration/subrecords/dependent_columns.h"
-#include "registration/subrecords/dependents.h"
 #include "ui/window.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace opd::registration {
 
@@ -18,36 +18,17 @@ bool isDateKey(char32_t key) {
     return key == ui::key::backspace || key == U'/' || (key >= U'0' && key <= U'9');
 }
 
-/// Edits the cells of the grid in the box that floats over the current one.
-class DependentsEditor {
-  public:
-    explicit DependentsEditor(FormContext& form)
-        : m_form(form), m_grid(form.fields.employment.mshDependents), m_entry(form.fields.employment.txtEntry) {}
+} // namespace
 
-    void open();
-    void close();
-    void pressedOnGrid(ui::KeyPress& press);
-    void pressedInEntry(ui::KeyPress& press);
-    void refuseInvalidDate(bool& refuse);
-    void takeOverAndHide();
-
-  private:
-    void enterName();
-    void enterBirthDate();
-    void moveTo(int row, int column);
-    void removeCurrent();
-    void stay(const ui::Message& message);
-    void writeBirthDate(const DateTime& date);
-    bool isBirthDate() const { return m_column == birthDateColumn; }
-    bool isChanged() const { return m_entry.text() != m_offered; }
-
-    FormContext& m_form;
-    ui::Grid& m_grid;
-    ui::MaskedBox& m_entry;
-    int m_row = 0; ///< the cell that is edited
-    int m_column = 0;
-    std::string m_offered; ///< what the box held when it was opened
-};
+DependentsEditor::DependentsEditor(ui::Desktop& desktop, EmploymentTab& employment)
+    : m_desktop(desktop), m_grid(employment.mshDependents), m_entry(employment.txtEntry) {
+    m_grid.onClick = [this] { open(); };
+    m_grid.onKeyPress = [this](ui::KeyPress& press) { pressedOnGrid(press); };
+    m_entry.onKeyPress = [this](ui::KeyPress& press) { pressedInEntry(press); };
+    m_entry.onEscape = [this] { close(); };
+    m_entry.onValidate = [this](bool& refuse) { refuseInvalidDate(refuse); };
+    m_entry.onLostFocus = [this] { takeOverAndHide(); };
+}
 
 void DependentsEditor::open() {
     m_row = m_grid.currentRow();
@@ -61,12 +42,12 @@ void DependentsEditor::open() {
     m_offered = m_entry.text();
     m_entry.setRefusal({});
     m_entry.setVisible(true);
-    m_form.window.setFocus(m_entry);
+    m_entry.window().setFocus(m_entry);
 }
 
 void DependentsEditor::close() {
     m_offered = m_entry.text(); // what is unchanged is not written
-    m_form.window.setFocus(m_grid);
+    m_grid.window().setFocus(m_grid);
 }
 
 void DependentsEditor::pressedOnGrid(ui::KeyPress& press) {
@@ -119,8 +100,8 @@ void DependentsEditor::moveTo(int row, int column) {
 /// Tells what is wrong and leaves the clerk in the box, with everything in it selected.
 void DependentsEditor::stay(const ui::Message& message) {
     m_entry.setRefusal(message.text);
-    m_form.session.desktop.ask(message);
-    m_form.window.setFocus(m_entry);
+    m_desktop.ask(message);
+    m_entry.window().setFocus(m_entry);
 }
 
 /// A birth date completes its row; behind the last one there is room for another child then.
@@ -156,20 +137,6 @@ void DependentsEditor::removeCurrent() {
         !text::isBlank(m_grid.cell(last, birthDateColumn)))
         m_grid.addRow();
     m_grid.setCurrentRow(std::min(removed, m_grid.rowCount()));
-}
-
-} // namespace
-
-void bindDependents(FormContext& form) {
-    const auto editor = std::make_shared<DependentsEditor>(form);
-    ui::Grid& grid = form.fields.employment.mshDependents;
-    grid.onClick = [editor] { editor->open(); };
-    grid.onKeyPress = [editor](ui::KeyPress& press) { editor->pressedOnGrid(press); };
-    ui::MaskedBox& entry = form.fields.employment.txtEntry;
-    entry.onKeyPress = [editor](ui::KeyPress& press) { editor->pressedInEntry(press); };
-    entry.onEscape = [editor] { editor->close(); };
-    entry.onValidate = [editor](bool& refuse) { editor->refuseInvalidDate(refuse); };
-    entry.onLostFocus = [editor] { editor->takeOverAndHide(); };
 }
 
 } // namespace opd::registration

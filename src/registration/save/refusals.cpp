@@ -1,8 +1,8 @@
 #include "registration/save/refusals.h"
 
 #include "ado/error.h"
+#include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "data/leading_number.h"
 #include "data/rows.h"
 #include "registration/save/apostrophes.h"
 #include "ui/window.h"
@@ -28,7 +28,7 @@ bool passesDuplicateCheck(FormContext& form) {
                          Statement("PATIENT_DATA..sp_AOPD_SearchSimilarRecords '")
                              .values({header.txtLastName.text(), header.txtFirstName.text()}, "','")
                              .text("',")
-                             .number(static_cast<long>(data::leadingNumber(header.txtAge.text()))),
+                             .number(static_cast<long>(text::leadingNumber(header.txtAge.text()))),
                          ado::CursorType::Dynamic, ado::LockType::Optimistic);
     if (similar.EndOfFile())
         return true;

@@ -40,7 +40,7 @@ struct LogOn {
 /// The connection string that every part of the program writes.
 std::string connectionString(const LogOn& logOn);
 
-enum class CursorLocation { Unspecified = 0, Server = 2, Client = 3 };
+enum class CursorLocation { Unspecified = 0, Server = 2, Client = 3 }; ///< the embedded provider heeds none of these
 enum class CursorType { Unspecified = -1, ForwardOnly = 0, Dynamic = 2 };
 enum class LockType { Unspecified = -1, ReadOnly = 1, Optimistic = 3 };
 

@@ -2,31 +2,13 @@
 
 #include "ado/recordset.h"
 #include "base/text/text.h"
+#include "codesearch/statements.h"
 
 #include <algorithm>
 
 namespace opd::codesearch {
 
 namespace {
-
-/// The listing's columns of its table.
-ado::Statement selection(const Listing& listing) {
-    ado::Statement statement("Select ");
-    for (const Listing::Field& field : listing.fields) {
-        if (&field != &listing.fields.front())
-            statement.text(", ");
-        statement.identifier(field.column);
-    }
-    return statement.text(" from ").identifier(listing.table);
-}
-
-/// Adds the condition that keeps the rows of the caller's section, behind the word that joins it to the statement.
-template <std::size_t Length>
-void addSection(ado::Statement& statement, const Listing& listing, const std::string& section,
-                const char (&joint)[Length]) {
-    if (listing.sectionColumn != nullptr && !section.empty())
-        statement.text(joint).identifier(listing.sectionColumn).text(" = '").value(section).text("'");
-}
 
 ado::Recordset open(ado::Connection& connection, const ado::Statement& statement) {
     ado::Recordset rows;
@@ -101,10 +83,7 @@ std::optional<Row> lookUp(ado::Connection& connection, const Listing& listing, c
     const std::string wanted = text::trimmed(code);
     if (wanted.empty() || !ado::isSendable(wanted))
         return std::nullopt;
-    ado::Statement statement = selection(listing);
-    statement.text(" where ").identifier(listing.fields.front().column).text(" = '").value(wanted).text("'");
-    addSection(statement, listing, section, " and ");
-    const ado::Recordset rows = open(connection, statement);
+    const ado::Recordset rows = open(connection, rowOf(listing, section, wanted));
     if (rows.RecordCount() != 1)
         return std::nullopt;
     Row row;
@@ -115,10 +94,7 @@ std::optional<Row> lookUp(ado::Connection& connection, const Listing& listing, c
 
 std::vector<std::vector<std::string>> everyRow(ado::Connection& connection, const Listing& listing,
                                                const std::string& section) {
-    ado::Statement statement = selection(listing);
-    addSection(statement, listing, section, " where ");
-    statement.text(" order by ").identifier(listing.fields[1].column);
-    const ado::Recordset rows = open(connection, statement);
+    const ado::Recordset rows = open(connection, rowsOf(listing, section));
     std::vector<std::vector<std::string>> texts;
     texts.reserve(rows.all().rows.size());
     for (const std::vector<ado::Value>& row : rows.all().rows) {

@@ -91,13 +91,14 @@ void RegistrationForm::saveAndPrint() {
     if (!validate() || !SaveData(m_session, m_fields, m_record, false))
         return;
     const bool wasWritten = !m_record.lacksNumber;
+    std::unique_ptr<report::Report> report;
     if (wasWritten)
-        reports::PrepareReport(
+        report = reports::PrepareReport(
             m_session, m_session.devices.moduleFolder / "Reports" / "DataSheet.rpt",
             {savedVisit(m_record), m_session.globals.gCompanyName, m_session.globals.gCompanyAddress});
     close();
-    if (wasWritten)
-        reports::ShowReport(m_session, false, "Out-Patient & Emergency Room Record", false);
+    if (report)
+        reports::ShowReport(m_session, *report, false, "Out-Patient & Emergency Room Record", false);
 }
 
 void RegistrationForm::cancel() {

@@ -8,6 +8,7 @@
 #include "registration/revoke/revoke.h"
 #include "registration/rules/guidance.h"
 #include "registration/subrecords/dependents_editor.h"
+#include "search/registration_opener.h"
 #include "session/session.h"
 #include "ui/window.h"
 
@@ -16,13 +17,7 @@
 
 namespace opd::registration {
 
-/// What an opener wants the form to be.
-struct Opening {
-    std::string FormType;
-    std::string HospNum;
-    std::string AdmissionNumber;
-    std::string lastName; ///< pre-fills the last name when not empty
-};
+using search::Opening;
 
 /// One opening of "Registration": a visit together with the editable part of the patient's master record, from loading
 /// to closing.

@@ -4,9 +4,9 @@
 
 namespace opd::reports {
 
-frmReportViewer::frmReportViewer(Session& session) : m_session(session) {
+frmReportViewer::frmReportViewer(Session& session, const report::Report& report)
+    : m_session(session), m_report(report) {
     m_window.onLoad = [this] { load(); };
-    m_window.onUnload = [this] { m_session.globals.gReport.reset(); };
     m_window.onFailure = [this](const std::exception& failure) { data::reportFailure(m_session, failure); };
     m_window.onKeyPress = [this](ui::KeyPress& press) { keyPressed(press); };
     m_window.cancelButton = &m_fields.cmdClose;
@@ -23,7 +23,6 @@ frmReportViewer::frmReportViewer(Session& session) : m_session(session) {
 
 frmReportViewer::~frmReportViewer() {
     m_window.unload();
-    m_session.globals.gReport.reset(); // also when loading had failed
 }
 
 void frmReportViewer::bindButtons() {
@@ -48,7 +47,7 @@ void frmReportViewer::bindButtons() {
 void frmReportViewer::load() {
     ui::ReportPane& pane = m_fields.CRViewer1;
     pane.showsGroupTree = ShowGroupTree;
-    pane.show(m_session.globals.gReport->document());
+    pane.show(m_report.document());
     pane.setFit(ui::ReportPane::Fit::PageWidth);
     showPage();
 }
@@ -87,7 +86,7 @@ void frmReportViewer::savePdf() {
 }
 
 std::string frmReportViewer::suggestedFileName() const {
-    const std::vector<report::ParameterField>& parameters = m_session.globals.gReport->parameterFields;
+    const std::vector<report::ParameterField>& parameters = m_report.parameterFields;
     return (parameters.empty() ? "Report" : parameters.front().value) + ".pdf";
 }
 

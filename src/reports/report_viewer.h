@@ -1,15 +1,16 @@
 #pragma once
 
+#include "ports/report/engine.h"
 #include "reports/report_viewer_fields.h"
 #include "session/session.h"
 #include "ui/window.h"
 
 namespace opd::reports {
 
-/// The window that shows the session's current report for reading, printing and saving. Closing it releases the report.
+/// The window that shows a report for reading, printing and saving.
 class frmReportViewer {
   public:
-    explicit frmReportViewer(Session& session);
+    frmReportViewer(Session& session, const report::Report& report);
     ~frmReportViewer();
 
     bool ShowGroupTree = false; ///< lists the report's groups beside it
@@ -32,6 +33,7 @@ class frmReportViewer {
     std::string suggestedFileName() const;
 
     Session& m_session;
+    const report::Report& m_report;
     ui::Window m_window{"frmReportViewer", ""};
     ReportViewerFields m_fields{m_window};
 };

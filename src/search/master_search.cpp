@@ -33,8 +33,8 @@ void frmMasterSearch::setHints() {
     for (ui::OptionButton* option : {&m_fields.male, &m_fields.female})
         option->hint = "The arrow keys or a click choose the sex; a search by name needs it.";
     m_fields.txtBirthDate.hint = "Month, day and year, such as 03/07/1980, or F4 for the calendar. Alt+S searches.";
-    for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtGSISNum, &m_fields.txtSSSNum})
-        number->hint = "The search begins when Enter or Tab leaves the field.";
+    for (const MasterSearchFields::MemberNumberBox& number : m_fields.memberNumbers)
+        number.box->hint = "The search begins when Enter or Tab leaves the field.";
     m_fields.gridPatientList.hint = "The arrow keys choose a patient, Enter opens the registration.";
 }
 
@@ -55,8 +55,8 @@ void frmMasterSearch::bindKeys() {
         if (press.code != 0 && press.code != ui::key::enter)
             clearOthers(m_fields.lastName);
     };
-    for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtSSSNum, &m_fields.txtGSISNum})
-        number->onKeyPress = [this, number](ui::KeyPress& press) {
+    for (const auto& [kind, name, number] : m_fields.memberNumbers)
+        number->onKeyPress = [this, number = number](ui::KeyPress& press) {
             if (press.code == ui::key::enter)
                 return;
             press.code = data::FilterKeyInSet(m_session.desktop, press.code, "1234567890-", true);
@@ -102,18 +102,22 @@ void frmMasterSearch::forgetRows() {
 
 // One group of criteria at a time: what is typed into one empties the others.
 void frmMasterSearch::clearOthers(const ui::Control& kept) {
-    for (ui::TextBox* box :
-         {&m_fields.txtSSSNum, &m_fields.txtGSISNum, &m_fields.txtPHICNum, &m_fields.txtHospNum, &m_fields.lastName})
-        if (box != &kept)
-            box->setText("");
+    const auto clear = [&](ui::TextBox& box) {
+        if (&box != &kept)
+            box.setText("");
+    };
+    for (const MasterSearchFields::MemberNumberBox& number : m_fields.memberNumbers)
+        clear(*number.box);
+    clear(m_fields.txtHospNum);
+    clear(m_fields.lastName);
     if (&kept != &m_fields.lastName)
         m_fields.txtBirthDate.clear();
 }
 
 void frmMasterSearch::bindCriteria() {
-    for (ui::Control* criterion : std::initializer_list<ui::Control*>{
-             &m_fields.lastName, &m_fields.txtBirthDate, &m_fields.txtPHICNum, &m_fields.txtSSSNum,
-             &m_fields.txtGSISNum, &m_fields.txtBirthYear, &m_fields.cboBirthMonth, &m_fields.cboBirthDay})
+    for (ui::Control* criterion :
+         std::initializer_list<ui::Control*>{&m_fields.lastName, &m_fields.txtBirthDate, &m_fields.txtBirthYear,
+                                             &m_fields.cboBirthMonth, &m_fields.cboBirthDay})
         criterion->onChange = [this] { criterionChanged(); };
     for (ui::OptionButton* option : {&m_fields.male, &m_fields.female})
         option->onClick = [this] { criterionChanged(); };
@@ -122,12 +126,14 @@ void frmMasterSearch::bindCriteria() {
         m_window.setStatus({});
     };
     m_fields.txtBirthDate.onValidate = [this](bool& refuse) { refuse = !m_finder.acceptBirthDate(m_window); };
-    for (ui::TextBox* number : {&m_fields.txtPHICNum, &m_fields.txtSSSNum, &m_fields.txtGSISNum})
-        number->onValidate = [this, number](bool&) {
+    for (const auto& [kind, name, number] : m_fields.memberNumbers) {
+        number->onChange = [this] { criterionChanged(); };
+        number->onValidate = [this, number = number](bool&) {
             // A number that was searched for already is not searched for again on every way through the field.
             if (!text::isBlank(number->text()) && m_fields.search.enabled())
                 search();
         };
+    }
 }
 
 void frmMasterSearch::criterionChanged() {
@@ -177,9 +183,10 @@ void frmMasterSearch::load() {
 }
 
 void frmMasterSearch::blankFields() {
-    for (ui::TextBox* box : {&m_fields.lastName, &m_fields.txtHospNum, &m_fields.txtBirthYear, &m_fields.txtSSSNum,
-                             &m_fields.txtGSISNum, &m_fields.txtPHICNum, &m_fields.txtAge})
+    for (ui::TextBox* box : {&m_fields.lastName, &m_fields.txtHospNum, &m_fields.txtBirthYear, &m_fields.txtAge})
         box->setText("");
+    for (const MasterSearchFields::MemberNumberBox& number : m_fields.memberNumbers)
+        number.box->setText("");
     for (ui::ComboBox* box : {&m_fields.cboBirthMonth, &m_fields.cboBirthDay})
         box->setText("");
     for (ui::OptionButton* option : {&m_fields.male, &m_fields.female}) {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "search/lookup_fields.h"
+#include "search/statements.h"
 #include "ui/controls.h"
 #include "ui/grid.h"
+
+#include <array>
 
 namespace opd::search {
 
@@ -39,6 +42,16 @@ struct MasterSearchFields {
     ui::TextBox txtPHICNum{otherNumbers, "txtPHICNum", "PHIC No. :", longestNumber};
     ui::TextBox txtGSISNum{otherNumbers, "txtGSISNum", "GSIS No. :", longestNumber};
     ui::TextBox txtSSSNum{otherNumbers, "txtSSSNum", "SSS No. :", longestNumber};
+
+    /// The numbers that other institutions gave a patient, a line each; the first one filled in is searched for.
+    struct MemberNumberBox {
+        MemberNumber kind;
+        const char* name; ///< as the clerk calls it
+        ui::TextBox* box;
+    };
+    const std::array<MemberNumberBox, 3> memberNumbers{{{MemberNumber::PhilHealth, "PHIC", &txtPHICNum},
+                                                        {MemberNumber::Gsis, "GSIS", &txtGSISNum},
+                                                        {MemberNumber::Sss, "SSS", &txtSSSNum}}};
 
     ui::ControlArray<ui::Button> Command1{"Command1"};
     ui::Button& search = Command1.add(window, 0, "&Search");

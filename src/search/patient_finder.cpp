@@ -6,7 +6,7 @@
 #include "search/statements.h"
 #include "ui/window.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace opd::search {
 
@@ -119,8 +119,9 @@ bool PatientFinder::acceptNameCriteria(ui::Window& window) {
 }
 
 bool PatientFinder::isByName() const {
-    return text::isBlank(m_fields.txtHospNum.text()) && text::isBlank(m_fields.txtPHICNum.text()) &&
-           text::isBlank(m_fields.txtSSSNum.text()) && text::isBlank(m_fields.txtGSISNum.text());
+    return text::isBlank(m_fields.txtHospNum.text()) &&
+           std::all_of(m_fields.memberNumbers.begin(), m_fields.memberNumbers.end(),
+                       [](const auto& number) { return text::isBlank(number.box->text()); });
 }
 
 PatientFinder::Outcome PatientFinder::search(ui::Window& window) {
@@ -143,12 +144,9 @@ PatientFinder::Outcome PatientFinder::search(ui::Window& window) {
 ado::Recordset PatientFinder::run() const {
     if (!text::isBlank(m_fields.txtHospNum.text()))
         return data::execute(m_session, cardSearch(m_fields.txtHospNum.text()));
-    if (!m_fields.txtPHICNum.text().empty())
-        return data::execute(m_session, memberSearch(m_fields.txtPHICNum.text(), MemberNumber::PhilHealth));
-    if (!m_fields.txtGSISNum.text().empty())
-        return data::execute(m_session, memberSearch(m_fields.txtGSISNum.text(), MemberNumber::Gsis));
-    if (!m_fields.txtSSSNum.text().empty())
-        return data::execute(m_session, memberSearch(m_fields.txtSSSNum.text(), MemberNumber::Sss));
+    for (const MasterSearchFields::MemberNumberBox& number : m_fields.memberNumbers)
+        if (!number.box->text().empty())
+            return data::execute(m_session, memberSearch(number.box->text(), number.kind));
     return data::execute(m_session, nameSearch(m_fields.lastName.text(), Sex(), BirthDate()));
 }
 
@@ -167,13 +165,14 @@ PatientFinder::Outcome PatientFinder::Proc_PatientSubSearch(ui::Window& window) 
 }
 
 std::string PatientFinder::nobodyFound() const {
-    const std::pair<const char*, const ui::TextBox*> numbers[] = {{"card", &m_fields.txtHospNum},
-                                                                  {"PHIC", &m_fields.txtPHICNum},
-                                                                  {"GSIS", &m_fields.txtGSISNum},
-                                                                  {"SSS", &m_fields.txtSSSNum}};
-    for (const auto& [kind, box] : numbers)
-        if (!text::isBlank(box->text()))
-            return std::string{"No patient has the "} + kind + " number " + text::trimmed(box->text()) + ".";
+    const auto nobodyHas = [](const char* kind, const ui::TextBox& box) {
+        return std::string{"No patient has the "} + kind + " number " + text::trimmed(box.text()) + ".";
+    };
+    if (!text::isBlank(m_fields.txtHospNum.text()))
+        return nobodyHas("card", m_fields.txtHospNum);
+    for (const MasterSearchFields::MemberNumberBox& number : m_fields.memberNumbers)
+        if (!text::isBlank(number.box->text()))
+            return nobodyHas(number.name, *number.box);
     return "No patient on file is called " + text::trimmed(m_fields.lastName.text()) + ", of this sex and birth date.";
 }
 

@@ -10,38 +10,12 @@ namespace {
 
 constexpr const char* toBeGenerated = "(TO BE GENERATED)";
 
-/// Throws the loaded form away at the end of its scope unless it was shown.
-class Unshown {
-  public:
-    explicit Unshown(RegistrationOpener& registration) : m_registration(&registration) {}
-    ~Unshown() {
-        if (m_registration != nullptr)
-            m_registration->discard();
-    }
-    Unshown(const Unshown&) = delete;
-    Unshown& operator=(const Unshown&) = delete;
-
-    void shown() { m_registration = nullptr; }
-
-  private:
-    RegistrationOpener* m_registration;
-};
-
 } // namespace
 
-bool PatientOpener::confirmed(const std::string& text, const std::string& caption, ui::Icon icon) {
-    ui::Message question{.text = text, .buttons = ui::Buttons::YesNo, .icon = icon};
-    if (!caption.empty())
-        question.caption = caption;
-    return m_session.desktop.ask(question) == ui::Answer::Yes;
-}
-
-void PatientOpener::prepare(const char* formType, const std::string& hospNum, const std::string& admissionNumber) {
-    const ui::BusyPointer busy(m_session.desktop);
-    m_registration.setFormType(formType);
-    m_registration.setHospNum(hospNum);
-    m_registration.setAdmissionNumber(admissionNumber);
-    m_registration.SetRegistrationMode();
+// Whoever opens a patient has done with the namesake.
+void PatientOpener::leaveSearch() {
+    m_window.unload();
+    m_session.globals.duplicateLedBackTo.clear();
 }
 
 // Another program may have stored such a number. What the clerk reads must be of use: nobody can leave the sign out
@@ -70,7 +44,8 @@ void PatientOpener::openChosen() {
         m_window.unload();
         return;
     }
-    if (confirmed("The Patient is still registered! Do you want to register new OPD Number?", {}, ui::Icon::None))
+    if (m_session.desktop.ask({.text = "The Patient is still registered! Do you want to register new OPD Number?",
+                               .buttons = ui::Buttons::YesNo}) == ui::Answer::Yes)
         openNewVisit(Showing::Modeless);
     else
         openVisit(openVisitNumber);
@@ -82,32 +57,21 @@ void PatientOpener::openNewVisit(Showing showing) {
         m_window.unload();
         return;
     }
-    Unshown form(m_registration);
-    prepare("New", hospNum, toBeGenerated);
-    if (data::CheckPatientMasterAccount(m_session, hospNum) &&
-        !confirmed("Account is for employees medicine's. Do you wish to proceed? ", "Message", ui::Icon::Question))
-        return;
-    const bool mayRegister = m_registration.SearchPatient();
-    m_window.unload();
-    if (!mayRegister)
-        return;
-    m_session.globals.duplicateLedBackTo.clear();
-    form.shown();
-    if (showing == Showing::Modal)
-        m_registration.showModal();
-    else
-        m_registration.show();
+    const Opened outcome = m_registration.open({.FormType = "New",
+                                                .HospNum = hospNum,
+                                                .AdmissionNumber = toBeGenerated,
+                                                .modal = showing == Showing::Modal,
+                                                .beforeShowing = [this] { leaveSearch(); }});
+    if (outcome == Opened::Refused)
+        m_window.unload();
 }
 
 void PatientOpener::openVisit(const std::string& opdNumber) {
-    if (!canBeSent("OPD number", opdNumber))
-        return;
-    Unshown form(m_registration);
-    prepare("Edit", m_session.globals.gSelectedHospNum, opdNumber);
-    m_window.unload();
-    m_session.globals.duplicateLedBackTo.clear();
-    form.shown();
-    m_registration.showModal();
+    if (canBeSent("OPD number", opdNumber))
+        m_registration.open({.FormType = "Edit",
+                             .HospNum = m_session.globals.gSelectedHospNum,
+                             .AdmissionNumber = opdNumber,
+                             .beforeShowing = [this] { leaveSearch(); }});
 }
 
 bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, const std::string& noMatch) {
@@ -121,14 +85,12 @@ bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, const std::
         .defaultAnswer = ui::Answer::Cancel};
     if (noMatch.empty() && m_session.desktop.ask(question) != ui::Answer::Yes)
         return false;
-    Unshown form(m_registration);
-    m_registration.setLastName(lastName);
-    prepare("NEW", "NEW", toBeGenerated);
-    if (!noMatch.empty())
-        m_registration.setStatus(noMatch + " This is a new patient.");
-    m_window.unload();
-    form.shown();
-    m_registration.showModal();
+    m_registration.open({.FormType = "NEW",
+                         .HospNum = "NEW",
+                         .AdmissionNumber = toBeGenerated,
+                         .lastName = lastName,
+                         .status = noMatch.empty() ? "" : noMatch + " This is a new patient.",
+                         .beforeShowing = [this] { m_window.unload(); }});
     if (m_session.globals.gDuplicateLastName.empty()) // registered or given up: the namesake is of no concern any more
         m_session.globals.duplicateLedBackTo.clear();
     return true;

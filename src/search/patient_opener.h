@@ -33,9 +33,8 @@ class PatientOpener {
 
     void openNewVisit(Showing showing);
     void openVisit(const std::string& opdNumber);
-    void prepare(const char* formType, const std::string& hospNum, const std::string& admissionNumber);
+    void leaveSearch();
     bool canBeSent(const char* kind, const std::string& number);
-    bool confirmed(const std::string& text, const std::string& caption, ui::Icon icon);
 
     Session& m_session;
     RegistrationOpener& m_registration;

@@ -28,7 +28,7 @@ class frmPickList {
     std::string ReturnID() const;                    ///< doctor code of the current row
     std::string ReturnDescription() const;           ///< doctor name of the current row
 
-    void DestroyReference() { m_window.unload(); }
+    void DestroyReference() { m_window.unload(); } ///< documented for other callers; unused here
 
   private:
     bool fill(const std::string& serviceCode, bool allDoctors);

@@ -1,34 +1,39 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace opd::search {
 
-/// What the search window asks of the registration form, in the order in which it asks. Between a change of the three
-/// properties and the show, the form is loaded but not visible.
+/// What the search window wants the registration form to be.
+struct Opening {
+    std::string FormType;        ///< "New", "Edit" or "NEW"
+    std::string HospNum;         ///< a hospital number, or "NEW"
+    std::string AdmissionNumber; ///< an OPD number, or "(TO BE GENERATED)"
+    std::string lastName = {};   ///< pre-fills the last name of a new patient when not empty
+    std::string status = {};     ///< what the form's status line says when not empty
+    bool modal = true;           ///< false: the opening returns as soon as the form is shown
+
+    /// Is called when the form is loaded and may be shown, right before it is.
+    std::function<void()> beforeShowing = {};
+};
+
+/// What came of an opening.
+enum class Opened {
+    Shown,
+    Declined, ///< the clerk did not want to go on
+    Refused   ///< the patient may not be registered today, which the clerk was told
+};
+
+/// Opens the registration form. The search window knows no more of it.
 class RegistrationOpener {
   public:
     virtual ~RegistrationOpener() = default;
 
-    virtual void setFormType(const std::string& type) = 0;          ///< "New", "Edit" or "NEW"
-    virtual void setHospNum(const std::string& number) = 0;         ///< a hospital number, or "NEW"
-    virtual void setAdmissionNumber(const std::string& number) = 0; ///< an OPD number, or "(TO BE GENERATED)"
-    virtual void setLastName(const std::string& name) = 0;          ///< pre-fills the last name of a new patient
-
-    /// Loads the form afresh and puts it in its full layout. Throws ado::Error when the database fails.
-    virtual void SetRegistrationMode() = 0;
-
-    /// In "New" mode: true when the patient may be registered today; otherwise the clerk was told why not.
-    virtual bool SearchPatient() = 0;
-
-    /// Says something in the status line of the loaded form.
-    virtual void setStatus(const std::string& status) = 0;
-
-    virtual void showModal() = 0; ///< returns when the form is closed
-    virtual void show() = 0;      ///< returns at once
-
-    /// Throws a loaded form away that will not be shown.
-    virtual void discard() = 0;
+    /// Loads the form afresh in its full layout, asks in "New" mode whether the patient may be registered, and shows
+    /// the form; returns when it is closed, or, not `modal`, at once. Throws ado::Error when the database fails; the
+    /// form is thrown away then.
+    virtual Opened open(const Opening& opening) = 0;
 };
 
 } // namespace opd::search

@@ -3,7 +3,6 @@
 #include "ado/connection.h"
 #include "base/clock/date_time.h"
 #include "com/object.h"
-#include "ports/report/engine.h"
 #include "session/client_profile.h"
 #include "session/feature_flags.h"
 
@@ -33,8 +32,6 @@ struct Globals : FeatureFlags {
     std::string gClientName;     ///< the client hospital's code: "RVT", "TKWA" or another; see `setClient`
     std::string gCompanyName;    ///< the hospital's name
     std::string gCompanyAddress; ///< and address, for reports
-
-    std::unique_ptr<report::Report> gReport; ///< the prepared report, until its viewer closes
 
     std::string gSelectedHospNum; ///< hospital number of the highlighted row of the search window
 

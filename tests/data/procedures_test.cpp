@@ -1,7 +1,7 @@
 #include "support/test_session.h"
 
 #include "ado/statement.h"
-#include "data/leading_number.h"
+#include "base/text/leading_number.h"
 #include "data/procedures/dates.h"
 #include "data/procedures/eligibility.h"
 #include "data/procedures/key_filters.h"
@@ -124,7 +124,7 @@ TEST(LeadingNumber, ReadsTheStartAndNothingElse) {
     const std::pair<const char*, double> cases[] = {{"120/80", 120}, {" 36.5 C", 36.5}, {"", 0},    {"abc", 0},
                                                     {"-4", -4},      {"+7", 7},         {"inf", 0}, {"1e3", 1}};
     for (const auto& [text, number] : cases)
-        EXPECT_DOUBLE_EQ(data::leadingNumber(text), number) << text;
+        EXPECT_DOUBLE_EQ(text::leadingNumber(text), number) << text;
 }
 
 } // namespace

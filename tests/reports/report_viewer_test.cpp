@@ -13,23 +13,25 @@ struct Viewer : TestSession, testing::Test {
         globals.gDBServer = "SRV";
         globals.gDBUser = "opd";
         globals.gDBPassword = "secret";
-        reports::PrepareReport(session, "Reports/DataSheet.rpt", {"123456B", "SAN ROQUE", "MANILA", "too many"});
+        report =
+            reports::PrepareReport(session, "Reports/DataSheet.rpt", {"123456B", "SAN ROQUE", "MANILA", "too many"});
     }
 
     static void click(ui::Window& window, const char* name) { window.click(*window.find(name)); }
     static std::string shown(ui::Window& window, const char* name) { return window.find(name)->shownText(); }
 
-    void show(bool direct = false) { reports::ShowReport(session, false, "Record", direct); }
+    void show(bool direct = false) { reports::ShowReport(session, *report, false, "Record", direct); }
+
+    std::unique_ptr<report::Report> report;
 };
 
 TEST_F(Viewer, PreparingGivesTheReportHeaderLogOnAndParametersByPosition) {
-    const report::Report& report = *globals.gReport;
     EXPECT_EQ(this->reports.opened, "Reports/DataSheet.rpt");
-    EXPECT_EQ(report.heading + "|" + report.subheading + "|" + report.printedBy, "SAN ROQUE|MANILA|CLERK");
-    for (const report::Table& table : report.tables)
+    EXPECT_EQ(report->heading + "|" + report->subheading + "|" + report->printedBy, "SAN ROQUE|MANILA|CLERK");
+    for (const report::Table& table : report->tables)
         EXPECT_EQ(table.logOn.server + "|" + table.logOn.database + "|" + table.logOn.user + "|" + table.logOn.password,
                   "SRV|Patient_Data|opd|secret");
-    EXPECT_EQ(report.parameterFields[0].value + "|" + report.parameterFields[2].value, "123456B|MANILA");
+    EXPECT_EQ(report->parameterFields[0].value + "|" + report->parameterFields[2].value, "123456B|MANILA");
 }
 
 TEST_F(Viewer, ShowsTheReportPrintsItAndIsGone) {
@@ -41,7 +43,6 @@ TEST_F(Viewer, ShowsTheReportPrintsItAndIsGone) {
     });
     show();
     EXPECT_EQ(desktop.press.printed, std::vector<std::string>{"123456B"});
-    EXPECT_EQ(globals.gReport, nullptr);
 }
 
 TEST_F(Viewer, KeepsThePreviewWhenNothingWasPrinted) {
@@ -69,9 +70,8 @@ TEST_F(Viewer, DirectPrintShowsAWindowOnlyWhenNothingCouldBePrinted) {
     show(true);
     EXPECT_EQ(desktop.press.printed, std::vector<std::string>{"!123456B"});
     EXPECT_TRUE(desktop.shown.empty());
-    EXPECT_EQ(globals.gReport, nullptr);
 
-    reports::PrepareReport(session, "r", {"7B"});
+    report = reports::PrepareReport(session, "r", {"7B"});
     desktop.press.outcome = report::Printed::NoPrinter;
     desktop.answer(ui::Answer::Ok);
     show(true);

@@ -13,31 +13,23 @@ using search::MasterSearchFields;
 /// Notes what the search window asks of the registration form.
 class OpenerLog final : public search::RegistrationOpener {
   public:
-    void setFormType(const std::string& type) override { log += "type " + type + "; "; }
-    void setHospNum(const std::string& number) override { log += "hosp " + number + "; "; }
-    void setAdmissionNumber(const std::string& number) override { log += "opd " + number + "; "; }
-    void setLastName(const std::string& name) override { log += "name " + name + "; "; }
-    void SetRegistrationMode() override {
-        log += "mode; ";
+    search::Opened open(const search::Opening& opening) override {
+        log += opening.FormType + " " + opening.HospNum + " " + opening.AdmissionNumber + " " + opening.lastName;
+        status = opening.status;
         if (failsToLoad)
             throw ado::Error("The server is gone.");
-    }
-    bool SearchPatient() override {
-        log += "check; ";
-        return mayRegister;
-    }
-    void setStatus(const std::string& said) override { status = said; }
-    void showModal() override {
-        log += "modal; ";
+        if (outcome != search::Opened::Shown)
+            return outcome;
+        opening.beforeShowing();
+        log += opening.modal ? "; modal" : "; modeless";
         if (onShow)
             onShow();
+        return outcome;
     }
-    void show() override { log += "modeless; "; }
-    void discard() override { log += "discard; "; }
 
     std::string log;
     std::string status;
-    bool mayRegister = true;
+    search::Opened outcome = search::Opened::Shown;
     bool failsToLoad = false;
     std::function<void()> onShow;
 };
@@ -218,7 +210,7 @@ TEST(MasterSearch, WithoutAnyMatchTheNewPatientOpensAtOnceAndAfterOneOnlyWhenCon
     });
     EXPECT_EQ(nobody.provider->log, "Patient_Data..sp_Adm_MasterPatientSearch 'QUIZON','','','M','','1980.03.07',0,0\n"
                                     "Patient_Data..sp_Adm_MasterPatientSubSearch 'QUIZON','M','1980.03.07'\n");
-    EXPECT_EQ(nobody.opener.log, "name QUIZON; type NEW; hosp NEW; opd (TO BE GENERATED); mode; modal; ");
+    EXPECT_EQ(nobody.opener.log, "NEW NEW (TO BE GENERATED) QUIZON; modal");
     EXPECT_EQ(nobody.opener.status,
               "No patient on file is called QUIZON, of this sex and birth date. This is a new patient.");
     EXPECT_FALSE(nobody.form.closedByOperator());
@@ -258,23 +250,23 @@ TEST(MasterSearch, ChoosingAPatientLeadsWhereTheOpenVisitAndTheAnswersSay) {
     const char* const registered = "The Patient is currently registered with an OPD number '26A1B'. Please use the "
                                    "current account. ";
     const char* const stillOpen = "The Patient is still registered! Do you want to register new OPD Number?";
-    const char* const employees = "Account is for employees medicine's. Do you wish to proceed? ";
-    const std::string fresh = "type New; hosp 00000007; opd (TO BE GENERATED); mode; ";
-    const std::string edited = "type Edit; hosp 00000007; opd 26A1B; mode; modal; ";
+    const std::string fresh = "New 00000007 (TO BE GENERATED) ";
+    using Opened = search::Opened;
     const struct {
         const char* name;
-        bool openVisit, mayHaveNewNumber, employeesAccount, mayRegister;
+        bool openVisit, mayHaveNewNumber;
+        Opened outcome;
         std::string answers;
         const char* lastMessage;
         std::string opened;
         bool windowStays = false;
     } cases[] = {
-        {"no open visit", false, false, false, true, "", "", fresh + "check; modal; "},
-        {"registered today already", false, false, false, false, "", "", fresh + "check; discard; "},
-        {"an employees' account, declined", false, false, true, true, "N", employees, fresh + "discard; ", true},
-        {"an open visit", true, false, false, true, "O", registered, ""},
-        {"an open visit, a new number", true, true, false, true, "Y", stillOpen, fresh + "check; modeless; "},
-        {"an open visit, to be edited", true, true, false, true, "N", stillOpen, edited},
+        {"no open visit", false, false, Opened::Shown, "", "", fresh + "; modal"},
+        {"registered today already", false, false, Opened::Refused, "", "", fresh},
+        {"declined", false, false, Opened::Declined, "", "", fresh, true},
+        {"an open visit", true, false, Opened::Shown, "O", registered, ""},
+        {"an open visit, a new number", true, true, Opened::Shown, "Y", stillOpen, fresh + "; modeless"},
+        {"an open visit, to be edited", true, true, Opened::Shown, "N", stillOpen, "Edit 00000007 26A1B ; modal"},
     };
     for (const auto& choice : cases) {
         SCOPED_TRACE(choice.name);
@@ -284,11 +276,8 @@ TEST(MasterSearch, ChoosingAPatientLeadsWhereTheOpenVisitAndTheAnswersSay) {
             desk.provider->answer("Select IDNum from Patient_Data..tbOutPatient where Hospnum = '00000007' and "
                                   "BillingDate is null and dcrDate is null and OPDStatus <> 'R' order by admdate desc",
                                   oneRow({{"IDNum", "26A1B"}}));
-        if (choice.employeesAccount)
-            desk.provider->answer("Patient_Data..sp_AOPD_CheckPatientsMasterAccount '00000007'",
-                                  oneRow({{"HospNum", "00000007"}}));
         desk.globals.isAllowCreateNewIDnum = choice.mayHaveNewNumber;
-        desk.opener.mayRegister = choice.mayRegister;
+        desk.opener.outcome = choice.outcome;
         desk.open([&](ui::Window& window, MasterSearchFields& fields) {
             fields.txtHospNum.setText("7");
             fields.search.setEnabled(true);

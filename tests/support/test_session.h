@@ -39,6 +39,7 @@ class StandInReport final : public report::Report {
             throw ado::Error(m_failure);
         report::Document document;
         document.text = parameterFields[0].value;
+        document.groups = {parameterFields[1].value, parameterFields[2].value};
         return document;
     }
 

@@ -1,7 +1,7 @@
 #include "data/procedures/eligibility.h"
 
+#include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "data/leading_number.h"
 
 namespace opd::data {
 
@@ -21,8 +21,8 @@ bool refuse(ui::Desktop& desktop, const char* reason) {
 
 bool CheckServiceEligibility(ui::Desktop& desktop, const std::string& serviceCode, const std::string& sex,
                              const std::string& age) {
-    const int service = static_cast<int>(leadingNumber(serviceCode));
-    const double years = leadingNumber(age);
+    const int service = static_cast<int>(text::leadingNumber(serviceCode));
+    const double years = text::leadingNumber(age);
     if (sex == "M" && (service == gynecology || service == obstetrics))
         return refuse(desktop, "Cannot use this service for male patient...");
     if (service == newborn && years > 0)

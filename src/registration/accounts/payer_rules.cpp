@@ -1,7 +1,7 @@
 #include "registration/accounts/payer_rules.h"
 
+#include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "data/leading_number.h"
 #include "registration/accounts/account_rules.h"
 #include "registration/record/codes.h"
 #include "registration/rules/marks.h"
@@ -91,7 +91,7 @@ void PayerRules::bindSenior(ui::CheckBox& box, ui::TextBox& number, int leastAge
         const std::string& age = m_fields.header.txtAge.text();
         if (text::isBlank(age))
             return;
-        const bool tooYoung = data::leadingNumber(age) < leastAge;
+        const bool tooYoung = text::leadingNumber(age) < leastAge;
         box.setRefusal(tooYoung && box.checked() ? notSenior : "");
         if (tooYoung)
             m_desktop.ask(
@@ -100,7 +100,7 @@ void PayerRules::bindSenior(ui::CheckBox& box, ui::TextBox& number, int leastAge
             number.setEnabled(box.checked());
     };
     alsoOn(m_fields.header.txtAge.onChange, [this, &box, leastAge] {
-        if (data::leadingNumber(m_fields.header.txtAge.text()) >= leastAge)
+        if (text::leadingNumber(m_fields.header.txtAge.text()) >= leastAge)
             box.setRefusal({});
     });
 }

@@ -1,7 +1,7 @@
 #include "registration/load/visit_fields.h"
 
+#include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "data/leading_number.h"
 #include "registration/load/account_loader.h"
 #include "registration/load/columns.h"
 #include "registration/record/codes.h"
@@ -136,7 +136,7 @@ void showPayer(Fields& fields, const ado::Recordset& visit) {
     const std::string plan = textOf(visit, "HospPlan");
     selectOption(personal.optHospPlan, plan == "I" ? 2 : plan == "C" ? 1 : 0);
     const std::string senior = textOf(visit, "SeniorCitizenID");
-    const bool isSenior = data::leadingNumber(senior) != 0 || text::upper(text::trimmed(senior)) == "TRUE";
+    const bool isSenior = text::leadingNumber(senior) != 0 || text::upper(text::trimmed(senior)) == "TRUE";
     personal.chkSeniorCitizen.setChecked(isSenior);
     personal.fraSenior.setEnabled(isSenior);
     const std::string patientType = textOf(visit, "PatientType");

@@ -1,8 +1,8 @@
 #include "registration/rules/patient_rules.h"
 
 #include "base/clock/date_text.h"
+#include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "data/leading_number.h"
 #include "data/procedures/checks.h"
 #include "data/procedures/dates.h"
 #include "registration/rules/messages.h"
@@ -31,7 +31,7 @@ PatientRules::PatientRules(Session& session, ui::Window& window, HeaderFields& h
 }
 
 int PatientRules::age() const {
-    return static_cast<int>(data::leadingNumber(m_header.txtAge.text()));
+    return static_cast<int>(text::leadingNumber(m_header.txtAge.text()));
 }
 
 bool PatientRules::refuse(ui::Control& field, const ui::Message& reason) {

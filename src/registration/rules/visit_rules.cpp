@@ -1,8 +1,8 @@
 #include "registration/rules/visit_rules.h"
 
 #include "base/clock/date_text.h"
+#include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "data/leading_number.h"
 #include "data/procedures/dates.h"
 #include "registration/record/amount_text.h"
 #include "registration/rules/marks.h"
@@ -22,11 +22,11 @@ constexpr const char* unusualTemperature = "This temperature is unusual. Is it r
 constexpr const char* notNumeric = "Cannot accept non-numeric values";
 
 bool isInOrder(const ConsultationTab& consultation) {
-    return data::leadingNumber(consultation.systolic.text()) >= data::leadingNumber(consultation.diastolic.text());
+    return text::leadingNumber(consultation.systolic.text()) >= text::leadingNumber(consultation.diastolic.text());
 }
 
 bool isNormal(const ui::TextBox& box, double least, double most) {
-    const double value = data::leadingNumber(box.text());
+    const double value = text::leadingNumber(box.text());
     return value >= least && value <= most;
 }
 

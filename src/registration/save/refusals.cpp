@@ -1,8 +1,8 @@
 #include "registration/save/refusals.h"
 
 #include "ado/error.h"
+#include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "data/leading_number.h"
 #include "data/rows.h"
 #include "registration/save/apostrophes.h"
 #include "registration/statements/queries.h"
@@ -24,7 +24,7 @@ bool passesDuplicateCheck(Session& session, HeaderFields& header, const Record& 
     const ado::Recordset similar =
         data::openClient(session,
                          statements::similarRecords(header.txtLastName.text(), header.txtFirstName.text(),
-                                                    static_cast<long>(data::leadingNumber(header.txtAge.text()))),
+                                                    static_cast<long>(text::leadingNumber(header.txtAge.text()))),
                          ado::CursorType::Dynamic, ado::LockType::Optimistic);
     if (similar.EndOfFile())
         return true;

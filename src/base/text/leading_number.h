@@ -3,7 +3,7 @@
 #include <charconv>
 #include <string_view>
 
-namespace opd::data {
+namespace opd::text {
 
 /// The number at the start of a text ("120/80" is 120, " 36.5 C" is 36.5), 0 when there is none. Independent of the
 /// workstation's locale.
@@ -19,4 +19,4 @@ inline double leadingNumber(std::string_view text) {
     return number;
 }
 
-} // namespace opd::data
+} // namespace opd::text

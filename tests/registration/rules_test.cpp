@@ -95,6 +95,13 @@ TEST(Form, BirthDateAgeAndCivilStatusMustFitEachOther) {
             fields.header.txtAge.setText(std::get<1>(entry));
             leave(desk, window, fields.personal.cboCivilStatus, std::get<2>(entry));
         });
+
+    inNewForm([](FormFixture&, ui::Window& window, Fields& fields) { // old enough on the day: nothing is said
+        fields.header.txtAge.setText("59");
+        window.click(fields.personal.chkSenior);
+        fields.header.txtAge.setText("60");
+        window.click(fields.personal.chkSeniorCitizen);
+    });
 }
 
 TEST(Form, ALookupThatFailsSaysWhyAndLeavesEverythingAsItWas) {

@@ -94,7 +94,18 @@ TEST(Form, BirthDateAgeAndCivilStatusMustFitEachOther) {
             fields.personal.cboCivilStatus.setText(std::get<0>(entry));
             fields.header.txtAge.setText(std::get<1>(entry));
             leave(desk, window, fields.personal.cboCivilStatus, std::get<2>(entry));
+            window.edited(fields.header.txtBirthDate, "03/07/1980"); // which puts right what is right for a grown-up
+            leave(desk, window, fields.header.txtBirthDate, nullptr);
+            EXPECT_EQ(fields.personal.cboCivilStatus.refusal().empty(),
+                      std::get<2>(entry) == nullptr || fields.personal.cboCivilStatus.text() != "Child");
         });
+
+    inNewForm([](FormFixture&, ui::Window& window, Fields& fields) { // old enough on the day: nothing is said
+        fields.header.txtAge.setText("59");
+        window.click(fields.personal.chkSenior);
+        fields.header.txtAge.setText("60");
+        window.click(fields.personal.chkSeniorCitizen);
+    });
 }
 
 TEST(Form, ALookupThatFailsSaysWhyAndLeavesEverythingAsItWas) {

@@ -58,7 +58,8 @@ search::Opened frmRegistration::admission(const search::Opening& opening) {
     if (data::CheckPatientMasterAccount(m_session, opening.HospNum) &&
         m_session.desktop.ask(question) != ui::Answer::Yes)
         return search::Opened::Declined;
-    return SearchPatient(m_session, m_form->fields(), m_form->record()) ? search::Opened::Shown : search::Opened::Refused;
+    return SearchPatient(m_session, m_form->fields(), m_form->record()) ? search::Opened::Shown
+                                                                        : search::Opened::Refused;
 }
 
 void frmRegistration::show(bool modal) {

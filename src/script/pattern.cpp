@@ -1,5 +1,6 @@
 #include "script/pattern.h"
 
+#include <mutex>
 #include <regex>
 #include <stdexcept>
 
@@ -18,6 +19,9 @@ constexpr auto syntax = std::regex_constants::ECMAScript;
 } // namespace
 
 bool describes(const std::string& pattern, const std::string& text) {
+    // Reading a pattern fills a cache of the locale that all threads share, and the library does it without a lock.
+    static std::mutex oneReader;
+    const std::lock_guard lock(oneReader);
     try {
         return std::regex_match(text, std::regex(pattern, syntax));
     } catch (const std::regex_error& error) {

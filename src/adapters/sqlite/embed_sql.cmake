@@ -1,6 +1,5 @@
-# Writes OUTPUT: the SQL files of FOLDER/procedures and FOLDER/migrations, FOLDER/schema.sql and the lists of
-# FOLDER/reference as texts of the program. A line "-- include: NAME" in a procedure stands for the text of
-# FOLDER/procedures/NAME.
+# Writes OUTPUT: the procedures, migrations and the schema of FOLDER/embedded and the lists of FOLDER/reference as texts
+# of the program. A line "-- include: NAME" in a procedure stands for the text of the file NAME beside it.
 set(content "#include \"adapters/sqlite/embedded_sql.h\"\n\nnamespace opd::adapters::sqlite {\n\n")
 
 # embed(array what pattern name): the files FOLDER/pattern as an array, named by this component of their paths.
@@ -14,7 +13,7 @@ function(embed array what pattern name_part)
     file(READ "${file}" text)
     while(text MATCHES "-- include: ([^\n]+)\n")
       set(line "${CMAKE_MATCH_0}")
-      file(READ "${FOLDER}/procedures/${CMAKE_MATCH_1}" part)
+      file(READ "${FOLDER}/embedded/procedures/${CMAKE_MATCH_1}" part)
       string(REPLACE "${line}" "${part}" text "${text}")
     endwhile()
     string(APPEND content "    {\"${name}\", R\"text(${text})text\"},\n")
@@ -23,9 +22,9 @@ function(embed array what pattern name_part)
   set(content "${content}" PARENT_SCOPE)
 endfunction()
 
-embed(embeddedProcedures embeddedProcedure procedures/*.sql NAME)
-embed(embeddedMigrations embeddedMigration migrations/*.sql NAME)
+embed(embeddedProcedures embeddedProcedure embedded/procedures/*.sql NAME)
+embed(embeddedMigrations embeddedMigration embedded/migrations/*.sql NAME)
 embed(embeddedReference embeddedReference reference/*.txt NAME_WE)
-file(READ "${FOLDER}/schema.sql" schema)
+file(READ "${FOLDER}/embedded/schema.sql" schema)
 string(APPEND content "const char* const embeddedSchema = R\"sql(${schema})sql\";\n\n} // namespace opd::adapters::sqlite\n")
 file(WRITE "${OUTPUT}" "${content}")

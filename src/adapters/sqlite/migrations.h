@@ -4,7 +4,7 @@
 
 namespace opd::adapters::sqlite {
 
-/// The version of the schema that this program works with: that of the last file in database/migrations.
+/// The version of the schema that this program works with: that of the last file in database/embedded/migrations.
 int schemaVersion();
 
 /// The version that a file is of.

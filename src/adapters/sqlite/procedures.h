@@ -7,7 +7,7 @@
 
 namespace opd::adapters::sqlite {
 
-/// A stored procedure: a file of `database/procedures/`, whose first lines declare its
+/// A stored procedure: a file of `database/embedded/procedures/`, whose first lines declare its
 /// parameters and, where it does not belong to Patient_Data, its database.
 struct Procedure {
     enum class Kind { Text, Number, Bit, Date };

@@ -13,6 +13,11 @@ bool isPlain(char character) {
            (character >= 'a' && character <= 'z') || character == '-';
 }
 
+/// Two hyphens would begin a comment.
+bool isBareWord(std::string_view word) {
+    return !word.empty() && word.find("--") == std::string_view::npos && std::all_of(word.begin(), word.end(), isPlain);
+}
+
 bool isOfIdentifier(char character) {
     return (isPlain(character) && character != '-') || character == '_' || character == '.';
 }
@@ -38,7 +43,7 @@ Statement& Statement::number(long number) {
 }
 
 Statement& Statement::bareWord(std::string_view word) {
-    if (word.empty() || !std::all_of(word.begin(), word.end(), isPlain))
+    if (!isBareWord(word))
         throw Error("\"" + std::string{word} + "\" is no number that the database takes.", "OPD Registration", 102,
                     "42000");
     m_text += word;
@@ -56,6 +61,11 @@ Statement Statement::fromOutside(std::string_view text, std::string_view opening
                                  const ValueOf& valueOf) {
     Statement statement("");
     std::size_t done = 0;
+    bool isQuoted = false;
+    const auto addPiece = [&](std::string_view piece) {
+        isQuoted ^= std::count(piece.begin(), piece.end(), '\'') % 2 != 0;
+        statement.m_text += piece;
+    };
     const auto nextName = [&] { return opening.empty() ? std::string_view::npos : text.find(opening, done); };
     for (std::size_t open = nextName(); open != std::string_view::npos; open = nextName()) {
         const std::size_t name = open + opening.size();
@@ -63,8 +73,9 @@ Statement Statement::fromOutside(std::string_view text, std::string_view opening
         if (close == std::string_view::npos)
             throw Error("A \"" + std::string{opening} + "\" of the statement is not closed: " + std::string{text},
                         "OPD Registration", 102, "42000");
-        statement.m_text += text.substr(done, open - done);
-        statement.value(valueOf(std::string{text.substr(name, close - name)}));
+        addPiece(text.substr(done, open - done));
+        const std::string value = valueOf(std::string{text.substr(name, close - name)});
+        isQuoted ? statement.value(value) : statement.bareWord(value);
         done = close + closing.size();
     }
     statement.m_text += text.substr(done);

@@ -22,7 +22,8 @@ class Statement {
     /// a window, and those of a report file. Who may write them may ask the database anything, so they come from
     /// nobody else: the host is the program's own caller, and a report file lies beside the component. The values in
     /// the place of the names (between `opening` and `closing`, which may be empty; without an `opening` there are
-    /// none) are held to the rule of `value`. Throws Error, also for a name that is not closed.
+    /// none) are held to the rule of `value` between quotes and to that of `bareWord` elsewhere. Throws Error, also for
+    /// a name that is not closed.
     static Statement fromOutside(std::string_view text, std::string_view opening = {}, std::string_view closing = {},
                                  const ValueOf& valueOf = {});
 
@@ -51,7 +52,7 @@ class Statement {
     Statement& number(long number);
 
     /// Adds a value that stands without quotes, such as a hospital number. Throws Error when it holds anything but
-    /// ASCII letters, digits and hyphens, or nothing at all.
+    /// ASCII letters, digits and single hyphens, or nothing at all.
     Statement& bareWord(std::string_view word);
 
     /// Adds the name of a table or column. Throws Error when it holds anything but ASCII letters, digits, "_" and ".".

@@ -54,6 +54,8 @@ TEST_F(CodeSearch, OnlyAnExactCodeFillsTheRecordOfItsListing) {
     for (const char* text : {"", "   ", "1' or '1'='1", "'"})
         EXPECT_FALSE(found(text, 0)) << text;
     EXPECT_FALSE(found("1", 4)) << "a listing that is not served";
+    m_search.set("OtherSectionID", std::string{"AA' or '1'='1"});
+    EXPECT_THROW(found("GP", 21), std::exception) << "not a search of all sections";
     EXPECT_EQ(m_server->log, "");
     m_server->forgetRules("Select ZipCode");
     EXPECT_FALSE(found("9", 0));

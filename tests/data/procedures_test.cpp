@@ -18,8 +18,17 @@ TEST(Statement, KeepsValuesOutOfItsStructure) {
     for (const char* value : {"'", "O'NEIL", "x' or '1'='1", "''"})
         EXPECT_THROW(ado::Statement("p '").value(value), ado::Error) << value;
     EXPECT_EQ(ado::Statement("p ").bareWord("00000012").str(), "p 00000012");
-    for (const char* word : {"", "1 2", "1,2", "1'", "a;b"})
+    const auto filledIn = [](const char* text, const char* value) {
+        return ado::Statement::fromOutside(text, "{", "}", [value](const std::string&) { return value; }).str();
+    };
+    EXPECT_EQ(filledIn("p '{a}', 'it''s {a}', {a}", "X-1"), "p 'X-1', 'it''s X-1', X-1");
+    EXPECT_EQ(filledIn("p '{a} {a}'", "1 or 1=1"), "p '1 or 1=1 1 or 1=1'");
+    for (const char* word : {"", "1 2", "1,2", "1'", "a;b", "1--"}) {
         EXPECT_THROW(ado::Statement("p ").bareWord(word), ado::Error) << word;
+        EXPECT_THROW(filledIn("p '', {a}", word), ado::Error) << word;
+    }
+    EXPECT_THROW(filledIn("p '{a}'", "'"), ado::Error);
+    EXPECT_THROW(filledIn("p '{a'", "1"), ado::Error);
 }
 
 TEST(KeyFilters, KeepWhatBelongsAndDropTheRest) {

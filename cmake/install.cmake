@@ -3,7 +3,8 @@
 include(GNUInstallDirs)
 set(OPD_HOME ${CMAKE_INSTALL_LIBDIR}/opd-registration)
 
-install(TARGETS opd-base opd-ado opd-com opd-ui opd-script opd-component opd-codesearch opd-desktop-qt opd-camera-qt opd-hospital-sql opd-desk
+get_property(modules GLOBAL PROPERTY OPD_MODULES) # each names itself
+install(TARGETS opd-base opd-ado opd-com opd-ui opd-script opd-component opd-codesearch ${modules} opd-desk
   RUNTIME DESTINATION ${OPD_HOME} LIBRARY DESTINATION ${OPD_HOME})
 install(FILES Reports/DataSheet.rpt DESTINATION ${OPD_HOME}/Reports)
 install(CODE "

@@ -17,8 +17,25 @@ namespace opd::composition {
 
 namespace {
 
-ui::Desktop* makeQtDesktop(script::Player* player) {
-    const os::Library module{moduleFolder() / os::libraryFileName("opd-desktop-qt")};
+std::string wantedName() {
+    const std::string name = environment::value(environment::desktop);
+    return name.empty() ? "qt" : name;
+}
+
+bool wantsRealWindows() {
+    return wantedName() != "scripted";
+}
+
+std::filesystem::path moduleOf(const std::string& desktopName) {
+    const bool isName = desktopName.find_first_of("/\\") == std::string::npos;
+    if (std::filesystem::path file = moduleFolder() / ui::desktopLibrary(desktopName);
+        isName && std::filesystem::exists(file))
+        return file;
+    throw std::runtime_error("There is no desktop \"" + desktopName + "\" beside this program.");
+}
+
+ui::Desktop* makeRealDesktop(script::Player* player) {
+    const os::Library module{moduleOf(wantedName())};
     const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
     static StoredPlaces places{settings::IniStore{}};
     // A script finds every window as a new workstation shows it.
@@ -39,14 +56,7 @@ void claimScreen() {
     owner = std::this_thread::get_id();
 }
 
-bool wantsRealWindows() {
-    const std::string kind = environment::value(environment::desktop);
-    return kind.empty() || kind == "qt";
-}
-
 std::unique_ptr<ui::Desktop> makeScriptedDesktop(script::Player* player) {
-    if (const std::string kind = environment::value(environment::desktop); kind != "scripted")
-        throw std::runtime_error("There is no desktop \"" + kind + "\"; there are \"qt\" and \"scripted\".");
     if (player == nullptr)
         throw std::runtime_error("The scripted desktop needs an operator script.");
     return std::make_unique<adapters::ScriptedDesktop>(player);
@@ -108,7 +118,7 @@ class DesktopOfThread final : public ui::Desktop {
             claimScreen();
         m_player = makePlayer();
         if (onScreen) {
-            m_real = makeQtDesktop(m_player.get());
+            m_real = makeRealDesktop(m_player.get());
             return;
         }
         m_scripted = makeScriptedDesktop(m_player.get());

@@ -124,10 +124,10 @@ bool hasDisplay() {
 
 /// Shows a failure to a clerk who started the desk from a menu and sees no terminal. Says nothing where that is not
 /// possible: the failure goes to standard error in any case.
-void showFailure(const std::string& reason) {
+void showFailure(const std::string& desktopName, const std::string& reason) {
     try {
         const std::filesystem::path here = os::libraryOf(reinterpret_cast<const void*>(&showFailure)).parent_path();
-        const os::Library module{os::trustedLibrary(here / os::libraryFileName("opd-desktop-qt"))};
+        const os::Library module{os::trustedLibrary(here / ui::desktopLibrary(desktopName))};
         const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
         if (ui::Desktop* const desktop = create(nullptr, nullptr)) // never taken down, as the component's own
             desktop->ask({.text = reason, .icon = ui::Icon::Critical});
@@ -142,8 +142,8 @@ void run(const RunOptions& options) {
     try {
         playHost(options);
     } catch (const std::exception& failure) {
-        if (options.desktop == "qt" && options.script.empty() && hasDisplay())
-            showFailure(failure.what());
+        if (options.script.empty() && hasDisplay())
+            showFailure(options.desktop, failure.what());
         throw;
     }
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "base/os/library.h"
 #include "script/player.h"
 #include "ui/desktop.h"
 #include "ui/window_places.h"
 
-/// What a desktop that lies in a library of its own offers. Whoever wants one opens the library, looks up the two
-/// functions by name, and keeps the library open while the desktop lives.
+/// What a desktop with a screen offers: it lies in a library of its own, called by the desktop's name. Whoever wants
+/// one opens the library, looks up the two functions by name, and keeps the library open while the desktop lives.
 extern "C" {
 
 /// Makes the desktop; the caller owns it and gives it back to opdDestroyDesktop. With a player the desktop is worked by
@@ -18,6 +19,11 @@ void opdDestroyDesktop(opd::ui::Desktop* desktop);
 }
 
 namespace opd::ui {
+
+/// The file name of the library in which the desktop of that name lies.
+inline std::string desktopLibrary(const std::string& name) {
+    return os::libraryFileName("opd-desktop-" + name);
+}
 
 inline constexpr const char* createDesktopSymbol = "opdCreateDesktop";
 inline constexpr const char* destroyDesktopSymbol = "opdDestroyDesktop";

@@ -41,6 +41,9 @@ void createHospital(const std::filesystem::path& folder, const adapters::sqlite:
 /// Writes the workstation user's connection settings; the password is one line of standard input.
 void configure(const ConfigureOptions& options);
 
+/// True when the component finds a desktop of that name: none but "scripted", or a module beside the programs.
+bool hasDesktop(const std::string& name);
+
 /// Plays the host of the component: shows the search again and again until the clerk closes it.
 void run(const RunOptions& options);
 

@@ -16,6 +16,11 @@ using namespace opd;
 
 namespace {
 
+const CLI::Validator desktop{[](const std::string& name) {
+                                 return host::hasDesktop(name) ? std::string{} : "there is no desktop \"" + name + "\"";
+                             },
+                             ""};
+
 const CLI::Validator moment{[](const std::string& text) {
                                 return parseMoment(text) ? std::string{}
                                                          : "\"" + text + "\" is no moment such as \"03/07/2026 14:05\"";
@@ -101,7 +106,8 @@ struct CommandLine {
         sub->add_option("--user", session.user, "User stamped into visits; the login name without it");
         sub->add_option("--search", session.search, "Last name to begin with");
         sub->add_option("--desktop", session.desktop, "Windows of that toolkit, or \"scripted\": none")
-            ->capture_default_str();
+            ->capture_default_str()
+            ->check(desktop);
         sub->add_option("--script", session.script, "Operator script that works the desk");
         sub->add_option("--trace", session.trace, "File for every statement sent; may hold patient data");
         sub->add_option("--now", session.now, "Where the clock of desk and hospital stands; it runs without it")

@@ -22,6 +22,10 @@ namespace opd::host {
 
 namespace {
 
+std::filesystem::path besideProgram(const std::string& fileName) {
+    return os::libraryOf(reinterpret_cast<const void*>(&besideProgram)).parent_path() / fileName;
+}
+
 void setEnvironment(const char* variable, const std::string& value) {
     if (value.empty())
         ::unsetenv(variable);
@@ -66,8 +70,7 @@ std::optional<com::ClassEntry> knownClass(const char* programId) {
 /// Enters the component that lies beside this program into the class registry, unless it stands there already: a
 /// program runs with the components it came with. Where none lies beside it, the registered one serves.
 void ensureRegistered(const char* programId, const char* libraryName) {
-    const std::filesystem::path here = os::libraryOf(reinterpret_cast<const void*>(&ensureRegistered)).parent_path();
-    const std::filesystem::path file = here / os::libraryFileName(libraryName);
+    const std::filesystem::path file = besideProgram(os::libraryFileName(libraryName));
     const std::optional<com::ClassEntry> known = knownClass(programId);
     std::error_code missing;
     if (known &&
@@ -126,8 +129,7 @@ bool hasDisplay() {
 /// possible: the failure goes to standard error in any case.
 void showFailure(const std::string& desktopName, const std::string& reason) {
     try {
-        const std::filesystem::path here = os::libraryOf(reinterpret_cast<const void*>(&showFailure)).parent_path();
-        const os::Library module{os::trustedLibrary(here / ui::desktopLibrary(desktopName))};
+        const os::Library module{os::trustedLibrary(besideProgram(ui::desktopLibrary(desktopName)))};
         const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
         if (ui::Desktop* const desktop = create(nullptr, nullptr)) // never taken down, as the component's own
             desktop->ask({.text = reason, .icon = ui::Icon::Critical});
@@ -137,6 +139,11 @@ void showFailure(const std::string& desktopName, const std::string& reason) {
 }
 
 } // namespace
+
+bool hasDesktop(const std::string& name) {
+    const bool isPath = name.find_first_of("/\\") != std::string::npos;
+    return name == "scripted" || (!isPath && std::filesystem::exists(besideProgram(ui::desktopLibrary(name))));
+}
 
 void run(const RunOptions& options) {
     try {

@@ -1,7 +1,7 @@
 #include "registration/form_fixture.h"
 
 #include "ado/error.h"
-#include "registration/load/account_loader.h"
+#include "registration/accounts/account_records.h"
 #include "registration/load/master_loader.h"
 
 #include <map>

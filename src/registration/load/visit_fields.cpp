@@ -2,8 +2,9 @@
 
 #include "base/text/leading_number.h"
 #include "base/text/text.h"
-#include "registration/load/account_loader.h"
+#include "registration/accounts/account_records.h"
 #include "registration/load/columns.h"
+#include "registration/marks/visit_marks.h"
 #include "registration/record/codes.h"
 
 #include <algorithm>
@@ -172,24 +173,12 @@ void showPayCode(const Session& session, PersonalTab& personal, const std::strin
 }
 
 void showOptionalMarkers(const Session& session, Fields& fields, const ado::Recordset& visit) {
-    const Globals& globals = session.globals;
-    AdditionalTab& additional = fields.additional;
-    if (globals.client().usesPayCodes) {
+    if (session.globals.client().usesPayCodes) {
         const std::string payCode = textOf(visit, "PayCode");
         if (!payCode.empty())
             showPayCode(session, fields.personal, payCode);
     }
-    if (globals.isAllowCorvane)
-        additional.corvanePatient.setSelected(visit.Fields("Corvane").asFlag());
-    if (globals.IsAllowOPDMABRate)
-        additional.chkMAB.setChecked(visit.Fields("isMabrate").asFlag());
-    if (globals.IsAllowOPDPatientClass) {
-        const std::string patientClass = textOf(visit, "patientclass");
-        if (!patientClass.empty()) {
-            additional.txtPatientClassID.setText(patientClass);
-            additional.txtPatientClass.setText(GetAdmissionType(session, text::trimmed(patientClass)));
-        }
-    }
+    showMarks(session, fields, visit);
 }
 
 void keepUnshown(Record& record, const ado::Recordset& visit) {

@@ -2,6 +2,7 @@
 
 #include "base/text/text.h"
 #include "data/rows.h"
+#include "registration/marks/visit_marks.h"
 #include "registration/photo/photo.h"
 #include "registration/save/save_failures.h"
 #include "registration/statements/patient_statements.h"
@@ -51,10 +52,9 @@ class FollowingParts {
                                        storePhotograph(m_session.devices.images, m_fields.additional, m_record);
                                }});
         add("walk-in mark", &updateWalkIn);
-        addIf(globals.isAllowCorvane, "Corvane mark", &updateCorvane);
-        addIf(globals.IsAllowOPDMABRate, "MAB mark", &updateMabRate);
+        addMarks(marksBeforeAuthorization());
         addIf(needsAuthorization, "letter of authorization", &saveAuthorization);
-        addIf(globals.IsAllowOPDPatientClass, "patient class", &updatePatientClass);
+        addMarks(marksBehindAuthorization());
         addIf(globals.client().asksLastMenstruation, "last menstrual period", &saveProfile);
         m_parts.push_back({nullptr, [this] { tellOutcome(); }});
         if (record.isEdit())
@@ -88,6 +88,13 @@ class FollowingParts {
     void addIf(bool wanted, const char* name, OfForm statement) {
         if (wanted)
             add(name, statement);
+    }
+
+    void addMarks(std::span<const VisitMark> marks) {
+        for (const VisitMark& mark : marks)
+            if (mark.isKept(m_session.globals))
+                addStatement(mark.name,
+                             [this, &mark] { return updateColumn(m_record, mark.column, mark.stored(m_fields)); });
     }
 
     void tellOutcome() {

@@ -119,17 +119,6 @@ double authorizedAmount(const AdditionalTab& additional) {
     return *amount;
 }
 
-/// An update of one column of the visit.
-template <std::size_t Length>
-Statement updateColumn(const Record& record, const char (&assignment)[Length], const std::string& value) {
-    return Statement("Update Patient_data..tbOutPatient set ")
-        .text(assignment)
-        .value(value)
-        .text("' where IDnum = '")
-        .value(savedVisit(record))
-        .text("'");
-}
-
 } // namespace
 
 Statement updateHistory(const Fields& fields, const Record& record) {
@@ -216,16 +205,14 @@ Statement updateWalkIn(const Fields& fields, const Record& record) {
         .text("'");
 }
 
-Statement updateCorvane(const Fields& fields, const Record& record) {
-    return updateColumn(record, "Corvane = '", oneIf(fields.additional.corvanePatient.selected()));
-}
-
-Statement updateMabRate(const Fields& fields, const Record& record) {
-    return updateColumn(record, "isMABRate = '", oneIf(fields.additional.chkMAB.checked()));
-}
-
-Statement updatePatientClass(const Fields& fields, const Record& record) {
-    return updateColumn(record, "PatientClass = '", trimmedText(fields.additional.txtPatientClassID));
+Statement updateColumn(const Record& record, std::string_view column, const std::string& value) {
+    return Statement("Update Patient_data..tbOutPatient set ")
+        .identifier(column)
+        .text(" = '")
+        .value(value)
+        .text("' where IDnum = '")
+        .value(savedVisit(record))
+        .text("'");
 }
 
 Statement saveAuthorization(const Fields& fields, const Record& record) {

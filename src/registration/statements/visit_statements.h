@@ -31,9 +31,9 @@ std::vector<ado::Statement> updateAdditionalDoctors(const Fields& fields, const 
 
 ado::Statement updateTreatments(const Fields& fields, const Record& record);
 ado::Statement updateWalkIn(const Fields& fields, const Record& record);
-ado::Statement updateCorvane(const Fields& fields, const Record& record);
-ado::Statement updateMabRate(const Fields& fields, const Record& record);
-ado::Statement updatePatientClass(const Fields& fields, const Record& record);
+
+/// The value of one column of the visit.
+ado::Statement updateColumn(const Record& record, std::string_view column, const std::string& value);
 
 /// The letter of authorization of an insurer or HMO.
 ado::Statement saveAuthorization(const Fields& fields, const Record& record);

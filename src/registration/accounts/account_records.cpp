@@ -1,4 +1,4 @@
-#include "registration/load/account_loader.h"
+#include "registration/accounts/account_records.h"
 
 #include "data/rows.h"
 #include "registration/statements/queries.h"

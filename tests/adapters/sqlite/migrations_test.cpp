@@ -6,6 +6,8 @@
 
 #include <csignal>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 #include <regex>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -74,6 +76,12 @@ int statusOf(pid_t child) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+/// True when every row begins as it did; a step may have added columns.
+bool keepsRows(const std::vector<std::string>& rows, const std::vector<std::string>& before) {
+    return std::ranges::equal(rows, before,
+                              [](const std::string& row, const std::string& old) { return row.starts_with(old); });
+}
+
 TEST(Migrations, TakeAHospitalThroughEveryStepAndItIsWorkedWith) {
     const EmbeddedHospital fresh;
     for (const int version : {1, 2}) {
@@ -83,9 +91,10 @@ TEST(Migrations, TakeAHospitalThroughEveryStepAndItIsWorkedWith) {
         std::filesystem::permissions(hospital.file(), std::filesystem::perms{0640});
 
         const auto desk = hospital.connect();
-        EXPECT_EQ(schemaOf(hospital.file()), schemaOf(fresh.file())) << "a change of schema.sql lacks its migration";
-        EXPECT_EQ(rowsIn(hospital.file(), patients), oldPatients);
-        EXPECT_EQ(rowsIn(hospital.file(), visits), oldVisits);
+        EXPECT_TRUE(schemaOf(hospital.file()) == schemaOf(fresh.file()))
+            << "a change of schema.sql lacks its migration";
+        EXPECT_TRUE(keepsRows(rowsIn(hospital.file(), patients), oldPatients));
+        EXPECT_TRUE(keepsRows(rowsIn(hospital.file(), visits), oldVisits));
         EXPECT_EQ(rowsIn(hospital.file(), "PRAGMA integrity_check"), std::vector<std::string>{"ok|"});
         const auto copy = hospital.copy(std::to_string(version));
         EXPECT_EQ(rowsIn(copy, "PRAGMA user_version"), std::vector<std::string>{std::to_string(version) + "|"});

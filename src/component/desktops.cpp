@@ -97,6 +97,10 @@ class DesktopOfThread final : public ui::Desktop {
             m_real->showWaiting(waits);
     }
     bool isBusy() const override { return m_real != nullptr && m_real->isBusy(); }
+    void workEnded() override {
+        if (m_real != nullptr && !environment::value(environment::wholeScript).empty())
+            m_real->workEnded();
+    }
     std::optional<std::string> failure() const override { return m_real != nullptr ? m_real->failure() : std::nullopt; }
 
     /// Keeps a text until the clerk can read it. A script has no reader, and answers nothing that it does not expect.

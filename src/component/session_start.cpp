@@ -48,6 +48,8 @@ SearchEnd runSearch(Session& session) {
     search.fields().lastName.setText(text::replaced(session.globals.gSearchCriteria, "'", "")); // as when it is typed
     search.showModal();
     session.desktop.waitForWindows();
+    if (search.closedByOperator())
+        session.desktop.workEnded();
     throwIfGivenUp(session.desktop);
     return search.closedByOperator() ? SearchEnd::ClosedByClerk : SearchEnd::PatientOpened;
 }

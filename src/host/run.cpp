@@ -44,6 +44,7 @@ void passOptions(const RunOptions& options) {
     setEnvironment(environment::settings, absoluteFile(options.settings));
     setEnvironment(environment::desktop, options.desktop);
     setEnvironment(environment::script, options.script);
+    setEnvironment(environment::wholeScript, "1"); // this host shows no search again that the clerk has closed
     setEnvironment(environment::trace, absoluteFile(options.trace));
     setEnvironment(environment::now, options.now);
     setEnvironment(environment::cameraFile, absoluteFile(options.cameraFile));

@@ -94,6 +94,11 @@ const std::optional<std::string>& Player::failure() const {
     return m_state->failure;
 }
 
+void Player::end() {
+    if (!m_state->steps.empty())
+        m_state->fail(m_state->steps.front().line, "expected a window, but the desk was closed");
+}
+
 void Player::step(Driver& driver) {
     if (m_state->steps.empty()) {
         if (const auto left = std::exchange(m_state->answers, {}); !left.empty())

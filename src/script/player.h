@@ -25,6 +25,9 @@ class Player {
     bool ended() const;
     const std::optional<std::string>& failure() const;
 
+    /// Nothing will be shown any more: commands that are left are a failure.
+    void end();
+
     /// Carries out the next command. After the last one, answers left over are a failure.
     void step(Driver& driver);
 

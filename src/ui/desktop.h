@@ -77,6 +77,9 @@ class Desktop {
     static Desktop* ofThread();
     static void setOfThread(Desktop* desktop);
 
+    /// The user has closed the search. What a script has left to do is its failure where that is the end of the work.
+    virtual void workEnded() {}
+
     /// Why the desktop gave up (a script that failed), when it has; every window is closed then.
     virtual std::optional<std::string> failure() const { return std::nullopt; }
 };

@@ -134,6 +134,8 @@ TEST_F(Desk, AFailedScriptSaysWhere) {
     makeHospital("hospital");
     expectOneLine(play("expect-window frmMasterSearch\nexpect txtName(0) \"NOBODY\"\n", {"--database", at("hospital")}),
                   "script.opd:2: ");
+    expectOneLine(play("click Command1(2)\nexpect-window frmMasterSearch\n", {"--database", at("hospital")}),
+                  "script.opd:2: expected a window, but the desk was closed");
     expectOneLine(play("no such command\n", {"--database", at("hospital")}), "script.opd:1: ");
     expectOneLine(runDesk({"run", "--desktop", "scripted", "--database", at("hospital"), "--script", at("none.opd")}),
                   "none.opd");

@@ -28,6 +28,7 @@ class OwnDesktop final : public opd::ui::Desktop {
     void setBusy(bool busy) override { m_desktop.setBusy(busy); }
     bool isBusy() const override { return m_desktop.isBusy(); }
     void showWaiting(bool waits) override { m_desktop.showWaiting(waits); }
+    void workEnded() override { m_desktop.workEnded(); }
     std::optional<std::string> failure() const override { return m_desktop.failure(); }
 
   private:

@@ -164,6 +164,11 @@ void QtDesktop::setBusy(bool busy) {
         QApplication::restoreOverrideCursor();
 }
 
+void QtDesktop::workEnded() {
+    if (m_player != nullptr)
+        m_player->end();
+}
+
 std::optional<std::string> QtDesktop::failure() const {
     return m_player == nullptr ? std::nullopt : m_player->failure();
 }

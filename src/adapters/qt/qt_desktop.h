@@ -40,6 +40,7 @@ class QtDesktop final : public ui::Desktop {
     void setBusy(bool busy) override;
     bool isBusy() const override { return m_busy; }
     void showWaiting(bool waits) override { waits ? m_waiting.draw() : m_waiting.over(); }
+    void workEnded() override;
     std::optional<std::string> failure() const override;
 
     /// The window opened last of those that are on the screen, or null.

@@ -107,6 +107,11 @@ std::optional<std::filesystem::path> ScriptedDesktop::askFile(const ui::FileQues
     return m_player == nullptr ? std::nullopt : m_player->fileFor(question);
 }
 
+void ScriptedDesktop::workEnded() {
+    if (m_player != nullptr)
+        m_player->end();
+}
+
 std::optional<std::string> ScriptedDesktop::failure() const {
     return m_player == nullptr ? std::nullopt : m_player->failure();
 }

@@ -26,6 +26,7 @@ class ScriptedDesktop final : public ui::Desktop {
     void beep() override { ++m_beeps; }
     void setBusy(bool busy) override { m_busy = busy; }
     bool isBusy() const override { return m_busy; }
+    void workEnded() override;
     std::optional<std::string> failure() const override;
 
     int beeps() const { return m_beeps; }

@@ -13,7 +13,7 @@
 namespace opd::registration {
 
 struct VisitMark {
-    const char* name; ///< for the clerk, when it could not be stored
+    const char* name;         ///< for the clerk, when it could not be stored
     bool FeatureFlags::*flag; ///< null for what every hospital keeps
     std::string_view column;
     std::string (*stored)(const Fields& fields);

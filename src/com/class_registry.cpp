@@ -9,7 +9,6 @@
 #include "com/server.h"
 
 #include <cstdlib>
-#include <mutex>
 
 namespace opd::com {
 
@@ -22,12 +21,6 @@ std::filesystem::path registryFile() {
     const char* named = std::getenv("OPD_CLASS_REGISTRY");
     return named != nullptr && *named != '\0' ? std::filesystem::path{named}
                                               : os::dataFolder() / "opd-registration" / "classes.ini";
-}
-
-/// Held while the file is read, changed and written by a thread of this process.
-std::mutex& changing() {
-    static std::mutex mutex;
-    return mutex;
 }
 
 void throwUnlessSucceeded(HResult result, const std::string& programId, const char* step) {
@@ -54,7 +47,7 @@ std::optional<ClassEntry> ClassRegistry::find(const std::string& programId) cons
 }
 
 void ClassRegistry::add(const ClassEntry& entry) const {
-    const std::lock_guard<std::mutex> lock(changing());
+    const os::FileTurn turn(m_file);
     files::IniFile file{m_file};
     file.set(entry.programId, classKey, toText(entry.classId));
     file.set(entry.programId, libraryKey, entry.library.string());
@@ -62,7 +55,7 @@ void ClassRegistry::add(const ClassEntry& entry) const {
 }
 
 void ClassRegistry::remove(const std::string& programId) const {
-    const std::lock_guard<std::mutex> lock(changing());
+    const os::FileTurn turn(m_file);
     files::IniFile file{m_file};
     if (!file.hasSection(programId))
         return;

@@ -6,6 +6,8 @@
 #include "component/support.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace opd::com {
 namespace {
@@ -36,6 +38,25 @@ TEST(ClassRegistry, FindsAddsReplacesAndRemovesClasses) {
     registry.remove("A.B");
     EXPECT_FALSE(registry.find("A.B"));
     EXPECT_TRUE(registry.find("C.D"));
+}
+
+TEST(ClassRegistry, LosesNoClassOfProgramsThatStartAtOnce) {
+    const TemporaryFolder folder;
+    const ClassRegistry registry{folder / "classes.ini"};
+    std::vector<pid_t> programs;
+    for (const char* name : {"A", "B", "C", "D"}) {
+        programs.push_back(fork());
+        if (programs.back() != 0)
+            continue;
+        for (int n = 0; n < 8; ++n)
+            registry.add({name + std::to_string(n), iidUnknown, "/lib/x.so"});
+        _exit(0);
+    }
+    for (const pid_t program : programs)
+        waitpid(program, nullptr, 0);
+    for (const char* name : {"A", "B", "C", "D"})
+        for (int n = 0; n < 8; ++n)
+            EXPECT_TRUE(registry.find(name + std::to_string(n))) << name << n;
 }
 
 TEST(ClassRegistry, ACreationThatCannotBeSaysWhy) {

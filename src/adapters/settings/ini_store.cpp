@@ -11,6 +11,7 @@ std::string IniStore::get(const std::string& application, const std::string& sec
 }
 
 void IniStore::set(const std::string& application, const std::vector<Value>& values) {
+    const os::FileTurn turn(fileOf(application));
     files::IniFile file{fileOf(application)};
     for (const Value& value : values)
         file.set(value.section, value.key, value.text);

@@ -16,6 +16,20 @@ void writePrivately(const std::filesystem::path& file, const std::string& conten
 /// the umask takes away. A link in the file's place is replaced, never followed.
 void writeForGroup(const std::filesystem::path& file, const std::string& content);
 
+/// A turn at a file that several processes change: who reads it and writes it again holds one meanwhile, so that no
+/// change is lost. It is a lock on "FILE.lock", which stays there. Where that cannot be made nobody waits: the file
+/// cannot be written either, and that says why.
+class FileTurn {
+  public:
+    explicit FileTurn(const std::filesystem::path& file);
+    ~FileTurn();
+    FileTurn(const FileTurn&) = delete;
+    FileTurn& operator=(const FileTurn&) = delete;
+
+  private:
+    int m_descriptor;
+};
+
 /// Makes a folder and those above it, each new one with mode 0770 less what the umask takes away. Throws
 /// std::runtime_error.
 void makeFolderForGroup(const std::filesystem::path& folder);

@@ -160,6 +160,19 @@ void writeByDraft(const std::filesystem::path& target, const std::string& conten
 
 } // namespace
 
+FileTurn::FileTurn(const std::filesystem::path& file) : m_descriptor(-1) {
+    makeFolder(file.parent_path(), S_IRWXU);
+    const std::string lock = file.string() + ".lock";
+    m_descriptor = ::open(lock.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    while (m_descriptor >= 0 && ::flock(m_descriptor, LOCK_EX) != 0 && errno == EINTR) {
+    }
+}
+
+FileTurn::~FileTurn() {
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
 void writePrivately(const std::filesystem::path& file, const std::string& content) {
     std::error_code error;
     std::filesystem::path target = std::filesystem::weakly_canonical(file, error);

@@ -1,4 +1,5 @@
 #include "tests/adapters/qt/every_window.h"
+#include "ui/spoken_names.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -66,8 +67,13 @@ std::string sharedKeys(const ui::Window& window) {
     return shared;
 }
 
-TEST(QtAccessibility, AnAccessKeyLeadsToOneControl) {
+TEST(QtAccessibility, ANameIsLedByWhatItAloneWouldNotTellAndAnAccessKeyLeadsToOneControl) {
     samples::RegistrationWindow form;
+    const ui::SpokenNames names(form);
+    const auto spoken = [&](const ui::Control& control) { return names.of(control); };
+    EXPECT_EQ(spoken(form.consultation.service1.code) + ", " + spoken(form.employment.employedYes) + ", " +
+                  spoken(form.personal.fatherAddress),
+              "Services 1, Employed? Yes, Father: Address");
     form.buttons.cmdRevoke.setVisible(false); // stands beside "&Update"
     form.buttons.cmdUnRevoke.setVisible(false);
     EXPECT_EQ(sharedKeys(form), "");

@@ -19,7 +19,7 @@ struct RecordingView final : WindowView {
     void closed() override { ++closes; }
 };
 
-/// A window with two plain fields, two buttons, a group of options, and three pages.
+/// A window with two plain fields, two buttons, a group of options, a grid, and three pages.
 struct Form {
     Window window{"frmTest", "Test"};
     TextBox first{window, "first", "&First"};
@@ -29,6 +29,7 @@ struct Form {
     OptionButton female{sex, "female", "F&emale"};
     Button ok{window, "ok", "&OK"};
     Button cancel{window, "cancel", "Cancel"};
+    Grid grid{window, "grid"};
     Tabs tabs{window, "tabs"};
     Page pageOne{tabs, "pageOne", "One"};
     TextBox one{pageOne, "one", "O&ne"};
@@ -48,6 +49,7 @@ struct Form {
         window.onFailure = [this](const std::exception& failure) { failures.emplace_back(failure.what()); };
         for (Button* button : {&ok, &cancel})
             button->onClick = note(button->name() + " clicked");
+        grid.onDoubleClick = note("opened");
     }
 
     /// Shows the window with the focus on the first field.

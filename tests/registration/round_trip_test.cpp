@@ -70,6 +70,7 @@ TEST(RoundTrip, EveryChoiceComesBackAsItWasMadeForEveryClient) {
         form->fields().additional.txtPatientClassID.setText("2");
         form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
         form->fields().history.txtLMP.setText("11/02/2026");
+        form->fields().personal.cmbPaycode.select(1);
         for (ui::Control* control : chosenIn(form->fields(), client))
             if (auto* box = dynamic_cast<ui::CheckBox*>(control); box != nullptr)
                 box->setChecked(true);
@@ -91,7 +92,11 @@ TEST(RoundTrip, EveryChoiceComesBackAsItWasMadeForEveryClient) {
         EXPECT_EQ(fields.personal.cboCivilStatus.text(), "Widow");
         EXPECT_EQ(fields.personal.dtpExpiration.text(), "01/31/2027");
         EXPECT_FALSE(fields.personal.company.name.text().empty());
+        EXPECT_EQ(fields.history.lastMenstruation.visible(), client == "TKWA");
         EXPECT_EQ(fields.history.txtLMP.text(), client == "TKWA" ? "11/02/2026" : "  /  /    ");
+        EXPECT_EQ(fields.personal.cmbPaycode.visible(), client == "RVT");
+        EXPECT_EQ(fields.personal.cmbPaycode.index(), client == "RVT" ? 1 : -1);
+        EXPECT_EQ(fields.personal.cmbPaycodeID.index(), fields.personal.cmbPaycode.index());
     }
 }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 namespace opd::ado {
 namespace {
@@ -34,36 +35,29 @@ TEST(ConnectionString, IsReadByKeyInAnyLetterCase) {
     EXPECT_EQ(settings.dataSource(), "LAST");
     EXPECT_EQ(settings.get("User ID"), "");
     EXPECT_EQ(settings.get("nonsense"), "");
-    EXPECT_EQ(ConnectionString{""}.dataSource(), "");
     EXPECT_EQ(ConnectionString{"Data Source=SRV\\A ;x=y"}.dataSource(), "SRV\\A ") << "a value is taken as it stands";
 }
 
 TEST(Providers, TheFirstThatServesTheSourceOpensIt) {
-    Providers providers;
     const auto folder = std::make_shared<NamedProvider>("/hospital");
     const auto server = std::make_shared<NamedProvider>("");
+    const auto another = std::make_shared<NamedProvider>("/hospital");
+    Providers providers;
     providers.add("folder", folder);
     EXPECT_THROW(Connection{providers}.Open("Data Source=SRV"), Error);
     providers.add("server", server);
     Connection{providers}.Open("Data Source=/hospital");
     Connection{providers}.Open("Data Source=SRV");
-    EXPECT_EQ(folder->opened, 1);
-    EXPECT_EQ(server->opened, 1);
-    const auto another = std::make_shared<NamedProvider>("/hospital");
-    providers.add("folder", another);
+    providers.add("folder", another); // takes the place of the first of its kind
     Connection{providers}.Open("Data Source=/hospital");
-    EXPECT_EQ(folder->opened, 1) << "a second provider of a kind takes the first one's place";
-    EXPECT_EQ(another->opened, 1);
-}
+    EXPECT_EQ(std::make_tuple(folder->opened, server->opened, another->opened), std::make_tuple(1, 1, 1));
 
-TEST(Providers, OfTheProcessServeConnectionsThatAreGivenNoOthers) {
-    const auto provider = std::make_shared<NamedProvider>("/only/this/test");
-    Providers::ofProcess().add("test", provider);
+    Providers::ofProcess().add("test", folder); // serve connections that are given no others
     Connection connection;
-    connection.ConnectionString = "Data Source=/only/this/test";
+    connection.ConnectionString = "Data Source=/hospital";
     connection.Open();
     EXPECT_EQ(connection.State(), 1);
-    EXPECT_EQ(provider->opened, 1);
+    EXPECT_EQ(folder->opened, 2);
 }
 
 TEST(Value, AsText) {
@@ -147,18 +141,14 @@ TEST_F(Ado, ARecordsetWalksItsRowsAndNamesWhatItHasNot) {
     EXPECT_EQ(rows.Fields("Name").asText(), "ANA") << "opened anew it stands on the first row";
     rows.Close();
     EXPECT_THROW(rows.RecordCount(), Error);
-}
 
-TEST_F(Ado, AnEmptyResultHasNoRowToRead) {
     provider->answer("none", {{"Name"}, {}, true});
     provider->answer("uncounted", {{"Name"}, {{"ANA"}}, false});
     const Recordset none = connection.Execute("none");
     EXPECT_TRUE(none.BOF() && none.EndOfFile());
     EXPECT_EQ(none.RecordCount(), 0);
     EXPECT_THROW(none.Fields("Name"), Error);
-    const Recordset uncounted = connection.Execute("uncounted");
-    EXPECT_EQ(uncounted.RecordCount(), -1);
-    EXPECT_EQ(uncounted.Fields("Name").asText(), "ANA");
+    EXPECT_EQ(connection.Execute("uncounted").RecordCount(), -1);
 }
 
 TEST_F(Ado, ATransactionRollsBackUnlessItWasCommitted) {

@@ -80,7 +80,7 @@ TEST_F(Desk, StoresConnectionSettingsForTheirOwnerAlone) {
     expectOneLine(runDesk({"configure", "--server", "HIS", "--password-stdin"}, ""), "no password");
 }
 
-TEST_F(Desk, AStartThatCannotBeSaysWhyInPlainWords) {
+TEST_F(Desk, AStartThatCannotBeAndAFailedScriptSayWhyInOneLine) {
     ASSERT_EQ(runDesk({"configure", "--server", "HIS", "--settings", at("mine.ini")}).status, 0);
     expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "\"HIS\" is the name of a database server");
     std::filesystem::permissions(at("mine.ini"), std::filesystem::perms::others_read,
@@ -89,6 +89,13 @@ TEST_F(Desk, AStartThatCannotBeSaysWhyInPlainWords) {
 
     expectOneLine(play(closeAtOnce, {"--database", at("missing")}), at("missing"));
     makeHospital("hospital");
+    expectOneLine(play("expect-window frmMasterSearch\nexpect txtName(0) \"NOBODY\"\n", {"--database", at("hospital")}),
+                  "script.opd:2: ");
+    expectOneLine(play("click Command1(2)\nexpect-window frmMasterSearch\n", {"--database", at("hospital")}),
+                  "script.opd:2: expected a window, but the desk was closed");
+    expectOneLine(play("no such command\n", {"--database", at("hospital")}), "script.opd:1: ");
+    expectOneLine(runDesk({"run", "--desktop", "scripted", "--database", at("hospital"), "--script", at("none.opd")}),
+                  "none.opd");
     std::filesystem::create_symlink(at("hospital/hospital.db"), at("trace"));
     expectOneLine(play(closeAtOnce, {"--database", at("hospital"), "--trace", at("trace")}), "is not followed");
     writeFile(at("classes.ini"), "[OPDRegistration.InitDLL]\nClass=nonsense\n");
@@ -128,17 +135,6 @@ TEST_F(Desk, OpensTheHospitalThatTheStoreNamesAndTracesEveryStatementForItsOwner
     EXPECT_TRUE(trace.starts_with("Select top 1 isnull(ClientName,'') as ClientName, ")) << trace;
     EXPECT_TRUE(trace.ends_with("\nselect * from Patient_Data..tbHospitalInfo\n")) << trace;
     EXPECT_EQ(tests::modeOf(m_folder / "trace.txt"), 0600U);
-}
-
-TEST_F(Desk, AFailedScriptSaysWhere) {
-    makeHospital("hospital");
-    expectOneLine(play("expect-window frmMasterSearch\nexpect txtName(0) \"NOBODY\"\n", {"--database", at("hospital")}),
-                  "script.opd:2: ");
-    expectOneLine(play("click Command1(2)\nexpect-window frmMasterSearch\n", {"--database", at("hospital")}),
-                  "script.opd:2: expected a window, but the desk was closed");
-    expectOneLine(play("no such command\n", {"--database", at("hospital")}), "script.opd:1: ");
-    expectOneLine(runDesk({"run", "--desktop", "scripted", "--database", at("hospital"), "--script", at("none.opd")}),
-                  "none.opd");
 }
 
 TEST_F(Desk, OpensAHospitalInTheShellOfTheDatabaseForReading) {

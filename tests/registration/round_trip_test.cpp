@@ -36,53 +36,23 @@ struct FullHospital : HospitalSession {
     }
 };
 
-/// Each client's patient is in another programme.
-ui::CheckBox& programmeOf(registration::PersonalTab& personal, const std::string& client) {
-    if (client.empty())
-        return personal.chkHemo;
-    return client == "RVT" ? personal.chkRTherapy : personal.chkforDeposit;
+/// What is chosen in every form; each client's patient is in another programme.
+std::vector<ui::Control*> chosenIn(registration::Fields& fields, const std::string& client) {
+    registration::PersonalTab& personal = fields.personal;
+    ui::CheckBox& programme = client.empty()    ? personal.chkHemo
+                              : client == "RVT" ? personal.chkRTherapy
+                                                : personal.chkforDeposit;
+    return {&fields.header.female,           &personal.insured,
+            &personal.chkSeniorCitizen,      &personal.chkWalkIn,
+            &personal.chkPatientType,        &programme,
+            &fields.consultation.withBill,   &fields.consultation.optDiabetes,
+            &fields.history.tuberculosis,    &fields.employment.philHealthNo,
+            &fields.employment.selfEmployed, &fields.employment.abroad};
 }
 
-void choose(registration::Fields& fields) {
-    fields.header.female.setSelected(true);
-    fields.header.txtBirthDate.setText("02/29/1960");
-    fields.header.txtAdmTime.setValue({2026, 11, 24, 8, 5, 0});
-    fields.personal.cboCivilStatus.setText("Widow");
-    fields.personal.chkSeniorCitizen.setChecked(true);
-    fields.personal.chkWalkIn.setChecked(true);
-    fields.personal.chkPatientType.setChecked(true);
-    fields.consultation.withBill.setSelected(true);
-    fields.consultation.optDiabetes.setSelected(true);
-    fields.history.tuberculosis.setChecked(true);
-    fields.history.others.setChecked(true);
-    fields.employment.philHealthNo.setSelected(true);
-    fields.employment.selfEmployed.setSelected(true);
-    fields.employment.abroad.setSelected(true);
-}
-
-void expectChosen(registration::Fields& fields, const std::string& client) {
-    EXPECT_TRUE(fields.header.female.selected());
-    EXPECT_EQ(fields.header.txtBirthDate.text(), "02/29/1960");
-    EXPECT_EQ(fields.header.txtAge.text(), "66");
-    EXPECT_EQ(fields.header.dtpAdmDate.text() + " " + fields.header.txtAdmTime.text(), "11/24/2026 08:05 AM");
-    EXPECT_EQ(fields.personal.cboCivilStatus.text(), "Widow");
-    EXPECT_TRUE(fields.personal.chkSeniorCitizen.checked());
-    EXPECT_TRUE(fields.personal.chkWalkIn.checked());
-    EXPECT_TRUE(fields.personal.chkPatientType.checked());
-    EXPECT_EQ(fields.personal.dtpExpiration.text(), "01/31/2027");
-    EXPECT_TRUE(fields.consultation.withBill.selected());
-    EXPECT_TRUE(fields.consultation.optDiabetes.selected());
-    EXPECT_TRUE(fields.history.tuberculosis.checked());
-    EXPECT_FALSE(fields.history.hepatitis.checked());
-    EXPECT_TRUE(fields.employment.philHealthNo.selected());
-    EXPECT_TRUE(fields.employment.selfEmployed.selected());
-    EXPECT_TRUE(fields.employment.abroad.selected());
-    for (ui::CheckBox* box : {&fields.personal.chkChemo, &fields.personal.chkHemo, &fields.personal.chkRTherapy,
-                              &fields.personal.chkforDeposit})
-        EXPECT_EQ(box->checked(), box == &programmeOf(fields.personal, client)) << box->name();
-    EXPECT_TRUE(fields.personal.insured.selected());
-    EXPECT_FALSE(fields.personal.company.name.text().empty());
-    EXPECT_EQ(fields.history.txtLMP.text(), client == "TKWA" ? "11/02/2026" : "  /  /    ");
+bool isChosen(const ui::Control* control) {
+    const auto* box = dynamic_cast<const ui::CheckBox*>(control);
+    return box != nullptr ? box->checked() : dynamic_cast<const ui::OptionButton&>(*control).selected();
 }
 
 // That every text comes back follows from the columns below, which a save of what was loaded leaves as they were; a
@@ -92,23 +62,41 @@ TEST(RoundTrip, EveryChoiceComesBackAsItWasMadeForEveryClient) {
         SCOPED_TRACE("client " + client);
         FullHospital hospital(client);
         auto form = hospital.open({"NEW", "NEW", "(TO BE GENERATED)", {}});
-        registration::PersonalTab& personal = form->fields().personal;
-        form->fields().header.txtLastName.setText("CRUZ");
-        form->fields().header.txtFirstName.setText("ANA");
-        personal.txtZipCode.setText("1000");
-        personal.txtReligion.setText("1");
-        personal.company.code.setText("HMO-01");
+        fillRequired(form->fields());
+        form->fields().header.txtAdmTime.setValue({2026, 11, 24, 8, 5, 0});
+        form->fields().personal.cboCivilStatus.setText("Widow");
+        form->fields().personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";
         form->fields().additional.txtPatientClassID.setText("2");
-        choose(form->fields());
-        programmeOf(personal, client).setChecked(true);
-        personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
+        form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
         form->fields().history.txtLMP.setText("11/02/2026");
+        form->fields().personal.cmbPaycode.select(1);
+        for (ui::Control* control : chosenIn(form->fields(), client))
+            if (auto* box = dynamic_cast<ui::CheckBox*>(control); box != nullptr)
+                box->setChecked(true);
+            else
+                dynamic_cast<ui::OptionButton&>(*control).setSelected(true);
         ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
         ASSERT_TRUE(hospital.save(*form));
+
         form = hospital.open({"Edit", form->record().SaveHospNum, form->record().SaveIDNum + "B", {}});
-        expectChosen(form->fields(), client);
+        registration::Fields& fields = form->fields();
+        for (const ui::Control* control : chosenIn(fields, client))
+            EXPECT_TRUE(isChosen(control)) << control->name();
+        for (const ui::Control* other : std::initializer_list<ui::Control*>{
+                 &fields.personal.chkChemo, &fields.history.hepatitis, &fields.consultation.optLying})
+            EXPECT_FALSE(isChosen(other)) << other->name();
+        EXPECT_EQ(fields.header.txtAge.text(), "46");
+        EXPECT_EQ(fields.header.dtpAdmDate.text() + " " + fields.header.txtAdmTime.text(), "11/24/2026 08:05 AM");
+        EXPECT_EQ(fields.personal.cboCivilStatus.text(), "Widow");
+        EXPECT_EQ(fields.personal.dtpExpiration.text(), "01/31/2027");
+        EXPECT_FALSE(fields.personal.company.name.text().empty());
+        EXPECT_EQ(fields.history.lastMenstruation.visible(), client == "TKWA");
+        EXPECT_EQ(fields.history.txtLMP.text(), client == "TKWA" ? "11/02/2026" : "  /  /    ");
+        EXPECT_EQ(fields.personal.cmbPaycode.visible(), client == "RVT");
+        EXPECT_EQ(fields.personal.cmbPaycode.index(), client == "RVT" ? 1 : -1);
+        EXPECT_EQ(fields.personal.cmbPaycodeID.index(), fields.personal.cmbPaycode.index());
     }
 }
 

@@ -49,7 +49,7 @@ TEST(Form, ANewPatientStartsWithTheServersDateAndWhatTheHospitalUses) {
     });
 }
 
-TEST(Form, BirthDateAgeAndCivilStatusMustFitEachOther) {
+TEST(Form, DatesAgeAndCivilStatusMustFitEachOther) {
     const DateTime today{2026, 11, 24, 0, 0, 0};
     const struct {
         const char* birthDate;
@@ -99,6 +99,14 @@ TEST(Form, BirthDateAgeAndCivilStatusMustFitEachOther) {
             EXPECT_EQ(fields.personal.cboCivilStatus.refusal().empty(),
                       std::get<2>(entry) == nullptr || fields.personal.cboCivilStatus.text() != "Child");
         });
+
+    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
+        fields.history.lastMenstruation.setVisible(true);
+        for (const auto& [day, message] : {std::pair{"11/25/2026", refused}, {"11/24/2026", nullptr}, {"", nullptr}}) {
+            window.edited(fields.history.txtLMP, day);
+            leave(desk, window, fields.history.txtLMP, message);
+        }
+    });
 
     inNewForm([](FormFixture&, ui::Window& window, Fields& fields) { // old enough on the day: nothing is said
         fields.header.txtAge.setText("59");

@@ -72,12 +72,16 @@ class Database {
 /// A prepared statement.
 class Query {
   public:
+    enum class Use { Once, Often };
+
     /// Prepares the first statement of the text; `rest` becomes what stands behind it. Throws ado::Error.
-    Query(const Database& database, const char* sql, const char** rest = nullptr);
+    Query(const Database& database, const char* sql, const char** rest = nullptr, Use use = Use::Once);
 
     /// True when the text held nothing but blanks and comments.
     bool isEmpty() const { return !m_statement; }
     sqlite3_stmt* statement() const { return m_statement.get(); }
+
+    bool writes() const { return sqlite3_stmt_readonly(m_statement.get()) == 0; }
 
     /// Binds a value to a parameter by its position from 1, or by its name with the colon; an unknown name is ignored.
     void bind(int position, const ado::Value& value);
@@ -85,13 +89,20 @@ class Query {
 
     /// Steps to the next row; false behind the last one. Throws ado::Error.
     bool next();
+
+    /// Gives up its hold on the database, and forgets what was bound.
     void reset();
 
     int columnCount() const { return sqlite3_column_count(m_statement.get()); }
     std::string columnName(int column) const { return sqlite3_column_name(m_statement.get(), column); }
 
-    /// The value of a column of the current row, by the column's declared type where it has one.
-    ado::Value value(int column) const;
+    /// What a column declares that its values are.
+    enum class Kind { AsStored, Flag, Moment };
+    Kind kind(int column) const;
+
+    /// The value of a column of the current row, as a column of that kind has it.
+    ado::Value value(int column, Kind kind) const;
+    ado::Value value(int column) const { return value(column, kind(column)); }
 
   private:
     struct Finalize {

@@ -3,10 +3,13 @@
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/errors.h"
 #include "adapters/sqlite/migrations.h"
+#include "adapters/sqlite/prepared_statements.h"
 #include "adapters/sqlite/procedures.h"
 #include "base/text/text.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <functional>
 #include <optional>
 #include <unistd.h>
 
@@ -14,17 +17,21 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
-/// All rows of the query; the columns are known also when there are none.
+/// All rows of the query; the columns are known also when there are none. They are asked for behind the first step,
+/// which prepares a statement again whose tables have changed.
 ado::ResultSet rowsOf(Query& query) {
     ado::ResultSet result;
-    const int columns = query.columnCount();
-    for (int column = 0; column < columns; ++column)
+    bool isRow = query.next();
+    std::vector<Query::Kind> kinds;
+    for (int column = 0; column < query.columnCount(); ++column) {
         result.columns.push_back(query.columnName(column));
-    while (query.next()) {
+        kinds.push_back(query.kind(column));
+    }
+    for (; isRow; isRow = query.next()) {
         std::vector<ado::Value>& row = result.rows.emplace_back();
-        row.reserve(static_cast<std::size_t>(columns));
-        for (int column = 0; column < columns; ++column)
-            row.push_back(query.value(column));
+        row.reserve(kinds.size());
+        for (std::size_t column = 0; column < kinds.size(); ++column)
+            row.push_back(query.value(static_cast<int>(column), kinds[column]));
     }
     return result;
 }
@@ -77,8 +84,9 @@ class SqliteLink final : public ado::Link {
         if (const auto* call = std::get_if<ProcedureCall>(&statement))
             return runProcedure(*call);
         const auto& translation = std::get<Translation>(statement);
-        Query query(m_database, translation.sql.c_str());
-        if (sqlite3_stmt_readonly(query.statement()) == 0 && sqlite3_get_autocommit(m_database.handle()) != 0)
+        const LentStatements lent(m_prepared.of(translation.sql));
+        Query& query = lent.queries().front();
+        if (query.writes() && sqlite3_get_autocommit(m_database.handle()) != 0)
             m_database.throwIfMoved();
         int position = 0;
         for (const ado::Value& value : translation.values)
@@ -124,20 +132,12 @@ class SqliteLink final : public ado::Link {
         for (std::size_t i = 0; i < call.arguments.size(); ++i)
             arguments.emplace_back(":" + procedure.parameters[i].name,
                                    argumentFor(procedure.parameters[i], call.arguments[i]));
-        std::vector<Query> queries;
-        bool writes = false;
-        for (const char* rest = procedure.body.c_str();;) {
-            Query query(m_database, rest, &rest);
-            if (query.isEmpty())
-                break;
-            writes = writes || sqlite3_stmt_readonly(query.statement()) == 0;
-            queries.push_back(std::move(query));
-        }
+        const LentStatements lent(m_prepared.of(procedure.body));
         std::optional<WholeStep> step;
-        if (writes)
+        if (std::any_of(lent.queries().begin(), lent.queries().end(), std::mem_fn(&Query::writes)))
             step.emplace(m_database);
         ado::ResultSet answer;
-        for (Query& query : queries) {
+        for (Query& query : lent.queries()) {
             answer = run(query, arguments);
             query.reset(); // a statement that is not reset keeps its transaction open
         }
@@ -169,6 +169,7 @@ class SqliteLink final : public ado::Link {
 
     std::shared_ptr<void> m_needed;
     Database m_database;
+    PreparedStatements m_prepared{m_database};
     Catalog m_catalog;
 };
 

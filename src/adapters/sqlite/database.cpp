@@ -38,6 +38,10 @@ std::filesystem::path databaseFile(const std::filesystem::path& folder) {
     return folder / "hospital.db";
 }
 
+std::filesystem::path queueOf(const std::filesystem::path& file) {
+    return file.string() + ".queue";
+}
+
 void Database::Waiting::tell(Moment now) {
     if (!onWait || now - begun < toldAfter || now - told < toldEvery)
         return;
@@ -62,7 +66,7 @@ int Database::Waiting::onProgress(void* waiting) {
     return 0;
 }
 
-Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) {
+Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) : m_queue(queueOf(file)) {
     sqlite3* handle = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
     const int result = sqlite3_open_v2(file.c_str(), &handle, flags, nullptr);

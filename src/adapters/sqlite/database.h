@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/sqlite/writer_queue.h"
 #include "ado/value.h"
 #include "base/clock/clock.h"
 
@@ -15,6 +16,9 @@ namespace opd::adapters::sqlite {
 
 /// The file of a database folder.
 std::filesystem::path databaseFile(const std::filesystem::path& folder);
+
+/// The file beside a database in which the desks that want to write stand in a queue.
+std::filesystem::path queueOf(const std::filesystem::path& file);
 
 /// An open database file with the hospital's collation and functions.
 class Database {
@@ -34,6 +38,17 @@ class Database {
 
     /// Sets what is told over and over while a statement waits for a lock or works for long. It throws nothing.
     void setOnWait(std::function<void()> onWait) { m_waiting->onWait = std::move(onWait); }
+
+    /// Waits in the queue of the desks that want to write.
+    void enterQueue() {
+        m_queue.enter(m_waiting->patience, [this] { m_waiting->tell(std::chrono::steady_clock::now()); });
+    }
+
+    /// Lets the next one write, unless a transaction is open.
+    void leaveQueue() {
+        if (sqlite3_get_autocommit(handle()) != 0)
+            m_queue.leave();
+    }
 
     /// A statement begins: what it takes from here on is what is called long.
     void statementBegins() { m_waiting->begun = std::chrono::steady_clock::now(); }
@@ -65,6 +80,7 @@ class Database {
         static int onProgress(void* waiting);
     };
 
+    WriterQueue m_queue;
     std::unique_ptr<Waiting> m_waiting = std::make_unique<Waiting>(); // outlives the handle
     std::unique_ptr<sqlite3, Close> m_handle;
 };

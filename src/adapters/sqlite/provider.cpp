@@ -65,6 +65,18 @@ class WholeStep {
     bool m_done = false;
 };
 
+/// A place among the desks that want to write, given up when it goes unless a transaction is open then.
+class Turn {
+  public:
+    explicit Turn(Database& database) : m_database(database) { m_database.enterQueue(); }
+    ~Turn() { m_database.leaveQueue(); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+  private:
+    Database& m_database;
+};
+
 class SqliteLink final : public ado::Link {
   public:
     SqliteLink(const std::filesystem::path& file, const Clock& clock, std::chrono::milliseconds patience)
@@ -86,8 +98,11 @@ class SqliteLink final : public ado::Link {
         const auto& translation = std::get<Translation>(statement);
         const LentStatements lent(m_prepared.of(translation.sql));
         Query& query = lent.queries().front();
-        if (query.writes() && sqlite3_get_autocommit(m_database.handle()) != 0)
+        std::optional<Turn> turn;
+        if (query.writes() && sqlite3_get_autocommit(m_database.handle()) != 0) {
             m_database.throwIfMoved();
+            turn.emplace(m_database);
+        }
         int position = 0;
         for (const ado::Value& value : translation.values)
             query.bind(++position, value);
@@ -114,13 +129,18 @@ class SqliteLink final : public ado::Link {
     void begin() override {
         m_database.statementBegins();
         m_database.throwIfMoved();
+        const Turn turn(m_database);
         m_database.run("BEGIN IMMEDIATE");
     }
     void commit() override {
         m_database.statementBegins();
+        const Turn turn(m_database);
         m_database.run("COMMIT");
     }
-    void rollback() override { m_database.run("ROLLBACK"); }
+    void rollback() override {
+        const Turn turn(m_database);
+        m_database.run("ROLLBACK");
+    }
 
     void setPatience(std::chrono::milliseconds patience) override { m_database.setPatience(patience); }
     void setOnWait(const std::function<void()>& onWait) override { m_database.setOnWait(onWait); }
@@ -133,9 +153,12 @@ class SqliteLink final : public ado::Link {
             arguments.emplace_back(":" + procedure.parameters[i].name,
                                    argumentFor(procedure.parameters[i], call.arguments[i]));
         const LentStatements lent(m_prepared.of(procedure.body));
+        std::optional<Turn> turn;
         std::optional<WholeStep> step;
-        if (std::any_of(lent.queries().begin(), lent.queries().end(), std::mem_fn(&Query::writes)))
+        if (std::any_of(lent.queries().begin(), lent.queries().end(), std::mem_fn(&Query::writes))) {
+            turn.emplace(m_database);
             step.emplace(m_database);
+        }
         ado::ResultSet answer;
         for (Query& query : lent.queries()) {
             answer = run(query, arguments);

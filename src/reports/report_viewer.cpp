@@ -57,9 +57,7 @@ void frmReportViewer::showModal() {
         const ui::BusyPointer busy(m_session.desktop);
         m_window.load();
     }
-    if (DirectPrint && print(true))
-        m_window.unload();
-    else
+    if (!DirectPrint || !print(true))
         m_session.desktop.showModal(m_window);
 }
 

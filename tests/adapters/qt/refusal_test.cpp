@@ -38,21 +38,6 @@ TEST(QtRefusal, ARefusedFieldIsFramedWhateverItsKindUntilTheRefusalIsTakenBack) 
     }
 }
 
-TEST(QtRefusal, TheStatusLineSaysWhyTheFieldThatHasTheFocusIsRefused) {
-    RegistrationDesk desk;
-    auto* line = desk.widget<QLabel>("statusLine");
-    desk.form.setFocus(desk.form.header.txtLastName);
-    EXPECT_EQ(fromQt(line->text()), "");
-    desk.form.header.txtLastName.setRefusal("A last name is needed.");
-    EXPECT_EQ(fromQt(line->text()), "A last name is needed.");
-    desk.press("Tab");
-    EXPECT_EQ(fromQt(line->text()), "");
-    desk.press("Shift+Tab");
-    EXPECT_EQ(fromQt(line->text()), "A last name is needed.");
-    desk.form.header.txtLastName.setRefusal("");
-    EXPECT_EQ(fromQt(line->text()), "");
-}
-
 // The form may have refused a field while it was loading, before anybody could see it.
 TEST(QtRefusal, WhatIsRefusedBeforeTheWindowIsShownIsSeenWhenItIs) {
     samples::RegistrationWindow form;

@@ -2,17 +2,10 @@
 
 #include "adapters/report/engine.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace opd::tests {
 namespace {
-
-std::string contentOf(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// A hospital, an engine that stands beside it, and reports that are logged on to it.
 class Reports : public testing::Test {
@@ -34,21 +27,21 @@ class Reports : public testing::Test {
 
     std::filesystem::path written(const std::string& content) {
         std::filesystem::path file = m_files.path() / "report.rpt";
-        std::ofstream(file) << content;
+        writeFile(file, content);
         return file;
     }
 
-    /// What opening the report or making its document fails with.
-    std::string failureOf(const std::string& content, const std::string& parameter = "2600000001B") {
+    /// Opening the report or making its document fails, and says so.
+    void expectFailure(const std::string& content, const std::string& message,
+                       const std::string& parameter = "2600000001B") {
         try {
             open(written(content), parameter)->document();
+            ADD_FAILURE() << "nothing failed: " << message;
         } catch (const std::exception& failure) {
-            return failure.what();
+            EXPECT_NE(std::string{failure.what()}.find(message), std::string::npos) << failure.what();
         }
-        return "nothing failed";
     }
 
-    std::unique_ptr<ado::Connection> m_connection;
     EmbeddedHospital m_hospital;
     TemporaryFolder m_files;
     SharedImage m_photograph;
@@ -83,17 +76,18 @@ TEST_F(Reports, AVisitSaysThatItIsRevokedAndShowsThePhotographThatIsOnFile) {
 }
 
 TEST_F(Reports, AReportThatCannotBeMadeSaysWhy) {
-    EXPECT_NE(failureOf("nonsense").find("report.rpt:1: expected a section"), std::string::npos);
-    EXPECT_NE(failureOf("# remark\n[repot]\n").find("report.rpt:2: there is no section [repot]"), std::string::npos);
-    EXPECT_NE(failureOf(oneQuery).find("at least one query and a body"), std::string::npos);
-    EXPECT_NE(failureOf(oneQuery + "[body]\n<p>not closed\n").find("layout of the report is broken"),
-              std::string::npos);
-    EXPECT_NE(failureOf(oneQuery + "[body]\n<p>{{#visit}}</p>\n").find("layout of the report is broken"),
-              std::string::npos);
-    EXPECT_NE(failureOf(oneQuery + "[row b]\nsp_x '{c.d}'\n[body]\n<p/>\n").find("no query c"), std::string::npos);
-    EXPECT_NE(failureOf(oneQuery + "[row b]\nPatient_Data..sp_x '1'\n[body]\n<p/>\n").find("sp_x"), std::string::npos);
-    EXPECT_NE(failureOf(oneQuery + "[body]\n<p/>\n", "9999B").find("nothing on file"), std::string::npos);
-    EXPECT_NE(failureOf(oneQuery + "[body]\n<p/>\n", "1' or '1'='1").find("apostrophe"), std::string::npos);
+    expectFailure("nonsense", "report.rpt:1: expected a section");
+    expectFailure("# remark\n[repot]\n", "report.rpt:2: there is no section [repot]");
+    expectFailure(oneQuery, "at least one query and a body");
+    expectFailure(oneQuery + "[body]\n<p>not closed\n", "layout of the report is broken");
+    expectFailure(oneQuery + "[body]\n<p>{{#visit}}</p>\n", "layout of the report is broken");
+    expectFailure(oneQuery + "[row b]\nsp_x '{c.d}'\n[body]\n<p/>\n", "no query c");
+    expectFailure(oneQuery + "[row b]\nPatient_Data..sp_x '1'\n[body]\n<p/>\n", "sp_x");
+    expectFailure(oneQuery + "[body]\n<p/>\n", "nothing on file", "9999B");
+    expectFailure(oneQuery + "[body]\n<p/>\n", "apostrophe", "1' or '1'='1");
+    expectFailure(oneQuery + "[body]\n" + std::string(2'000'000, 'x'), "larger than any");
+    for (const char* margins : {"1e9 0 0 0", "-1 0 0 0", "nan 1 1 1", "91 1 1 1"})
+        expectFailure(std::string{"[report]\nmargins = "} + margins + "\n", "margin");
     EXPECT_THROW(m_engine.open(m_files.path() / "missing.rpt"), std::runtime_error);
 }
 
@@ -118,15 +112,13 @@ TEST_F(Reports, NoReportFileAndNoStoredTextTakesTheDeskAlong) {
         deep += "<b>";
     for (int i = 0; i < 60000; ++i)
         deep += "</b>";
-    EXPECT_NE(failureOf(oneQuery + "[body]\n" + deep).find("too deep"), std::string::npos);
-    EXPECT_NE(failureOf(oneQuery + "[body]\n" + std::string(2'000'000, 'x')).find("larger than any"),
-              std::string::npos);
-    for (const char* margins : {"1e9 0 0 0", "-1 0 0 0", "nan 1 1 1", "91 1 1 1"})
-        EXPECT_NE(failureOf(std::string{"[report]\nmargins = "} + margins + "\n").find("margin"), std::string::npos)
-            << margins;
+    expectFailure(oneQuery + "[body]\n" + deep, "too deep");
     for (const char* body :
          {"{{#a}}{{/b}}", "{{", "{{=x", "{{>self}}<p>&#0;x</p>", "<p/>{{{", "<!-- -", "<p>\xFF\xFE</p>"})
-        failureOf(oneQuery + "[body]\n" + body + "\n"); // whatever it says, it comes back
+        try { // whatever it says, it comes back
+            open(written(oneQuery + "[body]\n" + body + "\n"), "2600000001B")->document();
+        } catch (const std::exception&) {
+        }
 }
 
 TEST_F(Reports, NamesAreFoundInAnyLetterCaseAndWhatIsEmptyHidesItsPart) {

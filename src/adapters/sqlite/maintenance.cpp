@@ -201,10 +201,6 @@ std::vector<std::string> faultsOf(const std::filesystem::path& place) {
          texts(hospital, "SELECT FileNum FROM Patient_Data_tbMaster WHERE FileNum IS NOT NULL GROUP BY FileNum HAVING "
                          "count(*) > 1"))
         faults.push_back("Several patients have the file number " + number + ".");
-    for (const std::string& visit :
-         texts(hospital, "SELECT IDNum FROM Patient_Data_tbOutPatient v WHERE NOT EXISTS (SELECT 1 FROM "
-                         "Patient_Data_tbMaster m WHERE m.HospNum = v.HospNum)"))
-        faults.push_back("The visit " + visit + " belongs to no patient.");
     if (versionOf(hospital) < schemaVersion())
         faults.push_back("It is of an older version, and the next desk that opens it changes it to this one.");
     return faults;

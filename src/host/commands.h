@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/create_database.h"
+#include "adapters/sqlite/maintenance.h"
 
 #include <filesystem>
 #include <string>
@@ -46,6 +47,36 @@ bool hasDesktop(const std::string& name);
 
 /// Plays the host of the component: shows the search again and again until the clerk closes it.
 void run(const RunOptions& options);
+
+/// What the commands of an administrator are about.
+struct AdministerOptions {
+    std::string database; ///< folder of a hospital; the configured one without it
+    std::string settings; ///< file that says which one that is, instead of the user's own
+    std::string file;     ///< of a backup
+    std::string flag;
+    std::string onOrOff;
+    adapters::sqlite::HospitalNames names;
+    std::string from; ///< "MM/dd/yyyy", as the next one; a week without them
+    std::string until;
+};
+
+/// Writes the hospital as it is now into a new file.
+void backUp(const AdministerOptions& options);
+
+/// Puts a backup in the place of what the hospital holds, which is kept in a file beside it.
+void restore(const AdministerOptions& options);
+
+/// Says what is wrong with a hospital, or with a backup. Throws when anything is.
+void check(const AdministerOptions& options);
+
+/// Shows the optional behaviours, or one, or turns it on or off.
+void flag(const AdministerOptions& options);
+
+/// Changes what the hospital is called, and shows it.
+void hospital(const AdministerOptions& options);
+
+/// Shows the visits by day, desk user and service.
+void statistics(const AdministerOptions& options);
 
 /// Becomes the SQLite shell, opened on a hospital with its collations and functions; returns only by an exception.
 void sql(const SqlOptions& options);

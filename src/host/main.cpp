@@ -36,6 +36,7 @@ struct CommandLine {
     host::ConfigureOptions settings;
     host::RunOptions session;
     host::SqlOptions shell;
+    host::AdministerOptions administration;
     std::function<void()> command;
 
     CommandLine() {
@@ -46,11 +47,13 @@ struct CommandLine {
         addConfigure();
         addRun();
         addSql();
+        addAdministration();
     }
 
     /// Throws unless the words were understood, naming the first that was not.
     void refuseUnknownWords() const {
-        const std::string commands = "There are create-database, configure, run and sql.";
+        const std::string commands =
+            "There are create-database, configure, run, sql, backup, restore, check, flag, hospital and statistics.";
         const std::vector<std::string> unknown = app.remaining(true);
         if (!unknown.empty() && app.get_subcommands().empty())
             throw std::runtime_error("There is no command \"" + unknown.front() + "\". " + commands);
@@ -123,6 +126,40 @@ struct CommandLine {
         sub->add_option("STATEMENT", shell.statements, "What the shell runs; its input without one");
         sub->add_flag("--write", shell.writable, "Let the shell change the hospital; no desk may be working");
         sub->callback([this] { command = [this] { host::sql(shell); }; });
+    }
+
+    /// A command about a hospital in a folder.
+    CLI::App* administer(const char* name, const char* what, void (*does)(const host::AdministerOptions&)) {
+        CLI::App* sub = app.add_subcommand(name, what)->allow_extras();
+        CLI::Option* database = sub->add_option("--database", administration.database,
+                                                "Folder of a hospital; the configured one without it");
+        sub->add_option("--settings", administration.settings, "Settings file instead of the user's own")
+            ->excludes(database);
+        sub->callback([this, does] { command = [this, does] { does(administration); }; });
+        return sub;
+    }
+
+    void addAdministration() {
+        administer("backup", "Write the hospital as it is now into a new file; desks may work.", &host::backUp)
+            ->add_option("FILE", administration.file, "The file; there must be none yet")
+            ->required();
+        administer("restore", "Put a backup in the hospital's place and keep what was there.", &host::restore)
+            ->add_option("FILE", administration.file, "The file of a backup")
+            ->required();
+        administer("check", "Look for faults in a hospital or a backup; status 1 when there are any.", &host::check)
+            ->add_option("FILE", administration.file, "The file of a backup instead of the hospital");
+        CLI::App* flag =
+            administer("flag", "Show the hospital's optional behaviours, or turn one on or off.", &host::flag);
+        flag->add_option("NAME", administration.flag, "One of them, in any letter case");
+        flag->add_option("STATE", administration.onOrOff, "Turn it on or off")->check(CLI::IsMember({"on", "off"}));
+        CLI::App* names = administer("hospital", "Show or change what the hospital is called.", &host::hospital);
+        names->add_option("--name", administration.names.name, "On the data sheet and in the windows");
+        names->add_option("--address", administration.names.address, "Below the name");
+        names->add_option("--client", administration.names.clientCode, "Client code");
+        CLI::App* statistics =
+            administer("statistics", "Count the visits by day, user and service.", &host::statistics);
+        statistics->add_option("--from", administration.from, "First day, MM/dd/yyyy; six days before the last");
+        statistics->add_option("--until", administration.until, "Last day; today without it");
     }
 };
 

@@ -33,7 +33,7 @@ ALLOWED = {
     "codesearch": [*GROUND, "ado/", "com/", "ui/"],
     "host": [*GROUND, "ado/", "com/", "com/connection_object.h", "component/init_dll.h", "component/environment.h",
              "script/desktop_module.h", "adapters/settings/ini_store.h",
-             "adapters/sqlite/create_database.h", "adapters/sqlite/shell.h"],
+             "adapters/sqlite/create_database.h", "adapters/sqlite/maintenance.h", "adapters/sqlite/shell.h"],
     "adapters/image": ABOVE_PORTS,
     "adapters/qt": [*ABOVE_PORTS, "ui/", "script/"],
     "adapters/report": [*ABOVE_PORTS, "ado/"],

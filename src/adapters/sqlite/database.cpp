@@ -32,14 +32,14 @@ void check(const Database& database, int result) {
         database.fail();
 }
 
-bool isDateType(const std::string& declared) {
-    return declared == "DATE" || declared == "DATETIME";
-}
-
 } // namespace
 
 std::filesystem::path databaseFile(const std::filesystem::path& folder) {
     return folder / "hospital.db";
+}
+
+std::filesystem::path queueOf(const std::filesystem::path& file) {
+    return file.string() + ".queue";
 }
 
 void Database::Waiting::tell(Moment now) {
@@ -66,7 +66,7 @@ int Database::Waiting::onProgress(void* waiting) {
     return 0;
 }
 
-Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) {
+Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) : m_queue(queueOf(file)) {
     sqlite3* handle = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
     const int result = sqlite3_open_v2(file.c_str(), &handle, flags, nullptr);
@@ -97,9 +97,10 @@ void Database::fail() const {
     throw errorOf(handle());
 }
 
-Query::Query(const Database& database, const char* sql, const char** rest) : m_database(database) {
+Query::Query(const Database& database, const char* sql, const char** rest, Use use) : m_database(database) {
     sqlite3_stmt* statement = nullptr;
-    const int result = sqlite3_prepare_v2(database.handle(), sql, -1, &statement, rest);
+    const unsigned flags = use == Use::Often ? SQLITE_PREPARE_PERSISTENT : 0;
+    const int result = sqlite3_prepare_v3(database.handle(), sql, -1, flags, &statement, rest);
     m_statement.reset(statement);
     check(database, result);
 }
@@ -138,18 +139,27 @@ bool Query::next() {
 
 void Query::reset() {
     sqlite3_reset(m_statement.get());
+    sqlite3_clear_bindings(m_statement.get());
 }
 
-ado::Value Query::value(int column) const {
+Query::Kind Query::kind(int column) const {
+    const char* const declared = sqlite3_column_decltype(m_statement.get(), column);
+    if (declared == nullptr)
+        return Kind::AsStored;
+    if (sqlite3_stricmp(declared, "BIT") == 0)
+        return Kind::Flag;
+    const bool isMoment = sqlite3_stricmp(declared, "DATE") == 0 || sqlite3_stricmp(declared, "DATETIME") == 0;
+    return isMoment ? Kind::Moment : Kind::AsStored;
+}
+
+ado::Value Query::value(int column, Kind kind) const {
     sqlite3_stmt* const statement = m_statement.get();
-    const char* const declaredType = sqlite3_column_decltype(statement, column);
-    const std::string declared = declaredType == nullptr ? "" : text::upper(std::string_view{declaredType});
     switch (sqlite3_column_type(statement, column)) {
     case SQLITE_NULL:
         return {};
     case SQLITE_INTEGER: {
         const std::int64_t number = sqlite3_column_int64(statement, column);
-        return declared == "BIT" ? ado::Value{number != 0} : ado::Value{number};
+        return kind == Kind::Flag ? ado::Value{number != 0} : ado::Value{number};
     }
     case SQLITE_FLOAT:
         return sqlite3_column_double(statement, column);
@@ -158,7 +168,7 @@ ado::Value Query::value(int column) const {
     }
     std::string text(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
                      static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
-    if (isDateType(declared))
+    if (kind == Kind::Moment)
         if (const std::optional<DateTime> moment = parseDate(text))
             return *moment;
     return text;

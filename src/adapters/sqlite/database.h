@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/sqlite/writer_queue.h"
 #include "ado/value.h"
 #include "base/clock/clock.h"
 
@@ -15,6 +16,9 @@ namespace opd::adapters::sqlite {
 
 /// The file of a database folder.
 std::filesystem::path databaseFile(const std::filesystem::path& folder);
+
+/// The file beside a database in which the desks that want to write stand in a queue.
+std::filesystem::path queueOf(const std::filesystem::path& file);
 
 /// An open database file with the hospital's collation and functions.
 class Database {
@@ -34,6 +38,17 @@ class Database {
 
     /// Sets what is told over and over while a statement waits for a lock or works for long. It throws nothing.
     void setOnWait(std::function<void()> onWait) { m_waiting->onWait = std::move(onWait); }
+
+    /// Waits in the queue of the desks that want to write.
+    void enterQueue() {
+        m_queue.enter(m_waiting->patience, [this] { m_waiting->tell(std::chrono::steady_clock::now()); });
+    }
+
+    /// Lets the next one write, unless a transaction is open.
+    void leaveQueue() {
+        if (sqlite3_get_autocommit(handle()) != 0)
+            m_queue.leave();
+    }
 
     /// A statement begins: what it takes from here on is what is called long.
     void statementBegins() { m_waiting->begun = std::chrono::steady_clock::now(); }
@@ -65,6 +80,7 @@ class Database {
         static int onProgress(void* waiting);
     };
 
+    WriterQueue m_queue;
     std::unique_ptr<Waiting> m_waiting = std::make_unique<Waiting>(); // outlives the handle
     std::unique_ptr<sqlite3, Close> m_handle;
 };
@@ -72,12 +88,16 @@ class Database {
 /// A prepared statement.
 class Query {
   public:
+    enum class Use { Once, Often };
+
     /// Prepares the first statement of the text; `rest` becomes what stands behind it. Throws ado::Error.
-    Query(const Database& database, const char* sql, const char** rest = nullptr);
+    Query(const Database& database, const char* sql, const char** rest = nullptr, Use use = Use::Once);
 
     /// True when the text held nothing but blanks and comments.
     bool isEmpty() const { return !m_statement; }
     sqlite3_stmt* statement() const { return m_statement.get(); }
+
+    bool writes() const { return sqlite3_stmt_readonly(m_statement.get()) == 0; }
 
     /// Binds a value to a parameter by its position from 1, or by its name with the colon; an unknown name is ignored.
     void bind(int position, const ado::Value& value);
@@ -85,13 +105,20 @@ class Query {
 
     /// Steps to the next row; false behind the last one. Throws ado::Error.
     bool next();
+
+    /// Gives up its hold on the database, and forgets what was bound.
     void reset();
 
     int columnCount() const { return sqlite3_column_count(m_statement.get()); }
     std::string columnName(int column) const { return sqlite3_column_name(m_statement.get(), column); }
 
-    /// The value of a column of the current row, by the column's declared type where it has one.
-    ado::Value value(int column) const;
+    /// What a column declares that its values are.
+    enum class Kind { AsStored, Flag, Moment };
+    Kind kind(int column) const;
+
+    /// The value of a column of the current row, as a column of that kind has it.
+    ado::Value value(int column, Kind kind) const;
+    ado::Value value(int column) const { return value(column, kind(column)); }
 
   private:
     struct Finalize {

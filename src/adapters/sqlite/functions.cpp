@@ -14,11 +14,16 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
-std::string textOf(sqlite3_value* value) {
+/// Good as long as the value is.
+std::string_view viewOf(sqlite3_value* value) {
     const unsigned char* const text = sqlite3_value_text(value);
-    return text == nullptr
-               ? std::string{}
-               : std::string(reinterpret_cast<const char*>(text), static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    return text == nullptr ? std::string_view{}
+                           : std::string_view(reinterpret_cast<const char*>(text),
+                                              static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
+
+std::string textOf(sqlite3_value* value) {
+    return std::string{viewOf(value)};
 }
 
 void answer(sqlite3_context* context, const std::string& text) {
@@ -78,15 +83,21 @@ int compareNumbers(void*, int leftSize, const void* left, int rightSize, const v
     }
 }
 
-void beginsWith(sqlite3_context* context, int, sqlite3_value** arguments) {
-    if (sqlite3_value_type(arguments[0]) != SQLITE_NULL)
-        sqlite3_result_int(context, text::folded(textOf(arguments[0])).starts_with(text::folded(textOf(arguments[1]))));
+/// The folded form of an argument that is the same for every row: made once.
+const std::string& foldedOnce(sqlite3_context* context, sqlite3_value** arguments, int number) {
+    if (const void* known = sqlite3_get_auxdata(context, number))
+        return *static_cast<const std::string*>(known);
+    auto* const made = new std::string(text::folded(textOf(arguments[number])));
+    static thread_local std::string kept; // the engine may throw away what it is given at once
+    kept = *made;
+    sqlite3_set_auxdata(context, number, made, [](void* old) { delete static_cast<std::string*>(old); });
+    return kept;
 }
 
-void contains(sqlite3_context* context, int, sqlite3_value** arguments) {
+template <bool (*compares)(std::string_view, std::string_view)>
+void compareFolded(sqlite3_context* context, int, sqlite3_value** arguments) {
     if (sqlite3_value_type(arguments[0]) != SQLITE_NULL)
-        sqlite3_result_int(context, text::folded(textOf(arguments[0])).find(text::folded(textOf(arguments[1]))) !=
-                                        std::string::npos);
+        sqlite3_result_int(context, compares(viewOf(arguments[0]), foldedOnce(context, arguments, 1)));
 }
 
 void searchNameFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -158,8 +169,8 @@ void registerFunctions(sqlite3* handle, const Clock& clock) {
         bool deterministic;
     };
     const Function functions[] = {
-        {"begins_with", 2, beginsWith, true},
-        {"contains", 2, contains, true},
+        {"begins_with", 2, compareFolded<text::beginsFolded>, true},
+        {"contains", 2, compareFolded<text::holdsFolded>, true},
         {"fit_given_names", 3, fitGivenNamesFunction, true},
         {"search_name", 1, searchNameFunction, true},
         {"prefix_end", 1, prefixEnd, true},

@@ -2,7 +2,7 @@
 
 #include "adapters/sqlite/embedded_sql.h"
 #include "adapters/sqlite/errors.h"
-#include "adapters/sqlite/unfinished_file.h"
+#include "adapters/sqlite/whole_copy.h"
 
 #include <cstdlib>
 #include <span>
@@ -23,33 +23,12 @@ int versionOf(const EmbeddedText& migration) {
     return std::atoi(migration.name);
 }
 
-/// "hospital.db.version-2"; a copy that is there already keeps its name.
-std::filesystem::path unusedCopyName(const std::filesystem::path& file, int version) {
-    const std::string name = file.string() + ".version-" + std::to_string(version);
-    std::filesystem::path unused = name;
-    for (int number = 2; std::filesystem::exists(unused); ++number)
-        unused = name + "." + std::to_string(number);
-    return unused;
-}
-
-void copyAll(const Database& from, const Database& to) {
-    sqlite3_backup* const copying = sqlite3_backup_init(to.handle(), "main", from.handle(), "main");
-    if (copying == nullptr)
-        to.fail();
-    sqlite3_backup_step(copying, -1);
-    if (sqlite3_backup_finish(copying) != SQLITE_OK)
-        to.fail();
-}
-
 /// The copy of a file beside it, whole or not there at all; it goes again unless it is kept.
 class Copy {
   public:
-    Copy(const std::filesystem::path& file, int version, const Clock& clock) : m_copy(unusedCopyName(file, version)) {
-        const UnfinishedFile unfinished(m_copy);
-        std::filesystem::permissions(unfinished.path(), std::filesystem::status(file).permissions());
-        copyAll(Database(file, Database::Mode::Existing, clock),
-                Database(unfinished.path(), Database::Mode::Create, clock));
-        unfinished.finish();
+    Copy(const std::filesystem::path& file, int version, const Clock& clock)
+        : m_copy(unusedName(file.string() + ".version-" + std::to_string(version))) {
+        copyWhole(file, m_copy, clock);
     }
     ~Copy() {
         std::error_code ignored;

@@ -3,10 +3,13 @@
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/errors.h"
 #include "adapters/sqlite/migrations.h"
+#include "adapters/sqlite/prepared_statements.h"
 #include "adapters/sqlite/procedures.h"
 #include "base/text/text.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <functional>
 #include <optional>
 #include <unistd.h>
 
@@ -14,17 +17,21 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
-/// All rows of the query; the columns are known also when there are none.
+/// All rows of the query; the columns are known also when there are none. They are asked for behind the first step,
+/// which prepares a statement again whose tables have changed.
 ado::ResultSet rowsOf(Query& query) {
     ado::ResultSet result;
-    const int columns = query.columnCount();
-    for (int column = 0; column < columns; ++column)
+    bool isRow = query.next();
+    std::vector<Query::Kind> kinds;
+    for (int column = 0; column < query.columnCount(); ++column) {
         result.columns.push_back(query.columnName(column));
-    while (query.next()) {
+        kinds.push_back(query.kind(column));
+    }
+    for (; isRow; isRow = query.next()) {
         std::vector<ado::Value>& row = result.rows.emplace_back();
-        row.reserve(static_cast<std::size_t>(columns));
-        for (int column = 0; column < columns; ++column)
-            row.push_back(query.value(column));
+        row.reserve(kinds.size());
+        for (std::size_t column = 0; column < kinds.size(); ++column)
+            row.push_back(query.value(static_cast<int>(column), kinds[column]));
     }
     return result;
 }
@@ -58,6 +65,18 @@ class WholeStep {
     bool m_done = false;
 };
 
+/// A place among the desks that want to write, given up when it goes unless a transaction is open then.
+class Turn {
+  public:
+    explicit Turn(Database& database) : m_database(database) { m_database.enterQueue(); }
+    ~Turn() { m_database.leaveQueue(); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+  private:
+    Database& m_database;
+};
+
 class SqliteLink final : public ado::Link {
   public:
     SqliteLink(const std::filesystem::path& file, const Clock& clock, std::chrono::milliseconds patience)
@@ -77,9 +96,13 @@ class SqliteLink final : public ado::Link {
         if (const auto* call = std::get_if<ProcedureCall>(&statement))
             return runProcedure(*call);
         const auto& translation = std::get<Translation>(statement);
-        Query query(m_database, translation.sql.c_str());
-        if (sqlite3_stmt_readonly(query.statement()) == 0 && sqlite3_get_autocommit(m_database.handle()) != 0)
+        const LentStatements lent(m_prepared.of(translation.sql));
+        Query& query = lent.queries().front();
+        std::optional<Turn> turn;
+        if (query.writes() && sqlite3_get_autocommit(m_database.handle()) != 0) {
             m_database.throwIfMoved();
+            turn.emplace(m_database);
+        }
         int position = 0;
         for (const ado::Value& value : translation.values)
             query.bind(++position, value);
@@ -106,13 +129,18 @@ class SqliteLink final : public ado::Link {
     void begin() override {
         m_database.statementBegins();
         m_database.throwIfMoved();
+        const Turn turn(m_database);
         m_database.run("BEGIN IMMEDIATE");
     }
     void commit() override {
         m_database.statementBegins();
+        const Turn turn(m_database);
         m_database.run("COMMIT");
     }
-    void rollback() override { m_database.run("ROLLBACK"); }
+    void rollback() override {
+        const Turn turn(m_database);
+        m_database.run("ROLLBACK");
+    }
 
     void setPatience(std::chrono::milliseconds patience) override { m_database.setPatience(patience); }
     void setOnWait(const std::function<void()>& onWait) override { m_database.setOnWait(onWait); }
@@ -124,20 +152,15 @@ class SqliteLink final : public ado::Link {
         for (std::size_t i = 0; i < call.arguments.size(); ++i)
             arguments.emplace_back(":" + procedure.parameters[i].name,
                                    argumentFor(procedure.parameters[i], call.arguments[i]));
-        std::vector<Query> queries;
-        bool writes = false;
-        for (const char* rest = procedure.body.c_str();;) {
-            Query query(m_database, rest, &rest);
-            if (query.isEmpty())
-                break;
-            writes = writes || sqlite3_stmt_readonly(query.statement()) == 0;
-            queries.push_back(std::move(query));
-        }
+        const LentStatements lent(m_prepared.of(procedure.body));
+        std::optional<Turn> turn;
         std::optional<WholeStep> step;
-        if (writes)
+        if (std::any_of(lent.queries().begin(), lent.queries().end(), std::mem_fn(&Query::writes))) {
+            turn.emplace(m_database);
             step.emplace(m_database);
+        }
         ado::ResultSet answer;
-        for (Query& query : queries) {
+        for (Query& query : lent.queries()) {
             answer = run(query, arguments);
             query.reset(); // a statement that is not reset keeps its transaction open
         }
@@ -169,6 +192,7 @@ class SqliteLink final : public ado::Link {
 
     std::shared_ptr<void> m_needed;
     Database m_database;
+    PreparedStatements m_prepared{m_database};
     Catalog m_catalog;
 };
 

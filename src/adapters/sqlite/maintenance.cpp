@@ -1,0 +1,262 @@
+#include "adapters/sqlite/maintenance.h"
+
+#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/migrations.h"
+#include "adapters/sqlite/whole_copy.h"
+#include "base/clock/date_text.h"
+#include "base/os/system_clock.h"
+#include "base/text/text.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+/// How long an administrator waits for the desks.
+constexpr std::chrono::minutes patience{1};
+
+constexpr long damaged = 824; ///< the number of an error that says so
+
+const Clock& machineClock() {
+    static const os::SystemClock clock;
+    return clock;
+}
+
+void refuseUnlessHospital(const Database& database, const std::filesystem::path& file) {
+    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
+    if (!hospital.next() || versionOf(database) < 1)
+        throw std::runtime_error("\"" + file.string() + "\" is not a hospital database.");
+    if (versionOf(database) > schemaVersion())
+        throw std::runtime_error("\"" + file.string() + "\" belongs to a newer version of this program.");
+}
+
+std::filesystem::path existing(const std::filesystem::path& file) {
+    std::error_code unreadable;
+    if (!std::filesystem::is_regular_file(file, unreadable))
+        throw std::runtime_error("There is no hospital database \"" + file.string() + "\".");
+    return file;
+}
+
+/// The hospital of a folder, opened.
+class Hospital : public Database {
+  public:
+    explicit Hospital(const std::filesystem::path& file) : Database(existing(file), Mode::Existing, machineClock()) {
+        setPatience(patience);
+        refuseUnlessHospital(*this, file);
+    }
+};
+
+std::vector<std::string> texts(const Database& database, const std::string& sql) {
+    std::vector<std::string> found;
+    for (Query query(database, sql.c_str()); query.next();)
+        found.push_back(query.value(0).asText());
+    return found;
+}
+
+/// Which damage the engine finds; also where that keeps it from looking at all of the file.
+std::vector<std::string> damagesOf(const std::filesystem::path& file) {
+    try {
+        std::vector<std::string> damages = texts(Hospital(file), "PRAGMA integrity_check");
+        std::erase(damages, "ok");
+        return damages;
+    } catch (const ado::Error& error) {
+        if (error.number() != damaged)
+            throw;
+        return {error.what()};
+    }
+}
+
+/// A copy of a backup beside the hospital that it is to be put into, brought to this program's version; gone at the end
+/// of the scope. The backup itself may lie where nothing can be written.
+class Draft {
+  public:
+    Draft(const std::filesystem::path& folder, const std::filesystem::path& backup)
+        : m_file(databaseFile(folder).string() + ".restored") {
+        remove();
+        std::filesystem::copy_file(existing(backup), m_file);
+        std::filesystem::permissions(m_file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write,
+                                     std::filesystem::perm_options::add);
+        if (!damagesOf(m_file).empty())
+            throw std::runtime_error("The backup \"" + backup.string() + "\" is damaged.");
+        if (versionOf(Hospital(m_file)) < schemaVersion())
+            migrate(m_file, machineClock());
+    }
+    ~Draft() { remove(); }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    const std::filesystem::path& file() const { return m_file; }
+
+  private:
+    /// With the journals and the copy that a migration leaves.
+    void remove() const {
+        std::error_code ignored;
+        std::vector<std::filesystem::path> files;
+        for (const auto& entry : std::filesystem::directory_iterator(m_file.parent_path(), ignored))
+            if (entry.path().filename().string().starts_with(m_file.filename().string()))
+                files.push_back(entry.path());
+        for (const std::filesystem::path& file : files)
+            std::filesystem::remove(file, ignored);
+    }
+
+    std::filesystem::path m_file;
+};
+
+/// The statements that put the rows of the attached database "backup" in the place of one's own.
+std::string replaceRows(const Database& database) {
+    std::string statements;
+    for (const std::string& table :
+         texts(database, "SELECT name FROM backup.sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite_%'")) {
+        std::string columns;
+        for (const std::string& column :
+             texts(database, "SELECT name FROM pragma_table_info('" + table + "', 'backup')"))
+            columns += (columns.empty() ? "" : ", ") + column;
+        if (table == "Patient_Data_tbCounter")
+            statements += "INSERT INTO main." + table + " SELECT * FROM backup." + table +
+                          " WHERE true ON CONFLICT (Name) DO UPDATE SET Last = max(Last, excluded.Last);";
+        else
+            statements += "DELETE FROM main." + table + "; INSERT INTO main." + table + " (" + columns + ") SELECT " +
+                          columns + " FROM backup." + table + ";";
+    }
+    return statements;
+}
+
+void attach(const Database& database, const std::filesystem::path& file) {
+    Query attaching(database, "ATTACH ? AS backup");
+    attaching.bind(1, file.string());
+    attaching.next();
+}
+
+/// Gives a damaged file and its journals another name, and answers that.
+std::filesystem::path setAside(const std::filesystem::path& file) {
+    const std::filesystem::path aside = unusedName(file.string() + ".damaged");
+    std::filesystem::rename(file, aside);
+    for (const char* journal : {"-wal", "-shm"})
+        if (std::filesystem::exists(file.string() + journal))
+            std::filesystem::rename(file.string() + journal, aside.string() + journal);
+    return aside;
+}
+
+/// Puts the rows in place while nobody else writes; the copy is made of what stands there at that moment.
+std::filesystem::path replaceContent(const std::filesystem::path& file, const Draft& draft) {
+    if (versionOf(Hospital(file)) < schemaVersion())
+        migrate(file, machineClock());
+    Hospital hospital(file);
+    attach(hospital, draft.file());
+    hospital.run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; BEGIN IMMEDIATE");
+    const std::filesystem::path kept = unusedName(file.string() + ".before-restore");
+    copyWhole(file, kept, machineClock());
+    hospital.run(replaceRows(hospital) + "ANALYZE main; COMMIT");
+    return kept;
+}
+
+std::string firstColumnNamed(const std::filesystem::path& folder, const std::string& name) {
+    for (const auto& [flag, on] : flagsOf(folder))
+        if (text::equalsIgnoringCase(flag, name))
+            return flag;
+    throw std::runtime_error("There is no flag \"" + name + "\".");
+}
+
+void set(Database& database, const std::string& column, const ado::Value& value) {
+    Query update(database, ("UPDATE Patient_Data_tbHospitalInfo SET " + column + " = ?").c_str());
+    update.bind(1, value);
+    update.next();
+}
+
+} // namespace
+
+void backUp(const std::filesystem::path& folder, const std::filesystem::path& backup) {
+    if (std::filesystem::exists(backup))
+        throw std::runtime_error("There is a file \"" + backup.string() + "\" already.");
+    const std::filesystem::path file = databaseFile(folder);
+    { const Hospital hospital(file); }
+    copyWhole(file, backup, machineClock());
+}
+
+std::filesystem::path restore(const std::filesystem::path& folder, const std::filesystem::path& backup) {
+    const std::filesystem::path file = databaseFile(folder);
+    const Draft draft(folder, backup);
+    std::filesystem::path kept;
+    if (std::filesystem::exists(file)) {
+        if (damagesOf(file).empty())
+            return replaceContent(file, draft);
+        kept = setAside(file);
+    }
+    copyWhole(draft.file(), file, machineClock());
+    Database(file, Database::Mode::Existing, machineClock()).run("PRAGMA journal_mode = WAL");
+    return kept;
+}
+
+std::vector<std::string> faultsOf(const std::filesystem::path& place) {
+    const std::filesystem::path file = std::filesystem::is_directory(place) ? databaseFile(place) : place;
+    std::vector<std::string> faults = damagesOf(file);
+    if (!faults.empty())
+        return faults;
+    const Hospital hospital(file);
+    for (Query row(hospital, "PRAGMA foreign_key_check"); row.next();)
+        faults.push_back("A row of " + row.value(0).asText() + " belongs to none of " + row.value(2).asText() + ".");
+    for (const std::string& number :
+         texts(hospital, "SELECT FileNum FROM Patient_Data_tbMaster WHERE FileNum IS NOT NULL GROUP BY FileNum HAVING "
+                         "count(*) > 1"))
+        faults.push_back("Several patients have the file number " + number + ".");
+    if (versionOf(hospital) < schemaVersion())
+        faults.push_back("It is of an older version, and the next desk that opens it changes it to this one.");
+    return faults;
+}
+
+std::vector<std::pair<std::string, bool>> flagsOf(const std::filesystem::path& folder) {
+    const Hospital hospital(databaseFile(folder));
+    std::vector<std::pair<std::string, bool>> flags;
+    for (const std::string& column :
+         texts(hospital, "SELECT name FROM pragma_table_info('Patient_Data_tbHospitalInfo') "
+                         "WHERE type = 'INTEGER'")) {
+        Query value(hospital, ("SELECT " + column + " FROM Patient_Data_tbHospitalInfo").c_str());
+        flags.emplace_back(column, value.next() && value.value(0).asFlag());
+    }
+    return flags;
+}
+
+void setFlag(const std::filesystem::path& folder, const std::string& name, bool on) {
+    const std::string column = firstColumnNamed(folder, name);
+    Hospital hospital(databaseFile(folder));
+    set(hospital, column, std::int64_t{on});
+}
+
+HospitalNames namesOf(const std::filesystem::path& folder) {
+    const Hospital hospital(databaseFile(folder));
+    Query row(hospital, "SELECT Company, Address1, ClientName FROM Patient_Data_tbHospitalInfo");
+    if (!row.next())
+        throw std::runtime_error("The hospital has no row of settings.");
+    return {row.value(0).asText(), row.value(1).asText(), row.value(2).asText()};
+}
+
+void setNames(const std::filesystem::path& folder, const HospitalNames& names) {
+    Hospital hospital(databaseFile(folder));
+    hospital.run("BEGIN IMMEDIATE");
+    for (const auto& [column, value] : {std::pair{"Company", names.name}, std::pair{"Address1", names.address},
+                                        std::pair{"ClientName", names.clientCode}})
+        if (value)
+            set(hospital, column, *value);
+    hospital.run("COMMIT");
+}
+
+std::vector<VisitCount> visitCounts(const std::filesystem::path& folder, const DateTime& first, const DateTime& last) {
+    const Hospital hospital(databaseFile(folder));
+    Query counts(hospital, R"(
+        SELECT substr(v.AdmDate, 1, 10), coalesce(v.UserID, ''), coalesce(s.Service, v.ServiceID1, ''), count(*),
+               sum(coalesce(v.OPDStatus, '') = 'R')
+        FROM Patient_Data_tbOutPatient v LEFT JOIN Build_File_tbCoService s ON s.ServiceID = v.ServiceID1
+        WHERE substr(v.AdmDate, 1, 10) BETWEEN ? AND ? GROUP BY 1, 2, 3 ORDER BY 1, 2, 3)");
+    counts.bind(1, isoDateText(first.date()).substr(0, 10));
+    counts.bind(2, isoDateText(last.date()).substr(0, 10));
+    std::vector<VisitCount> found;
+    while (counts.next())
+        found.push_back({counts.value(0, Query::Kind::AsStored).asText(), counts.value(1).asText(),
+                         counts.value(2).asText(), static_cast<long>(counts.value(3).asNumber()),
+                         static_cast<long>(counts.value(4).asNumber())});
+    return found;
+}
+
+} // namespace opd::adapters::sqlite

@@ -1,0 +1,113 @@
+#include "host/commands.h"
+
+#include "adapters/settings/ini_store.h"
+#include "ado/provider.h"
+#include "base/clock/date_text.h"
+#include "base/os/system_clock.h"
+#include "base/text/text.h"
+#include "component/init_dll.h"
+
+#include <fmt/core.h>
+
+#include <stdexcept>
+
+namespace opd::host {
+
+namespace {
+
+using namespace adapters;
+
+std::filesystem::path folderOf(const AdministerOptions& options) {
+    if (!options.database.empty())
+        return options.database;
+    const settings::IniStore store =
+        options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
+    const std::string server = store.get(connectionSettingsApplication, connectionSettingsSection, "Server");
+    if (server.empty())
+        throw std::runtime_error("No database is configured. Name a hospital's folder with --database FOLDER.");
+    if (!ado::isFolder(server))
+        throw std::runtime_error(
+            "The configured database \"" + server +
+            "\" is a server's, which its own tools take care of. This command is for a hospital in "
+            "a folder: name it with --database FOLDER.");
+    return server;
+}
+
+DateTime dayOf(const std::string& text, const DateTime& otherwise) {
+    if (text.empty())
+        return otherwise;
+    const std::optional<DateTime> day = parseDate(text);
+    if (!day)
+        throw std::runtime_error("\"" + text + "\" is no day such as \"03/07/2026\".");
+    return *day;
+}
+
+const char* onOrOff(bool on) {
+    return on ? "on" : "off";
+}
+
+void showFlags(const std::filesystem::path& folder, const std::string& wanted) {
+    bool isKnown = wanted.empty();
+    for (const auto& [name, on] : sqlite::flagsOf(folder)) {
+        if (!wanted.empty() && !text::equalsIgnoringCase(name, wanted))
+            continue;
+        fmt::print("{:<32}{}\n", name, onOrOff(on));
+        isKnown = true;
+    }
+    if (!isKnown)
+        throw std::runtime_error("There is no flag \"" + wanted + "\"; \"opd-desk flag\" lists them.");
+}
+
+} // namespace
+
+void backUp(const AdministerOptions& options) {
+    sqlite::backUp(folderOf(options), options.file);
+    fmt::print("The hospital is backed up in {}.\n", options.file);
+}
+
+void restore(const AdministerOptions& options) {
+    const std::filesystem::path kept = sqlite::restore(folderOf(options), options.file);
+    fmt::print("The hospital holds what {} held.\n", options.file);
+    if (!kept.empty())
+        fmt::print("What it held before is kept in {}.\n", kept.string());
+}
+
+void check(const AdministerOptions& options) {
+    const std::filesystem::path place = options.file.empty() ? folderOf(options) : std::filesystem::path{options.file};
+    const std::vector<std::string> faults = sqlite::faultsOf(place);
+    for (const std::string& fault : faults)
+        fmt::print("{}\n", fault);
+    if (!faults.empty())
+        throw std::runtime_error(fmt::format("{} has {} faults.", place.string(), faults.size()));
+    fmt::print("{} is right.\n", place.string());
+}
+
+void flag(const AdministerOptions& options) {
+    const std::filesystem::path folder = folderOf(options);
+    if (!options.onOrOff.empty())
+        sqlite::setFlag(folder, options.flag, options.onOrOff == "on");
+    showFlags(folder, options.flag);
+}
+
+void hospital(const AdministerOptions& options) {
+    const std::filesystem::path folder = folderOf(options);
+    sqlite::setNames(folder, options.names);
+    const sqlite::HospitalNames names = sqlite::namesOf(folder);
+    fmt::print("Name     {}\nAddress  {}\nClient   {}\n", *names.name, *names.address, *names.clientCode);
+}
+
+void statistics(const AdministerOptions& options) {
+    constexpr long week = 7;
+    const DateTime last = dayOf(options.until, os::SystemClock{}.now());
+    const DateTime first = dayOf(options.from, addDays(last, 1 - week));
+    fmt::print("{:<12}{:<16}{:<32}{:>7}{:>9}\n", "Day", "User", "Service", "Visits", "Revoked");
+    long visits = 0, revoked = 0;
+    for (const sqlite::VisitCount& count : sqlite::visitCounts(folderOf(options), first, last)) {
+        fmt::print("{:<12}{:<16}{:<32}{:>7}{:>9}\n", count.day, count.user, count.service, count.visits, count.revoked);
+        visits += count.visits;
+        revoked += count.revoked;
+    }
+    fmt::print("{:<60}{:>7}{:>9}\n", "All", visits, revoked);
+}
+
+} // namespace opd::host

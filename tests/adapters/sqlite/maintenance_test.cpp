@@ -1,0 +1,100 @@
+#include "adapters/sqlite/hospital.h"
+#include "adapters/sqlite/maintenance.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace opd::adapters::sqlite {
+
+namespace {
+
+using tests::EmbeddedHospital;
+
+std::string surname(ado::Connection& desk) {
+    return desk.Execute("select LastName from Patient_Data..tbMaster where HospNum = '00000007'")
+        .Fields("LastName")
+        .asText();
+}
+
+long lastGiven(const EmbeddedHospital& hospital) {
+    const FixedClock clock{DateTime{2026, 7, 1}};
+    const Database database(hospital.file(), Database::Mode::Existing, clock);
+    Query counter(database, "SELECT Last FROM Patient_Data_tbCounter WHERE Name = 'OPDID'");
+    counter.next();
+    return static_cast<long>(counter.value(0).asNumber());
+}
+
+void damage(const std::filesystem::path& file) {
+    std::fstream bytes(file, std::ios::in | std::ios::out | std::ios::binary);
+    bytes.seekp(8 * 4096);
+    bytes << std::string(4 * 4096, 'x');
+}
+
+TEST(Maintenance, ABackupOfAWorkingHospitalComesBackAndNoNumberIsGivenTwice) {
+    EmbeddedHospital hospital;
+    const auto desk = hospital.connect();
+    const std::string before = surname(*desk);
+    const std::filesystem::path backup = hospital.folder().parent_path() / "backup.db";
+    desk->BeginTrans();
+    desk->Execute("update Patient_Data..tbMaster set LastName = 'UNSAVED' where HospNum = '00000007'");
+    backUp(hospital.folder(), backup);
+    desk->RollbackTrans();
+    EXPECT_THROW(backUp(hospital.folder(), backup), std::runtime_error);
+
+    hospital.runAsAdministrator("UPDATE Patient_Data_tbMaster SET LastName = 'LATER' WHERE HospNum = '00000007';"
+                                "UPDATE Patient_Data_tbCounter SET Last = Last + 5");
+    const long given = lastGiven(hospital);
+    const std::filesystem::path kept = restore(hospital.folder(), backup);
+    EXPECT_EQ(surname(*desk), before) << "a desk that works on sees it";
+    EXPECT_EQ(lastGiven(hospital), given);
+    EXPECT_EQ(faultsOf(hospital.folder()), std::vector<std::string>{});
+    restore(hospital.folder(), kept);
+    EXPECT_EQ(surname(*desk), "LATER");
+}
+
+TEST(Maintenance, ADamagedHospitalIsSetAsideAndADamagedBackupRefused) {
+    EmbeddedHospital hospital;
+    const std::string before = surname(*hospital.connect());
+    const std::filesystem::path backup = hospital.folder().parent_path() / "backup.db";
+    backUp(hospital.folder(), backup);
+    damage(hospital.file());
+    EXPECT_FALSE(faultsOf(hospital.folder()).empty());
+    const std::filesystem::path aside = restore(hospital.folder(), backup);
+    EXPECT_EQ(surname(*hospital.connect()), before);
+    EXPECT_THROW(restore(hospital.folder(), aside), std::runtime_error);
+    EXPECT_EQ(faultsOf(hospital.folder()), std::vector<std::string>{});
+    hospital.runAsAdministrator("UPDATE Patient_Data_tbOutPatient SET HospNum = '00009999' WHERE IDNum = "
+                                "(SELECT min(IDNum) FROM Patient_Data_tbOutPatient)");
+    EXPECT_EQ(faultsOf(hospital.folder()).size(), 1U);
+}
+
+TEST(Maintenance, FlagsAndNamesAreChangedAndVisitsCounted) {
+    EmbeddedHospital hospital;
+    setFlag(hospital.folder(), "ISALLOWCORVANE", true);
+    int on = 0;
+    for (const auto& [name, isOn] : flagsOf(hospital.folder()))
+        on += isOn ? 1 : 0;
+    EXPECT_EQ(on, 1);
+    EXPECT_THROW(setFlag(hospital.folder(), "ClientName", true), std::runtime_error);
+    setNames(hospital.folder(), {"O'HARA \"A\"", std::nullopt, "RVT"});
+    const HospitalNames names = namesOf(hospital.folder());
+    EXPECT_EQ(*names.name + "|" + *names.clientCode, "O'HARA \"A\"|RVT");
+    EXPECT_NE(*names.address, "");
+
+    hospital.runAsAdministrator(
+        "UPDATE Patient_Data_tbOutPatient SET OPDStatus = 'R', AdmDate = '2026-06-29 23:59:00'");
+    const DateTime day{2026, 6, 29};
+    long visits = 0, revoked = 0;
+    for (const VisitCount& count : visitCounts(hospital.folder(), day, day)) {
+        EXPECT_EQ(count.day, "2026-06-29");
+        visits += count.visits;
+        revoked += count.revoked;
+    }
+    EXPECT_EQ(visits, 4);
+    EXPECT_EQ(revoked, visits);
+    EXPECT_TRUE(visitCounts(hospital.folder(), addDays(day, 1), addDays(day, 9)).empty());
+}
+
+} // namespace
+} // namespace opd::adapters::sqlite

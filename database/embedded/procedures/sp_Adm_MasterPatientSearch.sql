@@ -19,8 +19,8 @@ WHERE :BirthDate IS NOT NULL AND m.BirthDate = :BirthDate
 UNION ALL
 SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())),
        address_text(m.HouseStreet, m.Barangay)
-FROM searched s CROSS JOIN Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search ON m.SearchName = s.SearchName
-WHERE :BirthDate IS NULL AND after_comma(:LastName) = ''
+FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search
+WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NULL AND after_comma(:LastName) = ''
   AND (:Sex = '' OR m.Sex = :Sex)
   AND (:FirstName = '' OR begins_with(m.FirstName, :FirstName))
   AND (:MiddleName = '' OR begins_with(m.MiddleName, :MiddleName))
@@ -29,8 +29,8 @@ WHERE :BirthDate IS NULL AND after_comma(:LastName) = ''
 UNION ALL
 SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())),
        address_text(m.HouseStreet, m.Barangay)
-FROM searched s CROSS JOIN Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_First ON m.SearchName = s.SearchName
-WHERE :BirthDate IS NULL AND after_comma(:LastName) <> ''
+FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_First
+WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NULL AND after_comma(:LastName) <> ''
   AND m.SearchFirst >= search_name(first_word(after_comma(:LastName)))
   AND m.SearchFirst < prefix_end(search_name(first_word(after_comma(:LastName))))
   AND fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName))

@@ -12,15 +12,15 @@ WHERE :BirthDate IS NOT NULL AND m.BirthDate = :BirthDate
 UNION ALL
 SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())),
        address_text(m.HouseStreet, m.Barangay)
-FROM searched s CROSS JOIN Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search ON m.SearchName = s.SearchName
-WHERE :BirthDate IS NOT NULL AND m.Sex = :Sex
+FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search
+WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NOT NULL AND m.Sex = :Sex
   AND m.BirthDate >= substr(:BirthDate, 1, 4) AND m.BirthDate < prefix_end(substr(:BirthDate, 1, 4))
   AND m.BirthDate <> :BirthDate
   AND (after_comma(:LastName) = '' OR fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName)))
 UNION ALL
 SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())),
        address_text(m.HouseStreet, m.Barangay)
-FROM searched s CROSS JOIN Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search ON m.SearchName = s.SearchName
-WHERE :BirthDate IS NULL AND m.Sex = :Sex
+FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search
+WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NULL AND m.Sex = :Sex
   AND (after_comma(:LastName) = '' OR fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName)))
 ORDER BY LastName, FirstName, MiddleName, BirthDate;

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace opd::adapters::sqlite {
 
@@ -47,11 +48,13 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
 int compare(std::string_view left, std::string_view right) {
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < common; ++i) {
-        if (!isAscii(left[i]) || !isAscii(right[i]))
+    for (auto one = left.begin(), other = right.begin();; ++one, ++other) {
+        std::tie(one, other) = std::mismatch(one, left.end(), other, right.end());
+        if (one == left.end() || other == right.end())
+            break;
+        if (!isAscii(*one) || !isAscii(*other))
             return text::upper(left).compare(text::upper(right));
-        if (const int difference = asciiUpper(left[i]) - asciiUpper(right[i]); difference != 0)
+        if (const int difference = asciiUpper(*one) - asciiUpper(*other); difference != 0)
             return difference;
     }
     return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;

@@ -36,12 +36,13 @@ CREATE TABLE Patient_Data_tbCounter (
   Last INTEGER NOT NULL
 );
 
+-- A search reads indexes and fetches what it shows, by the row's own number: hospital numbers are texts that compare by a
+-- collation. How names are looked for (search_name) the table works out by itself.
 CREATE TABLE Patient_Data_tbMaster (
-  HospNum TEXT COLLATE OPD PRIMARY KEY,
+  HospNum TEXT COLLATE OPD NOT NULL UNIQUE,
   LastName TEXT COLLATE OPD NOT NULL,
   FirstName TEXT COLLATE OPD NOT NULL,
   MiddleName TEXT COLLATE OPD,
-  SearchName TEXT NOT NULL, -- search_name(LastName): how a last name is looked for, however it is written
   Title TEXT,
   HouseStreet TEXT,
   Barangay TEXT,
@@ -60,11 +61,14 @@ CREATE TABLE Patient_Data_tbMaster (
   PHICNum TEXT COLLATE OPD_NUMBER,
   GSISNum TEXT COLLATE OPD_NUMBER,
   SSSNum TEXT COLLATE OPD_NUMBER,
-  FileNum INTEGER
-) WITHOUT ROWID;
+  FileNum INTEGER,
+  SearchName TEXT NOT NULL AS (search_name(LastName)) STORED,
+  SearchFirst TEXT NOT NULL AS (search_name(FirstName)) STORED
+);
 CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (SearchName, Sex, BirthDate);
-CREATE INDEX Patient_Data_tbMaster_Name ON Patient_Data_tbMaster (LastName, FirstName, MiddleName, Sex, BirthDate);
-CREATE INDEX Patient_Data_tbMaster_BirthDate ON Patient_Data_tbMaster (BirthDate, LastName);
+CREATE INDEX Patient_Data_tbMaster_First ON Patient_Data_tbMaster (SearchName, SearchFirst);
+CREATE INDEX Patient_Data_tbMaster_Name ON Patient_Data_tbMaster (LastName, FirstName, BirthDate);
+CREATE INDEX Patient_Data_tbMaster_BirthDate ON Patient_Data_tbMaster (BirthDate, SearchName);
 CREATE INDEX Patient_Data_tbMaster_PHIC ON Patient_Data_tbMaster (PHICNum) WHERE PHICNum IS NOT NULL;
 CREATE INDEX Patient_Data_tbMaster_GSIS ON Patient_Data_tbMaster (GSISNum) WHERE GSISNum IS NOT NULL;
 CREATE INDEX Patient_Data_tbMaster_SSS ON Patient_Data_tbMaster (SSSNum) WHERE SSSNum IS NOT NULL;

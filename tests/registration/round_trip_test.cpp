@@ -145,7 +145,6 @@ const std::set<std::string> meantToChange{"UserID", "Age"};
 /// Columns that must hold something before a form may be saved, and those that a save derives from others.
 const std::map<std::string, std::string> indispensable{{"LastName", "CRUZ"},
                                                        {"FirstName", "ANA"},
-                                                       {"SearchName", "CRUZ"},
                                                        {"Sex", "F"},
                                                        {"BirthDate", "02/29/1960"},
                                                        {"ZipCode", "1000"},

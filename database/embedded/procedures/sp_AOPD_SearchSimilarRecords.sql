@@ -1,4 +1,5 @@
 -- parameters: LastName text, FirstName text, Age number
--- Last and first name come from the index over names; the age is asked of what they leave.
+-- The age is a span of birth dates, so that the index answers.
 SELECT HospNum FROM Patient_Data_tbMaster
-WHERE LastName = :LastName AND FirstName = :FirstName AND age_on(BirthDate, now()) = :Age;
+WHERE LastName = :LastName AND FirstName = :FirstName
+  AND BirthDate >= born_from(:Age, (SELECT now())) AND BirthDate <= born_until(:Age, (SELECT now()));

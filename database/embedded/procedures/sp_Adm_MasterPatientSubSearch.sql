@@ -1,12 +1,26 @@
 -- parameters: LastName text, Sex text, BirthDate date?
 -- The wider second try: the sex may have been taken down wrongly, or the birth date, but not both.
-SELECT LastName, FirstName, MiddleName, HospNum, BirthDate, age_on(BirthDate, now()) AS Age,
-       address_text(HouseStreet, Barangay) AS Address
-FROM Patient_Data_tbMaster
-WHERE search_name(before_comma(:LastName)) <> ''
-  AND SearchName >= search_name(before_comma(:LastName))
-  AND SearchName < prefix_end(search_name(before_comma(:LastName)))
-  AND (after_comma(:LastName) = '' OR fit_given_names(FirstName, MiddleName, after_comma(:LastName)))
-  AND ((:BirthDate IS NOT NULL AND BirthDate = :BirthDate)
-       OR (Sex = :Sex AND (:BirthDate IS NULL OR substr(BirthDate, 1, 4) = substr(:BirthDate, 1, 4))))
+-- include: searched_names.sqlpart
+SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())) AS Age,
+       address_text(m.HouseStreet, m.Barangay) AS Address
+FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_BirthDate
+WHERE :BirthDate IS NOT NULL AND m.BirthDate = :BirthDate
+  AND search_name(before_comma(:LastName)) <> ''
+  AND m.SearchName >= search_name(before_comma(:LastName))
+  AND m.SearchName < prefix_end(search_name(before_comma(:LastName)))
+  AND (after_comma(:LastName) = '' OR fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName)))
+UNION ALL
+SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())),
+       address_text(m.HouseStreet, m.Barangay)
+FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search
+WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NOT NULL AND m.Sex = :Sex
+  AND m.BirthDate >= substr(:BirthDate, 1, 4) AND m.BirthDate < prefix_end(substr(:BirthDate, 1, 4))
+  AND m.BirthDate <> :BirthDate
+  AND (after_comma(:LastName) = '' OR fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName)))
+UNION ALL
+SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())),
+       address_text(m.HouseStreet, m.Barangay)
+FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search
+WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NULL AND m.Sex = :Sex
+  AND (after_comma(:LastName) = '' OR fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName)))
 ORDER BY LastName, FirstName, MiddleName, BirthDate;

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace opd::adapters::sqlite {
 
@@ -30,11 +31,8 @@ void answer(sqlite3_context* context, const std::string& text) {
     sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
-bool isAscii(std::string_view text) {
-    for (const char character : text)
-        if (static_cast<unsigned char>(character) >= 0x80)
-            return false;
-    return true;
+bool isAscii(char character) {
+    return static_cast<unsigned char>(character) < 0x80;
 }
 
 char asciiUpper(char character) {
@@ -46,15 +44,19 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
     return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
+/// As the hospital's server compares. Most texts part before a character that is not plain.
 int compare(std::string_view left, std::string_view right) {
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
-    if (!isAscii(left) || !isAscii(right))
-        return text::upper(left).compare(text::upper(right));
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < common; ++i)
-        if (const int difference = asciiUpper(left[i]) - asciiUpper(right[i]); difference != 0)
+    for (auto one = left.begin(), other = right.begin();; ++one, ++other) {
+        std::tie(one, other) = std::mismatch(one, left.end(), other, right.end());
+        if (one == left.end() || other == right.end())
+            break;
+        if (!isAscii(*one) || !isAscii(*other))
+            return text::upper(left).compare(text::upper(right));
+        if (const int difference = asciiUpper(*one) - asciiUpper(*other); difference != 0)
             return difference;
+    }
     return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
 }
 
@@ -120,6 +122,13 @@ void afterComma(sqlite3_context* context, int, sqlite3_value** arguments) {
     answer(context, comma == std::string::npos ? std::string{} : text::trimmed(text.substr(comma + 1)));
 }
 
+void firstWord(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const std::string text = textOf(arguments[0]);
+    const std::size_t begin = text.find_first_not_of(" ,");
+    answer(context,
+           begin == std::string::npos ? std::string{} : text.substr(begin, text.find_first_of(" ,", begin) - begin));
+}
+
 /// True when both given names begin with what is typed behind a comma: words of the first name, then perhaps some of
 /// the middle name. "MARIA S" fits "MARIA LUZ" with "SANTOS".
 bool fitGivenNames(const std::string& first, std::string_view middle, std::string_view typed) {
@@ -138,13 +147,31 @@ void fitGivenNamesFunction(sqlite3_context* context, int, sqlite3_value** argume
     sqlite3_result_int(context, fitGivenNames(textOf(arguments[0]), textOf(arguments[1]), textOf(arguments[2])));
 }
 
+constexpr double daysOfYear = 365.25;
+
 /// Whole years from a birth date to a day, as the desk counts them: days divided by 365.25.
 void ageOn(sqlite3_context* context, int, sqlite3_value** arguments) {
-    const std::optional<DateTime> born = parseDate(textOf(arguments[0]));
-    const std::optional<DateTime> today = parseDate(textOf(arguments[1]));
+    const std::optional<DateTime> born = parseDate(viewOf(arguments[0]));
+    const std::optional<DateTime> today = parseDate(viewOf(arguments[1]));
     if (born && today)
         sqlite3_result_int(context,
-                           static_cast<int>(std::floor(static_cast<double>(daysBetween(*born, *today)) / 365.25)));
+                           static_cast<int>(std::floor(static_cast<double>(daysBetween(*born, *today)) / daysOfYear)));
+}
+
+/// The day on which somebody was born who completes the age on a day, at the latest.
+void bornUntil(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (const std::optional<DateTime> today = parseDate(viewOf(arguments[1])))
+        answer(context,
+               isoDateText(addDays(today->date(),
+                                   -static_cast<long>(std::ceil(sqlite3_value_double(arguments[0]) * daysOfYear)))));
+}
+
+/// The same at the earliest: a day later the next year is complete.
+void bornFrom(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (const std::optional<DateTime> today = parseDate(viewOf(arguments[1])))
+        answer(context,
+               isoDateText(addDays(today->date(), 1 - static_cast<long>(std::ceil(
+                                                          (sqlite3_value_double(arguments[0]) + 1) * daysOfYear)))));
 }
 
 void addressText(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -176,7 +203,10 @@ void registerFunctions(sqlite3* handle, const Clock& clock) {
         {"prefix_end", 1, prefixEnd, true},
         {"before_comma", 1, beforeComma, true},
         {"after_comma", 1, afterComma, true},
+        {"first_word", 1, firstWord, true},
         {"age_on", 2, ageOn, true},
+        {"born_from", 2, bornFrom, true},
+        {"born_until", 2, bornUntil, true},
         {"address_text", 2, addressText, true},
         {"now", 0, now, false},
     };

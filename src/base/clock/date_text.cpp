@@ -53,6 +53,36 @@ std::optional<DateTime> dayOf(std::string_view text) {
     return day.year >= 1000 && isValid(day) ? std::optional{day} : std::nullopt;
 }
 
+/// The number that so many digits are, or -1.
+int digits(std::string_view text, std::size_t at, std::size_t count) {
+    int number = 0;
+    for (std::size_t i = at; i < at + count; ++i) {
+        if (text[i] < '0' || text[i] > '9')
+            return -1;
+        number = number * 10 + (text[i] - '0');
+    }
+    return number;
+}
+
+/// Reads "1980-03-07" and "1980-03-07 14:05:09", as a database keeps them and long answers are full of them.
+std::optional<DateTime> storedMoment(std::string_view text) {
+    constexpr std::size_t day = 10, moment = 19;
+    if ((text.size() != day && text.size() != moment) || text[4] != '-' || text[7] != '-')
+        return std::nullopt;
+    DateTime read{digits(text, 0, 4), digits(text, 5, 2), digits(text, 8, 2)};
+    if (text.size() == moment) {
+        if (text[10] != ' ' || text[13] != ':' || text[16] != ':')
+            return std::nullopt;
+        read.hour = digits(text, 11, 2);
+        read.minute = digits(text, 14, 2);
+        read.second = digits(text, 17, 2);
+        if (read.hour < 0 || read.hour > 23 || read.minute < 0 || read.minute > 59 || read.second < 0 ||
+            read.second > 59)
+            return std::nullopt;
+    }
+    return read.year >= 1000 && isValid(read.date()) ? std::optional{read} : std::nullopt;
+}
+
 } // namespace
 
 std::string dateText(const DateTime& value) {
@@ -108,6 +138,8 @@ std::optional<DateTime> parseTime(std::string_view text) {
 }
 
 std::optional<DateTime> parseDate(std::string_view text) {
+    if (const std::optional<DateTime> stored = storedMoment(text))
+        return stored;
     const std::string trimmed = text::trimmed(text);
     const std::size_t blank = trimmed.find_first_of(" T");
     std::optional<DateTime> day = dayOf(std::string_view{trimmed}.substr(0, blank));

@@ -27,9 +27,9 @@ class Writer {
         : m_database(database), m_today(today),
           m_master(
               database,
-              "INSERT INTO Patient_Data_tbMaster (HospNum, LastName, FirstName, MiddleName, SearchName, Title, "
+              "INSERT INTO Patient_Data_tbMaster (HospNum, LastName, FirstName, MiddleName, Title, "
               "HouseStreet, Barangay, ZipCode, Sex, BirthDate, telnum, CivilStatus, BloodType, Occupation, Employer, "
-              "PHICNum, GSISNum, SSSNum) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+              "PHICNum, GSISNum, SSSNum) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
           m_extended(
               database,
               "INSERT INTO Patient_Data_tbMaster2 (HospNum, NationalityID, ReligionID, Spouse, mother, Father, "
@@ -43,11 +43,10 @@ class Writer {
               "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'DEMO', ?)") {}
 
     void write(const std::string& number, const Person& person) {
-        insert(m_master,
-               {number, person.lastName, person.firstName, person.middleName, text::searchedName(person.lastName),
-                person.title, person.street, person.barangay, person.townCode, person.male ? "M" : "F",
-                person.birthDate, person.telephone, person.civilStatus, person.bloodType, person.occupation,
-                person.employer, orNull(person.philHealth), orNull(person.gsis), orNull(person.sss)});
+        insert(m_master, {number, person.lastName, person.firstName, person.middleName, person.title, person.street,
+                          person.barangay, person.townCode, person.male ? "M" : "F", person.birthDate, person.telephone,
+                          person.civilStatus, person.bloodType, person.occupation, person.employer,
+                          orNull(person.philHealth), orNull(person.gsis), orNull(person.sss)});
         const bool employed = !person.employer.empty();
         insert(m_extended, {number, person.nationality, person.religion, person.spouse, person.mother, person.father,
                             person.employer, person.contact, person.contactRelation, employed ? 2 : 0, employed ? 1 : 0,

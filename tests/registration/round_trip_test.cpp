@@ -143,17 +143,10 @@ constexpr Table tables[] = {{"tbMaster", "HospNum", false},          {"tbMaster2
 const std::set<std::string> meantToChange{"UserID", "Age"};
 
 /// Columns that must hold something before a form may be saved, and those that a save derives from others.
-const std::map<std::string, std::string> indispensable{{"LastName", "CRUZ"},
-                                                       {"FirstName", "ANA"},
-                                                       {"Sex", "F"},
-                                                       {"BirthDate", "02/29/1960"},
-                                                       {"ZipCode", "1000"},
-                                                       {"NationalityID", "1"},
-                                                       {"ReligionID", "1"},
-                                                       {"AdmDate", "11/24/2026 08:05:00"},
-                                                       {"AccountNum", "HMO-01"},
-                                                       {"HospPlan", "I"},
-                                                       {"PatientClass", "2"}};
+const std::map<std::string, std::string> indispensable{
+    {"LastName", "CRUZ"},     {"FirstName", "ANA"},   {"Sex", "F"},         {"BirthDate", "02/29/1960"},
+    {"ZipCode", "1000"},      {"NationalityID", "1"}, {"ReligionID", "1"},  {"AdmDate", "11/24/2026 08:05:00"},
+    {"AccountNum", "HMO-01"}, {"HospPlan", "I"},      {"PatientClass", "2"}};
 
 /// Values of columns that take no text of any kind, and codes that no choice of the form stands for.
 const std::map<std::string, std::string> peculiar{{"CivilStatus", "7"},
@@ -210,7 +203,8 @@ void fillColumns(FullHospital& hospital, const RowKeys& keys, bool empty) {
         if (std::string{table.name} == "tbMasterDependent")
             continue; // the demonstration patient has two
         for (const std::string& column : contentOf(hospital, table, keys).columns) {
-            if (column == "HospNum" || column == table.key || ofOthers.contains(column))
+            const bool isWorkedOut = column.starts_with("Search");
+            if (column == "HospNum" || column == table.key || ofOthers.contains(column) || isWorkedOut)
                 continue;
             std::string value = "'" + text::upper(column) + "'";
             if (const auto found = indispensable.find(column); found != indispensable.end())

@@ -18,7 +18,7 @@ const Table& Catalog::table(const std::string& databaseName, const std::string& 
     if (const auto known = m_tables.find(key); known != m_tables.end())
         return known->second;
     Query query(m_database,
-                "SELECT t.name, c.name, upper(c.type) FROM sqlite_schema t JOIN pragma_table_info(t.name) c "
+                "SELECT t.name, c.name, upper(c.type) FROM sqlite_schema t JOIN pragma_table_xinfo(t.name) c "
                 "WHERE t.type = 'table' AND upper(t.name) = ?");
     query.bind(1, key);
     Table table;

@@ -33,6 +33,10 @@ TEST(MaskedBox, HoldsWhatFitsTheMaskAndIsBlankOtherwise) {
     for (const char* fails :
          {"", "3/7/1980", "03-07-1980", "03/07/19800", "0a/07/1980", "03/07/80", "03071980  ", "ñ3/07/198"})
         EXPECT_EQ(holds(fails), blankDateText) << fails;
+    EXPECT_EQ(holds("03/07/1980"), "03/07/1980");
+    box.setMask("", 64);
+    EXPECT_EQ(box.text(), "") << "a change of the mask empties the box";
+    EXPECT_EQ(holds("PEÑA, ANA"), "PEÑA, ANA");
 }
 
 TEST(Fields, TellAChangeOnceAndNotWhenNothingChanges) {

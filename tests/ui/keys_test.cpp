@@ -78,6 +78,19 @@ TEST(Keys, AnAccessKeyOrADoubleClickReachesOnlyWhatIsShownAndUsable) {
     EXPECT_EQ(form.log, Names{"two clicked"});
 }
 
+TEST(Keys, ArrowsMoveRoundAGroupOfOptionsPastThoseThatAreOutOfReach) {
+    Form form;
+    OptionButton unknown{form.sex, "unknown", "Unknown"};
+    form.open();
+    form.window.setFocus(form.male);
+    EXPECT_TRUE(form.window.pressArrow(true));
+    EXPECT_EQ(form.focus(), "unknown");
+    EXPECT_TRUE(unknown.selected());
+    form.female.setEnabled(false);
+    form.window.pressArrow(true);
+    EXPECT_EQ(form.focus(), "male");
+}
+
 TEST(Keys, ACharacterEndsWhereAHandlerTakesItsControlAway) {
     Form form;
     form.open();

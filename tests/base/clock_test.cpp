@@ -7,15 +7,10 @@
 namespace opd {
 namespace {
 
-TEST(DateText, WritesEveryFormat) {
-    const DateTime moment{1980, 3, 7, 14, 5, 9};
-    EXPECT_EQ(dateText(moment), "03/07/1980");
-    EXPECT_EQ(dateTimeText(moment), "03/07/1980 14:05:09");
-    EXPECT_EQ(clockText(moment), "14:05:09");
-    EXPECT_EQ(dottedDateText(moment), "1980.03.07");
-    EXPECT_EQ(sortableDateText(moment), "1980/03/07");
-    EXPECT_EQ(isoDateText(moment), "1980-03-07 14:05:09");
-    EXPECT_EQ(isoDateText(moment.date()), "1980-03-07");
+TEST(DateText, WritesTimesOnAClockOfTwelveHoursAndOthersWithSeconds) {
+    EXPECT_EQ(dateTimeText({1980, 3, 7, 14, 5, 9}), "03/07/1980 14:05:09");
+    EXPECT_EQ(isoDateText({1980, 3, 7, 14, 5, 9}), "1980-03-07 14:05:09");
+    EXPECT_EQ(isoDateText({1980, 3, 7}), "1980-03-07");
     const std::vector<std::pair<int, const char*>> hours{{0, "12:05 AM"},  {1, "01:05 AM"},  {11, "11:05 AM"},
                                                          {12, "12:05 PM"}, {13, "01:05 PM"}, {23, "11:05 PM"}};
     for (const auto& [hour, expected] : hours)

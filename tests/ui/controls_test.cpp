@@ -20,22 +20,23 @@ struct Shown {
 };
 
 TEST(MaskedBox, HoldsWhatFitsTheMaskAndIsBlankOtherwise) {
-    for (const char* fits : {"03/07/1980", "  /  /    ", "0 /  /198 ", " 3/ 7/1980", "99/99/9999"}) {
-        Shown shown;
-        MaskedBox box{shown.window, "date"};
+    Shown shown;
+    MaskedBox box{shown.window, "date"};
+    const auto holds = [&](const char* text) {
         box.setText("01/01/2000");
-        box.setText(fits);
-        EXPECT_EQ(box.text(), fits);
-        EXPECT_EQ(box.isBlank(), box.text() == blankDateText);
-    }
+        box.setText(text);
+        EXPECT_EQ(box.isBlank(), box.text() == blankDateText) << text;
+        return box.text();
+    };
+    for (const char* fits : {"03/07/1980", "  /  /    ", "0 /  /198 ", " 3/ 7/1980", "99/99/9999"})
+        EXPECT_EQ(holds(fits), fits);
     for (const char* fails :
-         {"", "3/7/1980", "03-07-1980", "03/07/19800", "0a/07/1980", "03/07/80", "03071980  ", "ñ3/07/198"}) {
-        Shown shown;
-        MaskedBox box{shown.window, "date"};
-        box.setText("01/01/2000");
-        box.setText(fails);
-        EXPECT_EQ(box.text(), "  /  /    ") << fails;
-    }
+         {"", "3/7/1980", "03-07-1980", "03/07/19800", "0a/07/1980", "03/07/80", "03071980  ", "ñ3/07/198"})
+        EXPECT_EQ(holds(fails), blankDateText) << fails;
+    EXPECT_EQ(holds("03/07/1980"), "03/07/1980");
+    box.setMask("", 64);
+    EXPECT_EQ(box.text(), "") << "a change of the mask empties the box";
+    EXPECT_EQ(holds("PEÑA, ANA"), "PEÑA, ANA");
 }
 
 TEST(Fields, TellAChangeOnceAndNotWhenNothingChanges) {
@@ -45,16 +46,14 @@ TEST(Fields, TellAChangeOnceAndNotWhenNothingChanges) {
     DatePicker time{shown.window, "time", "", DatePicker::Format::Time};
     for (Control* control : std::vector<Control*>{&text, &date, &time})
         control->onChange = shown.count;
-    text.setText("longer than typed");
+    for (int i = 0; i < 2; ++i) {
+        text.setText("longer than typed");
+        date.setText("03/07/1980");
+        time.setValue({2026, 1, 1, 14, 5, 0});
+        EXPECT_EQ(shown.changes, 3);
+    }
     EXPECT_EQ(text.text(), "longer than typed") << "a text set by program is never cut";
-    date.setText("03/07/1980");
-    time.setValue({2026, 1, 1, 14, 5, 0});
-    EXPECT_EQ(time.shownText(), "02:05 PM");
-    EXPECT_EQ(shown.changes, 3);
     EXPECT_EQ(shown.view.aspects, std::vector<Aspect>(3, Aspect::Text));
-    text.setText("longer than typed");
-    date.setText("03/07/1980");
-    time.setValue({2026, 1, 1, 14, 5, 0});
     date.clear();
     date.setText("no date");
     EXPECT_EQ(shown.changes, 4);
@@ -85,17 +84,13 @@ TEST(ComboBox, TextAndEntryFollowEachOther) {
     EXPECT_EQ(shown.changes, 7) << "picking the same entry is a click alone";
 }
 
-TEST(CheckBox, TogglesOnAClickAndLeavesTheGreyStateChecked) {
+TEST(CheckBox, LeavesTheGreyStateCheckedAndAValueSetByProgramIsNoClick) {
     Shown shown;
     CheckBox box{shown.window, "box", "Box"};
     box.onClick = shown.count;
-    box.clicked();
-    EXPECT_EQ(box.value(), 1);
-    box.clicked();
-    EXPECT_EQ(box.value(), 0);
     box.setValue(2);
     EXPECT_FALSE(box.checked());
-    EXPECT_EQ(shown.changes, 2) << "a value set by program is no click";
+    EXPECT_EQ(shown.changes, 0);
     box.clicked();
     EXPECT_EQ(box.value(), 1);
 }
@@ -122,35 +117,25 @@ TEST(Grid, ShowsRowsAndTellsWhichIsCurrent) {
     EXPECT_EQ(rows.back(), "CARL") << "the first row of a new table is told although it was row 1 before";
 }
 
-TEST(Grid, CellsArePickedAndChangedWhereTheGridAllowsIt) {
+TEST(Grid, KeepsItsCurrentRowWhileOthersAreRemoved) {
     Shown shown;
-    Grid rows{shown.window, "rows"};
-    Grid cells{shown.window, "cells"};
-    cells.picksCells = true;
-    for (Grid* grid : {&rows, &cells}) {
-        grid->show(gridColumns("Name|Born", {}), {{"ANA", "2001"}, {"BEN"}, {"CARL", "2003"}});
-        shown.window.pickedCell(*grid, 2, 1);
-        EXPECT_EQ(grid->currentRow(), 2);
-        shown.window.pickedCell(*grid, 2, 2);
-    }
-    EXPECT_EQ(rows.shownText(), "BEN") << "where rows are picked the column stays the first";
-    EXPECT_EQ(cells.currentColumn(), 1);
-    cells.setCell(2, 1, "2002");
-    EXPECT_EQ(cells.shownText(), "2002");
-    EXPECT_THROW(cells.setCell(4, 0, "X"), std::out_of_range);
-
-    cells.onRowChange = shown.count;
-    cells.removeRow(1);
-    EXPECT_EQ(cells.shownText(), "2002") << "the current row is the same, whatever its number";
+    Grid grid{shown.window, "grid"};
+    grid.show(gridColumns("Name|Born", {}), {{"ANA"}, {"BEN"}, {"CARL"}});
+    shown.window.pickedCell(grid, 2, 1);
+    grid.onRowChange = shown.count;
+    grid.removeRow(1);
+    EXPECT_EQ(grid.shownText(), "BEN") << "the current row is the same, whatever its number";
     EXPECT_EQ(shown.changes, 0);
-    cells.removeRow(1);
-    EXPECT_EQ(cells.shownText(), "2003") << "the row behind takes the place of the current one";
-    cells.removeRow(1);
-    EXPECT_EQ(cells.currentRow(), 0);
-    EXPECT_EQ(cells.addRow(), 1);
-    cells.setCurrentRow(1);
-    EXPECT_EQ(cells.cell(1, 0), "");
+    grid.removeRow(1);
+    EXPECT_EQ(grid.shownText(), "CARL") << "the row behind takes the place of the current one";
+    grid.removeRow(1);
+    EXPECT_EQ(grid.currentRow(), 0);
+    EXPECT_EQ(grid.addRow(), 1);
+    grid.setCurrentRow(1);
+    EXPECT_EQ(grid.cell(1, 0), "");
     EXPECT_EQ(shown.changes, 3);
+    grid.setCell(1, 1, "2002");
+    EXPECT_THROW(grid.setCell(2, 0, "X"), std::out_of_range);
 }
 
 TEST(Grid, AFormatDescribesItsColumns) {

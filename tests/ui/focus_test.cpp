@@ -63,17 +63,6 @@ TEST(Focus, AValidationThatMovesTheFocusHasTheLastWord) {
     EXPECT_TRUE(form.log.empty());
 }
 
-TEST(Focus, AMoveByProgramAsksNobodyAndTellsBothSides) {
-    Form form;
-    form.first.onValidate = [](bool&) { FAIL() << "asked"; };
-    form.first.onLostFocus = form.note("first left");
-    form.three.onGotFocus = form.note("three reached");
-    form.open();
-    form.window.setFocus(form.three);
-    EXPECT_EQ(form.log, (Names{"first left", "three reached"}));
-    EXPECT_EQ(form.tabs.current(), 2);
-}
-
 TEST(Focus, ARequestWhileLoadingIsKeptUntilTheWindowIsShown) {
     Form form;
     form.window.onLoad = [&] {

@@ -1,5 +1,7 @@
 #include "form.h"
 
+#include "ui/coded_field.h"
+
 #include <gtest/gtest.h>
 
 namespace opd::ui {
@@ -12,6 +14,7 @@ TEST(Keys, WhatAGridHasNoUseForIsNotTypedIntoABoxThatIsOutOfReach) {
     form.grid.typesInto = [&](char32_t) { return &form.second; };
     form.open();
     form.window.setFocus(form.grid);
+    EXPECT_EQ(form.window.pressKey(key::space), key::space) << "a blank begins nothing";
     form.second.setEnabled(false);
     EXPECT_EQ(form.window.pressKey(U'x'), U'x');
     form.second.setEnabled(true);
@@ -20,7 +23,41 @@ TEST(Keys, WhatAGridHasNoUseForIsNotTypedIntoABoxThatIsOutOfReach) {
     EXPECT_EQ(form.focus() + form.second.text(), "grid");
 }
 
-TEST(Keys, AnAccessKeyReachesOnlyWhatIsShownAndUsable) {
+TEST(Keys, EnterPressesTheButtonThatHasTheFocusElseTheDefaultButton) {
+    Form form;
+    form.window.defaultButton = &form.ok;
+    form.open();
+    const auto enterOn = [&](Control& control) {
+        form.log.clear();
+        form.window.setFocus(control);
+        form.window.pressKey(key::enter);
+        return form.log;
+    };
+    EXPECT_EQ(enterOn(form.first), Names{"ok clicked"});
+    EXPECT_EQ(enterOn(form.cancel), Names{"cancel clicked"});
+    EXPECT_EQ(enterOn(form.grid), Names{}) << "Enter in a grid belongs to the grid";
+    form.ok.setVisible(false);
+    EXPECT_EQ(enterOn(form.first), Names{});
+}
+
+TEST(Keys, F4ClicksTheLookupButtonOfTheCodeAndAsksNobody) {
+    Form form;
+    Button lookup{form.window, "lookup", "..."};
+    const CodedField coded{form.first, lookup, form.second};
+    lookup.onClick = form.note("listed");
+    form.first.onValidate = [](bool&) { FAIL() << "the button asks for the code in another way"; };
+    form.open();
+    EXPECT_TRUE(form.window.pressLookup());
+    EXPECT_EQ(form.focus(), "first");
+    lookup.setVisible(false);
+    EXPECT_FALSE(form.window.pressLookup());
+    lookup.setVisible(true);
+    form.window.setFocus(form.second);
+    EXPECT_FALSE(form.window.pressLookup());
+    EXPECT_EQ(form.log, Names{"listed"});
+}
+
+TEST(Keys, AnAccessKeyOrADoubleClickReachesOnlyWhatIsShownAndUsable) {
     Form form;
     form.two.onClick = form.note("two clicked");
     form.open();
@@ -36,7 +73,22 @@ TEST(Keys, AnAccessKeyReachesOnlyWhatIsShownAndUsable) {
     EXPECT_FALSE(form.window.pressAccessKey(U'o'));
     EXPECT_FALSE(form.window.pressAccessKey(U'z'));
     EXPECT_FALSE(form.window.pressAccessKey(0)) << "a control without an access key is no match for no key";
+    form.grid.setEnabled(false);
+    form.window.doubleClick(form.grid);
     EXPECT_EQ(form.log, Names{"two clicked"});
+}
+
+TEST(Keys, ArrowsMoveRoundAGroupOfOptionsPastThoseThatAreOutOfReach) {
+    Form form;
+    OptionButton unknown{form.sex, "unknown", "Unknown"};
+    form.open();
+    form.window.setFocus(form.male);
+    EXPECT_TRUE(form.window.pressArrow(true));
+    EXPECT_EQ(form.focus(), "unknown");
+    EXPECT_TRUE(unknown.selected());
+    form.female.setEnabled(false);
+    form.window.pressArrow(true);
+    EXPECT_EQ(form.focus(), "male");
 }
 
 TEST(Keys, ACharacterEndsWhereAHandlerTakesItsControlAway) {

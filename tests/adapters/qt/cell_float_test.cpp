@@ -32,7 +32,7 @@ struct DependentsDesk : RegistrationDesk {
     }
 };
 
-TEST(QtCellFloat, LiesOverTheCurrentCellWhereverThatGoes) {
+TEST(QtCellFloat, LiesOverTheCurrentCellWhereverThatGoesAndKeepsItsKeys) {
     DependentsDesk desk;
     desk.hands.pickCell(desk.grid, 3, 1);
     EXPECT_EQ(desk.grid.currentColumn(), 1);
@@ -40,6 +40,11 @@ TEST(QtCellFloat, LiesOverTheCurrentCellWhereverThatGoes) {
     desk.entry.setVisible(true);
     desk.edits("shown");
     EXPECT_GE(desk.edit->height(), desk.edit->fontMetrics().height() + 4) << "a text would be clipped";
+    desk.form.setFocus(desk.entry);
+    for (const char* ofNoUseToABoxOfOneLine : {"Down", "Up", "PageDown", "Down"})
+        desk.press(ofNoUseToABoxOfOneLine);
+    EXPECT_EQ(desk.table->currentIndex().row(), 2) << "the table behind it took a key";
+    EXPECT_TRUE(desk.hands.hasFocus(desk.entry));
     desk.grid.setCurrentCell(38, 0);
     desk.edits("another cell, out of sight so far");
     desk.grid.setCell(37, 0, "OTHER");

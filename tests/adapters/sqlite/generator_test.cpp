@@ -41,8 +41,6 @@ TEST(Generator, UsesOnlyCodesThatTheReferenceFilesHave) {
         {"Select ServiceID1 from Patient_Data..tbOutPatient", "Select ServiceID from Build_File..tbCoService"},
         {"Select DoctorID1 from Patient_Data..tbOutPatient", "Select DoctorID from Build_File..tbCoDoctor"},
         {"Select ServiceID1 from Build_File..tbCoDoctor", "Select ServiceID from Build_File..tbCoService"},
-        {"Select ServiceID2 from Build_File..tbCoDoctor where ServiceID2 <> ''",
-         "Select ServiceID from Build_File..tbCoService"},
         {"Select ServiceID3 from Build_File..tbCoDoctor where ServiceID3 <> ''",
          "Select ServiceID from Build_File..tbCoService"},
         {"Select HospNum from Patient_Data..tbOutPatient", "Select HospNum from Patient_Data..tbMaster"},

@@ -1,7 +1,6 @@
 // Every way in which a folder's database cannot be opened gives one clear message, and makes no file.
 #include "adapters/sqlite/hospital.h"
 
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -36,25 +35,21 @@ void expectMessage(const std::filesystem::path& folder, const std::string& part)
     EXPECT_NE(message.find(folder.string()), std::string::npos) << "\"" << message << "\" names no folder";
 }
 
-TEST(Opening, SaysWhatIsMissingAndMakesNothing) {
+TEST(Opening, RefusesWhatIsNoDatabaseOfThisProgramAndMakesNothing) {
     const TemporaryFolder folder;
-    expectMessage(folder.path() / "nowhere", "does not exist");
-    EXPECT_FALSE(std::filesystem::exists(folder.path() / "nowhere"));
+    const auto file = folder / "hospital.db";
+    expectMessage(folder / "nowhere", "does not exist");
+    EXPECT_FALSE(std::filesystem::exists(folder / "nowhere"));
     expectMessage(folder.path(), "no hospital database");
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
-    std::filesystem::create_directory(folder.path() / "hospital.db");
+    std::filesystem::create_directory(file);
     expectMessage(folder.path(), "cannot be opened");
-}
-
-TEST(Opening, RefusesWhatIsNoDatabaseOfThisProgram) {
-    const TemporaryFolder folder;
-    std::ofstream(folder.path() / "hospital.db") << std::string(5000, 'x');
+    std::filesystem::remove(file);
+    writeFile(file, std::string(5000, 'x'));
     expectMessage(folder.path(), "damaged or is no database");
-    std::filesystem::remove(folder.path() / "hospital.db");
-    std::ofstream(folder.path() / "hospital.db").flush();
-    expectMessage(folder.path(), "not a hospital database"); // an empty file
-    Database(folder.path() / "hospital.db", Database::Mode::Existing, standing)
-        .run("CREATE TABLE notes (text); PRAGMA user_version = 1");
+    writeFile(file, "");
+    expectMessage(folder.path(), "not a hospital database");
+    Database(file, Database::Mode::Existing, standing).run("CREATE TABLE notes (text); PRAGMA user_version = 1");
     expectMessage(folder.path(), "not a hospital database");
     EmbeddedHospital newer;
     newer.runAsAdministrator("PRAGMA user_version = 99");

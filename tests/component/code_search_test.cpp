@@ -1,9 +1,7 @@
 #include "ado/connection.h"
-#include "base/os/library.h"
 #include "com/class_registry.h"
 #include "com/connection_object.h"
 #include "com/object.h"
-#include "com/server.h"
 
 #include "component/support.h"
 #include "support/recording_provider.h"
@@ -18,8 +16,7 @@ namespace {
 class CodeSearch : public ::testing::Test {
   protected:
     CodeSearch() {
-        const os::Library library{tests::codeSearchLibrary()};
-        library.function<com::RegisterServerExport>(com::exportedNames.registerServer)();
+        tests::registerClassesOf(tests::codeSearchLibrary());
         m_search = com::Object{com::createInstance("Trellicode.clsCodeSearch", com::iidLateBound).get()};
         m_providers.add("recording", m_server);
         m_connection->Open("Data Source=TESTSERVER");

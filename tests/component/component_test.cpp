@@ -21,8 +21,8 @@ namespace {
 class Component : public ::testing::Test {
   protected:
     Component() {
-        registerFrom(tests::componentLibrary());
-        registerFrom(tests::codeSearchLibrary());
+        tests::registerClassesOf(tests::componentLibrary());
+        tests::registerClassesOf(tests::codeSearchLibrary());
         ado::Providers::ofProcess().add("recording", m_server);
         configure("User", "sa");
         configure("Password", "secret");
@@ -31,11 +31,6 @@ class Component : public ::testing::Test {
     }
 
     ~Component() override { m_connection->Close(); } // the session of this thread outlives the test and its server
-
-    static void registerFrom(const std::filesystem::path& file) {
-        const os::Library library{file};
-        ASSERT_EQ(library.function<com::RegisterServerExport>(com::exportedNames.registerServer)(), com::ok);
-    }
 
     void configure(const char* key, const std::string& value) {
         settings::IniStore{m_folder / "store.ini"}.set(connectionSettingsApplication,

@@ -1,6 +1,10 @@
 #include "component/support.h"
 
+#include "base/os/library.h"
+#include "com/server.h"
+
 #include <cstdlib>
+#include <gtest/gtest.h>
 #include <regex>
 #include <sys/wait.h>
 
@@ -31,6 +35,11 @@ std::filesystem::path codeSearchLibrary() {
 
 std::filesystem::path otherLibrary() {
     return OPD_OTHER_LIBRARY;
+}
+
+void registerClassesOf(const std::filesystem::path& library) {
+    const os::Library opened{library};
+    ASSERT_EQ(opened.function<com::RegisterServerExport>(com::exportedNames.registerServer)(), com::ok);
 }
 
 } // namespace opd::tests

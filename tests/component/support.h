@@ -22,4 +22,7 @@ std::filesystem::path componentLibrary();
 std::filesystem::path codeSearchLibrary();
 std::filesystem::path otherLibrary(); ///< one that holds no component
 
+/// Lets a library register its classes.
+void registerClassesOf(const std::filesystem::path& library);
+
 } // namespace opd::tests

@@ -1,9 +1,7 @@
 #include "adapters/sqlite/hospital.h"
-#include "base/os/library.h"
 #include "com/class_registry.h"
 #include "com/connection_object.h"
 #include "com/object.h"
-#include "com/server.h"
 #include "component/init_dll.h"
 #include "component/support.h"
 
@@ -14,11 +12,6 @@
 
 namespace opd {
 namespace {
-
-void registerFrom(const std::filesystem::path& file) {
-    const os::Library library{file};
-    ASSERT_EQ(library.function<com::RegisterServerExport>(com::exportedNames.registerServer)(), com::ok);
-}
 
 /// Registers some patients on file, one after another, behind a first look at the search window.
 std::string scriptFor(const std::vector<std::string>& patients) {
@@ -33,8 +26,8 @@ std::string scriptFor(const std::vector<std::string>& patients) {
 /// Two threads of one host, each with its own object, connection and script.
 struct TwoThreads : testing::Test {
     TwoThreads() {
-        registerFrom(tests::componentLibrary());
-        registerFrom(tests::codeSearchLibrary());
+        tests::registerClassesOf(tests::componentLibrary());
+        tests::registerClassesOf(tests::codeSearchLibrary());
         tests::writeFile(folder / "ALPHA.opd", scriptFor({"00000021", "00000022", "00000023"}));
         tests::writeFile(folder / "BRAVO.opd", scriptFor({"00000031", "00000032", "00000033"}));
     }

@@ -17,15 +17,13 @@
 namespace opd::tests {
 
 /// A session on an embedded hospital of its own.
-struct HospitalSession {
+struct HospitalSession : Workplace {
     explicit HospitalSession(const std::string& clientCode = {}) {
         adapters::sqlite::createDatabase(
             folder, {.patients = 12, .now = DateTime{2026, 11, 24, 0, 0, 0}, .clientCode = clientCode}, {});
         providers.add("sqlite", adapters::sqlite::makeSqliteProvider(clock));
         globals.gConnection = connect();
         globals.setClient(clientCode);
-        globals.gUserID = "CLERK";
-        globals.gServerDate = clock.moment;
         globals.gCodeSearch = com::Object{listing.get()};
     }
     ~HospitalSession() { globals.gConnection->Close(); }
@@ -50,16 +48,7 @@ struct HospitalSession {
 
     TemporaryFolder temporary;
     std::filesystem::path folder = temporary / "hospital";
-    FixedClock clock{{2026, 11, 24, 14, 5, 0}};
-    ado::Providers providers;
-    Globals globals;
-    TestDesktop desktop;
-    MemoryStore store;
     com::Ref<ListingStandIn> listing = com::Ref<ListingStandIn>::taking(new ListingStandIn);
-    StandInEngine reports;
-    StandInCamera camera;
-    StandInCodec images;
-    Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
 };
 
 } // namespace opd::tests

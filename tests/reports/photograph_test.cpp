@@ -1,15 +1,14 @@
 #include "support/files.h"
+#include "support/full_disk.h"
 #include "support/test_session.h"
 
 #include "reports/photograph.h"
 #include "reports/web_cam_capture.h"
 
-#include <csignal>
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,26 +19,6 @@ struct Photographs : TestSession, testing::Test {
     TemporaryFolder temporary;
     std::filesystem::path folder = temporary / "pictures";
     Image picture{4, 2, std::vector<std::uint8_t>(24)};
-};
-
-/// A disk that is full after so many bytes, to the end of its scope.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-  private:
-    rlimit m_before{};
-    void (*m_handler)(int);
 };
 
 TEST_F(Photographs, TheFolderIsTheOneSetOrLiesBesideAnEmbeddedHospital) {

@@ -73,17 +73,13 @@ struct StandInCodec final : ImageCodec {
     }
 };
 
-/// A session on a recording database, with the clock standing at 24 November 2026, 14:05.
-struct TestSession {
-    TestSession() {
-        providers.add("recording", provider);
-        globals.gConnection = std::make_shared<ado::Connection>(providers);
-        globals.gConnection->Open("Data Source=recording");
+/// A session without a database yet, with the clock standing at 24 November 2026, 14:05.
+struct Workplace {
+    Workplace() {
         globals.gServerDate = clock.moment;
         globals.gUserID = "CLERK";
     }
 
-    std::shared_ptr<RecordingProvider> provider = std::make_shared<RecordingProvider>();
     ado::Providers providers;
     Globals globals;
     TestDesktop desktop;
@@ -93,6 +89,17 @@ struct TestSession {
     StandInCamera camera;
     StandInCodec images;
     Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
+};
+
+/// A session on a recording database.
+struct TestSession : Workplace {
+    TestSession() {
+        providers.add("recording", provider);
+        globals.gConnection = std::make_shared<ado::Connection>(providers);
+        globals.gConnection->Open("Data Source=recording");
+    }
+
+    std::shared_ptr<RecordingProvider> provider = std::make_shared<RecordingProvider>();
 };
 
 } // namespace opd::tests

@@ -80,6 +80,15 @@ Database::Database(const std::filesystem::path& file, Mode mode, const Clock& cl
     registerFunctions(handle, clock);
 }
 
+void Database::enterQueue() {
+    const auto since = std::chrono::steady_clock::now();
+    m_queue.enter([&] {
+        const auto now = std::chrono::steady_clock::now();
+        m_waiting->tell(now);
+        return now - since < m_waiting->patience;
+    });
+}
+
 void Database::run(const std::string& sql) {
     if (sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         fail();

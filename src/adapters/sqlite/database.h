@@ -39,10 +39,8 @@ class Database {
     /// Sets what is told over and over while a statement waits for a lock or works for long. It throws nothing.
     void setOnWait(std::function<void()> onWait) { m_waiting->onWait = std::move(onWait); }
 
-    /// Waits in the queue of the desks that want to write.
-    void enterQueue() {
-        m_queue.enter(m_waiting->patience, [this] { m_waiting->tell(std::chrono::steady_clock::now()); });
-    }
+    /// Waits in the queue of the desks that want to write, as patiently as for a lock.
+    void enterQueue();
 
     /// Lets the next one write, unless a transaction is open.
     void leaveQueue() {

@@ -1,6 +1,7 @@
 #include "adapters/sqlite/writer_queue.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <thread>
@@ -70,17 +71,14 @@ std::int64_t WriterQueue::distance() const {
     return isFree ? 0 : m_place - before.l_start;
 }
 
-void WriterQueue::enter(std::chrono::milliseconds patience, const std::function<void()>& onNap) {
+void WriterQueue::enter(const std::function<bool()>& goesOn) {
     if (m_place != 0)
         return;
     takePlace();
     if (m_place == 0)
         return;
-    const auto end = std::chrono::steady_clock::now() + patience;
-    for (std::int64_t before = distance(); before > 0 && std::chrono::steady_clock::now() < end; before = distance()) {
-        onNap();
+    for (std::int64_t before = distance(); before > 0 && goesOn(); before = distance())
         std::this_thread::sleep_for(std::min<std::chrono::microseconds>(napOfNext * before, longestNap));
-    }
 }
 
 void WriterQueue::leave() {

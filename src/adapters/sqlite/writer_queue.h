@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -18,8 +17,8 @@ class WriterQueue {
     WriterQueue(const WriterQueue&) = delete;
     WriterQueue& operator=(const WriterQueue&) = delete;
 
-    /// Waits until everybody who came before has gone, for so long at most; `onNap` is called over and over meanwhile.
-    void enter(std::chrono::milliseconds patience, const std::function<void()>& onNap);
+    /// Waits until everybody who came before has gone, or until `goesOn`, which is asked over and over, says no.
+    void enter(const std::function<bool()>& goesOn);
 
     /// Gives the place up, if there is one.
     void leave();

@@ -71,19 +71,5 @@ TEST(Days, AreCountedAcrossMonthsLeapYearsAndClocks) {
     EXPECT_EQ(addDays({2024, 3, 1, 8, 30, 0}, -1), (DateTime{2024, 2, 29, 8, 30, 0}));
 }
 
-TEST(Days, OnlyExistingMomentsAreValid) {
-    EXPECT_TRUE(isValid({2024, 2, 29, 23, 59, 59}));
-    for (const DateTime& value : std::vector<DateTime>{{},
-                                                       {2023, 2, 29},
-                                                       {0, 1, 1},
-                                                       {10000, 1, 1},
-                                                       {2026, 257, 1},
-                                                       {2026, 1, 257},
-                                                       {2026, -1, 1},
-                                                       {2026, 1, 1, 24, 0, 0},
-                                                       {2026, 1, 1, 0, -1, 0}})
-        EXPECT_FALSE(isValid(value)) << isoDateText(value);
-}
-
 } // namespace
 } // namespace opd

@@ -181,18 +181,38 @@ TEST(MasterSearch, WithoutAnyMatchTheNewPatientOpensAtOnceAndAfterOneOnlyWhenCon
     });
 }
 
-TEST(MasterSearch, ARefusedPatientClosesTheWindowAndADeclinedOneStaysAtHand) {
-    for (const auto outcome : {search::Opened::Refused, search::Opened::Declined}) {
+TEST(MasterSearch, AChosenPatientIsOpenedAndStaysAtHandWhereTheClerkDeclines) {
+    using Opened = search::Opened;
+    const std::string fresh = "New 00000007 (TO BE GENERATED) ";
+    const struct {
+        bool hasOpenVisit;
+        Opened outcome;
+        std::string opened;
+        bool windowStays;
+    } cases[] = {
+        {false, Opened::Refused, fresh, false},
+        {false, Opened::Declined, fresh, true},
+        {true, Opened::Shown, fresh + "; modeless", false}, // a new number beside the open one: nobody waits
+    };
+    for (const auto& choice : cases) {
         SearchDesk desk;
         desk.provider->answer("Patient_Data..proc_Bar", desk.patients());
-        desk.opener.outcome = outcome;
+        if (choice.hasOpenVisit)
+            desk.provider->answer("Select IDNum from Patient_Data..tbOutPatient", oneRow({{"IDNum", "26A1B"}}));
+        desk.globals.isAllowCreateNewIDnum = true;
+        desk.opener.outcome = choice.outcome;
         desk.open([&](ui::Window& window, MasterSearchFields& fields) {
             SearchDesk::scan(window, fields);
             EXPECT_EQ(desk.provider->log, "Patient_Data..proc_Bar_Search_Patient '7','5'\n");
+            desk.desktop.answers(choice.hasOpenVisit ? "Y" : "");
             window.pressKey(ui::key::enter);
-            EXPECT_EQ(desk.opener.log, "New 00000007 (TO BE GENERATED) ");
-            EXPECT_EQ(window.isOpen(), outcome == search::Opened::Declined);
+            EXPECT_EQ(desk.opener.log, choice.opened);
+            EXPECT_EQ(window.isOpen(), choice.windowStays);
             EXPECT_EQ(window.focus(), &fields.gridPatientList);
+            if (!choice.windowStays)
+                return;
+            TestDesktop::type(window, "8"); // the next card, whose Enter must not open the patient before
+            EXPECT_EQ(fields.txtHospNum.text() + desk.globals.gSelectedHospNum, "8");
         });
         EXPECT_FALSE(desk.desktop.isBusy());
     }

@@ -20,10 +20,11 @@ Engine::Engine(std::unique_ptr<ado::Link> link, std::function<bool()> isGivenUp)
     : m_link(std::move(link)), m_isGivenUp(std::move(isGivenUp)) {
     m_link->setPatience(patience);
     m_link->setOnWait([this] {
-        if (m_givenUp || !m_isGivenUp())
-            return;
-        m_givenUp = true;
-        m_link->setPatience({}); // ends the waiting; what works is not cut short, but its answer is not wanted
+        if (!m_givenUp && m_isGivenUp()) {
+            m_givenUp = true;
+            m_link->setPatience({});
+        }
+        return !m_givenUp;
     });
 }
 

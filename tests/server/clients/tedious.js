@@ -77,6 +77,7 @@ async function main() {
   await failing(() => run(connection, 'callProcedure', 'Patient_Data..sp_nope', { parameters: { a: '1' } }));
   await failing(() => run(connection, 'execSql', 'select a from Patient_Data..tbNope'));
   await failing(() => connect('wrong'));
+  await step(connection, 'reset');
   await run(connection, 'callProcedure', 'Patient_Data..sp_adm_GetNewHospNum', { outputs: { HospNum: TYPES.VarChar } });
   await step(connection, 'beginTransaction');
   await run(connection, 'execSql', rename);

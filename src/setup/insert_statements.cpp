@@ -37,7 +37,7 @@ std::string literal(const ado::Value& value) {
 template <class List, class Text> std::string listOf(const List& list, const Text& textOf) {
     std::string text;
     for (const auto& each : list)
-        text += (text.empty() ? "" : ", ") + textOf(each);
+        text.append(text.empty() ? "" : ", ").append(textOf(each));
     return "(" + text + ")";
 }
 
@@ -69,7 +69,7 @@ void InsertStatements::sendPending() {
             continue;
         std::string rows;
         for (const std::string& row : pending.rows)
-            rows += (rows.empty() ? "" : ",\n") + row;
+            rows.append(rows.empty() ? "" : ",\n").append(row);
         const std::string columns =
             listOf(pending.table->columns, [](std::string_view column) { return std::string{column}; });
         m_send(ado::Statement::fromOutside("INSERT INTO Patient_Data.dbo." + std::string{pending.table->name} + " " +

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/demonstration_rows.h"
+#include "adapters/sqlite/creation/demonstration_rows.h"
 
 namespace opd::adapters::sqlite {
 

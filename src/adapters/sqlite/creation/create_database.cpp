@@ -1,10 +1,10 @@
 #include "adapters/sqlite/create_database.h"
 
+#include "adapters/sqlite/creation/demonstration_rows.h"
+#include "adapters/sqlite/creation/reference.h"
 #include "adapters/sqlite/database.h"
-#include "adapters/sqlite/demonstration_rows.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/procedures.h"
-#include "adapters/sqlite/reference.h"
 #include "adapters/sqlite/unfinished_file.h"
 #include "base/os/safe_file.h"
 #include "base/os/system_clock.h"

@@ -85,14 +85,15 @@ BEGIN
     -- hyphens. The trigger of 06-patient-data-functions.sql keeps them, whoever writes the others. They compare by
     -- their characters alone, so that all that begins alike lies together in an index.
     SearchName nvarchar(100) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N'',
-    SearchFirstName nvarchar(100) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N'',
-    SearchMiddleName nvarchar(100) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N'',
+    SearchFirst nvarchar(100) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N'',
+    SearchMiddle nvarchar(100) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N'',
     SearchPHIC nvarchar(50) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N'',
     SearchGSIS nvarchar(50) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N'',
     SearchSSS nvarchar(50) COLLATE Latin1_General_BIN2 NOT NULL DEFAULT N''
   );
   CREATE INDEX tbMaster_Search ON dbo.tbMaster (SearchName, Sex, BirthDate);
-  CREATE INDEX tbMaster_Name ON dbo.tbMaster (LastName, FirstName, MiddleName, Sex, BirthDate);
+  CREATE INDEX tbMaster_First ON dbo.tbMaster (SearchName, SearchFirst);
+  CREATE INDEX tbMaster_Name ON dbo.tbMaster (LastName, FirstName, BirthDate);
   CREATE INDEX tbMaster_BirthDate ON dbo.tbMaster (BirthDate, SearchName);
   CREATE INDEX tbMaster_PHIC ON dbo.tbMaster (SearchPHIC);
   CREATE INDEX tbMaster_GSIS ON dbo.tbMaster (SearchGSIS);

@@ -119,15 +119,15 @@ BEGIN
   IF EXISTS (
     SELECT 1 FROM inserted AS i
     WHERE i.SearchName <> dbo.OPD_Folded(i.LastName, 1) COLLATE Latin1_General_BIN2
-       OR i.SearchFirstName <> dbo.OPD_Folded(i.FirstName, 1) COLLATE Latin1_General_BIN2
-       OR i.SearchMiddleName <> dbo.OPD_Folded(i.MiddleName, 1) COLLATE Latin1_General_BIN2
+       OR i.SearchFirst <> dbo.OPD_Folded(i.FirstName, 1) COLLATE Latin1_General_BIN2
+       OR i.SearchMiddle <> dbo.OPD_Folded(i.MiddleName, 1) COLLATE Latin1_General_BIN2
        OR i.SearchPHIC <> dbo.OPD_Folded(i.PHICNum, 1) COLLATE Latin1_General_BIN2
        OR i.SearchGSIS <> dbo.OPD_Folded(i.GSISNum, 1) COLLATE Latin1_General_BIN2
        OR i.SearchSSS <> dbo.OPD_Folded(i.SSSNum, 1) COLLATE Latin1_General_BIN2)
     UPDATE dbo.tbMaster
     SET SearchName = dbo.OPD_Folded(LastName, 1),
-        SearchFirstName = dbo.OPD_Folded(FirstName, 1),
-        SearchMiddleName = dbo.OPD_Folded(MiddleName, 1),
+        SearchFirst = dbo.OPD_Folded(FirstName, 1),
+        SearchMiddle = dbo.OPD_Folded(MiddleName, 1),
         SearchPHIC = dbo.OPD_Folded(PHICNum, 1),
         SearchGSIS = dbo.OPD_Folded(GSISNum, 1),
         SearchSSS = dbo.OPD_Folded(SSSNum, 1)

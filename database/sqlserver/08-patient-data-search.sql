@@ -28,6 +28,9 @@ BEGIN
   DECLARE @SearchMiddle nvarchar(4000) = dbo.OPD_Folded(@MiddleName, 1);
   DECLARE @Reading TABLE (FirstName nvarchar(4000) NOT NULL, MiddleName nvarchar(4000) NOT NULL);
   INSERT INTO @Reading (FirstName, MiddleName) SELECT FirstName, MiddleName FROM dbo.OPD_GivenNames(@Given);
+  -- Whatever way it is read, the first name begins with the first word: that much the index tells.
+  DECLARE @FirstWord nvarchar(4000) = ISNULL((SELECT MIN(FirstName COLLATE Latin1_General_BIN2) FROM @Reading), N'');
+  DECLARE @FirstWordEnd nvarchar(4000) = @FirstWord + NCHAR(65533);
 
   IF @Born IS NULL
     SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, dbo.OPD_Age(m.BirthDate) AS Age,
@@ -36,13 +39,15 @@ BEGIN
     WHERE @Name <> N''
       AND m.SearchName >= @Name COLLATE Latin1_General_BIN2
       AND m.SearchName < @NameEnd COLLATE Latin1_General_BIN2
+      AND m.SearchFirst >= @FirstWord COLLATE Latin1_General_BIN2
+      AND m.SearchFirst < @FirstWordEnd COLLATE Latin1_General_BIN2
       AND (@Sex = N'' OR m.Sex = @Sex)
       AND (@Given = N'' OR EXISTS (
             SELECT 1 FROM @Reading AS r
-            WHERE LEFT(m.SearchFirstName, LEN(r.FirstName)) = r.FirstName COLLATE Latin1_General_BIN2
-              AND LEFT(m.SearchMiddleName, LEN(r.MiddleName)) = r.MiddleName COLLATE Latin1_General_BIN2))
-      AND LEFT(m.SearchFirstName, LEN(@SearchFirst)) = @SearchFirst COLLATE Latin1_General_BIN2
-      AND LEFT(m.SearchMiddleName, LEN(@SearchMiddle)) = @SearchMiddle COLLATE Latin1_General_BIN2
+            WHERE LEFT(m.SearchFirst, LEN(r.FirstName)) = r.FirstName COLLATE Latin1_General_BIN2
+              AND LEFT(m.SearchMiddle, LEN(r.MiddleName)) = r.MiddleName COLLATE Latin1_General_BIN2))
+      AND LEFT(m.SearchFirst, LEN(@SearchFirst)) = @SearchFirst COLLATE Latin1_General_BIN2
+      AND LEFT(m.SearchMiddle, LEN(@SearchMiddle)) = @SearchMiddle COLLATE Latin1_General_BIN2
       AND (@HospNum = N'' OR m.HospNum = @HospNum)
       AND @First = 0 AND @Second = 0
     ORDER BY m.LastName, m.FirstName, m.MiddleName, m.BirthDate
@@ -55,13 +60,15 @@ BEGIN
       AND @Name <> N''
       AND m.SearchName >= @Name COLLATE Latin1_General_BIN2
       AND m.SearchName < @NameEnd COLLATE Latin1_General_BIN2
+      AND m.SearchFirst >= @FirstWord COLLATE Latin1_General_BIN2
+      AND m.SearchFirst < @FirstWordEnd COLLATE Latin1_General_BIN2
       AND (@Sex = N'' OR m.Sex = @Sex)
       AND (@Given = N'' OR EXISTS (
             SELECT 1 FROM @Reading AS r
-            WHERE LEFT(m.SearchFirstName, LEN(r.FirstName)) = r.FirstName COLLATE Latin1_General_BIN2
-              AND LEFT(m.SearchMiddleName, LEN(r.MiddleName)) = r.MiddleName COLLATE Latin1_General_BIN2))
-      AND LEFT(m.SearchFirstName, LEN(@SearchFirst)) = @SearchFirst COLLATE Latin1_General_BIN2
-      AND LEFT(m.SearchMiddleName, LEN(@SearchMiddle)) = @SearchMiddle COLLATE Latin1_General_BIN2
+            WHERE LEFT(m.SearchFirst, LEN(r.FirstName)) = r.FirstName COLLATE Latin1_General_BIN2
+              AND LEFT(m.SearchMiddle, LEN(r.MiddleName)) = r.MiddleName COLLATE Latin1_General_BIN2))
+      AND LEFT(m.SearchFirst, LEN(@SearchFirst)) = @SearchFirst COLLATE Latin1_General_BIN2
+      AND LEFT(m.SearchMiddle, LEN(@SearchMiddle)) = @SearchMiddle COLLATE Latin1_General_BIN2
       AND (@HospNum = N'' OR m.HospNum = @HospNum)
       AND @First = 0 AND @Second = 0
     ORDER BY m.LastName, m.FirstName, m.MiddleName, m.BirthDate
@@ -85,6 +92,9 @@ BEGIN
   DECLARE @Born date = dbo.OPD_Moment(@BirthDate, 1);
   DECLARE @Reading TABLE (FirstName nvarchar(4000) NOT NULL, MiddleName nvarchar(4000) NOT NULL);
   INSERT INTO @Reading (FirstName, MiddleName) SELECT FirstName, MiddleName FROM dbo.OPD_GivenNames(@Given);
+  -- Whatever way it is read, the first name begins with the first word: that much the index tells.
+  DECLARE @FirstWord nvarchar(4000) = ISNULL((SELECT MIN(FirstName COLLATE Latin1_General_BIN2) FROM @Reading), N'');
+  DECLARE @FirstWordEnd nvarchar(4000) = @FirstWord + NCHAR(65533);
 
   SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, dbo.OPD_Age(m.BirthDate) AS Age,
          dbo.OPD_Address(m.HouseStreet, m.Barangay) AS Address
@@ -92,10 +102,12 @@ BEGIN
   WHERE @Name <> N''
     AND m.SearchName >= @Name COLLATE Latin1_General_BIN2
     AND m.SearchName < @NameEnd COLLATE Latin1_General_BIN2
+    AND m.SearchFirst >= @FirstWord COLLATE Latin1_General_BIN2
+    AND m.SearchFirst < @FirstWordEnd COLLATE Latin1_General_BIN2
     AND (@Given = N'' OR EXISTS (
           SELECT 1 FROM @Reading AS r
-          WHERE LEFT(m.SearchFirstName, LEN(r.FirstName)) = r.FirstName COLLATE Latin1_General_BIN2
-            AND LEFT(m.SearchMiddleName, LEN(r.MiddleName)) = r.MiddleName COLLATE Latin1_General_BIN2))
+          WHERE LEFT(m.SearchFirst, LEN(r.FirstName)) = r.FirstName COLLATE Latin1_General_BIN2
+            AND LEFT(m.SearchMiddle, LEN(r.MiddleName)) = r.MiddleName COLLATE Latin1_General_BIN2))
     AND (m.BirthDate = @Born OR (m.Sex = @Sex AND (@Born IS NULL OR YEAR(m.BirthDate) = YEAR(@Born))))
   ORDER BY m.LastName, m.FirstName, m.MiddleName, m.BirthDate
   OPTION (RECOMPILE);
@@ -137,7 +149,7 @@ BEGIN
   WHERE m.HospNum = @HospNum;
 END
 GO
--- Last and first name come from the index over names; the age is asked of what they leave.
+-- The age is a span of birth dates, so that the index answers.
 DROP PROCEDURE IF EXISTS dbo.sp_AOPD_SearchSimilarRecords;
 GO
 CREATE PROCEDURE dbo.sp_AOPD_SearchSimilarRecords
@@ -147,8 +159,11 @@ CREATE PROCEDURE dbo.sp_AOPD_SearchSimilarRecords
 AS
 BEGIN
   SET NOCOUNT ON;
+  DECLARE @Today date = GETDATE();
   SELECT HospNum FROM dbo.tbMaster
-  WHERE LastName = @LastName AND FirstName = @FirstName AND dbo.OPD_Age(BirthDate) = @Age;
+  WHERE LastName = @LastName AND FirstName = @FirstName
+    AND BirthDate >= DATEADD(day, 1 - CAST(CEILING((@Age + 1) * 365.25) AS int), @Today)
+    AND BirthDate <= DATEADD(day, 0 - CAST(CEILING(@Age * 365.25) AS int), @Today);
 END
 GO
 -- An exact code gives one row; otherwise the codes and names that contain what was typed.

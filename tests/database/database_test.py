@@ -14,7 +14,7 @@ import sql_scripts as sql
 
 # What stands on a server alone: how patients are looked for (functions of the program do it in the embedded database),
 # the numbers that a session has drawn (temporary there), and the version (a property of the file there).
-ONLY_SERVER_COLUMNS = {"SearchFirstName", "SearchMiddleName", "SearchPHIC", "SearchGSIS", "SearchSSS"}
+ONLY_SERVER_COLUMNS = {"SearchMiddle", "SearchPHIC", "SearchGSIS", "SearchSSS"}
 ONLY_SERVER_TABLES = {"patient_data.tbdrawnnumber", "patient_data.tbdeskversion"}
 KINDS = {"text": {"nvarchar"}, "integer": {"int", "bigint"}, "date": {"date"}, "datetime": {"datetime"}, "bit": {"bit"},
          "real": {"decimal"}}

@@ -342,9 +342,9 @@ GO
 -- one, and never takes the place of another's.
 IF OBJECT_ID(N'dbo.tbDrawnNumber', N'U') IS NULL
 CREATE TABLE dbo.tbDrawnNumber (
-  Number nvarchar(20) NOT NULL,
   Session int NOT NULL,
+  Number nvarchar(20) NOT NULL,
   DrawnAt datetime NOT NULL DEFAULT GETDATE(),
-  PRIMARY KEY (Number, Session)
+  PRIMARY KEY (Session, Number)
 );
 GO

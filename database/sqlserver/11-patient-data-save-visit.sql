@@ -175,6 +175,9 @@ BEGIN
   WHERE IDNum = @IDNum;
 END
 GO
+-- A visit counts its doctors one after the other, within the transaction that saves it. Two visits that count the
+-- same two doctors in turn would each wait for the other for ever: so the counter comes first, and the second one
+-- waits there.
 DROP PROCEDURE IF EXISTS dbo.sp_Adm_Update_tbAdmDoctorConsultation;
 GO
 CREATE PROCEDURE dbo.sp_Adm_Update_tbAdmDoctorConsultation
@@ -182,6 +185,9 @@ CREATE PROCEDURE dbo.sp_Adm_Update_tbAdmDoctorConsultation
 AS
 BEGIN
   SET NOCOUNT ON;
+  IF LTRIM(@DoctorID) = N''
+    RETURN;
+  UPDATE dbo.tbCounter SET Last = Last + 1 WHERE Name = N'Consultations';
   UPDATE Build_File.dbo.tbCoDoctor SET Consultations = Consultations + 1 WHERE DoctorID = @DoctorID;
 END
 GO

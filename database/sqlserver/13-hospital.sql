@@ -1,4 +1,5 @@
 -- The hospital itself: its one row of settings, with every optional behaviour off, and the counters of the numbers.
+-- Under Consultations stands how often consultations were counted: whoever counts them waits there for the others.
 USE Patient_Data;
 GO
 IF NOT EXISTS (SELECT 1 FROM dbo.tbHospitalInfo)
@@ -13,4 +14,7 @@ INSERT INTO dbo.tbCounter (Name, Last) VALUES (N'OPDID', 2600000000);
 GO
 IF NOT EXISTS (SELECT 1 FROM dbo.tbCounter WHERE Name = N'FileNum')
 INSERT INTO dbo.tbCounter (Name, Last) VALUES (N'FileNum', 0);
+GO
+IF NOT EXISTS (SELECT 1 FROM dbo.tbCounter WHERE Name = N'Consultations')
+INSERT INTO dbo.tbCounter (Name, Last) VALUES (N'Consultations', 0);
 GO

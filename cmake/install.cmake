@@ -17,5 +17,6 @@ foreach(room base ado com)
 endforeach()
 install(FILES src/component/init_dll.h src/component/environment.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/opd-registration/component)
-install(FILES README.md LICENSE docs/operator-scripts.md docs/embedded-database.md docs/reports.md docs/tour.opd
+install(DIRECTORY database/sqlserver DESTINATION ${CMAKE_INSTALL_DATADIR}/opd-registration/database)
+install(FILES README.md LICENSE docs/operator-scripts.md docs/embedded-database.md docs/sqlserver.md docs/reports.md docs/tour.opd
   DESTINATION ${CMAKE_INSTALL_DOCDIR})

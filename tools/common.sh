@@ -10,8 +10,8 @@ begin() {
     echo "== $step"
 }
 
-# The packages of tools/packages.txt for the given users ("run", "test") that are not installed, nor a program of that
-# name: one from elsewhere, such as npm beside another nodejs, forbids the package.
+# The packages of tools/packages.txt for the given users ("run", "test") that are not installed. A program of a package's
+# name counts for it, wherever it came from: a newer nodejs brings its own npm and conflicts with the package.
 missing_packages() {
     local package user rest
     while read -r package user rest; do

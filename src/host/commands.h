@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/create_database.h"
 #include "adapters/sqlite/maintenance.h"
+#include "setup/server_setup.h"
 
 #include <filesystem>
 #include <string>
@@ -16,6 +17,14 @@ struct ConfigureOptions {
     bool passwordFromInput = false;
     std::string pictures; ///< folder of the patients' photographs
     std::string settings; ///< file; the user's own store without it
+};
+
+struct CreateServerOptions {
+    std::string server;
+    std::string user;
+    bool passwordFromInput = false;
+    bool deskPasswordFromInput = false; ///< of the login that the desks get; the line behind the first password
+    setup::ServerOptions hospital;
 };
 
 struct RunOptions {
@@ -38,6 +47,15 @@ struct SqlOptions {
 
 /// Makes an embedded hospital in a folder that is new or empty. Shows its progress when standard error is a terminal.
 void createHospital(const std::filesystem::path& folder, const adapters::sqlite::DatabaseOptions& options);
+
+/// Makes a hospital on a database server, or completes one. Shows its progress when standard error is a terminal.
+void createServer(const CreateServerOptions& options);
+
+/// One line of standard input. Throws when there is none.
+std::string passwordFromInput();
+
+/// Throws for a text that cannot be a value of a connection string, in which there is no way to quote a semicolon.
+void refuseSemicolon(const char* what, const std::string& text);
 
 /// Writes the workstation user's connection settings; the password is one line of standard input.
 void configure(const ConfigureOptions& options);

@@ -11,8 +11,6 @@
 
 namespace opd::host {
 
-namespace {
-
 std::string passwordFromInput() {
     std::string line;
     if (!std::getline(std::cin, line))
@@ -22,13 +20,10 @@ std::string passwordFromInput() {
     return line;
 }
 
-// A semicolon ends a value of the connection string, in which there is no way to quote one.
 void refuseSemicolon(const char* what, const std::string& text) {
     if (text.find(';') != std::string::npos)
         throw std::runtime_error(fmt::format("The {} must not hold a semicolon.", what));
 }
-
-} // namespace
 
 void configure(const ConfigureOptions& options) {
     // A folder is found from wherever the desk is started.

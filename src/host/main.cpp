@@ -33,6 +33,7 @@ struct CommandLine {
     std::string folder;
     adapters::sqlite::DatabaseOptions hospital;
     std::string hospitalsDay;
+    host::CreateServerOptions server;
     host::ConfigureOptions settings;
     host::RunOptions session;
     host::SqlOptions shell;
@@ -44,6 +45,7 @@ struct CommandLine {
         app.require_subcommand(0, 1); // its own message names no word; see refuseUnknownWords
         app.allow_extras();
         addCreateDatabase();
+        addCreateServer();
         addConfigure();
         addRun();
         addSql();
@@ -53,7 +55,8 @@ struct CommandLine {
     /// Throws unless the words were understood, naming the first that was not.
     void refuseUnknownWords() const {
         const std::string commands =
-            "There are create-database, configure, run, sql, backup, restore, check, flag, hospital and statistics.";
+            "There are create-database, create-server, configure, run, sql, backup, restore, check, flag, hospital and "
+            "statistics.";
         const std::vector<std::string> unknown = app.remaining(true);
         if (!unknown.empty() && app.get_subcommands().empty())
             throw std::runtime_error("There is no command \"" + unknown.front() + "\". " + commands);
@@ -87,6 +90,33 @@ struct CommandLine {
         if (!hospitalsDay.empty())
             hospital.now = parseMoment(hospitalsDay);
         host::createHospital(folder, hospital);
+    }
+
+    void addCreateServer() {
+        CLI::App* sub = app.add_subcommand("create-server", "Make a hospital on a database server, or complete one.")
+                            ->allow_extras();
+        sub->add_option("--server", server.server, "Name of the server, perhaps with a comma and the port")->required();
+        sub->add_option("--user", server.user, "Administrator of the server; integrated security without it");
+        sub->add_flag("--password-stdin", server.passwordFromInput, "Read the password from standard input, one line");
+        sub->add_flag("--desk-password-stdin", server.deskPasswordFromInput,
+                      "Make the login \"opd\" for the desks; its password is the next line of standard input");
+        sub->add_option("--patients", server.hospital.patients, "Synthetic patients for a hospital that has none")
+            ->capture_default_str()
+            ->check(CLI::Range(0, 10'000'000));
+        sub->add_option("--seed", server.hospital.seed, "The same seed makes the same patients")->capture_default_str();
+        sub->add_option("--client", server.hospital.clientCode, "Client code of a hospital without settings");
+        sub->add_option("--name", server.hospital.hospitalName, "Name of a hospital without settings");
+        sub->add_option("--address", server.hospital.address, "Address of a hospital without settings");
+        sub->add_option("--now", hospitalsDay, "The hospital's own day; today without it")
+            ->envname(environment::now)
+            ->check(moment);
+        sub->callback([this] { command = [this] { createServer(); }; });
+    }
+
+    void createServer() {
+        if (!hospitalsDay.empty())
+            server.hospital.today = parseMoment(hospitalsDay)->date();
+        host::createServer(server);
     }
 
     void addConfigure() {

@@ -22,6 +22,8 @@ ALLOWED = {
     "ado": GROUND,
     "com": GROUND,
     "ports": GROUND,
+    "demonstration": [*GROUND, "ado/"],
+    "setup": [*GROUND, "ado/", "demonstration/"],
     "ui": ABOVE_PORTS,
     "script": [*ABOVE_PORTS, "ui/"],
     "session": SESSION,
@@ -33,12 +35,14 @@ ALLOWED = {
     "codesearch": [*GROUND, "ado/", "com/", "ui/"],
     "host": [*GROUND, "ado/", "com/", "com/connection_object.h", "component/init_dll.h", "component/environment.h",
              "script/desktop_module.h", "adapters/settings/ini_store.h",
-             "adapters/sqlite/create_database.h", "adapters/sqlite/maintenance.h", "adapters/sqlite/shell.h"],
+             "adapters/sqlite/create_database.h", "adapters/sqlite/maintenance.h", "adapters/sqlite/shell.h",
+             "setup/server_setup.h"],
     "adapters/image": ABOVE_PORTS,
     "adapters/qt": [*ABOVE_PORTS, "ui/", "script/"],
     "adapters/report": [*ABOVE_PORTS, "ado/"],
     "adapters/scripted": [*ABOVE_PORTS, "ui/", "script/"],
     "adapters/settings": ABOVE_PORTS,
+    "adapters/sqlite": [*GROUND, "ado/", "demonstration/"],
 }
 PROVIDER = [*GROUND, "ado/"]  # an adapter that is not named above
 TOPS = {room.split("/")[0] for room in ALLOWED}
@@ -54,7 +58,7 @@ LIBRARIES = [
 
 # Headers of the operating system: in the core only src/base/os/ may know them.
 SYSTEM = re.compile(r"(sys|arpa|net|netinet|linux)/.*|(unistd|fcntl|dlfcn|pwd|grp|signal|dirent|poll|termios|pthread|windows)\.h")
-CORE = ["base", "ado", "com", "ports", "ui", "script", "session", "data", "search", "reports", "registration",
+CORE = ["base", "ado", "com", "ports", "demonstration", "setup", "ui", "script", "session", "data", "search", "reports", "registration",
         "component", "codesearch"]
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')

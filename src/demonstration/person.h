@@ -1,11 +1,11 @@
 #pragma once
 
-#include "adapters/sqlite/generator/random.h"
 #include "base/clock/date_time.h"
+#include "demonstration/random.h"
 
 #include <string>
 
-namespace opd::adapters::sqlite {
+namespace opd::demonstration {
 
 /// One synthetic patient.
 struct Person {
@@ -41,4 +41,4 @@ inline constexpr int demonstrationPeople = 12;
 /// The visit that a demonstration patient has; false when that patient has none.
 bool demonstrationVisit(int number, const DateTime& today, Visit& visit);
 
-} // namespace opd::adapters::sqlite
+} // namespace opd::demonstration

@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// Synthetic people and places: names that are common where the hospital stands, and nobody's in particular.
-namespace opd::adapters::sqlite {
+namespace opd::demonstration {
 
 inline constexpr std::array<std::string_view, 120> surnames{
     "DELA CRUZ",   "SANTOS",     "REYES",        "GARCIA",       "RAMOS",       "MENDOZA",      "CRUZ",
@@ -82,4 +82,4 @@ inline constexpr std::array<std::string_view, 24> complaints{"FEVER FOR THREE DA
                                                              "LOSS OF APPETITE",
                                                              "ROUTINE CHECK-UP"};
 
-} // namespace opd::adapters::sqlite
+} // namespace opd::demonstration

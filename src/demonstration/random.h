@@ -5,7 +5,7 @@
 #include <random>
 #include <string>
 
-namespace opd::adapters::sqlite {
+namespace opd::demonstration {
 
 /// Numbers that a seed decides, the same with every compiler and library.
 class Random {
@@ -39,4 +39,4 @@ inline std::string numbered(const std::string& prefix, int number, std::size_t d
     return prefix + std::string(digits > text.size() ? digits - text.size() : 0, '0') + text;
 }
 
-} // namespace opd::adapters::sqlite
+} // namespace opd::demonstration

@@ -1,19 +1,14 @@
 #pragma once
 
-#include "adapters/sqlite/database.h"
-
 #include <array>
 #include <string_view>
 
-namespace opd::adapters::sqlite {
+/// Codes of the reference files that generated patients and visits draw from.
+namespace opd::demonstration {
 
-/// Fills the reference files from the lists of database/reference, the same in every hospital. Throws ado::Error.
-void insertReferenceData(Database& database);
-
-/// Codes that generated patients and visits draw from.
 inline constexpr std::array<std::string_view, 12> townCodes{"1000", "1100", "1200", "1300", "1550", "1600",
                                                             "1700", "1740", "1770", "1800", "4000", "3000"};
 inline constexpr std::array<std::string_view, 10> serviceCodes{"1", "2", "3", "4", "5", "6", "7", "10", "11", "12"};
 inline constexpr int doctorCount = 40;
 
-} // namespace opd::adapters::sqlite
+} // namespace opd::demonstration

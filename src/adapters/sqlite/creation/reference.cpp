@@ -1,4 +1,4 @@
-#include "adapters/sqlite/generator/reference.h"
+#include "adapters/sqlite/creation/reference.h"
 
 #include "adapters/sqlite/embedded_sql.h"
 

@@ -1,11 +1,11 @@
-#include "adapters/sqlite/generator/person.h"
+#include "demonstration/person.h"
 
-#include "adapters/sqlite/generator/names.h"
-#include "adapters/sqlite/generator/reference.h"
+#include "demonstration/codes.h"
+#include "demonstration/names.h"
 
 #include <array>
 
-namespace opd::adapters::sqlite {
+namespace opd::demonstration {
 
 namespace {
 
@@ -187,4 +187,4 @@ bool demonstrationVisit(int number, const DateTime& today, Visit& visit) {
     }
 }
 
-} // namespace opd::adapters::sqlite
+} // namespace opd::demonstration

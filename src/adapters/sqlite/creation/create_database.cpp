@@ -1,13 +1,14 @@
 #include "adapters/sqlite/create_database.h"
 
+#include "adapters/sqlite/creation/demonstration_rows.h"
+#include "adapters/sqlite/creation/reference.h"
 #include "adapters/sqlite/database.h"
-#include "adapters/sqlite/generator/patients.h"
-#include "adapters/sqlite/generator/reference.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/procedures.h"
 #include "adapters/sqlite/unfinished_file.h"
 #include "base/os/safe_file.h"
 #include "base/os/system_clock.h"
+#include "demonstration/population.h"
 
 #include <stdexcept>
 
@@ -38,7 +39,8 @@ void fill(Database& database, const DatabaseOptions& options, const DateTime& to
     hospital.bind(2, options.hospitalName);
     hospital.bind(3, options.address);
     hospital.next();
-    insertPatients(database, {options.patients, options.seed, today}, progress);
+    DemonstrationRows rows(database);
+    demonstration::generatePatients(rows, {options.patients, options.seed, today}, progress);
     database.run("PRAGMA user_version = " + std::to_string(schemaVersion()));
     database.run("COMMIT; ANALYZE; PRAGMA journal_mode = WAL");
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "adapters/sqlite/database.h"
+
+namespace opd::adapters::sqlite {
+
+/// Fills the reference files from the lists of database/reference, the same in every hospital. Throws ado::Error.
+void insertReferenceData(Database& database);
+
+} // namespace opd::adapters::sqlite

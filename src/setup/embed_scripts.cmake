@@ -1,0 +1,12 @@
+# Writes OUTPUT: the scripts of FOLDER, in the order of their names, as texts of the program.
+set(content "#include \"setup/server_scripts.h\"\n\nnamespace opd::setup {\n\nconst ServerScript serverScripts[] = {\n")
+file(GLOB files "${FOLDER}/*.sql")
+list(SORT files)
+list(LENGTH files count)
+foreach(file ${files})
+  get_filename_component(name "${file}" NAME)
+  file(READ "${file}" text)
+  string(APPEND content "    {\"${name}\", R\"script(${text})script\"},\n")
+endforeach()
+string(APPEND content "};\nconst std::size_t serverScriptCount = ${count};\n\n} // namespace opd::setup\n")
+file(WRITE "${OUTPUT}" "${content}")

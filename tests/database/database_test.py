@@ -1,0 +1,168 @@
+#!/usr/bin/env python3
+"""Holds the scripts of a server and those of the embedded database together, and the former to what no server is at
+hand to say of them.
+
+Usage: database_test.py ROOT BUILD. Prints one line per fault and exits with 1 when there is any.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+import grammar
+import sql_scripts as sql
+
+# What stands on a server alone: how patients are looked for (functions of the program do it in the embedded database),
+# the numbers that a session has drawn (temporary there), and the version (a property of the file there).
+ONLY_SERVER_COLUMNS = {"SearchMiddle", "SearchPHIC", "SearchGSIS", "SearchSSS"}
+ONLY_SERVER_TABLES = {"patient_data.tbdrawnnumber", "patient_data.tbdeskversion"}
+KINDS = {"text": {"nvarchar"}, "integer": {"int", "bigint"}, "date": {"date"}, "datetime": {"datetime"}, "bit": {"bit"},
+         "real": {"decimal"}}
+PARAMETERS = {"text": {"nvarchar"}, "number": {"int", "decimal"}, "bit": {"bit"}, "date": {"nvarchar"}}
+
+
+CREATED = re.compile(r"\s*(?:--[^\n]*\n)*CREATE PROCEDURE dbo\.(\w+)\n(.*?)\nAS\nBEGIN\n", re.DOTALL)
+
+
+def embedded_name(name):
+    """Patient_Data_tbMaster as patient_data.tbmaster."""
+    for database in ("Patient_Data", "Build_File", "billing"):
+        if name.startswith(database + "_"):
+            return f"{database}.{name[len(database) + 1:]}".lower()
+    return name.lower()
+
+
+def server_namer(database):
+    """Turns dbo.tbMaster and Build_File.dbo.tbCoDoctor into patient_data.tbmaster and build_file.tbcodoctor."""
+    def named(name):
+        parts = name.lower().split(".")
+        return f"{parts[-3] if len(parts) == 3 else database.lower()}.{parts[-1]}"
+    return named
+
+
+class Embedded:
+    def __init__(self, folder):
+        schema = (folder / "schema.sql").read_text(encoding="utf-8")
+        self.tables = sql.tables_of(schema, embedded_name)
+        self.procedures = [self.procedure(file) for file in sorted((folder / "procedures").glob("*.sql"))]
+
+    def procedure(self, file):
+        text = file.read_text(encoding="utf-8")
+        database = re.search(r"^-- database: (\w+)", text, re.MULTILINE)
+        heading = re.search(r"^-- parameters:(.*)$", text, re.MULTILINE).group(1)
+        name = f"{database.group(1) if database else 'Patient_Data'}.{file.stem.split('.')[0]}"
+        parameters = [tuple(part.split()) for part in heading.split(",") if part.strip()]
+        output = re.search(r"^-- output: (\w+)", text, re.MULTILINE)
+        if output:
+            parameters.append((output.group(1), "text"))
+        found = sql.Procedure(name.lower(), parameters, place=file.name)
+        last = ([part for part in re.split(r";\n", text) if sql.tokens_of(part)] or [""])[-1]
+        if (tokens := sql.tokens_of(last))[:1] == ["SELECT"] and not output:
+            found.results = [sql.result_of(tokens, self.tables, embedded_name)]
+        return found
+
+
+class Server:
+    def __init__(self, folder):
+        self.batches = [batch for file in sorted(folder.glob("*.sql")) for batch in sql.batches_of(file)]
+        self.tables, self.procedures = {}, []
+        for batch in self.batches:
+            self.tables.update(sql.tables_of(batch.text, server_namer(batch.database)))
+            if view := re.match(r"\s*(?:--[^\n]*\n)*CREATE VIEW dbo\.(\w+) AS\n", batch.text):
+                tokens = sql.tokens_of(batch.text[view.end():])
+                columns = sql.result_of(tokens, self.tables, server_namer(batch.database))
+                self.tables[f"{batch.database}.{view.group(1)}".lower()] = dict.fromkeys(columns, "")
+        for batch in self.batches:
+            if started := CREATED.match(batch.text):
+                self.procedures.append(self.procedure(batch, started))
+
+    def procedure(self, batch, started):
+        name = f"{batch.database}.{started.group(1)}".lower()
+        parameters = [(part[0][1:], part[1].lower()) for part in sql.parted(sql.tokens_of(started.group(2)))]
+        found = sql.Procedure(name, parameters, place=f"{batch.place}: {started.group(1)}")
+        if "SET NOCOUNT ON;" != batch.text[started.end():].splitlines()[0].strip():
+            raise SystemExit(f"{found.place}: does not begin with SET NOCOUNT ON")
+        # A select that answers rows begins a line of the body; what it is a part of stands before it on the line.
+        for statement in re.split(r";\n", batch.text[started.end():]):
+            beginning = re.search(r"^ *SELECT\b.*", statement, re.DOTALL | re.MULTILINE)
+            if beginning and statement[:beginning.start()].count("(") == statement[:beginning.start()].count(")") \
+                    and "INSERT INTO" not in statement:
+                columns = sql.result_of(sql.tokens_of(beginning.group()), self.tables, server_namer(batch.database))
+                found.results += [columns] if columns else []
+        return found
+
+
+def lower(names):
+    return [name.lower() for name in names]
+
+
+def table_faults(embedded, server):
+    for name in embedded.tables.keys() ^ set(table for table, columns in server.tables.items()
+                                             if not table.endswith(".vwdoctor")) ^ ONLY_SERVER_TABLES:
+        yield f"table {name} stands in one script set alone"
+    for name, columns in embedded.tables.items():
+        theirs = {column: kind for column, kind in server.tables.get(name, {}).items()
+                  if column not in ONLY_SERVER_COLUMNS}
+        if sorted(columns) != sorted(theirs):
+            yield f"table {name}: columns differ: {sorted(set(columns) ^ set(theirs))}"
+        for column in columns.keys() & theirs.keys():
+            if theirs[column] not in KINDS[columns[column]]:
+                yield f"table {name}: {column} is {columns[column]} there and {theirs[column]} here"
+
+
+def procedure_faults(embedded, server):
+    ours = {procedure.name: procedure for procedure in server.procedures}
+    for name in {procedure.name for procedure in embedded.procedures} ^ ours.keys():
+        yield f"procedure {name} stands in one script set alone"
+    for theirs in embedded.procedures:
+        same = ours.get(theirs.name)
+        if same is None:
+            continue
+        variants = [each for each in embedded.procedures if each.name == theirs.name]
+        longest = max(len(each.parameters) for each in variants)
+        if len(same.parameters) != longest:
+            yield f"{same.place}: {len(same.parameters)} arguments and {longest} there"
+        for (name, kind), (our_name, our_kind) in zip(theirs.parameters, same.parameters):
+            told_apart = len(variants) > 1 and our_name.startswith("Argument")
+            if name.lower() != our_name.lower() and not told_apart:
+                yield f"{same.place}: @{our_name} stands where {name} does in {theirs.place}"
+            if our_kind not in PARAMETERS[kind.rstrip("?")] and not told_apart:
+                yield f"{same.place}: @{our_name} is {our_kind}, and {kind} in {theirs.place}"
+        if len(variants) > 1:
+            continue
+        for columns in same.results or [[]]:
+            if lower(columns) != lower((theirs.results or [[]])[0]):
+                yield f"{same.place}: answers {columns}, and {theirs.results} in {theirs.place}"
+
+
+def own_faults(server, root):
+    for batch in server.batches:
+        yield from grammar.name_faults(batch, server.tables, server_namer(batch.database))
+    here = {batch.text[batch.text.index("CREATE FUNCTION"):] for batch in server.batches
+            if "CREATE FUNCTION dbo.OPD_Folded" in batch.text}
+    if len(here) != 1:
+        yield "OPD_Folded differs from one database to the other"
+    granted = set(re.findall(r"GRANT EXECUTE ON dbo\.(\w+)", (root / "database/sqlserver/14-rights.sql").read_text()))
+    for name in {procedure.name.split(".")[1] for procedure in server.procedures} - set(lower(granted)):
+        yield f"14-rights.sql grants nobody {name}"
+
+
+def list_faults(root):
+    sys.path.insert(0, str(root / "tools"))
+    import reference_sql
+    file = root / "database/sqlserver/12-reference-data.sql"
+    if file.read_text(encoding="utf-8") != reference_sql.script(root):
+        yield f"{file.name} is not what tools/reference_sql.py makes of database/reference"
+
+
+def main(root, build):
+    embedded, server = Embedded(root / "database/embedded"), Server(root / "database/sqlserver")
+    faults = [*table_faults(embedded, server), *procedure_faults(embedded, server), *own_faults(server, root),
+              *list_faults(root), *grammar.faults(server.batches, Path(__file__).parent, build)]
+    print("\n".join(faults) if faults else f"{len(server.batches)} batches, {len(server.procedures)} procedures, "
+          f"{len(server.tables)} tables: no fault")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(Path(sys.argv[1]), Path(sys.argv[2])))

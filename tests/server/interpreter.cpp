@@ -70,7 +70,7 @@ ado::Value outputOf(const ado::ResultSet& answer, const Parameter& parameter, st
         throw ado::Error("The procedure has no output parameter " + parameter.name + ".", "Test server", 8162);
     const ado::Value& value = answer.rows.front()[place];
     const std::size_t bytes = text::length(value.asText()) * (parameter.type.isWide() ? 2 : 1);
-    if (parameter.type.isText() && bytes > parameter.type.size)
+    if (parameter.type.isText() && parameter.type.id != Type::Id::NText && bytes > parameter.type.size)
         throw ado::Error("String or binary data would be truncated.", "Test server", 8152);
     return value;
 }
@@ -105,6 +105,7 @@ std::string textOf(const std::string& procedure, const std::vector<Parameter>& p
 
 void Interpreter::run(const std::string& batch, Tokens& tokens, Done kind, bool more) {
     const std::vector<std::string> statements = statementsOf(batch);
+    m_variables.clear();
     if (statements.empty())
         tokens.done(kind, more);
     for (std::size_t place = 0; place < statements.size(); ++place)
@@ -117,14 +118,14 @@ void Interpreter::statement(const std::string& text, Tokens& tokens, Done kind, 
         tokens.done(kind, more);
         return;
     }
-    if (const auto literal =
-            literalRow(text, m_version, [this](const std::string& name) { return sessionValue(name); })) {
+    if (const auto literal = literalRow(withValues(text, {}, m_variables), m_version,
+                                        [this](const std::string& name) { return sessionValue(name); })) {
         tokens.rows(literal->row, literal->types);
         tokens.done(kind, more, 1);
         return;
     }
     const bool executes = words[0] == "EXEC" || words[0] == "EXECUTE";
-    const ado::ResultSet result = m_engine.run(executes ? stripped(text.substr(words[0].size())) : text);
+    const ado::ResultSet result = executes ? execute(stripped(text.substr(words[0].size()))) : m_engine.run(text);
     const bool procedure = isProcedureCall(words);
     tokens.rows(result);
     if (procedure && !result.columns.empty())
@@ -139,9 +140,31 @@ void Interpreter::statement(const std::string& text, Tokens& tokens, Done kind, 
     }
 }
 
+/// Runs a call whose last arguments may be variables that take its outputs: it answers no rows then.
+ado::ResultSet Interpreter::execute(const std::string& procedure) {
+    const std::size_t outputs = procedure.find('@');
+    if (m_variables.empty() || outputs == std::string::npos)
+        return m_engine.run(procedure);
+    std::string inputs = stripped(procedure.substr(0, outputs));
+    if (inputs.ends_with(","))
+        inputs.pop_back();
+    const ado::ResultSet result = m_engine.run(inputs);
+    std::size_t place = 0;
+    for (const std::string& name : declaredNames(procedure.substr(outputs)))
+        for (Parameter& variable : m_variables)
+            if (text::equalsIgnoringCase(variable.name, name))
+                variable.value = outputOf(result, {{}, true, variable.type, {}}, place++);
+    return {};
+}
+
 bool Interpreter::ofSession(const std::vector<std::string>& words, const std::string& text, Tokens& tokens) {
     if (words[0] == "SET")
         return true;
+    if (words[0] == "DECLARE") {
+        for (const std::string& name : declaredNames(text))
+            m_variables.push_back({name, true, wideText(longestLimitedText / 2, m_version), {}});
+        return true;
+    }
     if (words[0] == "USE") {
         use(stripped(text.substr(words[0].size())), tokens);
         return true;

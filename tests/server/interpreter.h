@@ -36,6 +36,7 @@ class Interpreter {
 
   private:
     void statement(const std::string& text, Tokens& tokens, Done kind, bool more);
+    ado::ResultSet execute(const std::string& procedure);
     bool ofSession(const std::vector<std::string>& words, const std::string& text, Tokens& tokens);
     bool transactionWords(const std::vector<std::string>& words, std::size_t at, Tokens& tokens);
     void use(const std::string& database, Tokens& tokens);
@@ -47,6 +48,7 @@ class Interpreter {
     Version m_version;
     std::string m_database;
     Wait m_wait;
+    std::vector<Parameter> m_variables; ///< of the batch
 };
 
 /// A call of a procedure by its name, as a statement text.

@@ -83,7 +83,7 @@ class LiteralReader {
         expect("AS");
         const Type to = type();
         expect(")");
-        return {to, cast};
+        return {typeIn(m_version, to), cast};
     }
 
     Item value() {

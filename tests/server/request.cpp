@@ -24,18 +24,6 @@ bool isOfName(char character) {
            character == '#';
 }
 
-/// The names that declarations begin with, in their order.
-std::vector<std::string> declaredNames(const std::string& declarations) {
-    std::vector<std::string> names;
-    for (std::size_t at = declarations.find('@'); at != std::string::npos; at = declarations.find('@', at)) {
-        const std::size_t start = at;
-        while (at < declarations.size() && isOfName(declarations[at]))
-            ++at;
-        names.push_back(declarations.substr(start, at - start));
-    }
-    return names;
-}
-
 const Parameter* named(const std::vector<Parameter>& parameters, std::string_view name) {
     for (const Parameter& parameter : parameters)
         if (text::equalsIgnoringCase(parameter.name, name))
@@ -79,6 +67,17 @@ TransactionRequest readTransaction(std::string_view content, Version version) {
         request.beginsNext = (reader.get<std::uint8_t>() & 1U) != 0;
     }
     return request;
+}
+
+std::vector<std::string> declaredNames(const std::string& declarations) {
+    std::vector<std::string> names;
+    for (std::size_t at = declarations.find('@'); at != std::string::npos; at = declarations.find('@', at)) {
+        const std::size_t start = at;
+        while (at < declarations.size() && isOfName(declarations[at]))
+            ++at;
+        names.push_back(declarations.substr(start, at - start));
+    }
+    return names;
 }
 
 std::string literalOf(const ado::Value& value) {

@@ -43,11 +43,13 @@ RpcRequest readRpc(std::string_view content, Version version);
 
 TransactionRequest readTransaction(std::string_view content, Version version);
 
+/// The names that declarations such as "@a int, @b nvarchar(20)" give, in their order.
+std::vector<std::string> declaredNames(const std::string& declarations);
+
 /// A value as it stands in a statement text.
 std::string literalOf(const ado::Value& value);
 
-/// The statement with its parameters replaced by their values. `declarations` ("@a int, @b nvarchar(20)") names those
-/// that come without a name.
+/// The statement with its parameters replaced by their values. `declarations` name those that come without a name.
 std::string withValues(const std::string& statement, const std::string& declarations,
                        std::vector<Parameter> parameters);
 

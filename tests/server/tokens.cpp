@@ -58,8 +58,9 @@ void Tokens::returnValue(std::size_t place, const std::string& name, const Type&
     m_out.put(std::uint8_t{0x01}); // an output parameter
     userType();
     m_out.put(mayBeNull);
-    writeType(m_out, type);
-    writeValue(m_out, type, value);
+    const Type sent = type.id == Type::Id::NText ? wideText(longestLimitedText / 2, m_version) : type;
+    writeType(m_out, sent);
+    writeValue(m_out, sent, value);
 }
 
 std::uint8_t Tokens::classOf(long number) {

@@ -24,6 +24,8 @@ constexpr FixedType fixedTypes[] = {
 
 constexpr std::string_view latinCollation{"\x09\x04\xD0\x00\x34", 5}; ///< code page 1252, blind to case
 
+constexpr std::size_t longestDate = 27; ///< characters
+
 constexpr DateTime firstOfShortDates{1753, 1, 1, 0, 0, 0};
 
 } // namespace
@@ -71,6 +73,15 @@ Type wideText(std::size_t characters, Version version) {
     if (version >= Version::V7_2)
         return {Type::Id::NVarChar, Type::unlimited};
     return {Type::Id::NText, std::numeric_limits<std::int32_t>::max()};
+}
+
+Type typeIn(Version version, const Type& type) {
+    const bool newDate = type.id == Type::Id::DateN || type.id == Type::Id::DateTime2N;
+    if (newDate && version < Version::V7_3)
+        return wideText(longestDate, version);
+    return version == Version::V7_1 && type.isText() && type.size == Type::unlimited
+               ? wideText(longestLimitedText, version)
+               : type;
 }
 
 Type readType(Reader& reader) {

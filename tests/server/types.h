@@ -56,6 +56,9 @@ class WidestOf {
 /// NVARCHAR of a number of characters, or of any length where so many do not fit.
 Type wideText(std::size_t characters, Version version);
 
+/// The type itself, or what stands for it in a version that does not have it.
+Type typeIn(Version version, const Type& type);
+
 /// The type and then a value of a parameter. Throws Disconnected for a type that no driver of the tests sends.
 Type readType(Reader& reader);
 ado::Value readValue(Reader& reader, const Type& type);

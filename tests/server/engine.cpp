@@ -1,12 +1,18 @@
 #include "server/engine.h"
 
 #include "ado/error.h"
+#include "base/text/text.h"
 
 namespace opd::testserver {
 
 namespace {
 
 constexpr auto patience = std::chrono::minutes{5}; ///< a server waits for a lock until its client gives up
+
+bool isSelect(const std::string& statement) {
+    constexpr std::string_view word = "SELECT";
+    return text::equalsIgnoringCase(statement.substr(0, word.size()), word);
+}
 
 } // namespace
 
@@ -36,9 +42,11 @@ template <class Work> void Engine::watched(const Work& work) {
 }
 
 ado::ResultSet Engine::run(const std::string& statement) {
-    if (m_inTransaction && !m_holds) {
-        watched([this] { m_link->begin(); });
-        m_holds = true;
+    if (m_inTransaction && !m_holds && !isSelect(statement)) {
+        watched([this] {
+            m_link->begin();
+            m_holds = true;
+        });
     }
     ado::ResultSet result;
     watched([&] { result = m_link->run({.text = statement}); });
@@ -63,9 +71,11 @@ void Engine::rollback() {
 void Engine::end(void (ado::Link::*how)(), const char* refusal, long number) {
     if (!m_inTransaction)
         throw ado::Error(refusal, "Test server", number);
-    if (m_holds)
-        watched([&] { (*m_link.*how)(); });
-    m_inTransaction = m_holds = false;
+    watched([&] {
+        if (m_holds)
+            (*m_link.*how)();
+        m_inTransaction = m_holds = false;
+    });
 }
 
 } // namespace opd::testserver

@@ -16,8 +16,8 @@ class GivenUp : public std::runtime_error {
     GivenUp() : std::runtime_error("given up") {}
 };
 
-/// The embedded database behind a connection. A transaction takes hold of it with its first statement, as on a server,
-/// where beginning one locks nothing.
+/// The embedded database behind a connection. A transaction takes hold of it with its first statement that may write,
+/// as on a server, where neither beginning one nor reading keeps others from writing.
 class Engine {
   public:
     /// `isGivenUp` is asked over and over while a statement waits or works for long.

@@ -50,6 +50,22 @@ bool isProcedureCall(const std::vector<std::string>& words) {
     return words[0] != "SELECT" && words[0] != "UPDATE" && words[0] != "DELETE";
 }
 
+/// A select of the rows that an update or a delete is about to touch; nothing for other statements.
+std::string selectOfTouched(const std::vector<std::string>& words, std::string_view text) {
+    constexpr std::string_view where = "WHERE ";
+    if (words[0] != "UPDATE" && words[0] != "DELETE")
+        return {};
+    std::string_view condition;
+    bool quoted = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        quoted = quoted != (text[at] == '\'');
+        if (!quoted && text::equalsIgnoringCase(text.substr(at, where.size()), where))
+            condition = text.substr(at);
+    }
+    const std::string& table = words[words[1] == "FROM" ? 2 : 1];
+    return condition.empty() ? "" : "SELECT * FROM " + table + " " + std::string{condition};
+}
+
 std::chrono::milliseconds delayOf(const std::string& clock) {
     int hours = 0;
     int minutes = 0;
@@ -84,7 +100,8 @@ bool isDatabase(const std::string& name) {
 
 bool isHousekeeping(const std::string& batch) {
     const std::vector<std::string> words = firstWords(batch);
-    return words[0] == "SET" || words[0] == "USE" || (words[0] == "SELECT" && words[1].starts_with("@@"));
+    return words[0] == "SET" || words[0] == "USE" || words[0].starts_with("SP_DATATYPE_INFO") ||
+           (words[0] == "SELECT" && words[1].starts_with("@@"));
 }
 
 std::string textOf(const std::string& procedure, const std::vector<Parameter>& parameters, bool withOutputs) {
@@ -124,20 +141,22 @@ void Interpreter::statement(const std::string& text, Tokens& tokens, Done kind, 
         tokens.done(kind, more, 1);
         return;
     }
+    std::optional<std::uint64_t> count;
+    if (const std::string touched = selectOfTouched(words, text); !touched.empty())
+        count = m_engine.run(touched).rows.size();
     const bool executes = words[0] == "EXEC" || words[0] == "EXECUTE";
     const ado::ResultSet result = executes ? execute(stripped(text.substr(words[0].size()))) : m_engine.run(text);
-    const bool procedure = isProcedureCall(words);
     tokens.rows(result);
-    if (procedure && !result.columns.empty())
-        tokens.done(Done::InProcedure, true, result.rows.size());
-    if (procedure) {
-        tokens.returnStatus(0);
-        tokens.done(kind == Done::Batch ? Done::Procedure : kind, more);
-    } else if (result.columns.empty()) {
-        tokens.done(kind, more);
-    } else {
-        tokens.done(kind, more, result.rows.size());
+    if (!result.columns.empty())
+        count = result.rows.size();
+    if (!isProcedureCall(words)) {
+        tokens.done(kind, more, count);
+        return;
     }
+    if (count)
+        tokens.done(Done::InProcedure, true, count);
+    tokens.returnStatus(0);
+    tokens.done(kind == Done::Batch ? Done::Procedure : kind, more);
 }
 
 /// Runs a call whose last arguments may be variables that take its outputs: it answers no rows then.

@@ -48,7 +48,7 @@ class LiteralReader {
         while (length < m_rest.size() && (std::isalnum(static_cast<unsigned char>(m_rest[length])) != 0 ||
                                           std::string_view{"_@."}.find(m_rest[length]) != std::string_view::npos))
             ++length;
-        const std::string taken{m_rest.substr(0, length)};
+        std::string taken{m_rest.substr(0, length)};
         m_rest.remove_prefix(length);
         skipBlanks();
         return taken;

@@ -24,6 +24,19 @@ bool isOfName(char character) {
            character == '#';
 }
 
+/// Some drivers call by its name what others call by its number.
+std::uint16_t numberOf(const std::string& procedure) {
+    constexpr std::pair<std::string_view, std::uint16_t> numbers[] = {{"sp_executesql", RpcRequest::ExecuteSql},
+                                                                      {"sp_prepare", RpcRequest::Prepare},
+                                                                      {"sp_execute", RpcRequest::Execute},
+                                                                      {"sp_prepexec", RpcRequest::PrepExec},
+                                                                      {"sp_unprepare", RpcRequest::Unprepare}};
+    for (const auto& [name, number] : numbers)
+        if (text::equalsIgnoringCase(name, procedure))
+            return number;
+    return RpcRequest::ByName;
+}
+
 const Parameter* named(const std::vector<Parameter>& parameters, std::string_view name) {
     for (const Parameter& parameter : parameters)
         if (text::equalsIgnoringCase(parameter.name, name))
@@ -42,10 +55,12 @@ RpcRequest readRpc(std::string_view content, Version version) {
     Reader reader = behindHeaders(content, version);
     RpcRequest request;
     const auto length = reader.get<std::uint16_t>();
-    if (length == byNumber)
+    if (length == byNumber) {
         request.number = reader.get<std::uint16_t>();
-    else
+    } else {
         request.name = fromUtf16(reader.raw(std::size_t{length} * 2));
+        request.number = numberOf(request.name);
+    }
     reader.raw(2); // flags
     while (!reader.atEnd()) {
         Parameter parameter;

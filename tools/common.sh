@@ -10,13 +10,14 @@ begin() {
     echo "== $step"
 }
 
-# The packages of tools/packages.txt for the given users ("run", "test") that are not installed.
+# The packages of tools/packages.txt for the given users ("run", "test") that are not installed, nor a program of that
+# name: one from elsewhere, such as npm beside another nodejs, forbids the package.
 missing_packages() {
     local package user rest
     while read -r package user rest; do
         [[ -z "$package" || "$package" == "#" || " $* " != *" $user "* ]] && continue
         [[ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)" == "installed" ]] ||
-            echo "$package"
+            command -v "$package" >/dev/null || echo "$package"
     done < tools/packages.txt
 }
 

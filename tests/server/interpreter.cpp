@@ -1,0 +1,294 @@
+#include "server/interpreter.h"
+
+#include "base/text/text.h"
+#include "server/literals.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace opd::testserver {
+
+namespace {
+
+constexpr std::string_view databases[] = {"master", "LABORATORY", "Patient_Data", "Build_File", "billing"};
+
+std::string stripped(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::string_view::npos ? std::string{}
+                                           : std::string{text.substr(first, text.find_last_not_of(blanks) - first + 1)};
+}
+
+/// The parts between the ";" that stand outside of quotes, without the empty ones.
+std::vector<std::string> statementsOf(const std::string& batch) {
+    std::vector<std::string> statements;
+    std::size_t start = 0;
+    bool quoted = false;
+    for (std::size_t at = 0; at <= batch.size(); ++at) {
+        quoted = quoted != (at < batch.size() && batch[at] == '\'');
+        if (at < batch.size() && (quoted || batch[at] != ';'))
+            continue;
+        if (std::string statement = stripped(batch.substr(start, at - start)); !statement.empty())
+            statements.push_back(std::move(statement));
+        start = at + 1;
+    }
+    return statements;
+}
+
+/// The first words, in capitals.
+std::vector<std::string> firstWords(const std::string& statement) {
+    constexpr std::size_t longest = 12;
+    std::istringstream all(statement);
+    std::vector<std::string> words;
+    for (std::string word; words.size() < longest && all >> word;)
+        words.push_back(text::upper(std::string_view{word}));
+    words.resize(longest + 1); // the last one is empty
+    return words;
+}
+
+bool isProcedureCall(const std::vector<std::string>& words) {
+    return words[0] != "SELECT" && words[0] != "UPDATE" && words[0] != "DELETE";
+}
+
+/// A select of the rows that an update or a delete is about to touch; nothing for other statements.
+std::string selectOfTouched(const std::vector<std::string>& words, std::string_view text) {
+    constexpr std::string_view where = "WHERE ";
+    if (words[0] != "UPDATE" && words[0] != "DELETE")
+        return {};
+    std::string_view condition;
+    bool quoted = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        quoted = quoted != (text[at] == '\'');
+        if (!quoted && text::equalsIgnoringCase(text.substr(at, where.size()), where))
+            condition = text.substr(at);
+    }
+    const std::string& table = words[words[1] == "FROM" ? 2 : 1];
+    return condition.empty() ? "" : "SELECT * FROM " + table + " " + std::string{condition};
+}
+
+std::chrono::milliseconds delayOf(const std::string& clock) {
+    int hours = 0;
+    int minutes = 0;
+    int seconds = 0;
+    if (std::sscanf(clock.c_str(), "'%d:%d:%d", &hours, &minutes, &seconds) < 3)
+        throw ado::Error("Incorrect time syntax in time string " + clock + " used with WAITFOR.", "Test server", 148);
+    return std::chrono::hours{hours} + std::chrono::minutes{minutes} + std::chrono::seconds{seconds};
+}
+
+/// The value of an output, which is cut by nobody.
+ado::Value outputOf(const ado::ResultSet& answer, const Parameter& parameter, std::size_t place) {
+    if (answer.rows.empty())
+        return {};
+    for (std::size_t column = 0; column < answer.columns.size(); ++column)
+        if (text::equalsIgnoringCase("@" + answer.columns[column], parameter.name))
+            place = column;
+    if (place >= answer.columns.size())
+        throw ado::Error("The procedure has no output parameter " + parameter.name + ".", "Test server", 8162);
+    const ado::Value& value = answer.rows.front()[place];
+    const std::size_t bytes = text::length(value.asText()) * (parameter.type.isWide() ? 2 : 1);
+    if (parameter.type.isText() && parameter.type.id != Type::Id::NText && bytes > parameter.type.size)
+        throw ado::Error("String or binary data would be truncated.", "Test server", 8152);
+    return value;
+}
+
+} // namespace
+
+bool isDatabase(const std::string& name) {
+    return std::any_of(std::begin(databases), std::end(databases),
+                       [&](std::string_view database) { return text::equalsIgnoringCase(database, name); });
+}
+
+bool isHousekeeping(const std::string& batch) {
+    const std::vector<std::string> words = firstWords(batch);
+    return words[0] == "SET" || words[0] == "USE" || words[0].starts_with("SP_DATATYPE_INFO") ||
+           (words[0] == "SELECT" && words[1].starts_with("@@"));
+}
+
+std::string textOf(const std::string& procedure, const std::vector<Parameter>& parameters, bool withOutputs) {
+    std::string text = procedure;
+    bool first = true;
+    for (const Parameter& parameter : parameters) {
+        if (parameter.isOutput && !withOutputs)
+            continue;
+        text += first ? " " : ", ";
+        first = false;
+        if (parameter.isOutput)
+            text += (parameter.name.empty() ? "?" : parameter.name) + " OUTPUT";
+        else // the engine's procedures take an empty text for null
+            text += parameter.value.isNull() ? "''" : literalOf(parameter.value);
+    }
+    return text;
+}
+
+void Interpreter::run(const std::string& batch, Tokens& tokens, Done kind, bool more) {
+    const std::vector<std::string> statements = statementsOf(batch);
+    m_variables.clear();
+    if (statements.empty())
+        tokens.done(kind, more);
+    for (std::size_t place = 0; place < statements.size(); ++place)
+        statement(statements[place], tokens, kind, more || place + 1 < statements.size());
+}
+
+void Interpreter::statement(const std::string& text, Tokens& tokens, Done kind, bool more) {
+    std::vector<std::string> words = firstWords(text);
+    if (ofSession(words, text, tokens)) {
+        tokens.done(kind, more);
+        return;
+    }
+    if (const auto literal = literalRow(withValues(text, {}, m_variables), m_version,
+                                        [this](const std::string& name) { return sessionValue(name); })) {
+        tokens.rows(literal->row, literal->types);
+        tokens.done(kind, more, 1);
+        return;
+    }
+    std::optional<std::uint64_t> count;
+    if (const std::string touched = selectOfTouched(words, text); !touched.empty())
+        count = m_engine.run(touched).rows.size();
+    const bool executes = words[0] == "EXEC" || words[0] == "EXECUTE";
+    const ado::ResultSet result = executes ? execute(stripped(text.substr(words[0].size()))) : m_engine.run(text);
+    tokens.rows(result);
+    if (!result.columns.empty())
+        count = result.rows.size();
+    if (!isProcedureCall(words)) {
+        tokens.done(kind, more, count);
+        return;
+    }
+    if (count)
+        tokens.done(Done::InProcedure, true, count);
+    tokens.returnStatus(0);
+    tokens.done(kind == Done::Batch ? Done::Procedure : kind, more);
+}
+
+/// Runs a call whose last arguments may be variables that take its outputs: it answers no rows then.
+ado::ResultSet Interpreter::execute(const std::string& procedure) {
+    const std::size_t outputs = procedure.find('@');
+    if (m_variables.empty() || outputs == std::string::npos)
+        return m_engine.run(procedure);
+    std::string inputs = stripped(procedure.substr(0, outputs));
+    if (inputs.ends_with(","))
+        inputs.pop_back();
+    const ado::ResultSet result = m_engine.run(inputs);
+    std::size_t place = 0;
+    for (const std::string& name : declaredNames(procedure.substr(outputs)))
+        for (Parameter& variable : m_variables)
+            if (text::equalsIgnoringCase(variable.name, name))
+                variable.value = outputOf(result, {{}, true, variable.type, {}}, place++);
+    return {};
+}
+
+bool Interpreter::ofSession(const std::vector<std::string>& words, const std::string& text, Tokens& tokens) {
+    if (words[0] == "SET")
+        return true;
+    if (words[0] == "DECLARE") {
+        for (const std::string& name : declaredNames(text))
+            m_variables.push_back({name, true, wideText(longestLimitedText / 2, m_version), {}});
+        return true;
+    }
+    if (words[0] == "USE") {
+        use(stripped(text.substr(words[0].size())), tokens);
+        return true;
+    }
+    if (words[0] == "WAITFOR" && words[1] == "DELAY") {
+        m_wait(delayOf(words[2]));
+        return true;
+    }
+    if (words[0] == "IF" && words[1] == "@@TRANCOUNT" && words[2] == ">" && words[3] == "0") {
+        if (m_engine.inTransaction())
+            return transactionWords(words, 4, tokens);
+        return words[5] != "BEGIN" || transactionWords(words, 5, tokens);
+    }
+    return transactionWords(words, 0, tokens);
+}
+
+/// Reads "COMMIT", "ROLLBACK TRANSACTION", "BEGIN TRAN" and the like, perhaps one behind the other.
+bool Interpreter::transactionWords(const std::vector<std::string>& words, std::size_t at, Tokens& tokens) {
+    const bool names = words[at + 1] == "TRANSACTION" || words[at + 1] == "TRAN";
+    if (words[at] == "BEGIN" && names)
+        begin(tokens);
+    else if (words[at] == "COMMIT")
+        commit(tokens);
+    else if (words[at] == "ROLLBACK") {
+        m_engine.rollback();
+        tokens.transaction(Tokens::Transaction::RolledBack, m_engine.transaction());
+    } else
+        return false;
+    const std::size_t behind = at + (names ? 2 : 1);
+    return words[behind].empty() || transactionWords(words, behind, tokens);
+}
+
+void Interpreter::use(const std::string& database, Tokens& tokens) {
+    const std::string name = text::replaced(text::replaced(database, "[", ""), "]", "");
+    if (!isDatabase(name))
+        throw ado::Error("Database '" + name + "' does not exist. Make sure that the name is entered correctly.",
+                         "Test server", 911);
+    tokens.database(name, m_database);
+    tokens.info(5701, "Changed database context to '" + name + "'.");
+    m_database = name;
+}
+
+std::optional<ado::Value> Interpreter::sessionValue(const std::string& name) const {
+    if (name == "@@TRANCOUNT")
+        return ado::Value{m_engine.inTransaction() ? 1 : 0};
+    if (name == "@@SPID")
+        return ado::Value{51};
+    if (name == "@@VERSION")
+        return ado::Value{"Test server"};
+    if (name == "DB_NAME")
+        return ado::Value{m_database};
+    return std::nullopt;
+}
+
+void Interpreter::call(const std::string& procedure, const std::vector<Parameter>& parameters, Tokens& tokens) {
+    const ado::ResultSet result = m_engine.run(textOf(procedure, parameters, false));
+    const bool hasOutputs =
+        std::any_of(parameters.begin(), parameters.end(), [](const Parameter& each) { return each.isOutput; });
+    if (!hasOutputs && !result.columns.empty()) {
+        tokens.rows(result);
+        tokens.done(Done::InProcedure, true, result.rows.size());
+    }
+    tokens.returnStatus(0);
+    std::size_t output = 0;
+    for (std::size_t place = 0; place < parameters.size(); ++place)
+        if (const Parameter& parameter = parameters[place]; parameter.isOutput)
+            tokens.returnValue(place, parameter.name, parameter.type, outputOf(result, parameter, output++));
+    tokens.done(Done::Procedure, false);
+}
+
+void Interpreter::begin(Tokens& tokens) {
+    m_engine.begin();
+    tokens.transaction(Tokens::Transaction::Begun, m_engine.transaction());
+}
+
+void Interpreter::commit(Tokens& tokens) {
+    m_engine.commit();
+    tokens.transaction(Tokens::Transaction::Committed, m_engine.transaction());
+}
+
+void Interpreter::transaction(const TransactionRequest& request, Tokens& tokens) {
+    switch (request.kind) {
+    case TransactionRequest::Begin:
+        begin(tokens);
+        break;
+    case TransactionRequest::Commit:
+        commit(tokens);
+        break;
+    case TransactionRequest::Rollback:
+        m_engine.rollback();
+        tokens.transaction(Tokens::Transaction::RolledBack, m_engine.transaction());
+        break;
+    default:
+        throw ado::Error("This transaction request is not supported.", "Test server", 40508);
+    }
+    if (request.beginsNext)
+        begin(tokens);
+    tokens.done(Done::Batch, false);
+}
+
+void Interpreter::rollBack(Tokens& tokens) {
+    if (!m_engine.inTransaction())
+        return;
+    m_engine.rollback();
+    tokens.transaction(Tokens::Transaction::RolledBack, m_engine.transaction());
+}
+
+} // namespace opd::testserver

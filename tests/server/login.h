@@ -1,0 +1,26 @@
+#pragma once
+
+#include "server/types.h"
+
+#include <optional>
+
+namespace opd::testserver {
+
+/// What a client asks for when it logs in.
+struct Login {
+    Version version = Version::V7_4;
+    std::size_t packetSize = 0; ///< 0 leaves it to the server
+    std::string user;
+    std::string password;
+    std::string database;
+    bool integrated = false; ///< by the client's own account at its domain
+};
+
+/// Reads the login message. Throws Disconnected for a version below 7.1.
+Login readLogin(std::string_view content);
+
+/// The answer to the message before the login. Encryption is never supported; when it is `required`, clients that can
+/// do without it are refused.
+std::string preloginAnswer(bool encryptionRequired);
+
+} // namespace opd::testserver

@@ -1,0 +1,280 @@
+#include "server/session.h"
+
+#include "adapters/sqlite/provider.h"
+#include "base/text/text.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace opd::testserver {
+
+namespace {
+
+constexpr std::size_t smallestPacket = 512;
+constexpr std::size_t largestPacket = 32767;
+constexpr std::size_t usualPacket = 4096;
+constexpr long deadlockVictim = 1205;
+constexpr std::string_view startDatabase = "master";
+
+std::string messageOf(long number) {
+    return number == deadlockVictim
+               ? "Transaction (Process ID 51) was deadlocked on lock resources with another process "
+                 "and has been chosen as the deadlock victim. Rerun the transaction."
+               : "The test server fails with error " + std::to_string(number) + ".";
+}
+
+/// "1205" or "1205,message".
+ado::Error errorOf(const std::string& argument) {
+    const std::size_t comma = argument.find(',');
+    const long number = std::atol(argument.c_str());
+    return ado::Error(comma == std::string::npos ? messageOf(number) : argument.substr(comma + 1), "Test server",
+                      number);
+}
+
+const Parameter& parameterOf(const RpcRequest& request, std::size_t place) {
+    if (place >= request.parameters.size())
+        throw Disconnected("a call without its parameters");
+    return request.parameters[place];
+}
+
+std::vector<Parameter> parametersFrom(const RpcRequest& request, std::size_t first) {
+    const auto begin = request.parameters.begin();
+    const auto count = static_cast<std::ptrdiff_t>(std::min(first, request.parameters.size()));
+    return {begin + count, request.parameters.end()};
+}
+
+} // namespace
+
+Shared::Shared(const Options& chosen, const Clock& clock)
+    : options(chosen), provider(adapters::sqlite::makeSqliteProvider(clock)), log(chosen.log) {
+    for (const std::string& fault : chosen.faults)
+        faults.add(fault);
+}
+
+void Session::run() {
+    if (!logIn())
+        return;
+    while (true)
+        serve(m_channel.read());
+}
+
+bool Session::logIn() {
+    Message message = m_channel.read();
+    if (message.type == Message::Type::Prelogin) {
+        m_channel.write(preloginAnswer(m_shared.options.requireEncryption));
+        message = m_channel.read();
+    }
+    if (message.type != Message::Type::Login || m_shared.options.requireEncryption)
+        return false; // the beginning of an encryption that was not offered, for one
+    const Login login = readLogin(message.content);
+    m_version = login.version;
+    const std::string text = "login " + login.user + " " + login.database;
+    m_shared.log.add(m_number, text);
+    bool admitted = false;
+    Tokens tokens(m_version);
+    answer(m_shared.faults.next(text, true), tokens, Done::Batch, [&](Tokens& out) { admitted = admit(login, out); });
+    if (admitted && login.packetSize != 0)
+        m_channel.setPacketSize(std::clamp(login.packetSize, smallestPacket, largestPacket));
+    return admitted;
+}
+
+bool Session::admit(const Login& login, Tokens& tokens) {
+    if (login.integrated)
+        throw ado::Error("Login failed. The login is from an untrusted domain and cannot be used with Windows "
+                         "authentication.",
+                         "Test server", 18452);
+    if (!text::equalsIgnoringCase(login.user, m_shared.options.user) || login.password != m_shared.options.password)
+        throw ado::Error("Login failed for user '" + login.user + "'.", "Test server", 18456);
+    const std::string database = login.database.empty() ? std::string{startDatabase} : login.database;
+    if (!isDatabase(database))
+        throw ado::Error("Cannot open database \"" + database + "\" requested by the login. The login failed.",
+                         "Test server", 4060);
+    m_engine.emplace(m_shared.provider->open(ado::ConnectionString{"Data Source=" + m_shared.options.folder.string()}),
+                     [this] { return isGivenUp(); });
+    m_interpreter.emplace(*m_engine, m_version, database, [this](std::chrono::milliseconds time) { wait(time); });
+    tokens.database(database, std::string{startDatabase});
+    tokens.info(5701, "Changed database context to '" + database + "'.");
+    tokens.collation();
+    tokens.loginAccepted();
+    tokens.packetSize(login.packetSize == 0 ? usualPacket : std::clamp(login.packetSize, smallestPacket, largestPacket),
+                      usualPacket);
+    tokens.done(Done::Batch, false);
+    return true;
+}
+
+void Session::serve(const Message& message) {
+    switch (message.type) {
+    case Message::Type::Batch:
+        batch(readBatch(message.content, m_version), message.resets);
+        return;
+    case Message::Type::Rpc:
+        rpc(readRpc(message.content, m_version), message.resets);
+        return;
+    case Message::Type::Transaction:
+        transaction(readTransaction(message.content, m_version));
+        return;
+    case Message::Type::Attention: { // its statement was answered meanwhile
+        Tokens tokens(m_version);
+        tokens.doneGivenUp();
+        m_channel.write(tokens.bytes());
+        return;
+    }
+    default:
+        throw Disconnected("a message of an unknown type");
+    }
+}
+
+void Session::batch(const std::string& text, bool resets) {
+    statement(text, resets, Done::Batch, [&](Tokens& tokens) { m_interpreter->run(text, tokens, Done::Batch, false); });
+}
+
+void Session::rpc(const RpcRequest& request, bool resets) {
+    Tokens tokens(m_version);
+    switch (request.number) {
+    case RpcRequest::ByName:
+        statement(textOf(request.name, request.parameters, true), resets, Done::Procedure,
+                  [&](Tokens& out) { m_interpreter->call(request.name, request.parameters, out); });
+        return;
+    case RpcRequest::ExecuteSql:
+    case RpcRequest::PrepExec:
+    case RpcRequest::Execute:
+        execute(request, resets);
+        return;
+    case RpcRequest::Prepare:
+        prepare(request, tokens);
+        break;
+    case RpcRequest::Unprepare:
+        m_prepared.erase(static_cast<std::int32_t>(parameterOf(request, 0).value.asNumber()));
+        tokens.returnStatus(0);
+        break;
+    default:
+        tokens.error(ado::Error("Could not find stored procedure number " + std::to_string(request.number) + ".",
+                                "Test server", 2812));
+        tokens.doneFailed(Done::Procedure);
+        m_channel.write(tokens.bytes());
+        return;
+    }
+    tokens.done(Done::Procedure, false);
+    m_channel.write(tokens.bytes());
+}
+
+void Session::prepare(const RpcRequest& request, Tokens& tokens) {
+    const Parameter& handle = parameterOf(request, 0);
+    m_prepared[++m_lastHandle] = {parameterOf(request, 1).value.asText(), parameterOf(request, 2).value.asText()};
+    tokens.returnStatus(0);
+    tokens.returnValue(0, handle.name, {Type::Id::IntN, 4}, std::int64_t{m_lastHandle});
+}
+
+/// Runs a statement with values: one that comes with them, or one that was prepared.
+void Session::execute(const RpcRequest& request, bool resets) {
+    const bool prepares = request.number == RpcRequest::PrepExec;
+    Prepared prepared;
+    if (request.number == RpcRequest::Execute)
+        prepared = m_prepared[static_cast<std::int32_t>(parameterOf(request, 0).value.asNumber())];
+    else if (prepares)
+        prepared = {parameterOf(request, 1).value.asText(), parameterOf(request, 2).value.asText()};
+    else
+        prepared = {request.parameters.size() > 1 ? request.parameters[1].value.asText() : "",
+                    parameterOf(request, 0).value.asText()};
+    const std::size_t firstValue = prepares ? 3 : request.number == RpcRequest::Execute ? 1 : 2;
+    const std::string text = withValues(prepared.statement, prepared.declarations, parametersFrom(request, firstValue));
+    statement(text, resets, Done::Procedure, [&](Tokens& tokens) {
+        m_interpreter->run(text, tokens, Done::InProcedure, true);
+        tokens.returnStatus(0);
+        if (prepares) {
+            m_prepared[++m_lastHandle] = prepared;
+            tokens.returnValue(0, request.parameters[0].name, {Type::Id::IntN, 4}, std::int64_t{m_lastHandle});
+        }
+        tokens.done(Done::Procedure, false);
+    });
+}
+
+void Session::transaction(const TransactionRequest& request) {
+    const char* const text = request.kind == TransactionRequest::Begin    ? "begin"
+                             : request.kind == TransactionRequest::Commit ? "commit"
+                                                                          : "rollback";
+    statement(text, false, Done::Batch, [&](Tokens& tokens) { m_interpreter->transaction(request, tokens); });
+}
+
+void Session::statement(const std::string& text, bool resets, Done kind, const Work& work) {
+    Fault fault;
+    if (!isHousekeeping(text)) {
+        m_shared.log.add(m_number, text);
+        fault = m_shared.faults.next(text, false);
+    }
+    Tokens tokens(m_version);
+    if (resets) {
+        m_interpreter->rollBack(tokens);
+        tokens.sessionReset();
+    }
+    answer(fault, tokens, kind, work);
+}
+
+void Session::answer(const Fault& fault, Tokens& tokens, Done kind, const Work& work) {
+    try {
+        obeyBefore(fault);
+        work(tokens);
+    } catch (const ado::Error& error) {
+        tokens.error(error);
+        if (error.number() == deadlockVictim && m_interpreter)
+            m_interpreter->rollBack(tokens);
+        tokens.doneFailed(kind == Done::InProcedure ? Done::Procedure : kind);
+    } catch (const GivenUp&) {
+        tokens.clear();
+        tokens.doneGivenUp();
+    }
+    send(fault, tokens);
+}
+
+void Session::obeyBefore(const Fault& fault) {
+    switch (fault.kind) {
+    case Fault::Kind::DropBefore:
+        throw Disconnected("a fault");
+    case Fault::Kind::Never:
+        while (true)
+            m_channel.read();
+    case Fault::Kind::Slow:
+        wait(std::chrono::milliseconds{std::atol(fault.argument.c_str())});
+        return;
+    case Fault::Kind::Error:
+        throw errorOf(fault.argument);
+    default:
+        return;
+    }
+}
+
+void Session::send(const Fault& fault, const Tokens& tokens) {
+    constexpr std::string_view noise = "\x13\x37 this is no answer of a server \xFF\xFE\x01\x02\x03";
+    switch (fault.kind) {
+    case Fault::Kind::DropAfter:
+        throw Disconnected("a fault");
+    case Fault::Kind::DropWithin:
+        m_channel.write(std::string_view{tokens.bytes()}.substr(0, tokens.bytes().size() / 2), false);
+        throw Disconnected("a fault");
+    case Fault::Kind::Garbage:
+        if (fault.argument == "raw")
+            m_channel.socket().write(noise);
+        else
+            m_channel.write(noise);
+        return;
+    default:
+        m_channel.write(tokens.bytes());
+    }
+}
+
+void Session::wait(std::chrono::milliseconds time) {
+    if (m_channel.attentionWithin(time))
+        throw GivenUp();
+}
+
+/// Asked while the engine works, which lets no exception through: a client that is gone is noticed by the next reading.
+bool Session::isGivenUp() {
+    try {
+        return m_channel.attentionWithin({});
+    } catch (const Disconnected&) {
+        m_channel.socket().shutDown();
+        return true;
+    }
+}
+
+} // namespace opd::testserver

@@ -60,6 +60,7 @@ TEST(Numbers, EightDesksDrawTenThousandNumbersAndNoneIsDoubledOrLost) {
     };
     const std::map<char, long> before{{'H', last("HospNum")}, {'V', last("OPDID")}};
     std::vector<pid_t> running;
+    running.reserve(desks);
     for (int n = 0; n < desks; ++n)
         running.push_back(startDesk(hospital, folder / std::to_string(n), drawnByEach));
     const std::filesystem::path notesOfKilled = folder / "killed";

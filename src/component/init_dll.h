@@ -28,6 +28,7 @@ inline constexpr const char* connectionSettingsSection = "Connection";
 
 /// The section of the same settings that names, under the key "Folder", where the patients' photographs are kept.
 inline constexpr const char* pictureSettingsSection = "Pictures";
+inline constexpr const char* savingSettingsSection = "Saving";
 
 class IInitDLL : public com::IUnknown {
   public:

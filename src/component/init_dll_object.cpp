@@ -8,6 +8,7 @@
 #include "component/composition.h"
 #include "component/session_start.h"
 #include "data/connection_settings.h"
+#include "data/saving_settings.h"
 #include "reports/photograph.h"
 
 #include <functional>
@@ -21,6 +22,7 @@ namespace opd {
 static_assert(std::string_view{connectionSettingsApplication} == data::settingsApplication);
 static_assert(std::string_view{connectionSettingsSection} == data::connectionSection);
 static_assert(std::string_view{pictureSettingsSection} == reports::pictureSection);
+static_assert(std::string_view{savingSettingsSection} == data::savingSection);
 
 namespace {
 

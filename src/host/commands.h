@@ -15,8 +15,9 @@ struct ConfigureOptions {
     std::string server;
     std::string user;
     bool passwordFromInput = false;
-    std::string pictures; ///< folder of the patients' photographs
-    std::string settings; ///< file; the user's own store without it
+    std::string pictures;        ///< folder of the patients' photographs
+    std::string watchOtherDesks; ///< "yes" or "no"; what is stored stays without it
+    std::string settings;        ///< file; the user's own store without it
 };
 
 struct CreateServerOptions {

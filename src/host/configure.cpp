@@ -39,6 +39,8 @@ void configure(const ConfigureOptions& options) {
                                                   {connectionSettingsSection, "Server", server}};
     if (!options.pictures.empty())
         values.push_back({pictureSettingsSection, "Folder", std::filesystem::absolute(options.pictures).string()});
+    if (!options.watchOtherDesks.empty())
+        values.push_back({savingSettingsSection, "WatchOtherDesks", options.watchOtherDesks});
     settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
     store.set(connectionSettingsApplication, values);
 }

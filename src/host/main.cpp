@@ -128,6 +128,9 @@ struct CommandLine {
                       "Read the password from standard input, one line");
         sub->add_option("--pictures", settings.pictures,
                         "Folder of the patients' photographs; beside a hospital's database without it");
+        sub->add_option("--watch-other-desks", settings.watchOtherDesks,
+                        "Before a visit is updated, ask what other desks stored into it meanwhile; yes without it")
+            ->check(CLI::IsMember({"yes", "no"}));
         sub->add_option("--settings", settings.settings, "Settings file instead of the user's own");
         sub->callback([this] { command = [this] { host::configure(settings); }; });
     }

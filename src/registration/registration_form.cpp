@@ -1,15 +1,34 @@
 #include "registration/registration_form.h"
 
 #include "data/rows.h"
+#include "registration/load/authorization_loader.h"
 #include "registration/load/form_load.h"
 #include "registration/record/codes.h"
+#include "registration/record/sent_fields.h"
 #include "registration/rules/validate_data.h"
 #include "registration/save/apostrophes.h"
 #include "registration/save/save_data.h"
 #include "registration/statements/changes.h"
 #include "reports/prepare_report.h"
+#include "ui/window_content.h"
 
 namespace opd::registration {
+
+namespace {
+
+std::string revokedMeanwhile(const std::string& visit, bool canBeRestored) {
+    const std::string fact = "Visit " + visit +
+                             " was revoked at another desk after it was opened here. A save does not bring it back: "
+                             "nothing was saved.\r\n\r\n";
+    return fact + (canBeRestored
+                       ? "If it is to stand, have it restored at another desk and press Update again: what was "
+                         "typed is still here. Or press Unrevoke here, which restores it and closes this form "
+                         "without what was typed."
+                       : "It is not of today and cannot be restored any more. Please close this form; the "
+                         "patient can be registered anew.");
+}
+
+} // namespace
 
 RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     : m_session(session), m_kept(session, m_window, m_fields, m_record, opening.HospNum), m_lastName(opening.lastName) {
@@ -42,7 +61,19 @@ void RegistrationForm::SetRegistrationMode() {
     m_fields.buttons.cmdUpdate.setVisible(false);
     if (m_record.isNewPatient())
         m_window.setFocus(m_lastName.empty() ? m_fields.header.txtLastName : m_fields.header.txtFirstName);
+    rememberLoaded();
     m_kept.offer();
+}
+
+void RegistrationForm::rememberLoaded() {
+    if (!m_record.isEdit())
+        return;
+    m_loaded = values(FieldValues::Meaning::Stored);
+    m_wasRevoked = m_fields.header.lblAdmissionStatus.visible();
+}
+
+FieldValues RegistrationForm::values(FieldValues::Meaning meaning) const {
+    return {m_window, m_fields, m_record, meaning};
 }
 
 void RegistrationForm::bindButtons() {
@@ -73,8 +104,79 @@ bool RegistrationForm::validate() {
 }
 
 void RegistrationForm::save(bool updateOnly) {
-    if (validate() && SaveData(m_session, m_fields, m_record, updateOnly))
+    if (stores(updateOnly))
         close();
+}
+
+/// Checks and saves. Where another desk came first the clerk decides, as often as that happens.
+bool RegistrationForm::stores(bool updateOnly) {
+    while (validate()) {
+        if (SaveData(m_session, m_fields, m_record, updateOnly))
+            return true;
+        if (!m_record.isOutdated || !mayOverwrite())
+            return false;
+    }
+    return false;
+}
+
+/// Another desk stored something: whether this one may write over it. What is stored by now is loaded as a form that
+/// nobody sees.
+bool RegistrationForm::mayOverwrite() {
+    RegistrationForm storedNow(m_session, {m_record.FormType, m_record.HospNum, m_record.AdmissionNumber, {}});
+    storedNow.SetRegistrationMode();
+    if (!storedNow.m_record.isLoaded) {
+        m_session.desktop.ask({.text = "Nothing was saved: visit " + m_record.AdmissionNumber +
+                                       " can no longer be edited as it is stored now. Please close this form."});
+        return false;
+    }
+    if (isRevokedMeanwhile(storedNow))
+        return false;
+    const Stands stands = chooses(storedNow.m_loaded);
+    if (stands == Stands::Theirs)
+        take(storedNow);
+    if (stands != Stands::Mine)
+        return false;
+    m_loaded = storedNow.m_loaded;
+    m_record.followUnshown(storedNow.m_record);
+    return true;
+}
+
+/// A visit that was revoked while it was open here is not brought back by a save.
+bool RegistrationForm::isRevokedMeanwhile(const RegistrationForm& storedNow) {
+    const bool isRevoked = storedNow.m_wasRevoked && !m_wasRevoked;
+    if (!isRevoked)
+        return false;
+    FormButtons& buttons = m_fields.buttons;
+    buttons.cmdUnRevoke.setVisible(storedNow.m_fields.buttons.cmdUnRevoke.visible());
+    buttons.cmdRevoke.setVisible(false);
+    m_fields.header.lblAdmissionStatus.setVisible(true);
+    m_session.desktop.ask({.text = revokedMeanwhile(m_record.AdmissionNumber, buttons.cmdUnRevoke.visible()),
+                           .caption = "Notification",
+                           .icon = ui::Icon::Exclamation});
+    return true;
+}
+
+Stands RegistrationForm::chooses(const FieldValues& storedNow) {
+    const auto isWritten = [this](const ui::Control& field) {
+        return isSentHere(m_fields, field, m_session.globals, m_record);
+    };
+    std::vector<FieldDifference> found =
+        differences(m_window, m_loaded, storedNow, values(FieldValues::Meaning::Written), isWritten);
+    if (found.empty())
+        return Stands::Mine; // nothing that this desk would change
+    return frmChangedMeanwhile(std::move(found)).ask(m_session.desktop, m_record.AdmissionNumber);
+}
+
+/// Shows what is stored now in the place of what was loaded and typed.
+void RegistrationForm::take(const RegistrationForm& storedNow) {
+    ui::WindowContent(storedNow.m_window).restore(m_window);
+    m_record = storedNow.m_record;
+    m_loaded = storedNow.m_loaded;
+    m_wasRevoked = storedNow.m_wasRevoked;
+    tellUnknownMoments(m_fields.additional, m_record);
+    showAgeInMonths(m_fields.header, m_session.globals.gServerDate); // restoring raises no change
+    m_window.setFocus(m_fields.header.txtLastName);
+    m_window.setStatus("This is what the other desk stored. What was typed here is given up.");
 }
 
 // Without a number nothing is stored, and what was typed must not go with the form.
@@ -88,7 +190,7 @@ void RegistrationForm::close() {
 }
 
 void RegistrationForm::saveAndPrint() {
-    if (!validate() || !SaveData(m_session, m_fields, m_record, false))
+    if (!stores(false))
         return;
     const bool wasWritten = !m_record.lacksNumber;
     std::unique_ptr<report::Report> report;

@@ -3,6 +3,7 @@
 #include "registration/fields/fields.h"
 #include "registration/form_rules.h"
 #include "registration/kept/kept_registrations.h"
+#include "registration/meanwhile/changed_meanwhile.h"
 #include "registration/photo/photo.h"
 #include "registration/record/record.h"
 #include "registration/revoke/revoke.h"
@@ -41,6 +42,13 @@ class RegistrationForm {
     void bindButtons();
     void disableIdleButtons();
     void save(bool updateOnly);
+    bool stores(bool updateOnly);
+    bool mayOverwrite();
+    bool isRevokedMeanwhile(const RegistrationForm& storedNow);
+    Stands chooses(const FieldValues& storedNow);
+    void take(const RegistrationForm& storedNow);
+    void rememberLoaded();
+    FieldValues values(FieldValues::Meaning meaning) const;
     void close();
     void saveAndPrint();
     void cancel();
@@ -50,6 +58,8 @@ class RegistrationForm {
     ui::Window m_window{"frmRegistration", "Registration"};
     Fields m_fields{m_window};
     Record m_record;
+    FieldValues m_loaded;      ///< what an "Edit" was filled with
+    bool m_wasRevoked = false; ///< likewise, whether its visit was revoked
     FormRules m_rules{m_session, m_window, m_fields, m_record};
     Revoking m_revoking{m_session, m_fields};
     PhotoCapture m_capture{m_session, m_fields.additional, m_record};

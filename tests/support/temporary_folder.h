@@ -10,8 +10,8 @@ namespace opd::tests {
 /// A folder of its own that disappears with its scope.
 class TemporaryFolder {
   public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "opd-test-XXXXXX").string();
+    explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+        std::string name = (parent / "opd-test-XXXXXX").string();
         if (::mkdtemp(name.data()) == nullptr)
             throw std::runtime_error("no temporary folder");
         m_path = name;

@@ -1,5 +1,6 @@
 #include "adapters/qt/forms.h"
 
+#include "ui_frmChangedMeanwhile.h"
 #include "ui_frmCodeSearch.h"
 #include "ui_frmKeyCard.h"
 #include "ui_frmMasterSearch.h"
@@ -23,6 +24,7 @@ template <class Form> void build(QWidget& shell) {
 
 bool buildForm(const std::string& windowName, QWidget& shell) {
     static const std::map<std::string, void (*)(QWidget&)> forms{
+        {"frmChangedMeanwhile", build<Ui::frmChangedMeanwhile>},
         {"frmCodeSearch", build<Ui::frmCodeSearch>},
         {"frmKeyCard", build<Ui::frmKeyCard>},
         {"frmMasterSearch", build<Ui::frmMasterSearch>},

@@ -42,7 +42,7 @@ QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; color: 
 QGroupBox * { font-weight: normal; }
 QLineEdit, QPlainTextEdit { background: @paper; border: 1px solid @border; border-radius: 3px; padding: 1px 4px; min-height: 19px; }
 QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid @accent; padding: 0 3px; background: @paperInUse; }
-QLineEdit[readOnly="true"], QLineEdit[lookupName="true"], QLineEdit:disabled, QPlainTextEdit:disabled {
+QLineEdit[readOnly="true"], QPlainTextEdit[readOnly="true"], QLineEdit[lookupName="true"], QLineEdit:disabled, QPlainTextEdit:disabled {
   background: @paperShowing; color: #33434f; }
 QLineEdit[prominent="true"] { font-size: 15pt; font-weight: bold; }
 QAbstractSpinBox QLineEdit, QAbstractSpinBox QLineEdit:focus, QAbstractSpinBox QLineEdit:disabled {

@@ -9,16 +9,20 @@ namespace opd::registration {
 
 namespace {
 
-/// Shows a moment in its two pickers. One that was never stored leaves them as they are, and stays unknown until the
-/// clerk sets a picker.
+/// Shows a moment in its two pickers. One that was never stored leaves them as they are.
 void showMoment(const ado::Recordset& letter, const char* column, ui::DatePicker& date, ui::DatePicker& time,
                 bool& unknown) {
     DateTime moment = letter.Fields(column).asDate();
     moment.second = 0; // the pickers show minutes
     unknown = !moment.isSet();
+    if (unknown)
+        return;
+    date.setValue(moment);
+    time.setValue(moment);
+}
+
+void tellUnknown(ui::DatePicker& date, ui::DatePicker& time, bool& unknown) {
     for (ui::DatePicker* picker : {&date, &time}) {
-        if (!unknown)
-            picker->setValue(moment);
         picker->hint = unknown ? "No date is stored; set one to store it." : "";
         picker->onChange = [&unknown, &date, &time] {
             unknown = false;
@@ -30,8 +34,9 @@ void showMoment(const ado::Recordset& letter, const char* column, ui::DatePicker
 } // namespace
 
 void LoadHMOLOA(const Session& session, AdditionalTab& additional, Record& record, const std::string& opdNumber) {
-    const ado::Recordset letter = data::openClient(session, statements::authorization(opdNumber));
-    if (letter.EndOfFile())
+    const ado::Recordset letter = record.rows.ask(session, statements::authorization(opdNumber));
+    record.hasAuthorization = !letter.EndOfFile();
+    if (!record.hasAuthorization)
         return;
     showMoment(letter, "LOADateInformed", additional.DateLOAInformed, additional.TimeLOAInformed,
                record.LOAInformedUnknown);
@@ -42,6 +47,12 @@ void LoadHMOLOA(const Session& session, AdditionalTab& additional, Record& recor
     const std::string status = data::textOf(letter, "LOAStatus");
     additional.cmbLOAStatus.select(status == "Covered" ? 0 : 1);
     record.LOAStatusKept.keep(status, additional.cmbLOAStatus.text());
+    tellUnknownMoments(additional, record);
+}
+
+void tellUnknownMoments(AdditionalTab& additional, Record& record) {
+    tellUnknown(additional.DateLOAInformed, additional.TimeLOAInformed, record.LOAInformedUnknown);
+    tellUnknown(additional.DateLOAReceived, additional.TimeLOAReceived, record.LOAReceivedUnknown);
 }
 
 } // namespace opd::registration

@@ -12,4 +12,7 @@ namespace opd::registration {
 /// with the visit. Throws ado::Error.
 void LoadHMOLOA(const Session& session, AdditionalTab& additional, Record& record, const std::string& opdNumber);
 
+/// Has the pickers of a letter's moments say where no moment is stored. It stays unknown until the clerk sets a picker.
+void tellUnknownMoments(AdditionalTab& additional, Record& record);
+
 } // namespace opd::registration

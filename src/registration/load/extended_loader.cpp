@@ -49,8 +49,8 @@ void keepEmploymentCodes(const EmploymentTab& employment, Record& record, const 
 } // namespace
 
 void LoadExtendedMaster(const Session& session, Fields& fields, Record& record) {
-    const ado::Recordset patient = data::openClient(session, statements::extendedMaster(record.HospNum),
-                                                    ado::CursorType::Dynamic, ado::LockType::Optimistic);
+    const ado::Recordset patient =
+        record.rows.ask(session, statements::extendedMaster(record.HospNum), ado::LockType::Optimistic);
     if (patient.RecordCount() <= 0)
         return;
     showTexts(peopleTexts(fields), patient);
@@ -61,8 +61,9 @@ void LoadExtendedMaster(const Session& session, Fields& fields, Record& record) 
     keepEmploymentCodes(fields.employment, record, patient);
 }
 
-void LoadMedicalHistory(const Session& session, HistoryTab& tab, const std::string& hospNum) {
-    const ado::Recordset history = data::openPlain(session, statements::medicalHistory(hospNum));
+void LoadMedicalHistory(const Session& session, HistoryTab& tab, LoadedRows& rows, const std::string& hospNum) {
+    const ado::Recordset history =
+        rows.ask(session, statements::medicalHistory(hospNum), ado::LockType::ReadOnly, &data::openPlain);
     if (history.EndOfFile())
         return;
     const char* const conditions[] = {"Hypertension", "Diabetes",    "Hepatitis",    "Allergies",

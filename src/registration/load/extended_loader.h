@@ -10,6 +10,6 @@ namespace opd::registration {
 void LoadExtendedMaster(const Session& session, Fields& fields, Record& record);
 
 /// Loads a patient's medical history; without a stored one nothing changes. Throws ado::Error.
-void LoadMedicalHistory(const Session& session, HistoryTab& tab, const std::string& hospNum);
+void LoadMedicalHistory(const Session& session, HistoryTab& tab, LoadedRows& rows, const std::string& hospNum);
 
 } // namespace opd::registration

@@ -79,7 +79,7 @@ bool loadVisitAndPatient(const Session& session, Fields& fields, Record& record)
     fields.buttons.cmdSave.setEnabled(true);
     if (session.globals.client().asksLastMenstruation) {
         fields.history.lastMenstruation.setVisible(true);
-        loadOutProfile(session, fields.history, text::trimmed(fields.header.txtOPDNum.text()));
+        loadOutProfile(session, fields.history, record.rows, text::trimmed(fields.header.txtOPDNum.text()));
     }
     LoadAccountClass(session, record, text::trimmed(fields.personal.company.code.text()));
     if (session.globals.IsAllowOPDUpdateHMOLOA)
@@ -89,13 +89,13 @@ bool loadVisitAndPatient(const Session& session, Fields& fields, Record& record)
 }
 
 bool loadEdit(const Session& session, Fields& fields, Record& record) {
-    const bool loaded = loadVisitAndPatient(session, fields, record);
+    record.isLoaded = loadVisitAndPatient(session, fields, record);
     FormButtons& buttons = fields.buttons;
     buttons.cmdSave.setVisible(true);
     buttons.cmdSave.setCaption("&Update");
     buttons.cmdCancel.setEnabled(true);
     buttons.cmdEndConsultation.setVisible(session.globals.allowEndConsultation);
-    return loaded;
+    return record.isLoaded;
 }
 
 bool loadNew(Session& session, Fields& fields, Record& record) {

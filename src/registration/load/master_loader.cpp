@@ -82,7 +82,7 @@ std::string GetBarangayName(const Session& session, const std::string& code) {
 }
 
 bool LoadData(const Session& session, Fields& fields, Record& record) {
-    const ado::Recordset master = data::openClient(session, statements::master(record.HospNum), dynamic, optimistic);
+    const ado::Recordset master = record.rows.ask(session, statements::master(record.HospNum), optimistic);
     if (master.RecordCount() == 0)
         return !record.isEdit();
     fields.buttons.cmdUpdate.setVisible(false);
@@ -91,9 +91,9 @@ bool LoadData(const Session& session, Fields& fields, Record& record) {
     if (lastName.visible())
         lastName.window().setFocus(lastName);
     LoadExtendedMaster(session, fields, record);
-    LoadDependents(session, fields.employment.mshDependents, record.HospNum);
-    LoadMedicalHistory(session, fields.history, record.HospNum);
-    GetCancerPatient(session, fields.personal, fields.header.txtOPDNum.text());
+    LoadDependents(session, fields.employment.mshDependents, record.rows, record.HospNum);
+    LoadMedicalHistory(session, fields.history, record.rows, record.HospNum);
+    GetCancerPatient(session, fields.personal, record.rows, fields.header.txtOPDNum.text());
     return true;
 }
 

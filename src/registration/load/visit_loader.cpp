@@ -51,7 +51,7 @@ bool refuse(const Session& session, const std::string& reason) {
 }
 
 bool loadVisit(const Session& session, Fields& fields, Record& record) {
-    ado::Recordset visit = data::openClient(session, statements::visit(record.AdmissionNumber), dynamic, optimistic);
+    ado::Recordset visit = record.rows.ask(session, statements::visit(record.AdmissionNumber), optimistic);
     if (visit.RecordCount() == 0)
         return refuse(session, "Hosp. # (" + record.HospNum + ") was never an out-patient.");
     if (!mayBeEdited(session, record.AdmissionNumber, visit))
@@ -72,8 +72,7 @@ bool loadVisit(const Session& session, Fields& fields, Record& record) {
 } // namespace
 
 void LoadAllergies(const Session& session, HistoryTab& history, Record& record) {
-    const ado::Recordset allergies =
-        data::openClient(session, statements::allergies(record.HospNum), dynamic, optimistic);
+    const ado::Recordset allergies = record.rows.ask(session, statements::allergies(record.HospNum), optimistic);
     if (allergies.RecordCount() > 0)
         showAllergies(session, history, record, allergies);
 }
@@ -84,8 +83,8 @@ bool SearchPatient(const Session& session, Fields& fields, Record& record) {
     return record.isEdit() ? loadVisit(session, fields, record) : true;
 }
 
-void GetCancerPatient(const Session& session, PersonalTab& personal, const std::string& opdNumber) {
-    const ado::Recordset visit = data::openClient(session, statements::programmes(opdNumber), dynamic, optimistic);
+void GetCancerPatient(const Session& session, PersonalTab& personal, LoadedRows& rows, const std::string& opdNumber) {
+    const ado::Recordset visit = rows.ask(session, statements::programmes(opdNumber), optimistic);
     if (visit.RecordCount() <= 0)
         return;
     struct Treatment {
@@ -105,8 +104,8 @@ void GetCancerPatient(const Session& session, PersonalTab& personal, const std::
         personal.dtpExpiration.setValue(expires.date());
 }
 
-void loadOutProfile(const Session& session, HistoryTab& history, const std::string& opdNumber) {
-    const ado::Recordset profile = data::openClient(session, statements::outProfile(opdNumber), dynamic, optimistic);
+void loadOutProfile(const Session& session, HistoryTab& history, LoadedRows& rows, const std::string& opdNumber) {
+    const ado::Recordset profile = rows.ask(session, statements::outProfile(opdNumber), optimistic);
     if (profile.RecordCount() <= 0)
         return;
     const DateTime period = profile.Fields("LMP").asDate();

@@ -15,9 +15,9 @@ bool SearchPatient(const Session& session, Fields& fields, Record& record);
 void LoadAllergies(const Session& session, HistoryTab& history, Record& record);
 
 /// Loads the programmes and the expiration date of a visit. Throws ado::Error.
-void GetCancerPatient(const Session& session, PersonalTab& personal, const std::string& opdNumber);
+void GetCancerPatient(const Session& session, PersonalTab& personal, LoadedRows& rows, const std::string& opdNumber);
 
 /// Loads the last menstruation period of a visit. Throws ado::Error.
-void loadOutProfile(const Session& session, HistoryTab& history, const std::string& opdNumber);
+void loadOutProfile(const Session& session, HistoryTab& history, LoadedRows& rows, const std::string& opdNumber);
 
 } // namespace opd::registration

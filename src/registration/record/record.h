@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/text/text.h"
+#include "registration/record/loaded_rows.h"
 #include "search/coded_object.h"
 
 #include <array>
@@ -50,6 +51,12 @@ class KeptCode {
         return m_isKept && chosen == m_shown ? m_stored : chosen;
     }
 
+    /// Follows what is stored by now, as far as the form shows the same of it.
+    void follow(const KeptCode& storedNow) {
+        if (!m_isKept || storedNow.m_shown == m_shown)
+            *this = storedNow;
+    }
+
   private:
     std::string m_stored;
     std::string m_shown;
@@ -69,7 +76,10 @@ struct Record {
     bool isNewVisit() const { return AdmissionNumber == "(TO BE GENERATED)"; }
 
     // What loading finds.
-    std::string VisitKindCode; ///< "N" new patient, "O" patient on file; set in a new registration only
+    LoadedRows rows;
+    bool isLoaded = false;         ///< visit and patient of an "Edit" are on the form
+    bool hasAuthorization = false; ///< the visit has a letter of authorization
+    std::string VisitKindCode;     ///< "N" new patient, "O" patient on file; set in a new registration only
     std::string Findings;
     std::string Medications;
     std::array<std::string, 3> DiagnosisID;
@@ -116,7 +126,11 @@ struct Record {
             slot.empty();
     }
 
+    /// Takes over what is stored by now of all that the form does not show, so that a save leaves it as it stands.
+    void followUnshown(const Record& storedNow);
+
     // How far the save came.
+    bool isOutdated = false;   ///< the last try found other rows than the form was loaded from; nothing is stored
     bool lacksNumber = false;  ///< the last try could draw no number: nothing is stored, and what was typed is kept
     bool mayBeWritten = false; ///< a commit went without an answer
     bool isWritten = false;    ///< patient and visit are stored; what belongs to them may still be missing

@@ -2,10 +2,10 @@
 
 #include "ado/statement.h"
 #include "base/text/text.h"
+#include "registration/record/sent_fields.h"
 #include "registration/rules/marks.h"
 #include "registration/subrecords/dependent_columns.h"
 
-#include <algorithm>
 #include <functional>
 
 namespace opd::registration {
@@ -38,13 +38,6 @@ std::string nameOf(const ui::Control& field) {
     if (label.empty() || around.empty())
         return label.empty() ? around : label;
     return around + ": " + label;
-}
-
-/// Boxes that show what a code stands for, and those that no statement reads.
-bool isSent(const Fields& fields, const ui::TextBox& box) {
-    const ui::TextBox* const unsent[] = {&fields.history.txtDiagnosis, &fields.personal.txtSeniorID,
-                                         &fields.consultation.complaint.code, &fields.consultation.complaint.name};
-    return !box.readOnly && std::find(std::begin(unsent), std::end(unsent), &box) == std::end(unsent);
 }
 
 std::vector<ui::TextBox*> sentBoxes(const ui::Window& window, const Fields& fields) {

@@ -4,6 +4,7 @@
 #include "data/rows.h"
 #include "registration/marks/visit_marks.h"
 #include "registration/photo/photo.h"
+#include "registration/record/sent_fields.h"
 #include "registration/save/save_failures.h"
 #include "registration/statements/patient_statements.h"
 #include "registration/statements/visit_statements.h"
@@ -37,8 +38,6 @@ class FollowingParts {
     FollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly)
         : m_session(session), m_fields(fields), m_record(record), m_updateOnly(updateOnly) {
         const Globals& globals = session.globals;
-        const std::string& companyClass = record.CompanyClass;
-        const bool needsAuthorization = globals.IsAllowOPDUpdateHMOLOA && (companyClass == "P" || companyClass == "H");
         const bool getsFileNumber = globals.isAllowOPFileNumbering && !fields.personal.chkWalkIn.checked();
         add("contacts, parents and employment", &updateExtendedMaster);
         m_parts.push_back({"dependents", [this] {
@@ -53,7 +52,7 @@ class FollowingParts {
                                }});
         add("walk-in mark", &updateWalkIn);
         addMarks(marksBeforeAuthorization());
-        addIf(needsAuthorization, "letter of authorization", &saveAuthorization);
+        addIf(savesAuthorization(globals, record), "letter of authorization", &saveAuthorization);
         addMarks(marksBehindAuthorization());
         addIf(globals.client().asksLastMenstruation, "last menstrual period", &saveProfile);
         m_parts.push_back({nullptr, [this] { tellOutcome(); }});

@@ -1,6 +1,7 @@
 #include "registration/save/save_data.h"
 
 #include "data/rows.h"
+#include "data/saving_settings.h"
 #include "registration/record/codes.h"
 #include "registration/save/following_parts.h"
 #include "registration/save/numbers.h"
@@ -82,15 +83,22 @@ std::vector<Statement> visitStatements(const Globals& globals, const Fields& fie
     return statements;
 }
 
-void writePatientAndVisit(Session& session, const Fields& fields, Record& record, bool updateOnly) {
+/// False, with nothing written, when another desk stored something since the form was loaded. The rows are asked for
+/// inside the transaction, so that on a database that lets one writer in at a time nobody comes between.
+bool writePatientAndVisit(Session& session, const Fields& fields, Record& record, bool updateOnly) {
     const std::vector<std::string> doctors = updateOnly ? std::vector<std::string>{} : doctorsToCount(fields, record);
+    const bool looks = record.isEdit() && data::watchesOtherDesks(session.settings);
     ado::Transaction transaction(session.connection());
+    record.isOutdated = looks && !record.rows.stillStand(session);
+    if (record.isOutdated)
+        return false;
     for (const Statement& statement : patientStatements(session.globals, fields, record))
         data::execute(session, statement);
     if (!updateOnly)
         for (const Statement& statement : visitStatements(session.globals, fields, record, doctors))
             data::execute(session, statement);
     commit(record, transaction, doctors);
+    return true;
 }
 
 /// From here on the form is the one of the written visit: what fails later can be tried again without a second visit.
@@ -115,28 +123,30 @@ void forgetTakenNumbers(Record& record, const ado::Error& failure) {
         record.SaveIDNum.clear();
 }
 
-/// Writes patient and visit under the numbers that were taken. Throws ado::Error that says what is stored.
-void writeWhole(Session& session, Fields& fields, Record& record, bool updateOnly) {
+/// Writes patient and visit under the numbers that were taken; false when another desk came first. Throws ado::Error
+/// that says what is stored.
+bool writeWhole(Session& session, Fields& fields, Record& record, bool updateOnly) {
     if (!updateOnly)
         settleDoubt(session, record);
     try {
-        writePatientAndVisit(session, fields, record, updateOnly);
+        if (!writePatientAndVisit(session, fields, record, updateOnly))
+            return false;
     } catch (const ado::Error& failure) {
         forgetTakenNumbers(record, failure);
         throw;
     }
     standForWrittenVisit(fields.header, record);
+    return true;
 }
 
-/// Everything up to the commit. False when it was refused, or no number could be drawn.
+/// Everything up to the commit. False when it was refused, no number could be drawn, or another desk came first.
 bool writeRegistration(Session& session, Fields& fields, Record& record, bool updateOnly) {
     if (!maySave(session, fields, record, updateOnly))
         return false;
     record.lacksNumber = !takeNumbers(session, fields.header, record);
     if (record.lacksNumber)
         return false;
-    writeWhole(session, fields, record, updateOnly);
-    return true;
+    return writeWhole(session, fields, record, updateOnly);
 }
 
 } // namespace
@@ -144,6 +154,7 @@ bool writeRegistration(Session& session, Fields& fields, Record& record, bool up
 bool SaveData(Session& session, Fields& fields, Record& record, bool UpdateOnly) {
     const ui::BusyPointer busy(session.desktop);
     record.lacksNumber = false;
+    record.isOutdated = false;
     computeKeptCodes(fields, record);
     bool written = false;
     try {

@@ -20,8 +20,8 @@ std::string birthDateText(const ado::Value& stored) {
 
 } // namespace
 
-void LoadDependents(const Session& session, ui::Grid& grid, const std::string& hospNum) {
-    const ado::Recordset stored = data::openClient(session, statements::dependents(hospNum));
+void LoadDependents(const Session& session, ui::Grid& grid, LoadedRows& loaded, const std::string& hospNum) {
+    const ado::Recordset stored = loaded.ask(session, statements::dependents(hospNum));
     if (stored.EndOfFile())
         return;
     std::vector<ui::Grid::Row> rows;

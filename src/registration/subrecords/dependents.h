@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/record/loaded_rows.h"
 #include "session/session.h"
 #include "ui/grid.h"
 
@@ -10,7 +11,7 @@ namespace opd::registration {
 
 /// Fills the grid with the stored dependents of the patient and one empty row for the next one. Without any the grid
 /// stays as it is. Throws ado::Error.
-void LoadDependents(const Session& session, ui::Grid& grid, const std::string& hospNum);
+void LoadDependents(const Session& session, ui::Grid& grid, LoadedRows& loaded, const std::string& hospNum);
 
 /// Puts the rows of the grid that have both a name and a birth date in the place of the patient's stored dependents,
 /// all of them or none. Throws ado::Error.

@@ -78,6 +78,7 @@ TEST(QtAccessibility, ANameIsLedByWhatItAloneWouldNotTellAndAnAccessKeyLeadsToOn
     form.buttons.cmdUnRevoke.setVisible(false);
     EXPECT_EQ(sharedKeys(form), "");
     EXPECT_EQ(sharedKeys(samples::SearchWindow()), "");
+    EXPECT_EQ(sharedKeys(samples::ChangedMeanwhile()), "");
     EXPECT_EQ(sharedKeys(samples::ReportViewer()), "");
 }
 

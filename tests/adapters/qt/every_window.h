@@ -45,6 +45,7 @@ template <class Form> void everyPageOf(const LookAtPage& look) {
 inline void everyPage(const LookAtPage& look) {
     everyPageOf<samples::SearchWindow>(look);
     everyPageOf<samples::RegistrationWindow>(look);
+    everyPageOf<samples::ChangedMeanwhile>(look);
     everyPageOf<samples::SearchDialog>(look);
     everyPageOf<samples::ChiefComplaintDialog>(look);
     everyPageOf<samples::PickList>(look);

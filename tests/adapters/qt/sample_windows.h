@@ -2,6 +2,7 @@
 
 #include "codesearch/listing_fields.h"
 #include "registration/fields/fields.h"
+#include "registration/meanwhile/changed_meanwhile_fields.h"
 #include "reports/report_viewer_fields.h"
 #include "search/lookup_fields.h"
 #include "search/master_search_fields.h"
@@ -17,6 +18,13 @@ struct SearchWindow : ui::Window, search::MasterSearchFields {
 /// The registration form without its behaviour.
 struct RegistrationWindow : ui::Window, registration::Fields {
     RegistrationWindow() : Window("frmRegistration", "Registration"), Fields(static_cast<Window&>(*this)) {}
+};
+
+/// The choice between two desks without its behaviour.
+struct ChangedMeanwhile : ui::Window, registration::ChangedMeanwhileFields {
+    ChangedMeanwhile()
+        : Window("frmChangedMeanwhile", "Changed at Another Desk"),
+          ChangedMeanwhileFields(static_cast<Window&>(*this)) {}
 };
 
 /// Either search dialog without its behaviour.

@@ -14,7 +14,9 @@ namespace opd::tests {
 /// The embedded database in a temporary folder.
 class EmbeddedHospital : public Hospital {
   public:
-    explicit EmbeddedHospital(int patients = 12) {
+    explicit EmbeddedHospital(int patients = 12,
+                              const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+        : m_folder(parent) {
         adapters::sqlite::DatabaseOptions options;
         options.patients = patients;
         options.now = generationDay;

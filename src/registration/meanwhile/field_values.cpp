@@ -1,0 +1,153 @@
+#include "registration/meanwhile/field_values.h"
+
+#include "base/text/text.h"
+#include "registration/record/sent_fields.h"
+#include "registration/subrecords/dependent_columns.h"
+#include "ui/coded_field.h"
+#include "ui/spoken_names.h"
+
+namespace opd::registration {
+
+namespace {
+
+using Value = FieldValues::Value;
+using Meaning = FieldValues::Meaning;
+
+template <class T> const T& as(const ui::Control& control) {
+    return static_cast<const T&>(control);
+}
+
+Value plain(const std::string& control, const std::string& content) {
+    return {control, content, content};
+}
+
+/// A code is compared by itself, and read with what it stands for.
+Value ofBox(const ui::TextBox& box) {
+    const std::string content = text::trimmed(box.text());
+    Value value = plain(box.name(), content);
+    if (box.coded != nullptr && &box == &box.coded->code && !content.empty())
+        value.shown = text::trimmed(content + "  " + text::trimmed(box.coded->name.text()));
+    return value;
+}
+
+std::string ofCheckBox(const ui::CheckBox& box) {
+    return box.value() > 1 ? "Unknown" : box.checked() ? "Yes" : "No";
+}
+
+/// The caption of the option that is chosen in a group.
+std::string chosenIn(const ui::OptionButton& first) {
+    for (const ui::OptionButton* option : first.group())
+        if (option->selected())
+            return text::trimmed(ui::plainCaption(option->caption()));
+    return {};
+}
+
+/// A picker always shows some moment, also where none is stored.
+bool holdsNothing(const Fields& fields, const ui::DatePicker& picker, const Record& record, Meaning meaning) {
+    const AdditionalTab& letter = fields.additional;
+    const bool informed = &picker == &letter.DateLOAInformed || &picker == &letter.TimeLOAInformed;
+    if (informed || picker.container() == &letter.letterOfAuthorization)
+        return (informed ? record.LOAInformedUnknown : record.LOAReceivedUnknown) ||
+               (meaning == Meaning::Stored && !record.hasAuthorization);
+    return !picker.enabled() && &picker == &fields.personal.dtpExpiration;
+}
+
+/// The children, a line each.
+std::string dependentsIn(const ui::Grid& grid) {
+    std::string list;
+    for (int row = 1; row <= grid.rowCount(); ++row) {
+        const std::string child =
+            text::trimmed(grid.cell(row, nameColumn)) + "  " + text::trimmed(grid.cell(row, birthDateColumn));
+        if (!text::isBlank(child))
+            list += (list.empty() ? "" : "\r\n") + child;
+    }
+    return list;
+}
+
+/// What the boxes of a form hold, collected control by control.
+class Collector {
+  public:
+    Collector(const Fields& fields, const Record& record, Meaning meaning)
+        : m_fields(fields), m_record(record), m_meaning(meaning) {}
+
+    std::vector<Value> values;
+
+    void add(const ui::Control& control) {
+        switch (control.kind()) {
+        case ui::Kind::TextBox:
+            addBox(as<ui::TextBox>(control));
+            break;
+        case ui::Kind::MaskedBox:
+            put(control, as<ui::MaskedBox>(control).isBlank() ? "" : control.shownText());
+            break;
+        case ui::Kind::DatePicker:
+            put(control,
+                holdsNothing(m_fields, as<ui::DatePicker>(control), m_record, m_meaning) ? "" : control.shownText());
+            break;
+        case ui::Kind::ComboBox:
+            put(control, text::trimmed(control.shownText()));
+            break;
+        case ui::Kind::CheckBox:
+            put(control, ofCheckBox(as<ui::CheckBox>(control)));
+            break;
+        case ui::Kind::OptionButton:
+            if (as<ui::OptionButton>(control).group().front() == &control)
+                put(*control.container(), chosenIn(as<ui::OptionButton>(control)));
+            break;
+        case ui::Kind::Grid:
+            put(control, dependentsIn(as<ui::Grid>(control)));
+            break;
+        default:
+            break;
+        }
+    }
+
+  private:
+    void put(const ui::Control& control, const std::string& content) {
+        values.push_back(plain(control.name(), content));
+    }
+
+    void addBox(const ui::TextBox& box) {
+        const HistoryTab& history = m_fields.history;
+        if (&box == &history.txtMedHistory && !history.others.checked())
+            put(box, ""); // the box keeps what nobody stores
+        else
+            values.push_back(ofBox(box));
+    }
+
+    const Fields& m_fields;
+    const Record& m_record;
+    Meaning m_meaning;
+};
+
+} // namespace
+
+FieldValues::FieldValues(const ui::Window& window, const Fields& fields, const Record& record, Meaning meaning) {
+    std::vector<ui::Control*> everything;
+    window.collect(everything);
+    Collector collector(fields, record, meaning);
+    for (const ui::Control* control : everything)
+        if (isSent(fields, *control))
+            collector.add(*control);
+    m_values = std::move(collector.values);
+}
+
+std::vector<FieldDifference> differences(const ui::Window& window, const FieldValues& loaded, const FieldValues& stored,
+                                         const FieldValues& written,
+                                         const std::function<bool(const ui::Control&)>& isWritten) {
+    const ui::SpokenNames names(window);
+    std::vector<FieldDifference> found;
+    for (std::size_t n = 0; n < loaded.all().size(); ++n) {
+        const Value& before = loaded.all()[n];
+        const Value& now = stored.all().at(n);
+        const Value& ours = written.all().at(n);
+        if (now.compared == before.compared || now.compared == ours.compared)
+            continue;
+        const ui::Control& control = *window.find(before.control);
+        if (isWritten(control))
+            found.push_back({names.of(control), before.shown, now.shown, ours.shown, ours.compared != before.compared});
+    }
+    return found;
+}
+
+} // namespace opd::registration

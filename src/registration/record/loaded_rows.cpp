@@ -1,0 +1,20 @@
+#include "registration/record/loaded_rows.h"
+
+#include <algorithm>
+
+namespace opd::registration {
+
+ado::Recordset LoadedRows::ask(const Session& session, const ado::Statement& statement, ado::LockType lock, Open open) {
+    ado::Recordset rows = open(session, statement, ado::CursorType::Dynamic, lock);
+    m_asked.push_back({statement, lock, open, rows.all()});
+    return rows;
+}
+
+bool LoadedRows::stillStand(const Session& session) const {
+    return std::all_of(m_asked.begin(), m_asked.end(), [&session](const Asked& asked) {
+        const ado::Recordset now = asked.open(session, asked.statement, ado::CursorType::Dynamic, asked.lock);
+        return now.all().columns == asked.answer.columns && now.all().rows == asked.answer.rows;
+    });
+}
+
+} // namespace opd::registration

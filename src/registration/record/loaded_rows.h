@@ -1,0 +1,33 @@
+#pragma once
+
+#include "data/rows.h"
+
+#include <vector>
+
+namespace opd::registration {
+
+/// The rows that a form was filled from, with the statement that asked for each.
+class LoadedRows {
+  public:
+    using Open = ado::Recordset (*)(const Session&, const ado::Statement&, ado::CursorType, ado::LockType);
+
+    /// Asks the database and keeps what it answers. Throws ado::Error.
+    ado::Recordset ask(const Session& session, const ado::Statement& statement,
+                       ado::LockType lock = ado::LockType::ReadOnly, Open open = &data::openClient);
+
+    /// Asks everything again, in the same order and the same way. False at the first answer that is another one by now.
+    /// Throws ado::Error.
+    bool stillStand(const Session& session) const;
+
+  private:
+    struct Asked {
+        ado::Statement statement;
+        ado::LockType lock;
+        Open open;
+        ado::ResultSet answer;
+    };
+
+    std::vector<Asked> m_asked;
+};
+
+} // namespace opd::registration

@@ -148,10 +148,7 @@ void Session::rpc(const RpcRequest& request, bool resets) {
         tokens.returnStatus(0);
         break;
     default:
-        tokens.error(ado::Error("Could not find stored procedure number " + std::to_string(request.number) + ".",
-                                "Test server", 2812));
-        tokens.doneFailed(Done::Procedure);
-        m_channel.write(tokens.bytes());
+        refuse("Could not find stored procedure number " + std::to_string(request.number) + ".", 2812);
         return;
     }
     tokens.done(Done::Procedure, false);
@@ -165,18 +162,34 @@ void Session::prepare(const RpcRequest& request, Tokens& tokens) {
     tokens.returnValue(0, handle.name, {Type::Id::IntN, 4}, std::int64_t{m_lastHandle});
 }
 
+void Session::refuse(const std::string& message, long number) {
+    Tokens tokens(m_version);
+    tokens.error(ado::Error(message, "Test server", number));
+    tokens.doneFailed(Done::Procedure);
+    m_channel.write(tokens.bytes());
+}
+
 /// Runs a statement with values: one that comes with them, or one that was prepared.
 void Session::execute(const RpcRequest& request, bool resets) {
     const bool prepares = request.number == RpcRequest::PrepExec;
     Prepared prepared;
-    if (request.number == RpcRequest::Execute)
-        prepared = m_prepared[static_cast<std::int32_t>(parameterOf(request, 0).value.asNumber())];
-    else if (prepares)
+    std::size_t firstValue = 2;
+    if (request.number == RpcRequest::Execute) {
+        const auto known = m_prepared.find(static_cast<std::int32_t>(parameterOf(request, 0).value.asNumber()));
+        if (known == m_prepared.end()) {
+            refuse("Could not find prepared statement with handle " + request.parameters[0].value.asText() + ".", 8179);
+            return;
+        }
+        prepared = known->second;
+        firstValue = 1;
+    } else if (prepares) {
         prepared = {parameterOf(request, 1).value.asText(), parameterOf(request, 2).value.asText()};
-    else
-        prepared = {request.parameters.size() > 1 ? request.parameters[1].value.asText() : "",
-                    parameterOf(request, 0).value.asText()};
-    const std::size_t firstValue = prepares ? 3 : request.number == RpcRequest::Execute ? 1 : 2;
+        firstValue = 3;
+    } else {
+        prepared.statement = parameterOf(request, 0).value.asText();
+        if (request.parameters.size() > 1)
+            prepared.declarations = request.parameters[1].value.asText();
+    }
     const std::string text = withValues(prepared.statement, prepared.declarations, parametersFrom(request, firstValue));
     statement(text, resets, Done::Procedure, [&](Tokens& tokens) {
         m_interpreter->run(text, tokens, Done::InProcedure, true);

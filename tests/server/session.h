@@ -43,6 +43,7 @@ class Session {
     void batch(const std::string& text, bool resets);
     void rpc(const RpcRequest& request, bool resets);
     void prepare(const RpcRequest& request, Tokens& tokens);
+    void refuse(const std::string& message, long number);
     void execute(const RpcRequest& request, bool resets);
     void transaction(const TransactionRequest& request);
     void statement(const std::string& text, bool resets, Done kind, const Work& work);

@@ -2,6 +2,12 @@
 -- empty. A database that is there already is left as it is.
 USE master;
 GO
+-- The collation of the database in which connections begin decides which characters a text between quotes can hold: with
+-- one of UTF-8 all there are, and they need SQL Server 2019. Babelfish holds all in any case.
+IF DB_ID(N'LABORATORY') IS NULL AND SERVERPROPERTY(N'babelfish') IS NULL
+   AND CAST(SERVERPROPERTY(N'ProductMajorVersion') AS int) >= 15
+  EXEC(N'CREATE DATABASE LABORATORY COLLATE Latin1_General_100_CI_AS_SC_UTF8;');
+GO
 IF DB_ID(N'LABORATORY') IS NULL CREATE DATABASE LABORATORY;
 GO
 IF DB_ID(N'Patient_Data') IS NULL CREATE DATABASE Patient_Data;

@@ -21,6 +21,7 @@ KINDS = {"text": {"nvarchar"}, "integer": {"int", "bigint"}, "date": {"date"}, "
 PARAMETERS = {"text": {"nvarchar"}, "number": {"int", "decimal"}, "bit": {"bit"}, "date": {"nvarchar"}}
 
 
+NAMED = re.compile(r"(?i)(\bfrom |\bupdate |\bdelete |)\b(Patient_Data|Build_File|billing)\.\.(\w+)")
 CREATED = re.compile(r"\s*(?:--[^\n]*\n)*CREATE PROCEDURE dbo\.(\w+)\n(.*?)\nAS\nBEGIN\n", re.DOTALL)
 
 
@@ -135,6 +136,69 @@ def procedure_faults(embedded, server):
                 yield f"{same.place}: answers {columns}, and {theirs.results} in {theirs.place}"
 
 
+def argument_of(expression, position):
+    """The position of the one argument that an expression is made of; nothing for any other expression."""
+    named = re.fullmatch(r"(?:RTRIM \( )?[:@](\w+)(?: \))?", " ".join(expression), re.IGNORECASE)
+    return position.get(named.group(1).lower()) if named else None
+
+
+def written_by_embedded(variant, folder, tables):
+    """Which argument a procedure writes into which column, as (table, column): position."""
+    text = (folder / variant.place).read_text(encoding="utf-8")
+    text = re.sub(r"-- include: (\S+)", lambda part: (folder / part.group(1)).read_text(encoding="utf-8"), text)
+    position = {name.lower(): at for at, (name, _) in enumerate(variant.parameters)}
+    tokens, written = sql.tokens_of(text), {}
+    for at in [at for at, token in enumerate(tokens) if token.upper() == "INTO"]:
+        table, closing = embedded_name(tokens[at + 1]), at + 1
+        columns = list(tables.get(table, {}))
+        if tokens[at + 2] == "(":
+            listed, closing = sql.in_parentheses(tokens, at + 2)
+            columns = [part[0] for part in sql.parted(listed)]
+        if tokens[closing + 1] == "VALUES":
+            for column, value in zip(columns, sql.parted(sql.in_parentheses(tokens, closing + 2)[0])):
+                written[table.split(".")[-1], column.lower()] = argument_of(value, position)
+    return written
+
+
+def written_by_server(procedure, batch, is_longest):
+    """The same for a call with all arguments of a server's procedure, or with those alone that it cannot be without."""
+    position = {name.lower(): at for at, (name, _) in enumerate(procedure.parameters)}
+    chosen = re.findall(r"DECLARE @(\w+) \S+ = CASE WHEN @\w+ = 1 THEN @?(\w+) ELSE\s+(?:@?(\w+) END;|\()", batch.text)
+    for name, longest, shortest in chosen:
+        position[name.lower()] = position.get((longest if is_longest else shortest).lower())
+    for name, argument in re.findall(r"DECLARE @(\w+) datetime = dbo\.OPD_Moment\(@(\w+),", batch.text):
+        position[name.lower()] = position[argument.lower()]
+    written = {}
+    for table, columns, values in re.findall(r"INTO dbo\.(\w+) \((.*?)\)\s+VALUES \((.*?)\);", batch.text):
+        for column, value in zip(columns.split(", "), sql.parted(sql.tokens_of(values))):
+            written[table.lower(), column.lower()] = argument_of(value, position)
+    for table, assignments in re.findall(r"UPDATE dbo\.(\w+) SET(.*?)WHERE", batch.text, re.DOTALL):
+        for column, value in re.findall(r"(\w+) = (?:RTRIM\(|COALESCE\(|CASE WHEN )?(@\w+)", assignments):
+            written[table.lower(), column.lower()] = argument_of([value], position)
+    return written
+
+
+def writing_faults(embedded, server, folder):
+    """Each argument goes into the same column, also where hospitals call a procedure with lists of two lengths."""
+    batches = {f"{batch.database}.{created.group(1)}".lower(): batch for batch in server.batches
+               if (created := CREATED.match(batch.text))}
+    ours = {procedure.name: procedure for procedure in server.procedures}
+    compared = 0
+    for variant in embedded.procedures:
+        same = ours[variant.name]
+        there = written_by_embedded(variant, folder, embedded.tables)
+        here = written_by_server(same, batches[variant.name], len(variant.parameters) == len(same.parameters))
+        for key in [key for key in there if there[key] is not None]:
+            compared += 1
+            if key not in here:
+                yield f"{same.place}: writes no {key[1]}, as {variant.place} does"
+            elif here[key] is not None and there[key] != here[key]:
+                yield (f"{same.place}: writes argument {here[key] + 1} into {key[1]} where {variant.place} writes "
+                       f"{there[key] + 1}")
+    if compared < 190:
+        yield f"only {compared} columns could be compared with the arguments that are written into them"
+
+
 def own_faults(server, root):
     for batch in server.batches:
         yield from grammar.name_faults(batch, server.tables, server_namer(batch.database))
@@ -147,6 +211,22 @@ def own_faults(server, root):
         yield f"14-rights.sql grants nobody {name}"
 
 
+def statement_faults(server, root):
+    """What the desk names stands on the server, and the role of the desks may do with it what the statement does."""
+    rights = (root / "database/sqlserver/14-rights.sql").read_text(encoding="utf-8")
+    known = {procedure.name for procedure in server.procedures}
+    rooms = [room for room in (root / "src").iterdir() if room.name not in ("adapters", "setup", "host")]
+    texts = [file for room in rooms for file in room.rglob("*.cpp")] + [*(root / "Reports").glob("*.rpt")]
+    for file in texts:
+        for verb, database, name in NAMED.findall(file.read_text(encoding="utf-8")):
+            full = f"{database}.{name}".lower()
+            if full not in known and full not in server.tables:
+                yield f"{file.name}: {database}..{name} stands in no script"
+            right = {"update ": "UPDATE", "delete ": "DELETE"}.get(verb.lower(), "SELECT")
+            if full in server.tables and not re.search(rf"(?i)GRANT {right} ON dbo\.{name} TO opd_desk", rights):
+                yield f"{file.name}: the role of the desks has no right to {right} {name}"
+
+
 def list_faults(root):
     sys.path.insert(0, str(root / "tools"))
     import reference_sql
@@ -157,8 +237,10 @@ def list_faults(root):
 
 def main(root, build):
     embedded, server = Embedded(root / "database/embedded"), Server(root / "database/sqlserver")
-    faults = [*table_faults(embedded, server), *procedure_faults(embedded, server), *own_faults(server, root),
-              *list_faults(root), *grammar.faults(server.batches, Path(__file__).parent, build)]
+    faults = [*table_faults(embedded, server), *procedure_faults(embedded, server),
+              *writing_faults(embedded, server, root / "database/embedded/procedures"), *own_faults(server, root),
+              *statement_faults(server, root), *list_faults(root),
+              *grammar.faults(server.batches, Path(__file__).parent, build)]
     print("\n".join(faults) if faults else f"{len(server.batches)} batches, {len(server.procedures)} procedures, "
           f"{len(server.tables)} tables: no fault")
     return 1 if faults else 0

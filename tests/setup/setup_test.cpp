@@ -99,13 +99,16 @@ TEST_F(Setup, SendsEveryScriptInItsOrderAndTellsHowFarItIs) {
 }
 
 TEST_F(Setup, StopsAtTheFirstBatchThatFailsAndSaysWhereItStands) {
-    provider->failOn("IF DB_ID(N'Build_File')", "No room.");
+    provider->failOn("UPDATE", "No right.");
     try {
-        ServerSetup(connection).make(options);
+        ServerSetup(connection).send("some.sql", "SELECT 1\nGO\nUPDATE x\nGO\nSELECT 3\n");
         FAIL() << "went on";
     } catch (const ado::Error& error) {
-        EXPECT_STREQ(error.what(), "01-databases.sql, the batch of line 9: No room.");
+        EXPECT_STREQ(error.what(), "some.sql, the batch of line 3: No right.");
     }
+    EXPECT_EQ(sent("SELECT").size(), 1U);
+    provider->failOn("IF DB_ID(N'Build_File')", "No room.");
+    EXPECT_THROW(ServerSetup(connection).make(options), ado::Error);
     EXPECT_EQ(sent("CREATE TABLE").size(), 0U);
 }
 

@@ -36,8 +36,9 @@ CREATE TABLE Patient_Data_tbCounter (
   Last INTEGER NOT NULL
 );
 
--- A search reads indexes and fetches what it shows, by the row's own number: hospital numbers are texts that compare by a
--- collation. How names are looked for (search_name) the table works out by itself.
+-- A row has a number of its own, because hospital numbers are texts that compare by a collation. How names are looked for
+-- (search_name) the table works out by itself. The index "Search" holds all that the list of patients shows, so that
+-- thousands of namesakes are read one after the other; the others lead to a few rows each.
 CREATE TABLE Patient_Data_tbMaster (
   HospNum TEXT COLLATE OPD NOT NULL UNIQUE,
   LastName TEXT COLLATE OPD NOT NULL,
@@ -65,7 +66,8 @@ CREATE TABLE Patient_Data_tbMaster (
   SearchName TEXT NOT NULL AS (search_name(LastName)) STORED,
   SearchFirst TEXT NOT NULL AS (search_name(FirstName)) STORED
 );
-CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (SearchName, Sex, BirthDate);
+CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (SearchName, Sex, BirthDate, LastName, FirstName,
+  MiddleName, HospNum, HouseStreet, Barangay);
 CREATE INDEX Patient_Data_tbMaster_First ON Patient_Data_tbMaster (SearchName, SearchFirst);
 CREATE INDEX Patient_Data_tbMaster_Name ON Patient_Data_tbMaster (LastName, FirstName, BirthDate);
 CREATE INDEX Patient_Data_tbMaster_BirthDate ON Patient_Data_tbMaster (BirthDate, SearchName);

@@ -36,7 +36,8 @@ FROM Patient_Data_tbMaster ORDER BY HospNum;
 DROP TABLE Patient_Data_tbMaster;
 ALTER TABLE NewMaster RENAME TO Patient_Data_tbMaster;
 
-CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (SearchName, Sex, BirthDate);
+CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (SearchName, Sex, BirthDate, LastName, FirstName,
+  MiddleName, HospNum, HouseStreet, Barangay);
 CREATE INDEX Patient_Data_tbMaster_First ON Patient_Data_tbMaster (SearchName, SearchFirst);
 CREATE INDEX Patient_Data_tbMaster_Name ON Patient_Data_tbMaster (LastName, FirstName, BirthDate);
 CREATE INDEX Patient_Data_tbMaster_BirthDate ON Patient_Data_tbMaster (BirthDate, SearchName);

@@ -1,3 +1,4 @@
+#include "registration/accounts/payer_rules.h"
 #include "registration/form_fixture.h"
 
 #include "registration/load/visit_loader.h"
@@ -46,6 +47,12 @@ TEST(Form, ANewPatientStartsWithTheServersDateAndWhatTheHospitalUses) {
                  &fields.additional.letterOfAuthorization, &fields.additional.FraPatientClass,
                  &fields.additional.frmPatientType, &fields.additional.fraMAB, &fields.personal.txtBarangayID})
             EXPECT_FALSE(hidden->visible()) << hidden->name();
+
+        // A visit may be stored as a company's though the patient is not insured: that is what decides.
+        fields.personal.optHospPlan(1).setSelected(true);
+        fields.personal.notInsured.setSelected(true);
+        standByPayer(fields, false);
+        EXPECT_FALSE(fields.personal.company.code.enabled());
     });
 }
 

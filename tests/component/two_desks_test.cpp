@@ -10,6 +10,7 @@
 #include <chrono>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <optional>
 #include <sys/wait.h>
 
 namespace opd::tests {
@@ -201,6 +202,23 @@ TEST_F(TwoDesks, WhatBothStoredAlikeOrNobodySeesIsNotAskedAbout) {
                                   "Select * from Patient_Data..tbOutPatient where IDNUm = '2600000001B'\n"
                                   "Patient_Data..sp_aopd_Update_TbMaster "))
         << begin;
+
+    // What this desk stored itself, in a try that failed behind its commit, is no change of another one.
+    form = openVisit();
+    form->fields().personal.txtRemarks.setText("lower case");
+    form->fields().personal.motherName.setText("ANA");
+    std::optional<ado::Transaction> lock;
+    hospital.globals.gConnection->setPatience(50ms);
+    hospital.globals.gConnection->setTrace([&](const std::string& statement) {
+        if (statement.starts_with("Patient_Data..sp_Adm_UpdateMaster2") && !lock)
+            lock.emplace(*other.globals.gConnection);
+    });
+    EXPECT_FALSE(update(*form));
+    EXPECT_NE(hospital.desktop.messages.back().text.find("Still missing: contacts"), std::string::npos);
+    lock.reset();
+    hospital.globals.gConnection->setTrace([this](const std::string& statement) { m_trace += statement + "\n"; });
+    EXPECT_TRUE(update(*form));
+    EXPECT_EQ(stored("Remarks") + stored("mother", "tbMaster2", "HospNum = '00000002"), "LOWER CASEANA");
 
     // Switched off, nothing is asked and the last one stands.
     hospital.store.set("Saving", "WatchOtherDesks", "No");

@@ -18,15 +18,17 @@ template <class T> const T& as(const ui::Control& control) {
 }
 
 Value plain(const std::string& control, const std::string& content) {
-    return {control, content, content};
+    return {control, content, content, content};
 }
 
 /// A code is compared by itself, and read with what it stands for.
-Value ofBox(const ui::TextBox& box) {
-    const std::string content = text::trimmed(box.text());
-    Value value = plain(box.name(), content);
-    if (box.coded != nullptr && &box == &box.coded->code && !content.empty())
-        value.shown = text::trimmed(content + "  " + text::trimmed(box.coded->name.text()));
+Value ofBox(const Fields& fields, const ui::TextBox& box, Meaning meaning) {
+    Value value = plain(box.name(), text::trimmed(box.text()));
+    if (meaning == Meaning::Written)
+        value.stored = text::trimmed(textToStore(fields, box));
+    value.shown = value.stored;
+    if (box.coded != nullptr && &box == &box.coded->code && !value.content.empty())
+        value.shown = text::trimmed(value.stored + "  " + text::trimmed(box.coded->name.text()));
     return value;
 }
 
@@ -112,7 +114,7 @@ class Collector {
         if (&box == &history.txtMedHistory && !history.others.checked())
             put(box, ""); // the box keeps what nobody stores
         else
-            values.push_back(ofBox(box));
+            values.push_back(ofBox(m_fields, box, m_meaning));
     }
 
     const Fields& m_fields;
@@ -141,11 +143,11 @@ std::vector<FieldDifference> differences(const ui::Window& window, const FieldVa
         const Value& before = loaded.all()[n];
         const Value& now = stored.all().at(n);
         const Value& ours = written.all().at(n);
-        if (now.compared == before.compared || now.compared == ours.compared)
+        if (now.stored == before.stored || now.stored == ours.stored)
             continue;
         const ui::Control& control = *window.find(before.control);
         if (isWritten(control))
-            found.push_back({names.of(control), before.shown, now.shown, ours.shown, ours.compared != before.compared});
+            found.push_back({names.of(control), before.shown, now.shown, ours.shown, ours.content != before.content});
     }
     return found;
 }

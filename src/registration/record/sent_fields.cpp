@@ -1,5 +1,7 @@
 #include "registration/record/sent_fields.h"
 
+#include "base/text/text.h"
+
 #include <algorithm>
 #include <array>
 
@@ -38,6 +40,15 @@ bool isSentHere(const Fields& fields, const ui::Control& field, const Globals& g
         !savesAuthorization(globals, record))
         return false;
     return isSent(fields, field);
+}
+
+std::string textToStore(const Fields& fields, const ui::TextBox& box) {
+    const HeaderFields& header = fields.header;
+    const PersonalTab& personal = fields.personal;
+    const std::array<const ui::Control*, 8> raised{
+        &header.txtLastName,   &header.txtFirstName,    &header.txtMiddleName, &personal.txtHouseStreet,
+        &personal.txtBarangay, &personal.txtBarangayID, &personal.telephone,   &personal.txtRemarks};
+    return isAmong(raised, box) ? text::upper(box.text()) : box.text();
 }
 
 bool savesAuthorization(const Globals& globals, const Record& record) {

@@ -13,6 +13,9 @@ bool isSent(const Fields& fields, const ui::Control& field);
 /// Likewise, where it depends on the hospital and on who pays.
 bool isSentHere(const Fields& fields, const ui::Control& field, const Globals& globals, const Record& record);
 
+/// What a save stores of a box that holds this text: some are raised to upper case.
+std::string textToStore(const Fields& fields, const ui::TextBox& box);
+
 /// True when a save stores the letter of authorization.
 bool savesAuthorization(const Globals& globals, const Record& record);
 

@@ -6,6 +6,9 @@ set(OPD_HOME ${CMAKE_INSTALL_LIBDIR}/opd-registration)
 get_property(modules GLOBAL PROPERTY OPD_MODULES) # each names itself
 install(TARGETS opd-base opd-ado opd-com opd-ui opd-script opd-component opd-codesearch ${modules} opd-desk
   RUNTIME DESTINATION ${OPD_HOME} LIBRARY DESTINATION ${OPD_HOME})
+if(TARGET opd-provider-odbc)
+  install(TARGETS opd-provider-odbc LIBRARY DESTINATION ${OPD_HOME})
+endif()
 install(FILES Reports/DataSheet.rpt DESTINATION ${OPD_HOME}/Reports)
 install(CODE "
   file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")

@@ -10,10 +10,13 @@ namespace opd::ado {
 /// Tells, when a statement is done, that nothing waits any more.
 class Connection::Running {
   public:
-    explicit Running(Connection& connection) : m_connection(connection) {}
+    explicit Running(Connection& connection, Effect effect = Effect::Writes) : m_connection(connection) {
+        m_connection.m_statementBegan = std::chrono::steady_clock::now();
+        m_connection.m_mayBeGivenUp = effect == Effect::Reads && !connection.m_inTransaction;
+    }
     ~Running() {
         if (std::exchange(m_connection.m_toldWaiting, false) && m_connection.m_waiting)
-            m_connection.m_waiting(false);
+            m_connection.m_waiting({.isOver = true});
     }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
@@ -27,7 +30,7 @@ void Connection::Open(const std::string& connectionString) {
         throw Error("The connection is open already.", "Connection");
     m_link = m_providers.open(ado::ConnectionString{connectionString.empty() ? ConnectionString : connectionString});
     m_link->setPatience(m_patience);
-    m_link->setOnWait([this] { waits(); });
+    m_link->setOnWait([this] { return waits(); });
     m_inTransaction = false;
 }
 
@@ -36,9 +39,8 @@ void Connection::Close() {
     m_inTransaction = false;
 }
 
-Recordset Connection::Execute(const Statement& statement) {
-    return Recordset{
-        run({statement.str(), false, CursorLocation::Unspecified, CursorType::Unspecified, LockType::Unspecified})};
+Recordset Connection::Execute(const Statement& statement, Effect effect) {
+    return Recordset{run({.text = statement.str(), .effect = effect})};
 }
 
 void Connection::BeginTrans() {
@@ -64,7 +66,7 @@ void Connection::RollbackTrans() {
 
 ResultSet Connection::run(const Request& request) {
     traced(request.text);
-    const Running running(*this);
+    const Running running(*this, request.effect);
     return link().run(request);
 }
 
@@ -83,10 +85,14 @@ void Connection::setPatience(std::chrono::milliseconds patience) {
         m_link->setPatience(patience);
 }
 
-void Connection::waits() {
+bool Connection::waits() {
     m_toldWaiting = true;
-    if (m_waiting)
-        m_waiting(true);
+    if (!m_waiting)
+        return true;
+    const auto lasted = std::chrono::steady_clock::now() - m_statementBegan;
+    const bool goesOn = m_waiting(
+        {.lasted = std::chrono::duration_cast<std::chrono::milliseconds>(lasted), .mayBeGivenUp = m_mayBeGivenUp});
+    return goesOn || !m_mayBeGivenUp;
 }
 
 Link& Connection::link() const {

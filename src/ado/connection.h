@@ -18,8 +18,16 @@ class Connection {
     /// Is told every statement text as it is sent, and "begin", "commit", "rollback".
     using Trace = std::function<void(const std::string&)>;
 
-    /// Is told true over and over while a statement waits or works for long, and false when that statement is done.
-    using Waiting = std::function<void(bool waits)>;
+    /// How long a statement waits or works by now.
+    struct Wait {
+        std::chrono::milliseconds lasted{};
+        bool mayBeGivenUp = false; ///< it reads, and belongs to no transaction
+        bool isOver = false;       ///< it is done
+    };
+
+    /// Is told over and over while a statement waits or works for long, and once more when it is done. False gives up a
+    /// statement that may be given up.
+    using Waiting = std::function<bool(const Wait& wait)>;
 
     explicit Connection(const Providers& providers = Providers::ofProcess()) : m_providers(providers) {}
     Connection(const Connection&) = delete;
@@ -37,7 +45,7 @@ class Connection {
     int State() const { return m_link ? 1 : 0; }
 
     /// Runs a statement and returns its rows, if it has any. Throws Error.
-    Recordset Execute(const Statement& statement);
+    Recordset Execute(const Statement& statement, Effect effect = Effect::Writes);
 
     /// One transaction at a time. Each throws Error.
     void BeginTrans();
@@ -67,13 +75,15 @@ class Connection {
 
     Link& link() const;
     void traced(const std::string& line) const;
-    void waits();
+    bool waits();
 
     const Providers& m_providers;
     std::unique_ptr<Link> m_link;
     Trace m_trace;
     Waiting m_waiting;
     std::chrono::milliseconds m_patience{std::chrono::seconds{15}};
+    std::chrono::steady_clock::time_point m_statementBegan;
+    bool m_mayBeGivenUp = false;
     bool m_toldWaiting = false;
     bool m_inTransaction = false;
 };

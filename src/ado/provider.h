@@ -44,9 +44,14 @@ enum class CursorLocation { Unspecified = 0, Server = 2, Client = 3 }; ///< the 
 enum class CursorType { Unspecified = -1, ForwardOnly = 0, Dynamic = 2 };
 enum class LockType { Unspecified = -1, ReadOnly = 1, Optimistic = 3 };
 
+/// What a statement does to the database. One that reads may be sent again when its answer was lost, and may be given
+/// up; one that writes never.
+enum class Effect { Reads, Writes };
+
 /// A statement text on its way to the database, with how it is to be read.
 struct Request {
     std::string text;
+    Effect effect = Effect::Writes;
     bool throughRecordset = false; ///< opened by a recordset; otherwise run by the connection itself
     CursorLocation cursorLocation = CursorLocation::Unspecified;
     CursorType cursorType = CursorType::Unspecified;
@@ -70,8 +75,9 @@ struct ResultSet {
     bool rowCountKnown = true; ///< false when the provider's cursor cannot count
 };
 
-/// One open session with a database. Every member throws Error with the database's message when it fails; a link that
-/// has lost its database goes on failing, it never reconnects by itself.
+/// One open session with a database. Every member throws Error with the database's message when it fails. A link that
+/// has lost its database within a transaction fails until that is rolled back; outside of one it may reconnect, and
+/// send what reads once more.
 class Link {
   public:
     virtual ~Link() = default;
@@ -88,9 +94,10 @@ class Link {
     /// How long each of the members above waits for a database that others hold before it fails.
     virtual void setPatience(std::chrono::milliseconds) {}
 
-    /// Sets what is told over and over, on the thread of the statement, while a statement waits or works for long. It
-    /// uses no database and throws nothing.
-    virtual void setOnWait(const std::function<void()>&) {}
+    /// Told over and over, on the thread of the caller, while a statement waits or works for long. It uses no database
+    /// and throws nothing. False asks the link to give the statement up, which then fails with SQLSTATE HY008.
+    using OnWait = std::function<bool()>;
+    virtual void setOnWait(const OnWait&) {}
 };
 
 /// A kind of database that connections can be opened to.

@@ -6,7 +6,12 @@
 namespace opd::ado {
 
 void Recordset::Open(const Statement& source, Connection& connection, CursorType cursorType, LockType lockType) {
-    m_rows = connection.run({source.str(), true, CursorLocation, cursorType, lockType});
+    m_rows = connection.run({.text = source.str(),
+                             .effect = Effect::Reads,
+                             .throughRecordset = true,
+                             .cursorLocation = CursorLocation,
+                             .cursorType = cursorType,
+                             .lockType = lockType});
     m_current = 0;
 }
 

@@ -15,7 +15,8 @@ class Recordset {
 
     ado::CursorLocation CursorLocation = ado::CursorLocation::Unspecified;
 
-    /// Runs the statement on the connection and stands on the first row. Throws Error.
+    /// Runs the statement, which reads and changes nothing, on the connection and stands on the first row. Throws
+    /// Error.
     void Open(const Statement& source, Connection& connection, CursorType cursorType = CursorType::Unspecified,
               LockType lockType = LockType::Unspecified);
 

@@ -6,9 +6,12 @@
 #include "adapters/report/engine.h"
 #include "adapters/settings/ini_store.h"
 #include "adapters/sqlite/provider.h"
+#include "ado/provider_module.h"
 #include "base/os/library.h"
 #include "component/environment.h"
+#include "component/init_dll.h"
 #include "component/trace_file.h"
+#include "data/connection_settings.h"
 #include "reports/photograph.h"
 
 #include <cstdlib>
@@ -32,11 +35,21 @@ std::unique_ptr<settings::Store> makeStore() {
     return std::make_unique<settings::IniStore>();
 }
 
+namespace {
+
+std::string serverSetting(const std::string& key) {
+    return makeStore()->get(data::settingsApplication, serverSettingsSection, key);
+}
+
+} // namespace
+
 void addProviders(com::Server& server) {
     // Once: a second one would take the first one away from the connections of another thread.
     static const bool added = [&server] {
         const auto use = [&server] { return std::make_shared<com::Server::Use>(server); };
         ado::Providers::ofProcess().add("sqlite", adapters::sqlite::makeSqliteProvider(clock(), use));
+        ado::Providers::ofProcess().add("server",
+                                        std::make_shared<ado::ModuleProvider>(moduleFolder(), &serverSetting));
         return true;
     }();
     static_cast<void>(added);
@@ -51,9 +64,14 @@ void traceStatements(ado::Connection& connection) {
 }
 
 void drawWhileWaiting(ado::Connection& connection) {
-    connection.setWaiting([](bool waits) {
-        if (ui::Desktop* desktop = ui::Desktop::ofThread())
-            desktop->showWaiting(waits);
+    connection.setWaiting([](const ado::Connection::Wait& wait) {
+        ui::Desktop* const desktop = ui::Desktop::ofThread();
+        if (desktop == nullptr)
+            return true;
+        if (!wait.isOver)
+            return desktop->showWaiting(wait.lasted, wait.mayBeGivenUp);
+        desktop->endWaiting();
+        return true;
     });
 }
 

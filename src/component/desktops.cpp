@@ -92,9 +92,12 @@ class DesktopOfThread final : public ui::Desktop {
     report::Output& output() override { return real().output(); }
     void beep() override { real().beep(); }
     void setBusy(bool busy) override { real().setBusy(busy); }
-    void showWaiting(bool waits) override {
+    bool showWaiting(std::chrono::milliseconds lasted, bool mayBeGivenUp) override {
+        return m_real == nullptr || m_real->showWaiting(lasted, mayBeGivenUp);
+    }
+    void endWaiting() override {
         if (m_real != nullptr)
-            m_real->showWaiting(waits);
+            m_real->endWaiting();
     }
     bool isBusy() const override { return m_real != nullptr && m_real->isBusy(); }
     void workEnded() override {

@@ -26,6 +26,9 @@ inline constexpr com::Guid iidInitDLL{0x00CB8F23, 0x5680, 0x49CB, {0x9C, 0xB9, 0
 inline constexpr const char* connectionSettingsApplication = "QUORIN Current User";
 inline constexpr const char* connectionSettingsSection = "Connection";
 
+/// The section of the same settings that says how database servers are reached: the keys of ado::server_setting.
+inline constexpr const char* serverSettingsSection = "SQL Server";
+
 /// The section of the same settings that names, under the key "Folder", where the patients' photographs are kept.
 inline constexpr const char* pictureSettingsSection = "Pictures";
 inline constexpr const char* savingSettingsSection = "Saving";

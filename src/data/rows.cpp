@@ -33,6 +33,10 @@ ado::Recordset execute(const Session& session, const ado::Statement& statement) 
     return session.connection().Execute(statement);
 }
 
+ado::Recordset search(const Session& session, const ado::Statement& statement) {
+    return session.connection().Execute(statement, ado::Effect::Reads);
+}
+
 std::string textOf(const ado::Recordset& rows, std::string_view column) {
     return rows.Fields(column).asText();
 }
@@ -51,7 +55,9 @@ void reportFailure(const Session& session, const std::exception& failure) {
         }
     }
     session.desktop.setBusy(false);
-    session.desktop.ask({.text = failure.what(), .icon = ui::Icon::Critical});
+    const auto* error = dynamic_cast<const ado::Error*>(&failure);
+    const bool wasAskedFor = error != nullptr && error->sqlState() == "HY008";
+    session.desktop.ask({.text = failure.what(), .icon = wasAskedFor ? ui::Icon::Information : ui::Icon::Critical});
 }
 
 } // namespace opd::data

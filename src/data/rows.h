@@ -19,6 +19,9 @@ ado::Recordset openPlain(const Session& session, const ado::Statement& statement
 /// Runs a statement through the connection itself and returns its rows, if any. Throws ado::Error.
 ado::Recordset execute(const Session& session, const ado::Statement& statement);
 
+/// The same for a statement that only reads: the clerk may give it up when it takes long.
+ado::Recordset search(const Session& session, const ado::Statement& statement);
+
 /// A column of the current row as text, null as an empty one.
 std::string textOf(const ado::Recordset& rows, std::string_view column);
 

@@ -5,6 +5,7 @@
 #include "setup/server_setup.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,12 @@ struct ConfigureOptions {
     std::string pictures;        ///< folder of the patients' photographs
     std::string watchOtherDesks; ///< "yes" or "no"; what is stored stays without it
     std::string settings;        ///< file; the user's own store without it
+
+    // How a database server is reached; what is not given stays as it is stored.
+    std::optional<std::string> driver;
+    std::optional<std::string> encrypt;
+    std::optional<int> loginTimeout; ///< seconds
+    std::optional<int> statementTimeout;
 };
 
 struct CreateServerOptions {

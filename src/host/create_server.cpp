@@ -1,5 +1,8 @@
-#include "ado/provider.h"
+#include "adapters/settings/ini_store.h"
+#include "ado/provider_module.h"
+#include "base/os/library.h"
 #include "base/os/system_clock.h"
+#include "component/init_dll.h"
 #include "host/commands.h"
 
 #include <fmt/core.h>
@@ -32,6 +35,14 @@ ado::LogOn logOnOf(const CreateServerOptions& options) {
     return logOn;
 }
 
+std::filesystem::path folderOfProgram() {
+    return os::libraryOf(reinterpret_cast<const void*>(&folderOfProgram)).parent_path();
+}
+
+std::string serverSetting(const std::string& key) {
+    return settings::IniStore{}.get(connectionSettingsApplication, serverSettingsSection, key);
+}
+
 } // namespace
 
 void createServer(const CreateServerOptions& options) {
@@ -41,7 +52,9 @@ void createServer(const CreateServerOptions& options) {
         hospital.deskPassword = passwordFromInput();
     if (!hospital.today.isSet())
         hospital.today = os::SystemClock{}.now().date();
-    ado::Connection connection;
+    ado::Providers providers;
+    providers.add("server", std::make_shared<ado::ModuleProvider>(folderOfProgram(), &serverSetting));
+    ado::Connection connection(providers);
     connection.setPatience(patience);
     connection.Open(ado::connectionString(administrator));
     const bool onTerminal = ::isatty(STDERR_FILENO) == 1;

@@ -1,3 +1,4 @@
+#include "ado/provider_module.h"
 #include "base/clock/date_text.h"
 #include "component/environment.h"
 #include "host/commands.h"
@@ -122,10 +123,19 @@ struct CommandLine {
     void addConfigure() {
         CLI::App* sub =
             app.add_subcommand("configure", "Store where the hospital's database is, for this user.")->allow_extras();
-        sub->add_option("--server", settings.server, "Name of a database server, or folder of a hospital")->required();
+        sub->add_option("--server", settings.server, "NAME or NAME,PORT of a database server, or folder of a hospital")
+            ->required();
         sub->add_option("--user", settings.user, "Login at the server; integrated security without it");
         sub->add_flag("--password-stdin", settings.passwordFromInput,
                       "Read the password from standard input, one line");
+        sub->add_option("--driver", settings.driver, "ODBC driver of the server; \"\" for FreeTDS");
+        sub->add_option("--encrypt", settings.encrypt, "\"required\" refuses a login without encryption; \"\" does not")
+            ->check(CLI::IsMember({"", ado::server_setting::encryptRequired}));
+        sub->add_option("--login-timeout", settings.loginTimeout, "Seconds to wait for a login; 15 without it")
+            ->check(CLI::Range(1, 3600));
+        sub->add_option("--statement-timeout", settings.statementTimeout,
+                        "Seconds to wait for an answer of the server; 30 without it")
+            ->check(CLI::Range(1, 3600));
         sub->add_option("--pictures", settings.pictures,
                         "Folder of the patients' photographs; beside a hospital's database without it");
         sub->add_option("--watch-other-desks", settings.watchOtherDesks,

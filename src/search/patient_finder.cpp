@@ -143,17 +143,17 @@ PatientFinder::Outcome PatientFinder::search(ui::Window& window) {
 
 ado::Recordset PatientFinder::run() const {
     if (!text::isBlank(m_fields.txtHospNum.text()))
-        return data::execute(m_session, cardSearch(m_fields.txtHospNum.text()));
+        return data::search(m_session, cardSearch(m_fields.txtHospNum.text()));
     for (const MasterSearchFields::MemberNumberBox& number : m_fields.memberNumbers)
         if (!number.box->text().empty())
-            return data::execute(m_session, memberSearch(number.box->text(), number.kind));
-    return data::execute(m_session, nameSearch(m_fields.lastName.text(), Sex(), BirthDate()));
+            return data::search(m_session, memberSearch(number.box->text(), number.kind));
+    return data::search(m_session, nameSearch(m_fields.lastName.text(), Sex(), BirthDate()));
 }
 
 PatientFinder::Outcome PatientFinder::Proc_PatientSubSearch(ui::Window& window) {
     if (!acceptBirthDate(window))
         return Outcome::SecondTryRefused;
-    const ado::Recordset patients = data::execute(m_session, subSearch(m_fields.lastName.text(), Sex(), BirthDate()));
+    const ado::Recordset patients = data::search(m_session, subSearch(m_fields.lastName.text(), Sex(), BirthDate()));
     show(patients.all());
     if (patients.RecordCount() == 0) {
         window.setStatus(nobodyFound());

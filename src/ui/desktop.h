@@ -2,6 +2,7 @@
 
 #include "ports/report/output.h"
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -68,9 +69,13 @@ class Desktop {
     virtual bool isBusy() const = 0;
 
     /// While a statement waits, over and over: shows the busy pointer and draws what is to be drawn, but takes no input
-    /// and lets no timer fire. False when the statement is done: the pointer is what it was. A desktop without a screen
-    /// has nothing to draw.
-    virtual void showWaiting(bool /*waits*/) {}
+    /// and lets no timer fire. One that may be given up is offered to be stopped when it has lasted `offeredAfter`;
+    /// false when the clerk does so. A desktop without a screen has nothing to draw and stops nothing.
+    virtual bool showWaiting(std::chrono::milliseconds /*lasted*/, bool /*mayBeGivenUp*/) { return true; }
+    static constexpr std::chrono::milliseconds offeredAfter = std::chrono::seconds{5};
+
+    /// The statement is done: the pointer is what it was.
+    virtual void endWaiting() {}
 
     /// The desktop on which components show their windows to the calling thread, or null. It is set by whoever makes it
     /// and ends it.

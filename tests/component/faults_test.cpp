@@ -224,10 +224,11 @@ TEST_F(Faults, ALockIsWaitedForAndOneThatOutlivesThePatienceLosesNothing) {
     std::optional<ado::Transaction> lock;
     int waits = 0;
     bool stillWaits = false;
-    connection.setWaiting([&](bool waiting) {
-        stillWaits = waiting;
-        if (waiting && ++waits == 20) // of 40 milliseconds
+    connection.setWaiting([&](const ado::Connection::Wait& wait) {
+        stillWaits = !wait.isOver;
+        if (stillWaits && ++waits == 20) // of 40 milliseconds
             lock.reset();
+        return true;
     });
     auto form = hospital.open(newPatient);
     fill(*form, "PATIENT");

@@ -146,6 +146,10 @@ TEST(Save, AFailureSaysWhatIsStoredAndTheNextTryCompletesTheSameVisit) {
          lost + "Nothing was saved. What was typed is still here; you can try again.", false},
         {"commit", uncertain, true, true},
         {"commit", uncertain, false},
+        {"commit",
+         lost + "The database was asked: the visit is not there. Nothing was saved. What was typed is still here; you "
+                "can try again.",
+         false},
         {"Patient_Data..sp_Adm_UpdateMaster2",
          missing(
              "contacts, parents and employment, dependents, medical history, treatments, walk-in mark, file number"),
@@ -165,6 +169,9 @@ TEST(Save, AFailureSaysWhatIsStoredAndTheNextTryCompletesTheSameVisit) {
         desk.form->fields().consultation.doctor1.code.setText("D001");
         desk.provider->failOn(failing, "The connection is lost.");
         desk.provider->commitFailure = failing == "commit" ? "The connection is lost." : "";
+        const std::string question = "Select IDNum from Patient_Data..tbOutPatient where IDNum";
+        if (entry.message == uncertain)
+            desk.provider->failOn(question, "The server is away.");
         desk.desktop.work([&](ui::Window& window) {
             desk.desktop.answers(failing.ends_with("FileNum") ? "OO" : "O"); // the clerk was told of the visit by then
             window.click(desk.form->fields().buttons.cmdSave);
@@ -174,9 +181,10 @@ TEST(Save, AFailureSaysWhatIsStoredAndTheNextTryCompletesTheSameVisit) {
             EXPECT_EQ(desk.form->fields().header.txtLastName.text(), "DELA CRUZ");
 
             desk.provider->forgetRules(failing);
+            desk.provider->forgetRules(question);
             desk.provider->commitFailure.clear();
             if (entry.isThere) {
-                desk.provider->answer("Select IDNum from Patient_Data..tbOutPatient", oneRow({{"IDNum", "x"}}));
+                desk.provider->answer(question, oneRow({{"IDNum", "x"}}));
                 desk.provider->answer("PATIENT_DATA..sp_AOPD_SearchSimilarRecords", oneRow({{"HospNum", "x"}}));
             }
             desk.provider->log.clear();
@@ -191,6 +199,23 @@ TEST(Save, AFailureSaysWhatIsStoredAndTheNextTryCompletesTheSameVisit) {
         });
         desk.desktop.showModal(desk.form->window());
     }
+}
+
+TEST(Save, ACommitWhoseAnswerWasLostIsAskedAfterAndGoesOnWhenTheVisitIsThere) {
+    FormFixture desk;
+    desk.openNewPatient();
+    desk.fillRequired();
+    desk.provider->commitFailure = "The connection is lost.";
+    desk.provider->answer("Select IDNum from Patient_Data..tbOutPatient where IDNum = '26A0000007B'",
+                          oneRow({{"IDNum", "26A0000007B"}}));
+    desk.desktop.answers("OO");
+    EXPECT_TRUE(desk.save(false));
+    ASSERT_EQ(desk.desktop.messages.size(), 2U);
+    EXPECT_EQ(
+        desk.desktop.messages[0].text,
+        "The connection is lost.\r\n\r\nThe database was asked: the visit is saved as Hosp. # (00000012) and Case "
+        "# (26A0000007B). What belongs to it is saved now.");
+    EXPECT_NE(desk.provider->log.find("sp_Adm_UpdateMaster2"), std::string::npos);
 }
 
 TEST(Save, AStoredApostropheIsAskedAboutWhereItIsSeenAndIsAGraveAccentWhereItIsNot) {

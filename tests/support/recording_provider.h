@@ -30,7 +30,7 @@ class RecordingProvider final : public ado::Provider {
     /// What the procedures with output parameters give, by the parameter's name.
     std::vector<std::pair<std::string, ado::Value>> outputs{{"@HospNum", "00000012"}, {"@IdNum", "26A0000007"}};
 
-    std::string commitFailure; ///< what commits fail with, when not empty
+    std::string commitFailure; ///< what the next commit fails with, when not empty
 
     std::vector<ado::Request> requests;
     std::string log; ///< statements, calls, "begin", "commit", "rollback", a line each
@@ -71,7 +71,7 @@ class RecordingProvider final : public ado::Provider {
         void commit() override {
             m_provider.log += "commit\n";
             if (!m_provider.commitFailure.empty())
-                throw ado::Error(m_provider.commitFailure);
+                throw ado::Error(std::exchange(m_provider.commitFailure, {}));
         }
         void rollback() override { m_provider.log += "rollback\n"; }
 

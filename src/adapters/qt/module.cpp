@@ -27,7 +27,10 @@ class OwnDesktop final : public opd::ui::Desktop {
     void beep() override { m_desktop.beep(); }
     void setBusy(bool busy) override { m_desktop.setBusy(busy); }
     bool isBusy() const override { return m_desktop.isBusy(); }
-    void showWaiting(bool waits) override { m_desktop.showWaiting(waits); }
+    bool showWaiting(std::chrono::milliseconds lasted, bool mayBeGivenUp) override {
+        return m_desktop.showWaiting(lasted, mayBeGivenUp);
+    }
+    void endWaiting() override { m_desktop.endWaiting(); }
     void workEnded() override { m_desktop.workEnded(); }
     std::optional<std::string> failure() const override { return m_desktop.failure(); }
 

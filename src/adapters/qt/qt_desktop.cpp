@@ -35,7 +35,8 @@ std::optional<std::filesystem::path> fileChosenByClerk(const ui::FileQuestion& q
 QtDesktop::QtDesktop(script::Player* player, ui::WindowPlaces* places)
     : m_player(player), m_places(places), m_output(player != nullptr, [this] { return currentShell(); }) {
     qApp->installEventFilter(&m_activation);
-    qApp->installEventFilter(&m_input); // installed last, asked first
+    qApp->installEventFilter(&m_input);
+    qApp->installEventFilter(&m_waiting); // installed last, asked first
 }
 
 QtDesktop::~QtDesktop() {

@@ -39,7 +39,10 @@ class QtDesktop final : public ui::Desktop {
     void beep() override;
     void setBusy(bool busy) override;
     bool isBusy() const override { return m_busy; }
-    void showWaiting(bool waits) override { waits ? m_waiting.draw() : m_waiting.over(); }
+    bool showWaiting(std::chrono::milliseconds lasted, bool mayBeGivenUp) override {
+        return m_waiting.draw(mayBeGivenUp && lasted >= offeredAfter);
+    }
+    void endWaiting() override { m_waiting.over(); }
     void workEnded() override;
     std::optional<std::string> failure() const override;
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 #include <variant>
 
 namespace opd::adapters::sqlite {
@@ -45,7 +46,7 @@ std::filesystem::path queueOf(const std::filesystem::path& file) {
 void Database::Waiting::tell(Moment now) {
     if (!onWait || now - begun < toldAfter || now - told < toldEvery)
         return;
-    onWait();
+    givenUp = !onWait() || givenUp;
     told = std::chrono::steady_clock::now(); // what was told may have taken its time
 }
 
@@ -57,13 +58,16 @@ int Database::Waiting::onBusy(void* waiting, int times) {
     if (now - self.lockedSince >= self.patience)
         return 0;
     self.tell(now);
+    if (self.givenUp)
+        return 0;
     std::this_thread::sleep_for(std::min<std::chrono::milliseconds>(shortestNap * (times + 1), longestNap));
     return 1;
 }
 
 int Database::Waiting::onProgress(void* waiting) {
-    static_cast<Waiting*>(waiting)->tell(std::chrono::steady_clock::now());
-    return 0;
+    Waiting& self = *static_cast<Waiting*>(waiting);
+    self.tell(std::chrono::steady_clock::now());
+    return self.givenUp ? 1 : 0;
 }
 
 Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) : m_queue(queueOf(file)) {
@@ -103,6 +107,8 @@ void Database::throwIfMoved() const {
 }
 
 void Database::fail() const {
+    if (std::exchange(m_waiting->givenUp, false))
+        throw ado::stopped("Embedded database");
     throw errorOf(handle());
 }
 

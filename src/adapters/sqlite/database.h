@@ -36,8 +36,9 @@ class Database {
     /// How long it waits for a lock that others hold; 5 seconds to begin with.
     void setPatience(std::chrono::milliseconds patience) { m_waiting->patience = patience; }
 
-    /// Sets what is told over and over while a statement waits for a lock or works for long. It throws nothing.
-    void setOnWait(std::function<void()> onWait) { m_waiting->onWait = std::move(onWait); }
+    /// Sets what is told over and over while a statement waits for a lock or works for long, and whose false gives the
+    /// statement up. It throws nothing.
+    void setOnWait(std::function<bool()> onWait) { m_waiting->onWait = std::move(onWait); }
 
     /// Waits in the queue of the desks that want to write, as patiently as for a lock.
     void enterQueue();
@@ -49,7 +50,10 @@ class Database {
     }
 
     /// A statement begins: what it takes from here on is what is called long.
-    void statementBegins() { m_waiting->begun = std::chrono::steady_clock::now(); }
+    void statementBegins() {
+        m_waiting->begun = std::chrono::steady_clock::now();
+        m_waiting->givenUp = false;
+    }
 
     /// Throws ado::Error when the file was removed, or another one put in its place, since it was opened: what is
     /// written then is lost.
@@ -68,10 +72,11 @@ class Database {
         using Moment = std::chrono::steady_clock::time_point;
 
         std::chrono::milliseconds patience{std::chrono::seconds{5}};
-        std::function<void()> onWait;
+        std::function<bool()> onWait;
         Moment begun;
         Moment told;
         Moment lockedSince;
+        bool givenUp = false;
 
         void tell(Moment now);
         static int onBusy(void* waiting, int times);

@@ -143,7 +143,7 @@ class SqliteLink final : public ado::Link {
     }
 
     void setPatience(std::chrono::milliseconds patience) override { m_database.setPatience(patience); }
-    void setOnWait(const std::function<void()>& onWait) override { m_database.setOnWait(onWait); }
+    void setOnWait(const OnWait& onWait) override { m_database.setOnWait(onWait); }
 
   private:
     ado::ResultSet runProcedure(const ProcedureCall& call) {

@@ -49,6 +49,14 @@ bool Revoking::confirmed(const char* question) {
                                   .defaultAnswer = ui::Answer::No}) == ui::Answer::Yes;
 }
 
+std::string Revoking::outcome(const Change& change, bool statusStands, bool isDoubtful) {
+    const std::string reached = change.statusReached;
+    if (statusStands)
+        return "The visit is " + reached + " by now; the log of it " + (isDoubtful ? "may be" : "is") + " missing.";
+    return isDoubtful ? "It is not certain whether the visit is " + reached + " by now: open it again to see."
+                      : std::string{"Nothing was changed."};
+}
+
 /// Writes status and log, each by itself, and closes the form; a failure is told, with what is true by then, and keeps
 /// it open.
 void Revoking::write(const Statement& status, const Change& change) {
@@ -61,9 +69,7 @@ void Revoking::write(const Statement& status, const Change& change) {
         data::execute(m_session, statements::logRevoke(shownVisit(), m_session.globals.gUserID, change.action));
     } catch (const ado::Error& failure) {
         notify(std::string{change.failureText} + "\r\n\r\n" + failure.what() + "\r\n\r\n" +
-               (statusStands
-                    ? std::string{"The visit is "} + change.statusReached + " by now; the log of it is missing."
-                    : "Nothing was changed."));
+               outcome(change, statusStands, failure.leavesDoubt()));
         return;
     }
     m_header.txtOPDNum.window().unload();

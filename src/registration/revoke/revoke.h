@@ -20,6 +20,7 @@ class Revoking {
 
     void revoke();
     void restore();
+    static std::string outcome(const Change& change, bool statusStands, bool isDoubtful);
     void write(const ado::Statement& status, const Change& change);
     void notify(const std::string& text);
     bool hasPendingBill() const;

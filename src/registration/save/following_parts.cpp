@@ -68,7 +68,7 @@ class FollowingParts {
             try {
                 m_parts[m_current].write();
             } catch (const std::exception& failure) {
-                throw incomplete(m_record, m_updateOnly, failure, missing());
+                throw incomplete(m_record, m_updateOnly, failure, missing(failure));
             }
         }
     }
@@ -105,13 +105,17 @@ class FollowingParts {
             desktop.ask({.text = m_photographFailure, .caption = "Notification", .icon = ui::Icon::Exclamation});
     }
 
-    std::vector<std::string> missing() const {
+    /// A part whose answer was lost may be there; writing it again changes nothing then.
+    std::vector<std::string> missing(const std::exception& failure) const {
+        const auto* error = dynamic_cast<const ado::Error*>(&failure);
+        const bool isDoubtful = error != nullptr && error->leavesDoubt();
         std::vector<std::string> names;
         if (!m_photographFailure.empty())
             names.emplace_back("photograph");
         for (std::size_t part = m_current; part < m_parts.size(); ++part)
             if (m_parts[part].name != nullptr)
-                names.emplace_back(m_parts[part].name);
+                names.push_back(m_parts[part].name +
+                                std::string{isDoubtful && part == m_current ? " (perhaps stored)" : ""});
         return names;
     }
 

@@ -36,6 +36,12 @@ bool takeNumbers(const Session& session, const HeaderFields& header, Record& rec
     return true;
 }
 
+/// What a commit failed with that may have been carried out.
+class CommitWithoutAnswer : public ado::Error {
+  public:
+    explicit CommitWithoutAnswer(const ado::Error& failure) : Error(failure) {}
+};
+
 void rememberCounted(Record& record, const std::vector<std::string>& doctors) {
     record.countedDoctors.insert(record.countedDoctors.end(), doctors.begin(), doctors.end());
 }
@@ -48,17 +54,34 @@ void commit(Record& record, ado::Transaction& transaction, const std::vector<std
             throw;
         record.mayBeWritten = true;
         rememberCounted(record, doctors);
-        throw PerhapsSaved(failure);
+        throw CommitWithoutAnswer(failure);
     }
     rememberCounted(record, doctors);
 }
 
+bool isThere(const Session& session, const Record& record) {
+    return !data::openClient(session, findVisit(savedVisit(record))).EndOfFile();
+}
+
+/// Asks the database at once what became of the commit. Returns when the new visit is there; otherwise throws
+/// OutcomeTold with what is known. Whatever is answered, the next try asks again before it writes.
+void askWhatBecameOf(const CommitWithoutAnswer& commit, const Session& session, const Record& record, bool updateOnly) {
+    if (updateOnly || !record.isNewVisit()) // what stood there before tells nothing
+        throw perhapsSaved(commit);
+    bool there = false;
+    try {
+        there = isThere(session, record);
+    } catch (const std::exception&) {
+        throw perhapsSaved(commit);
+    }
+    if (!there)
+        throw notThere(commit);
+    session.desktop.ask({.text = thereAllTheSame(record, commit), .icon = ui::Icon::Information});
+}
+
 /// After a commit without an answer: looks whether the new visit is there, so that its doctors are counted once.
 void settleDoubt(const Session& session, Record& record) {
-    if (!record.mayBeWritten || !record.isNewVisit())
-        return;
-    const ado::Recordset visit = data::openClient(session, findVisit(savedVisit(record)));
-    if (!visit.EndOfFile())
+    if (!record.mayBeWritten || !record.isNewVisit() || isThere(session, record))
         return;
     record.mayBeWritten = false;
     record.countedDoctors.clear();
@@ -131,6 +154,8 @@ bool writeWhole(Session& session, Fields& fields, Record& record, bool updateOnl
     try {
         if (!writePatientAndVisit(session, fields, record, updateOnly))
             return false;
+    } catch (const CommitWithoutAnswer& commit) {
+        askWhatBecameOf(commit, session, record, updateOnly);
     } catch (const ado::Error& failure) {
         forgetTakenNumbers(record, failure);
         throw;
@@ -159,7 +184,7 @@ bool SaveData(Session& session, Fields& fields, Record& record, bool UpdateOnly)
     bool written = false;
     try {
         written = writeRegistration(session, fields, record, UpdateOnly);
-    } catch (const PerhapsSaved&) {
+    } catch (const OutcomeTold&) {
         throw;
     } catch (const std::exception& failure) {
         throw nothingSaved(record, failure);

@@ -8,9 +8,12 @@ namespace {
 
 ado::Error told(const std::exception& failure, const std::string& truth) {
     const std::string message = failure.what() + std::string{"\r\n\r\n"} + truth;
-    if (const auto* error = dynamic_cast<const ado::Error*>(&failure))
-        return ado::Error(message, error->source(), error->number(), error->sqlState());
-    return ado::Error(message);
+    const auto* error = dynamic_cast<const ado::Error*>(&failure);
+    if (error == nullptr)
+        return ado::Error(message);
+    ado::Error result(message, error->source(), error->number(), error->sqlState());
+    result.setLeavesDoubt(error->leavesDoubt());
+    return result;
 }
 
 std::string numbers(const Record& record) {
@@ -26,13 +29,25 @@ std::string joined(const std::vector<std::string>& parts) {
 
 } // namespace
 
-PerhapsSaved::PerhapsSaved(const std::exception& failure)
-    : Error(told(failure, "It is not certain whether this was saved. Please try again: it is saved under the same "
-                          "numbers, and cannot come twice.")) {}
+OutcomeTold perhapsSaved(const std::exception& failure) {
+    return OutcomeTold(told(failure, "It is not certain whether this was saved. Please try again: it is saved under "
+                                     "the same numbers, and cannot come twice."));
+}
+
+OutcomeTold notThere(const std::exception& failure) {
+    return OutcomeTold(told(failure,
+                            "The database was asked: the visit is not there. Nothing was saved. What was typed "
+                            "is still here; you can try again."));
+}
+
+std::string thereAllTheSame(const Record& record, const std::exception& failure) {
+    return failure.what() + std::string{"\r\n\r\nThe database was asked: the visit is saved as "} + numbers(record) +
+           ". What belongs to it is saved now.";
+}
 
 ado::Error nothingSaved(const Record& record, const std::exception& failure) {
     if (record.mayBeWritten)
-        return PerhapsSaved(failure);
+        return perhapsSaved(failure);
     if (record.isWritten)
         return told(failure, "What was saved before as " + numbers(record) +
                                  " stands, but is not complete. Nothing of this try was saved; you can try again.");
@@ -40,7 +55,7 @@ ado::Error nothingSaved(const Record& record, const std::exception& failure) {
 }
 
 bool leavesDoubt(const ado::Error& failure) {
-    return failure.number() == 0 || failure.sqlState().starts_with("08");
+    return failure.leavesDoubt() || failure.number() == 0 || failure.sqlState().starts_with("08");
 }
 
 ado::Error incomplete(const Record& record, bool updateOnly, const std::exception& failure,

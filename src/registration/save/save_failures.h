@@ -10,14 +10,23 @@
 /// it stands.
 namespace opd::registration {
 
+/// A failure whose message says already what is stored.
+class OutcomeTold : public ado::Error {
+  public:
+    explicit OutcomeTold(const ado::Error& error) : Error(error) {}
+};
+
+/// The commit went without an answer: it may be stored or not.
+OutcomeTold perhapsSaved(const std::exception& failure);
+
+/// The commit went without an answer, and the visit is not in the database.
+OutcomeTold notThere(const std::exception& failure);
+
+/// The commit went without an answer, and the visit is in the database.
+std::string thereAllTheSame(const Record& record, const std::exception& failure);
+
 /// Before the commit: nothing of this try is stored.
 ado::Error nothingSaved(const Record& record, const std::exception& failure);
-
-/// The connection went with the answer of a commit: it may be stored or not.
-class PerhapsSaved : public ado::Error {
-  public:
-    explicit PerhapsSaved(const std::exception& failure);
-};
 
 /// True when a commit that failed so may be stored all the same.
 bool leavesDoubt(const ado::Error& failure);

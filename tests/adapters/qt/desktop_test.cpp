@@ -87,14 +87,14 @@ TEST(QtDesktopTest, AWindowDrawsItselfWhileAStatementWaitsAndTakesNothing) {
     };
     desk.form.lastName.setText("SLOW");
     QMetaObject::invokeMethod(&desk.shell(), "close", Qt::QueuedConnection);
-    forTwoTicks([&] { desk.desktop.showWaiting(true); });
+    forTwoTicks([&] { desk.desktop.showWaiting(std::chrono::seconds{1}, false); });
     EXPECT_GT(counter.paints, 0);
     EXPECT_EQ(ticks, 0);
     EXPECT_EQ(closings, 0);
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
 
-    desk.desktop.showWaiting(false);
+    desk.desktop.endWaiting();
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     forTwoTicks([] { QCoreApplication::processEvents(); });
     EXPECT_GT(ticks, 0) << "the timer goes on afterwards";

@@ -84,7 +84,7 @@ TEST_F(Desk, StoresConnectionSettingsForTheirOwnerAlone) {
 
 TEST_F(Desk, AStartThatCannotBeAndAFailedScriptSayWhyInOneLine) {
     ASSERT_EQ(runDesk({"configure", "--server", "HIS", "--settings", at("mine.ini")}).status, 0);
-    expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "\"HIS\" is the name of a database server");
+    expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "database server \"HIS\"");
     std::filesystem::permissions(at("mine.ini"), std::filesystem::perms::others_read,
                                  std::filesystem::perm_options::add);
     expectOneLine(play(closeAtOnce, {"--settings", at("mine.ini")}), "chmod 600 \"" + at("mine.ini") + "\"");

@@ -8,6 +8,7 @@ must be there whole, once. Ends with status 1 and what is wrong otherwise. Print
 """
 
 import argparse
+import contextlib
 import os
 import subprocess
 import sys
@@ -94,6 +95,7 @@ def main():
     parser.add_argument("desk")
     parser.add_argument("folder", nargs="?")
     parser.add_argument("--settings", help="settings file by which the desks reach the hospital")
+    parser.add_argument("--server", help="the test server, which is started on the hospital for the desks")
     parser.add_argument("--desks", type=int, default=30)
     parser.add_argument("--seconds", type=float, default=60)
     parser.add_argument("--think", type=float, default=0, help="seconds between two patients of a clerk")
@@ -105,7 +107,25 @@ def main():
         options.folder = options.folder or f"{options.work}/hospital"
         if not Path(options.folder).exists():
             subprocess.run([options.desk, "create-database", options.folder, "--patients", str(options.patients)], check=True)
-        return register(options)
+        with server_of(options):
+            return register(options)
+
+
+@contextlib.contextmanager
+def server_of(options):
+    """The test server on the hospital, and settings that lead to it, where it is asked for."""
+    if not options.server:
+        yield
+        return
+    with subprocess.Popen([options.server, options.folder, "--password", "Desk-1234"], stdin=subprocess.PIPE,
+                          stdout=subprocess.PIPE, text=True) as server:
+        options.settings = f"{options.work}/settings.ini"
+        subprocess.run([options.desk, "configure", "--server", f"localhost,{server.stdout.readline().strip()}", "--user", "desk",
+                        "--password-stdin", "--settings", options.settings], input="Desk-1234\n", check=True, text=True)
+        try:
+            yield
+        finally:
+            server.terminate()
 
 
 def register(options):

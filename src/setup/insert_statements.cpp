@@ -72,8 +72,9 @@ void InsertStatements::sendPending() {
             rows.append(rows.empty() ? "" : ",\n").append(row);
         const std::string columns =
             listOf(pending.table->columns, [](std::string_view column) { return std::string{column}; });
-        m_send(ado::Statement::fromOutside("INSERT INTO Patient_Data.dbo." + std::string{pending.table->name} + " " +
-                                           columns + " VALUES\n" + rows));
+        std::string statement = "INSERT INTO Patient_Data.dbo.";
+        statement.append(pending.table->name).append(" ").append(columns).append(" VALUES\n").append(rows);
+        m_send(ado::Statement::fromOutside(statement));
         pending.rows.clear();
     }
 }

@@ -34,7 +34,8 @@ template <SQLSMALLINT kind, SQLSMALLINT kindAbove> Handle<kind> newHandle(SQLHAN
 /// What a login that failed means to who reads it.
 ado::Error loginError(const ado::Error& error, const ado::ConnectionString& settings, const Options& options) {
     const auto told = [&](const std::string& text) {
-        return ado::Error(text, error.source(), error.number(), error.sqlState());
+        return ado::Error(text, error.source(), error.number(),
+                          error.sqlState() == "01000" ? "IM003" : error.sqlState());
     };
     if (error.sqlState() == "IM002" || error.sqlState() == "IM003" ||
         std::string{error.what()}.find("Can't open lib") != std::string::npos)

@@ -5,12 +5,15 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 #include <QTimer>
 
 #include <map>
 
 namespace opd::qt {
 namespace {
+
+using namespace std::chrono_literals;
 
 /// Does something to the message box or window that is on the screen once it is there.
 void soon(std::function<void()> act) {
@@ -87,7 +90,7 @@ TEST(QtDesktopTest, AWindowDrawsItselfWhileAStatementWaitsAndTakesNothing) {
     };
     desk.form.lastName.setText("SLOW");
     QMetaObject::invokeMethod(&desk.shell(), "close", Qt::QueuedConnection);
-    forTwoTicks([&] { desk.desktop.showWaiting(std::chrono::seconds{1}, false); });
+    forTwoTicks([&] { desk.desktop.showWaiting(1s, false); });
     EXPECT_GT(counter.paints, 0);
     EXPECT_EQ(ticks, 0);
     EXPECT_EQ(closings, 0);
@@ -101,6 +104,47 @@ TEST(QtDesktopTest, AWindowDrawsItselfWhileAStatementWaitsAndTakesNothing) {
     desk.shell().close();
     EXPECT_EQ(closings, 1) << "the frame asks the window";
     EXPECT_TRUE(desk.form.isOpen());
+}
+
+// What waits long can be stopped by Esc or by the button; everything else that is typed meanwhile is taken afterwards.
+TEST(QtDesktopTest, WaitingIsOfferedToBeStoppedAndKeepsWhatIsTyped) {
+    SearchDesk desk;
+    auto* const field = desk.widget<QLineEdit>("txtName_0");
+    field->setFocus();
+    const auto goesOn = [&](std::chrono::milliseconds lasted, bool mayBeGivenUp) {
+        bool all = true;
+        for (int time = 0; time < 3; ++time)
+            all = desk.desktop.showWaiting(lasted, mayBeGivenUp) && all;
+        return all;
+    };
+    const auto box = [&] { return desk.shell().findChild<QFrame*>("waitingBox"); };
+    const auto type = [&](const std::string& key) {
+        QMetaObject::invokeMethod(
+            &desk.shell(), [&desk, key] { hands::press(desk.shell(), ui::keyStroke(key).value()); },
+            Qt::QueuedConnection);
+    };
+    EXPECT_TRUE(goesOn(4900ms, true));
+    EXPECT_TRUE(goesOn(60s, false)) << "it writes";
+    EXPECT_EQ(box(), nullptr);
+    type("q");
+    EXPECT_TRUE(goesOn(5000ms, true));
+    ASSERT_NE(box(), nullptr);
+    EXPECT_TRUE(box()->isVisible());
+    EXPECT_TRUE(field->hasFocus());
+    EXPECT_EQ(field->text(), "");
+    type("Escape");
+    EXPECT_FALSE(goesOn(5100ms, true));
+    desk.desktop.endWaiting();
+    EXPECT_EQ(box(), nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), "q");
+    EXPECT_TRUE(desk.form.isOpen()) << "Esc was for the box";
+
+    EXPECT_TRUE(goesOn(5000ms, true));
+    const auto clickInBox = [&] { hands::click(*box()->findChild<QPushButton*>(), QPoint(5, 5)); };
+    QMetaObject::invokeMethod(&desk.shell(), clickInBox, Qt::QueuedConnection);
+    EXPECT_FALSE(goesOn(5100ms, true));
+    desk.desktop.endWaiting();
 }
 
 // A script waits for the next window inside the click that closed this one, whose button is still at work then.

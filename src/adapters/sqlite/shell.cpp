@@ -30,8 +30,9 @@ std::vector<std::string> shellCommand(const std::filesystem::path& folder, const
     std::vector<std::string> words{"sqlite3"};
     if (access == ShellAccess::Read)
         words.push_back("-readonly");
-    words.insert(words.end(),
-                 {"-cmd", ".load " + quoted(extension.string()), std::filesystem::absolute(file).string()});
+    // A desk that closes may hold the whole file for a moment.
+    words.insert(words.end(), {"-cmd", ".timeout 5000", "-cmd", ".load " + quoted(extension.string()),
+                               std::filesystem::absolute(file).string()});
     return words;
 }
 

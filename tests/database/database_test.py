@@ -20,6 +20,7 @@ KINDS = {"text": {"nvarchar"}, "integer": {"int", "bigint"}, "date": {"date"}, "
          "real": {"decimal"}}
 PARAMETERS = {"text": {"nvarchar"}, "number": {"int", "decimal"}, "bit": {"bit"}, "date": {"nvarchar"}}
 
+SKIPPED = 77
 
 NAMED = re.compile(r"(?i)(\bfrom |\bupdate |\bdelete |)\b(Patient_Data|Build_File|billing)\.\.(\w+)")
 CREATED = re.compile(r"\s*(?:--[^\n]*\n)*CREATE PROCEDURE dbo\.(\w+)\n(.*?)\nAS\nBEGIN\n", re.DOTALL)
@@ -239,11 +240,17 @@ def main(root, build):
     embedded, server = Embedded(root / "database/embedded"), Server(root / "database/sqlserver")
     faults = [*table_faults(embedded, server), *procedure_faults(embedded, server),
               *writing_faults(embedded, server, root / "database/embedded/procedures"), *own_faults(server, root),
-              *statement_faults(server, root), *list_faults(root),
-              *grammar.faults(server.batches, Path(__file__).parent, build)]
+              *statement_faults(server, root), *list_faults(root)]
+    unparsed = None
+    try:
+        faults += grammar.faults(server.batches, Path(__file__).parent, build)
+    except grammar.Unavailable as reason:
+        unparsed = reason
     print("\n".join(faults) if faults else f"{len(server.batches)} batches, {len(server.procedures)} procedures, "
           f"{len(server.tables)} tables: no fault")
-    return 1 if faults else 0
+    if unparsed:
+        print(f"Skipped: the scripts are not parsed, because the grammar of T-SQL cannot be installed: {unparsed}")
+    return 1 if faults else SKIPPED if unparsed else 0
 
 
 if __name__ == "__main__":

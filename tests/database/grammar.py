@@ -73,6 +73,10 @@ def name_faults(batch, tables, named):
         yield from column_faults(batch, tokens, tables, named)
 
 
+class Unavailable(Exception):
+    """The grammar is not here and cannot be had."""
+
+
 def parser_in(sources, build):
     """The folder with the grammar, installed from its registry once for every state of the lock file."""
     folder = build / "tsql-grammar"
@@ -81,15 +85,14 @@ def parser_in(sources, build):
     if done.exists() and done.read_bytes() == locked:
         return folder
     if shutil.which("npm") is None:
-        raise SystemExit("The grammar of T-SQL cannot be installed: npm is missing (Debian packages nodejs and npm).")
+        raise Unavailable("npm is missing (Debian packages nodejs and npm)")
     folder.mkdir(parents=True, exist_ok=True)
     for name in ("package.json", "package-lock.json"):
         shutil.copy(sources / name, folder)
     answer = subprocess.run(["npm", "ci", "--no-audit", "--no-fund"], cwd=folder, capture_output=True, text=True,
                             check=False)
     if answer.returncode != 0:
-        raise SystemExit("The grammar of T-SQL (npm packages antlr4ts and antlr4ts-sql) cannot be installed; is the "
-                         "package registry of npm reachable?\n" + answer.stderr[-1000:])
+        raise Unavailable("npm cannot fetch antlr4ts and antlr4ts-sql: " + answer.stderr[-300:])
     done.write_bytes(locked)
     return folder
 
@@ -97,7 +100,7 @@ def parser_in(sources, build):
 def faults(batches, sources, build):
     """What the grammar of the language finds."""
     if shutil.which("node") is None:
-        raise SystemExit("The grammar of T-SQL cannot be run: node is missing (Debian package nodejs).")
+        raise Unavailable("node is missing (Debian package nodejs)")
     folder = parser_in(sources, build)
     asked = json.dumps([{"place": batch.place, "line": batch.line, "text": batch.text} for batch in batches])
     shutil.copy(sources / "tsql_grammar.js", folder)

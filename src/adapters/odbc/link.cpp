@@ -211,8 +211,8 @@ class OdbcLink final : public ado::Link {
             const bool isGone = isLost(failure);
             if (m_inTransaction && (isGone || endsTransaction(failure)))
                 m_transactionEndedBy = isGone ? lostInTransaction(failure) : givenUp(failure);
-            if (isGone)
-                m_session.reset();
+            if (isGone || (isTimeout(failure) && !m_inTransaction))
+                m_session.reset(); // the driver may still be busy with what came too late
             if (failure.sqlState() == "HY008" || (!isGone && !isTimeout(failure)))
                 throw;
             if (m_inTransaction)

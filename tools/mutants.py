@@ -43,7 +43,7 @@ def judged(tree, environment):
     if subprocess.run(["cmake", "--build", "--preset", "dev"], **run).returncode != 0:
         return "no program"
     tests = ["ctest", "--preset", "dev", "-j2", "-E", BESIDES_THE_CORE, "--schedule-random", "--stop-on-failure",
-             "--timeout", "60"]
+             "--timeout", "20"]
     try:
         return "killed" if subprocess.run(tests, **run, timeout=600).returncode != 0 else "survived"
     except subprocess.TimeoutExpired:

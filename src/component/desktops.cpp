@@ -27,9 +27,7 @@ bool wantsRealWindows() {
 }
 
 std::filesystem::path moduleOf(const std::string& desktopName) {
-    const bool isName = desktopName.find_first_of("/\\") == std::string::npos;
-    if (std::filesystem::path file = moduleFolder() / ui::desktopLibrary(desktopName);
-        isName && std::filesystem::exists(file))
+    if (std::filesystem::path file = ui::desktopModule(moduleFolder(), desktopName); !file.empty())
         return file;
     throw std::runtime_error("There is no desktop \"" + desktopName + "\" beside this program.");
 }

@@ -22,8 +22,8 @@ namespace opd::host {
 
 namespace {
 
-std::filesystem::path besideProgram(const std::string& fileName) {
-    return os::libraryOf(reinterpret_cast<const void*>(&besideProgram)).parent_path() / fileName;
+std::filesystem::path programFolder() {
+    return os::libraryOf(reinterpret_cast<const void*>(&programFolder)).parent_path();
 }
 
 void setEnvironment(const char* variable, const std::string& value) {
@@ -71,7 +71,7 @@ std::optional<com::ClassEntry> knownClass(const char* programId) {
 /// Enters the component that lies beside this program into the class registry, unless it stands there already: a
 /// program runs with the components it came with. Where none lies beside it, the registered one serves.
 void ensureRegistered(const char* programId, const char* libraryName) {
-    const std::filesystem::path file = besideProgram(os::libraryFileName(libraryName));
+    const std::filesystem::path file = programFolder() / os::libraryFileName(libraryName);
     const std::optional<com::ClassEntry> known = knownClass(programId);
     std::error_code missing;
     if (known &&
@@ -130,7 +130,7 @@ bool hasDisplay() {
 /// possible: the failure goes to standard error in any case.
 void showFailure(const std::string& desktopName, const std::string& reason) {
     try {
-        const os::Library module{os::trustedLibrary(besideProgram(ui::desktopLibrary(desktopName)))};
+        const os::Library module{os::trustedLibrary(ui::desktopModule(programFolder(), desktopName))};
         const auto create = module.function<std::remove_pointer_t<ui::CreateDesktop>>(ui::createDesktopSymbol);
         if (ui::Desktop* const desktop = create(nullptr, nullptr)) // never taken down, as the component's own
             desktop->ask({.text = reason, .icon = ui::Icon::Critical});
@@ -142,8 +142,7 @@ void showFailure(const std::string& desktopName, const std::string& reason) {
 } // namespace
 
 bool hasDesktop(const std::string& name) {
-    const bool isPath = name.find_first_of("/\\") != std::string::npos;
-    return name == "scripted" || (!isPath && std::filesystem::exists(besideProgram(ui::desktopLibrary(name))));
+    return name == "scripted" || !ui::desktopModule(programFolder(), name).empty();
 }
 
 void run(const RunOptions& options) {

@@ -5,6 +5,9 @@
 #include "ui/desktop.h"
 #include "ui/window_places.h"
 
+#include <filesystem>
+#include <string>
+
 /// What a desktop with a screen offers: it lies in a library of its own, called by the desktop's name. Whoever wants
 /// one opens the library, looks up the two functions by name, and keeps the library open while the desktop lives.
 extern "C" {
@@ -20,9 +23,11 @@ void opdDestroyDesktop(opd::ui::Desktop* desktop);
 
 namespace opd::ui {
 
-/// The file name of the library in which the desktop of that name lies.
-inline std::string desktopLibrary(const std::string& name) {
-    return os::libraryFileName("opd-desktop-" + name);
+/// The library of the desktop of that name in a folder; an empty path when there is none.
+inline std::filesystem::path desktopModule(const std::filesystem::path& folder, const std::string& name) {
+    const std::filesystem::path file = folder / os::libraryFileName("opd-desktop-" + name);
+    const bool isName = name.find_first_of("/\\") == std::string::npos;
+    return isName && std::filesystem::exists(file) ? file : std::filesystem::path{};
 }
 
 inline constexpr const char* createDesktopSymbol = "opdCreateDesktop";

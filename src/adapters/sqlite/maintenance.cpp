@@ -152,7 +152,7 @@ std::filesystem::path replaceContent(const std::filesystem::path& file, const Dr
     return kept;
 }
 
-std::string firstColumnNamed(const std::filesystem::path& folder, const std::string& name) {
+std::string flagNamed(const std::filesystem::path& folder, const std::string& name) {
     for (const auto& [flag, on] : flagsOf(folder))
         if (text::equalsIgnoringCase(flag, name))
             return flag;
@@ -219,7 +219,7 @@ std::vector<std::pair<std::string, bool>> flagsOf(const std::filesystem::path& f
 }
 
 void setFlag(const std::filesystem::path& folder, const std::string& name, bool on) {
-    const std::string column = firstColumnNamed(folder, name);
+    const std::string column = flagNamed(folder, name);
     Hospital hospital(databaseFile(folder));
     set(hospital, column, std::int64_t{on});
 }
@@ -249,8 +249,8 @@ std::vector<VisitCount> visitCounts(const std::filesystem::path& folder, const D
                sum(coalesce(v.OPDStatus, '') = 'R')
         FROM Patient_Data_tbOutPatient v LEFT JOIN Build_File_tbCoService s ON s.ServiceID = v.ServiceID1
         WHERE substr(v.AdmDate, 1, 10) BETWEEN ? AND ? GROUP BY 1, 2, 3 ORDER BY 1, 2, 3)");
-    counts.bind(1, isoDateText(first.date()).substr(0, 10));
-    counts.bind(2, isoDateText(last.date()).substr(0, 10));
+    counts.bind(1, isoDateText(first.date()));
+    counts.bind(2, isoDateText(last.date()));
     std::vector<VisitCount> found;
     while (counts.next())
         found.push_back({counts.value(0, Query::Kind::AsStored).asText(), counts.value(1).asText(),

@@ -4,6 +4,7 @@
 #include "base/os/system_clock.h"
 #include "component/init_dll.h"
 #include "host/commands.h"
+#include "host/program_folder.h"
 
 #include <fmt/core.h>
 
@@ -35,10 +36,6 @@ ado::LogOn logOnOf(const CreateServerOptions& options) {
     return logOn;
 }
 
-std::filesystem::path folderOfProgram() {
-    return os::libraryOf(reinterpret_cast<const void*>(&folderOfProgram)).parent_path();
-}
-
 std::string serverSetting(const std::string& key) {
     return settings::IniStore{}.get(connectionSettingsApplication, serverSettingsSection, key);
 }
@@ -53,7 +50,7 @@ void createServer(const CreateServerOptions& options) {
     if (!hospital.today.isSet())
         hospital.today = os::SystemClock{}.now().date();
     ado::Providers providers;
-    providers.add("server", std::make_shared<ado::ModuleProvider>(folderOfProgram(), &serverSetting));
+    providers.add("server", std::make_shared<ado::ModuleProvider>(programFolder(), &serverSetting));
     ado::Connection connection(providers);
     connection.setPatience(patience);
     connection.Open(ado::connectionString(administrator));

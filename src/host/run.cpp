@@ -10,6 +10,7 @@
 #include "com/server.h"
 #include "component/environment.h"
 #include "component/init_dll.h"
+#include "host/program_folder.h"
 #include "script/desktop_module.h"
 
 #include <fmt/core.h>
@@ -21,10 +22,6 @@
 namespace opd::host {
 
 namespace {
-
-std::filesystem::path programFolder() {
-    return os::libraryOf(reinterpret_cast<const void*>(&programFolder)).parent_path();
-}
 
 void setEnvironment(const char* variable, const std::string& value) {
     if (value.empty())

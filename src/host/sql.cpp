@@ -2,6 +2,7 @@
 #include "base/os/library.h"
 #include "base/os/trust.h"
 #include "host/commands.h"
+#include "host/program_folder.h"
 
 #include <cerrno>
 #include <stdexcept>
@@ -30,9 +31,8 @@ namespace {
 
 void sql(const SqlOptions& options) {
     using adapters::sqlite::ShellAccess;
-    const std::filesystem::path here = os::libraryOf(reinterpret_cast<const void*>(&become)).parent_path();
     std::vector<std::string> words = adapters::sqlite::shellCommand(
-        options.folder, os::trustedLibrary(here / os::libraryFileName(adapters::sqlite::extensionLibrary)),
+        options.folder, os::trustedLibrary(programFolder() / os::libraryFileName(adapters::sqlite::extensionLibrary)),
         options.writable ? ShellAccess::Write : ShellAccess::Read);
     words.insert(words.end(), options.statements.begin(), options.statements.end());
     become(std::move(words));

@@ -62,7 +62,12 @@ std::unique_ptr<ui::Desktop> makeScriptedDesktop(script::Player* player) {
 
 std::unique_ptr<script::Player> makePlayer() {
     const std::string file = environment::value(environment::script);
-    return file.empty() ? nullptr : std::make_unique<script::Player>(file, std::cout, composition::clock().now());
+    if (file.empty())
+        return nullptr;
+    auto player = std::make_unique<script::Player>(file, std::cout, composition::clock().now());
+    if (const std::string journal = environment::value(environment::journal); !journal.empty())
+        player->keepJournal(journal);
+    return player;
 }
 
 /// Stands for the real desktop, which it makes when it is first needed and keeps.

@@ -11,8 +11,9 @@ inline constexpr const char* settings = "OPD_SETTINGS"; ///< the settings file; 
 inline constexpr const char* database = "OPD_DATABASE"; ///< a folder that stands for a store whose "Server" it is
 inline constexpr const char* script = "OPD_SCRIPT";     ///< the operator script that works the desktop
 inline constexpr const char* wholeScript = "OPD_SCRIPT_WHOLE"; ///< set: it ends when the clerk closes the search
-inline constexpr const char* cameraFile = "OPD_CAMERA_FILE";   ///< a picture that stands in for the camera
-inline constexpr const char* trace = "OPD_TRACE";              ///< the file that gets every statement sent
+inline constexpr const char* journal = "OPD_JOURNAL";        ///< the file that gets what the script does to the screen
+inline constexpr const char* cameraFile = "OPD_CAMERA_FILE"; ///< a picture that stands in for the camera
+inline constexpr const char* trace = "OPD_TRACE";            ///< the file that gets every statement sent
 
 inline constexpr const char* now =
     "OPD_NOW"; ///< where the process's clock stands, "MM/dd/yyyy hh:mm"; it runs without it

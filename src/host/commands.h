@@ -43,6 +43,7 @@ struct RunOptions {
     std::string desktop = "qt";
     std::string script;
     std::string trace;
+    std::string journal;
     std::string cameraFile;
     std::string now; ///< "MM/dd/yyyy hh:mm", where the desk's clock stands; it runs without it
 };

@@ -156,6 +156,8 @@ struct CommandLine {
             ->check(desktop);
         sub->add_option("--script", session.script, "Operator script that works the desk");
         sub->add_option("--trace", session.trace, "File for every statement sent; may hold patient data");
+        sub->add_option("--journal", session.journal,
+                        "File for what the script's commands change on the screen; may hold patient data");
         sub->add_option("--now", session.now, "Where the clock of desk and hospital stands; it runs without it")
             ->envname(environment::now)
             ->check(moment);

@@ -43,6 +43,7 @@ void passOptions(const RunOptions& options) {
     setEnvironment(environment::script, options.script);
     setEnvironment(environment::wholeScript, "1"); // this host shows no search again that the clerk has closed
     setEnvironment(environment::trace, absoluteFile(options.trace));
+    setEnvironment(environment::journal, absoluteFile(options.journal));
     setEnvironment(environment::now, options.now);
     setEnvironment(environment::cameraFile, absoluteFile(options.cameraFile));
 }

@@ -4,6 +4,7 @@
 #include "script/command_line.h"
 #include "script/commands.h"
 #include "script/days.h"
+#include "script/journal.h"
 
 #include <algorithm>
 #include <deque>
@@ -22,6 +23,7 @@ struct Step {
     std::vector<std::string> words;
     QueuedAnswer answer;
     std::string file = {}; ///< not empty: a file to queue
+    std::string text = {}; ///< the whole line
 };
 
 Step stepOf(std::size_t line, std::vector<std::string> words) {
@@ -57,6 +59,7 @@ struct Player::State {
     std::deque<std::pair<std::size_t, std::string>> files = {}; ///< with the lines that queued them
     std::optional<std::string> failure = {};
     std::size_t line = 0; ///< of the command that is being played
+    std::unique_ptr<Journal> journal = {};
 
     void fail(std::size_t atLine, const std::string& reason) {
         if (!failure)
@@ -76,8 +79,10 @@ Player::Player(const std::filesystem::path& file, std::ostream& output, const Da
             std::vector<std::string> words = wordsOf(text);
             for (std::string& word : words)
                 word = withDays(word, today);
-            if (!words.empty())
-                m_state->steps.push_back(stepOf(line, std::move(words)));
+            if (words.empty())
+                continue;
+            m_state->steps.push_back(stepOf(line, std::move(words)));
+            m_state->steps.back().text = text;
         } catch (const std::runtime_error& error) {
             throw std::runtime_error(file.string() + ":" + std::to_string(line) + ": " + error.what());
         }
@@ -85,6 +90,10 @@ Player::Player(const std::filesystem::path& file, std::ostream& output, const Da
 }
 
 Player::~Player() = default;
+
+void Player::keepJournal(const std::filesystem::path& file) {
+    m_state->journal = std::make_unique<Journal>(file);
+}
 
 bool Player::ended() const {
     return m_state->steps.empty() && m_state->answers.empty() && m_state->files.empty();
@@ -119,12 +128,16 @@ void Player::step(Driver& driver) {
         m_state->answers.push_back(step.answer);
         return;
     }
+    if (m_state->journal)
+        m_state->journal->command(step.text);
     try {
         step.command->run({driver, m_state->output}, step.words);
     } catch (const std::exception& mismatch) {
         m_state->answers.clear();
         m_state->fail(step.line, mismatch.what());
     }
+    if (m_state->journal)
+        m_state->journal->look(driver.currentWindow());
 }
 
 std::optional<ui::Answer> Player::answerTo(const ui::Message& message) {
@@ -136,8 +149,11 @@ std::optional<ui::Answer> Player::answerTo(const ui::Message& message) {
     const QueuedAnswer expected = m_state->answers.front();
     m_state->answers.pop_front();
     const std::vector<ui::Answer> offered = ui::answersOf(message.buttons);
-    if (expected.fits(message) && std::find(offered.begin(), offered.end(), expected.button) != offered.end())
+    if (expected.fits(message) && std::find(offered.begin(), offered.end(), expected.button) != offered.end()) {
+        if (m_state->journal)
+            m_state->journal->message(message, expected.button);
         return expected.button;
+    }
     m_state->answers.clear();
     m_state->fail(expected.line, "expected a message box " + std::string{expected.like ? "like " : ""} + "\"" +
                                      expected.text + "\" with a button \"" + captionOf(expected.button) + "\", but " +

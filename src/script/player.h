@@ -21,6 +21,9 @@ class Player {
     Player(const std::filesystem::path& file, std::ostream& output, const DateTime& today);
     ~Player();
 
+    /// Writes a journal of the script from now on. Throws std::runtime_error when the file cannot be written.
+    void keepJournal(const std::filesystem::path& file);
+
     /// True when the script has ended or failed.
     bool ended() const;
     const std::optional<std::string>& failure() const;

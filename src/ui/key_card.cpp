@@ -111,10 +111,8 @@ KeyCard::KeyCard(const Window& about) : Window("frmKeyCard", "Keys of \"" + abou
     onHelp = [this] { unload(); };
     cancelButton = &m_fields.cmdClose;
     onKeyPress = [this](KeyPress& press) {
-        if (press.code == key::enter) {
-            press.drop();
+        if (press.code == key::enter)
             unload();
-        }
     };
 }
 

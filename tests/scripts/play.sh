@@ -6,11 +6,30 @@ desk="$1" script="$2" desktop="$3" now="$4 10:00" settings="${5:-}"
 shift $(($# < 5 ? $# : 5))
 folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
-screen="$(cd "$(dirname "$0")/../../tools" && pwd)/screen.json" # as large as a hospital's
+scripts="$(cd "$(dirname "$0")" && pwd)"
+screen="$scripts/../../tools/screen.json" # as large as a hospital's
 export OPD_CLASS_REGISTRY="$folder/classes.ini" XDG_RUNTIME_DIR="$folder" QT_QPA_PLATFORM="offscreen:configfile=$screen"
 cd "$folder"
 "$desk" create-database hospital --patients 200 --now "$now"
 if [[ -n "$settings" ]]; then
     sqlite3 hospital/hospital.db "update Patient_Data_tbHospitalInfo set $settings"
 fi
-"$desk" run --database hospital --now "$now" --user CLERK --desktop "$desktop" --script "$script" "$@"
+run=("$desk" run --database hospital --now "$now" --user CLERK --desktop "$desktop" --script "$script" "$@")
+if [[ "$desktop" != scripted || "$now" != 11/25/2026* ]]; then
+    "${run[@]}"
+    exit
+fi
+
+# Without a screen and on the usual day, what each command changes on the screen and what is sent to the database are
+# those of the records. After a change that is meant: OPD_KEEP_RECORDS=1 ctest ..., and read what git says is different.
+"${run[@]}" --journal screen --trace statements
+for record in screen statements; do
+    sed -i "s#$folder#FOLDER#g" "$record"
+    kept="$scripts/records/$(basename "$script" .opd).$record"
+    if [[ -n "${OPD_KEEP_RECORDS:-}" ]]; then
+        cp "$record" "$kept"
+    elif ! diff -u "$kept" "$record" >difference; then
+        head -60 difference
+        exit 1
+    fi
+done

@@ -145,6 +145,20 @@ TEST(WindowLife, AWindowThatAHandlerUnloadsAndShowsAgainStartsAfresh) {
     }
 }
 
+TEST(WindowLife, ATabAskedForInOneLifeIsNotPressedInTheNext) {
+    Form form;
+    RecordingView next;
+    form.open();
+    form.ok.onClick = [&] {
+        form.window.sendTab();
+        form.window.unload();
+        form.window.load();
+        form.window.opened(next);
+    };
+    form.window.click(form.ok);
+    EXPECT_EQ(form.focus(), "first");
+}
+
 TEST(WindowLife, AClosedFrameUnloadsWithoutValidationEvenWhenTheUnloadFails) {
     Form form;
     form.first.onValidate = [](bool&) { FAIL() << "asked"; };

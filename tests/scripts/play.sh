@@ -30,6 +30,7 @@ for record in screen statements; do
         cp "$record" "$kept"
     elif ! diff -u "$kept" "$record" >difference; then
         head -60 difference
+        echo "If that is meant: OPD_KEEP_RECORDS=1 writes $kept anew." >&2
         exit 1
     fi
 done

@@ -52,7 +52,6 @@ void Window::load() {
     m_loaded = true;
     // A window may be loaded again while a handler that unloaded it still runs further up; its new life starts afresh.
     m_handling = false;
-    m_pendingTab = false;
     m_focus = nullptr;
     if (!onLoad)
         return;

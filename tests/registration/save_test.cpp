@@ -232,6 +232,7 @@ TEST(Save, AStoredApostropheIsAskedAboutWhereItIsSeenAndIsAGraveAccentWhereItIsN
     desk.form->record().DiagnosisID = {"D'1", "", ""};
     fields.employment.mshDependents.setCell(1, 0, "L'O");
     fields.employment.mshDependents.setCell(1, 1, "04/18/2001");
+    fields.employment.mshDependents.setCurrentCell(1, 1);
     desk.provider->log.clear();
     desk.desktop.work([&](ui::Window& window) {
         const auto answers = [&](std::initializer_list<ui::Answer> all) {
@@ -248,6 +249,7 @@ TEST(Save, AStoredApostropheIsAskedAboutWhereItIsSeenAndIsAGraveAccentWhereItIsN
         EXPECT_TRUE(fields.header.txtLastName.refusal().empty());
         answers({ui::Answer::Yes, ui::Answer::No});
         EXPECT_EQ(window.focus(), &fields.employment.mshDependents);
+        EXPECT_EQ(fields.employment.mshDependents.currentColumn(), 0) << "where the name is";
         EXPECT_EQ(desk.provider->log, ""); // nothing is written, drawn or looked up before all is settled
         answers({ui::Answer::Yes, ui::Answer::Ok});
         EXPECT_FALSE(window.isOpen());

@@ -47,6 +47,8 @@ TEST_F(Viewer, TurnsPagesEnlargesSavesAndIsGoneWhenItIsPrinted) {
         desktop.file = "sheet.pdf";
         click(window, "cmdSavePdf");
         EXPECT_NE(window.statusLine().find("sheet.pdf"), std::string::npos);
+        click(window, "cmdNextPage");
+        EXPECT_EQ(window.statusLine().find("sheet.pdf"), std::string::npos) << "the page is another one by now";
         desktop.press.outcome = report::Printed::Cancelled;
         click(window, "cmdPrint");
         EXPECT_TRUE(window.isOpen());

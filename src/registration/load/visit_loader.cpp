@@ -78,9 +78,7 @@ void LoadAllergies(const Session& session, HistoryTab& history, Record& record) 
 }
 
 bool SearchPatient(const Session& session, Fields& fields, Record& record) {
-    if (record.isNew())
-        return passesSameDayCheck(session, record.HospNum);
-    return record.isEdit() ? loadVisit(session, fields, record) : true;
+    return record.isNew() ? passesSameDayCheck(session, record.HospNum) : loadVisit(session, fields, record);
 }
 
 void GetCancerPatient(const Session& session, PersonalTab& personal, LoadedRows& rows, const std::string& opdNumber) {

@@ -59,7 +59,6 @@ void frmChangedMeanwhile::list() {
                              {"This desk would write", 2700},
                              {"\"Save mine\"", 3000}},
                             std::move(rows));
-    showCurrent();
 }
 
 /// What a clerk who saves would undo without having meant to.

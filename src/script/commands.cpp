@@ -127,19 +127,19 @@ void expectCell(const Scene& scene, const Words& words) {
 void type(const Scene& scene, const Words& words) {
     focusOn(scene, words[0]);
     for (const char32_t character : text::decode(words[1]))
-        scene.driver.press({.character = character});
+        scene.press({.character = character});
 }
 
 void paste(const Scene& scene, const Words& words) {
     if (!scene.driver.hasFocus(scene.control(words[0])))
         focusOn(scene, words[0]);
     scene.driver.setClipboard(words[1]);
-    scene.driver.press({.character = U'v', .control = true});
+    scene.press({.character = U'v', .control = true});
 }
 
 void clear(const Scene& scene, const Words& words) {
     focusOn(scene, words[0]);
-    scene.driver.press({.key = ui::Key::Backspace});
+    scene.press({.key = ui::Key::Backspace});
 }
 
 void focus(const Scene& scene, const Words& words) {
@@ -233,7 +233,7 @@ void key(const Scene& scene, const Words& words) {
     const std::optional<ui::KeyStroke> stroke = ui::keyStroke(words[0]);
     if (!stroke)
         throw std::runtime_error("\"" + words[0] + "\" is no key");
-    scene.driver.press(*stroke);
+    scene.press(*stroke);
 }
 
 void print(const Scene& scene, const Words& words) {
@@ -242,6 +242,24 @@ void print(const Scene& scene, const Words& words) {
 
 void say(const Scene& scene, const Words& words) {
     scene.output << words[0] << std::endl;
+}
+
+void keys(const Scene& scene, const Words& words) {
+    scene.window();
+    for (const char32_t character : text::decode(words[0]))
+        scene.press({.character = character});
+}
+
+void countKeystrokes(const Scene& scene, const Words&) {
+    scene.keystrokes = {};
+}
+
+void expectKeystrokes(const Scene& scene, const Words& words) {
+    require(words[0] == "<=", "\"<=\" and a number", "there is " + quoted(words[0]));
+    const Keystrokes& made = scene.keystrokes;
+    require(made.uncountable.empty(), "keys alone", "there was " + quoted(made.uncountable));
+    require(made.count <= number(words[1]), "at most " + words[1] + " keystrokes",
+            "there were " + std::to_string(made.count));
 }
 
 void wait(const Scene& scene, const Words& words) {
@@ -266,20 +284,23 @@ constexpr Command commands[] = {{"expect-window", 1, expectWindow},
                                 {"expect-selection", 1, expectSelection},
                                 {"expect-rows", 2, expectRows},
                                 {"expect-cell", 4, expectCell},
-                                {"type", 2, type},
-                                {"paste", 2, paste},
-                                {"clear", 1, clear},
-                                {"focus", 1, focus},
-                                {"click", 1, click},
-                                {"check", 1, check},
-                                {"uncheck", 1, uncheck},
-                                {"select", 2, select},
-                                {"set", 2, set},
-                                {"tab", 1, tab},
-                                {"row", 2, row},
-                                {"cell", 3, cell},
-                                {"double-click", 1, doubleClick},
+                                {"type", 2, type, true},
+                                {"paste", 2, paste, true},
+                                {"clear", 1, clear, true},
+                                {"focus", 1, focus, true},
+                                {"click", 1, click, true},
+                                {"check", 1, check, true},
+                                {"uncheck", 1, uncheck, true},
+                                {"select", 2, select, true},
+                                {"set", 2, set, true},
+                                {"tab", 1, tab, true},
+                                {"row", 2, row, true},
+                                {"cell", 3, cell, true},
+                                {"double-click", 1, doubleClick, true},
                                 {"key", 1, key},
+                                {"keys", 1, keys},
+                                {"count-keystrokes", 0, countKeystrokes},
+                                {"expect-keystrokes", 2, expectKeystrokes},
                                 {"print", 1, print},
                                 {"say", 1, say},
                                 {"wait", 1, wait},

@@ -15,10 +15,20 @@ class Mismatch : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// What a clerk's hands had to do since the count began.
+struct Keystrokes {
+    int count = 0;           ///< keys, each with what is held down meanwhile, and answers to message boxes
+    std::string uncountable; ///< the first command that no key stands for, such as a click; empty without one
+};
+
 /// What a command works with.
 struct Scene {
     Driver& driver;
     std::ostream& output; ///< of `print`
+    Keystrokes& keystrokes;
+
+    /// Presses a key, and counts it.
+    void press(const ui::KeyStroke& stroke) const;
 
     /// The window that has the clerk's attention. Throws Mismatch when there is none.
     ui::Window& window() const;
@@ -39,6 +49,7 @@ struct Command {
     const char* name;
     std::size_t arguments;
     void (*run)(const Scene& scene, const std::vector<std::string>& words); ///< throws Mismatch
+    bool byMouse = false; ///< moves or picks as a hand on the mouse does, however many keys that were
 };
 
 /// The command of a name, or null. `answer` is none of them: it is read before the script plays.

@@ -60,6 +60,7 @@ struct Player::State {
     std::optional<std::string> failure = {};
     std::size_t line = 0; ///< of the command that is being played
     std::unique_ptr<Journal> journal = {};
+    Keystrokes keystrokes = {};
 
     void fail(std::size_t atLine, const std::string& reason) {
         if (!failure)
@@ -131,7 +132,9 @@ void Player::step(Driver& driver) {
     if (m_state->journal)
         m_state->journal->command(step.text);
     try {
-        step.command->run({driver, m_state->output}, step.words);
+        if (step.command->byMouse && m_state->keystrokes.uncountable.empty())
+            m_state->keystrokes.uncountable = step.command->name;
+        step.command->run({driver, m_state->output, m_state->keystrokes}, step.words);
     } catch (const std::exception& mismatch) {
         m_state->answers.clear();
         m_state->fail(step.line, mismatch.what());
@@ -148,6 +151,7 @@ std::optional<ui::Answer> Player::answerTo(const ui::Message& message) {
     }
     const QueuedAnswer expected = m_state->answers.front();
     m_state->answers.pop_front();
+    ++m_state->keystrokes.count; // Enter on its default button, or the key of another
     const std::vector<ui::Answer> offered = ui::answersOf(message.buttons);
     if (expected.fits(message) && std::find(offered.begin(), offered.end(), expected.button) != offered.end()) {
         if (m_state->journal)

@@ -16,4 +16,9 @@ ui::Control& Scene::control(const std::string& name) const {
     return *control;
 }
 
+void Scene::press(const ui::KeyStroke& stroke) const {
+    ++keystrokes.count;
+    driver.press(stroke);
+}
+
 } // namespace opd::script

@@ -112,6 +112,7 @@ class Control {
     std::string hint; ///< what the clerk can do here ("F4 lists the codes"), said while the control has the focus
 
     bool tabStop = true;
+    bool entersWhenFull = false;       ///< a field whose last place is typed goes on as Enter does
     bool causesValidation = true;      ///< false: moving here never asks the control that is left
     const CodedField* coded = nullptr; ///< the coded field that it is a part of
     const Grid* floatsOver = nullptr;  ///< lies over the current cell of this grid while it is visible

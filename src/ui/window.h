@@ -31,8 +31,12 @@ class Desktop;
 
 /// A key and what it does, for the card of a window's keys.
 struct KeyNote {
-    std::string key;
+    std::string key; ///< of a function key with `act`: as `keyStroke` reads it
     std::string deed;
+
+    /// What a function key of this window does, alone or with Shift, Ctrl; what works without it has none. The control
+    /// that it returns, if any, is where the focus goes by the rules: the one that is left may keep it.
+    std::function<Control*()> act = {};
 };
 
 /// The model of a window: its controls, who has the focus, and the rules by which keys and the focus move. Every
@@ -125,6 +129,9 @@ class Window : public Container {
     /// An arrow key in a group of options: selects the next one, or the one before. False elsewhere.
     bool pressArrow(bool backward);
 
+    /// A letter in a group of options: selects the next one that begins with it. False elsewhere.
+    bool pressOptionLetter(char32_t letter);
+
     /// The Down arrow on a control that raises `onArrowDown`. False elsewhere.
     bool pressArrowDown();
 
@@ -194,6 +201,8 @@ class Window : public Container {
     bool pressWithAlt(const KeyStroke& stroke);
     bool pressToMoveOn(const KeyStroke& stroke);
     bool pressFunctionKey(const KeyStroke& stroke, Desktop& desktop);
+    bool pressOwnKey(const KeyStroke& stroke);
+    void enterWhenFull(const Control& field, const std::string& before, const std::string& now);
     bool pressArrowKey(Key arrow);
     std::optional<KeyStroke> pressTyped(const KeyStroke& stroke);
     bool typesElsewhere(KeyPress& press);

@@ -154,6 +154,20 @@ bool Window::pressArrow(bool backward) {
     return true;
 }
 
+bool Window::pressOptionLetter(char32_t letter) {
+    if (m_handling || m_focus == nullptr || m_focus->kind() != Kind::OptionButton || letter <= key::space)
+        return false;
+    std::vector<OptionButton*> group = static_cast<OptionButton*>(m_focus)->group();
+    std::rotate(group.begin(), std::find(group.begin(), group.end(), m_focus) + 1, group.end());
+    const auto next = std::find_if(group.begin(), group.end(), [&](const auto* option) {
+        return option->canTakeFocus() &&
+               text::upper(plainCaption(option->caption())).starts_with(text::encode(text::upper(letter)));
+    });
+    if (next != group.end())
+        click(**next);
+    return next != group.end();
+}
+
 bool Window::pressArrowDown() {
     if (m_handling || m_focus == nullptr || !m_focus->onArrowDown)
         return false;

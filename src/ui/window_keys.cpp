@@ -75,6 +75,8 @@ std::optional<KeyStroke> Window::press(const KeyStroke& stroke, Desktop& desktop
         return std::nullopt;
     if (isArrow(stroke.key) && pressArrowKey(stroke.key))
         return std::nullopt;
+    if (stroke.isCharacter() && !stroke.control && pressOptionLetter(stroke.character))
+        return std::nullopt;
     return pressTyped(stroke);
 }
 
@@ -98,6 +100,8 @@ bool Window::pressToMoveOn(const KeyStroke& stroke) {
 }
 
 bool Window::pressFunctionKey(const KeyStroke& stroke, Desktop& desktop) {
+    if (stroke.key >= Key::F1 && pressOwnKey(stroke))
+        return true;
     if (!stroke.isAlone())
         return false;
     switch (stroke.key) {
@@ -113,6 +117,22 @@ bool Window::pressFunctionKey(const KeyStroke& stroke, Desktop& desktop) {
     default:
         return false;
     }
+}
+
+/// A key that this window alone has a use for.
+bool Window::pressOwnKey(const KeyStroke& stroke) {
+    const std::string name = nameOf(stroke);
+    const auto own =
+        std::find_if(ownKeys.begin(), ownKeys.end(), [&](const KeyNote& note) { return note.act && note.key == name; });
+    if (own == ownKeys.end())
+        return false;
+    Control* target = nullptr;
+    const int life = m_life;
+    const std::function<Control*()> act = own->act; // which may close the window
+    handle([&] { target = act(); });
+    if (target != nullptr && life == m_life)
+        requestFocus(*target);
+    return true;
 }
 
 bool Window::pressArrowKey(Key arrow) {

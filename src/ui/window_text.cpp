@@ -137,11 +137,30 @@ void Window::written(DatePicker& picker, const DateTime& value) {
 }
 
 void Window::edited(TextBox& box, const std::string& text) {
+    const std::string before = box.text();
     handle([&] { box.setText(text); });
+    enterWhenFull(box, before, box.text());
 }
 
 void Window::edited(MaskedBox& box, const std::string& text) {
+    const std::string before = box.text();
     handle([&] { box.setText(text); });
+    enterWhenFull(box, before, box.text());
+}
+
+/// Goes on from a field that has just been filled to its last place, one place at a time: what was pasted, or put right
+/// in its middle, is looked at first.
+void Window::enterWhenFull(const Control& field, const std::string& before, const std::string& now) {
+    if (!field.entersWhenFull || &field != m_focus || m_handling)
+        return;
+    const auto placesLeft = [&](const std::string& text) {
+        const bool isMask = field.kind() == Kind::MaskedBox;
+        const int most = isMask ? 0 : static_cast<const TextBox&>(field).maxLength();
+        return isMask ? static_cast<int>(std::count(text.begin(), text.end(), ' '))
+                      : most - static_cast<int>(text::decode(text).size());
+    };
+    if (placesLeft(before) == 1 && placesLeft(now) == 0)
+        pressKey(key::enter);
 }
 
 void Window::edited(DatePicker& picker, const DateTime& value) {

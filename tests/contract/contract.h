@@ -28,7 +28,20 @@ class Contract : public testing::TestWithParam<Provided> {
 
     Rows rows(const std::string& statement) { return rowsOf(*connection, statement); }
     std::string error(const std::string& statement) { return errorOf(*connection, statement); }
+    /// Puts the counters of the numbers behind what is stored.
+    void resetCounters();
+
+    /// The statement fails with that "SQLSTATE/number".
+    void expectError(const std::string& statement, const std::string& expected);
     void run(const std::string& procedure, const std::vector<std::string>& values);
+
+    /// What the database's own clock shows.
+    DateTime now() { return *connection->Execute("select GETDATE() AS Tdate").Fields("Tdate").get<DateTime>(); }
+
+    /// The age as the desk counts it, by the database's own clock.
+    std::string ageOf(const DateTime& born) {
+        return std::to_string(static_cast<int>(static_cast<double>(daysBetween(born, now())) / 365.25));
+    }
 };
 
 } // namespace opd::tests

@@ -17,11 +17,16 @@ inline constexpr DateTime morning{2026, 7, 1, 10, 30, 15};     ///< and the one 
 
 /// A database that tests reach through connections alone. It holds the patients and lists of a generated hospital, and
 /// its own clock stands still in the morning.
+///
+/// A server as hospitals have them (`isReal`) differs: its clock runs and is not set, one hospital serves all tests of
+/// a run, so that each leaves the generated patients as they are and writes under numbers of its own, and errors that
+/// the desk does not tell apart have numbers of the server's own.
 class Hospital {
   public:
     virtual ~Hospital() = default;
     virtual std::unique_ptr<ado::Connection> connect() = 0;
     virtual void setClock(const DateTime& moment) = 0;
+    virtual bool isReal() const { return false; }
 };
 
 /// The rows of a statement as texts, null as "-", columns parted by "|".

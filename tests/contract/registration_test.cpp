@@ -3,11 +3,29 @@
 #include "contract/save_statements.h"
 #include "support/sql.h"
 
+#include <algorithm>
 #include <set>
 #include <sys/wait.h>
 
 namespace opd::tests {
+
+void Contract::resetCounters() {
+    for (const char* counter : {"HospNum", "OPDID", "FileNum"})
+        connection->Execute(
+            sql(std::string{"Update Patient_Data..tbCounter set Last = '0' where Name = '"} + counter + "'"));
+}
+
 namespace {
+
+/// The smallest number above zero that is not among them, written with so many digits.
+std::string firstFree(const std::vector<std::string>& taken, std::size_t digits) {
+    for (int number = 1;; ++number) {
+        std::string text = std::to_string(number);
+        text.insert(0, digits - std::min(digits, text.size()), '0');
+        if (std::find(taken.begin(), taken.end(), text) == taken.end())
+            return text;
+    }
+}
 
 TEST_P(Contract, NeverPutsANewPatientOrVisitInThePlaceOfAnother) {
     const auto writePatient = [&](ado::Connection& by, const std::string& patient, const std::string& ofVisit) {
@@ -17,38 +35,51 @@ TEST_P(Contract, NeverPutsANewPatientOrVisitInThePlaceOfAnother) {
         return errorOf(by, callOf("sp_aopd_Update_tbOutpatient", visitValues(patient, theVisit)));
     };
     // Counters that are behind: what is drawn is free all the same.
-    for (const char* counter : {"HospNum", "OPDID", "FileNum"})
-        connection->Execute(
-            sql(std::string{"Update Patient_Data..tbCounter set Last = '0' where Name = '"} + counter + "'"));
-    EXPECT_EQ(newHospNum(*connection), "00000013") << "of twelve patients";
-    const std::string freeVisit = newOpdNumber(*connection);
-    EXPECT_EQ(rows("Select IDNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "B'"), Rows{});
+    const Rows patients = rows("Select HospNum from Patient_Data..tbMaster where HospNum <> ''");
+    const std::string first = firstFree(patients, 8);
+    resetCounters();
+    EXPECT_EQ(newHospNum(*connection), first);
+    const std::string freeVisit = newOpdNumber(*connection) + "B";
+    const std::string patientOfVisit =
+        "Select HospNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "'";
+    EXPECT_EQ(rows(patientOfVisit), Rows{});
 
     // Another program writes under a number that is drawn already: its rows stay, and the next try draws anew.
     const auto other = hospital->connect();
-    EXPECT_EQ(writePatient(*other, "00000013", "F000000001B"), "");
-    EXPECT_EQ(writePatient(*connection, "00000013", freeVisit + "B"), "23000/2627");
-    EXPECT_EQ(writeVisit(*other, "00000002", freeVisit + "B"), "");
-    EXPECT_EQ(writeVisit(*connection, "00000001", freeVisit + "B"), "23000/2627");
-    EXPECT_EQ(rows("Select HospNum from Patient_Data..tbOutPatient where IDNum = '" + freeVisit + "B'"),
-              Rows{"00000002"});
+    EXPECT_EQ(writePatient(*other, first, "F000000001B"), "");
+    expectError(callOf("sp_aopd_Update_TbMaster", masterValues(first, freeVisit)), "23000/2627");
+    EXPECT_EQ(writeVisit(*other, first, freeVisit), "");
+    expectError(callOf("sp_aopd_Update_tbOutpatient", visitValues("00000001", freeVisit)), "23000/2627");
+    EXPECT_EQ(rows(patientOfVisit), Rows{first});
     const std::string next = newHospNum(*connection), nextVisit = newOpdNumber(*connection) + "B";
-    EXPECT_EQ(next, "00000014");
+    EXPECT_EQ(std::count(patients.begin(), patients.end(), next), 0);
+    EXPECT_GT(next, first);
     for (int time = 1; time <= 2; ++time) { // what is written once may be written again
         EXPECT_EQ(writePatient(*connection, next, nextVisit), "") << time;
         EXPECT_EQ(writeVisit(*connection, next, nextVisit), "") << time;
     }
+}
 
-    // File numbers are given once, in order, and only if they are free.
+TEST_P(Contract, GivesFileNumbersOnceAndInOrder) {
+    const auto newPatient = [&] {
+        const std::string number = newHospNum(*connection);
+        run("sp_aopd_Update_TbMaster", masterValues(number, newOpdNumber(*connection) + "B"));
+        return number;
+    };
     const auto fileNumber = [&](const std::string& patient) {
         run("OPD_UpdateFileNum", {patient});
         return rows("Select FileNum from Patient_Data..tbMaster where HospNum = '" + patient + "'");
     };
-    EXPECT_EQ(fileNumber(next), Rows{"1"});
+    const std::string one = newPatient(), another = newPatient();
+    const std::string free = firstFree(rows("Select FileNum from Patient_Data..tbMaster where HospNum <> ''"), 0);
+    resetCounters();
+    EXPECT_EQ(fileNumber(one), Rows{free});
     EXPECT_EQ(fileNumber("nobody"), Rows{});
-    connection->Execute("Update Patient_Data..tbCounter set Last = '0' where Name = 'FileNum'");
-    EXPECT_EQ(fileNumber("00000003"), Rows{"2"});
-    EXPECT_EQ(fileNumber(next), Rows{"1"});
+    resetCounters();
+    const Rows theNext = fileNumber(another);
+    ASSERT_EQ(theNext.size(), 1U);
+    EXPECT_GT(std::stoi(theNext.front()), std::stoi(free));
+    EXPECT_EQ(fileNumber(one), Rows{free});
 }
 
 /// Draws numbers in a process of its own, which writes them down in the file and ends with status 0.
@@ -67,12 +98,17 @@ pid_t drawElsewhere(Hospital& hospital, std::FILE* file) {
     _exit(std::fflush(file));
 }
 
-TEST_P(Contract, DrawsEveryNumberOnceForTwoDesksAtATime) {
+TEST_P(Contract, DrawsEveryNumberOnceForDesksAtATime) {
     connection->Close();
-    std::FILE* const files[] = {std::tmpfile(), std::tmpfile()};
-    const pid_t desks[] = {drawElsewhere(*hospital, files[0]), drawElsewhere(*hospital, files[1])};
+    const std::size_t count = hospital->isReal() ? 8 : 2;
+    std::vector<std::FILE*> files;
+    std::vector<pid_t> desks;
+    for (std::size_t desk = 0; desk < count; ++desk) {
+        files.push_back(std::tmpfile());
+        desks.push_back(drawElsewhere(*hospital, files.back()));
+    }
     std::set<std::string> numbers;
-    for (int desk = 0; desk < 2; ++desk) {
+    for (std::size_t desk = 0; desk < count; ++desk) {
         int status = -1;
         waitpid(desks[desk], &status, 0);
         EXPECT_EQ(status, 0);
@@ -81,7 +117,7 @@ TEST_P(Contract, DrawsEveryNumberOnceForTwoDesksAtATime) {
             EXPECT_TRUE(numbers.insert(number).second) << number << " was given twice";
         std::fclose(files[desk]);
     }
-    EXPECT_EQ(numbers.size(), 600U);
+    EXPECT_EQ(numbers.size(), count * 300);
 }
 
 } // namespace

@@ -59,6 +59,8 @@ int main(int argc, char** argv) {
     app.add_option("--user", options.user, "Who may log in")->capture_default_str();
     app.add_option("--password", options.password, "With which password")->capture_default_str();
     app.add_flag("--require-encryption", options.requireEncryption, "Demand the encryption that it does not have");
+    app.add_option("--stand-in", options.standInPrefix,
+                   "Stand in for a server that is to be proved: the prefix of its databases");
     app.add_option("--log", options.log, "File for the statements that come");
     app.add_option("--fault", options.faults, "What goes wrong: KIND@WHERE[:ARGUMENT]");
     CLI11_PARSE(app, argc, argv);

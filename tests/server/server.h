@@ -15,7 +15,8 @@ struct Options {
     std::filesystem::path folder; ///< of the hospital that answers
     std::string user = "desk";
     std::string password = "Desk-1234";
-    std::uint16_t port = 0;         ///< any free one
+    std::uint16_t port = 0;    ///< any free one
+    std::string standInPrefix; ///< of its databases, where it stands in for a server that is to be proved; stand_in.h
     bool requireEncryption = false; ///< which it does not have: every client is to refuse
     std::filesystem::path log;      ///< of the statements; none without it
     std::vector<std::string> faults;

@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/provider.h"
 #include "base/text/text.h"
+#include "server/stand_in.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -85,7 +86,8 @@ bool Session::admit(const Login& login, Tokens& tokens) {
                          "Test server", 18452);
     if (!text::equalsIgnoringCase(login.user, m_shared.options.user) || login.password != m_shared.options.password)
         throw ado::Error("Login failed for user '" + login.user + "'.", "Test server", 18456);
-    const std::string database = login.database.empty() ? std::string{startDatabase} : login.database;
+    const std::string database =
+        login.database.empty() ? std::string{startDatabase} : withoutPrefix(prefix(), login.database);
     if (!isDatabase(database))
         throw ado::Error("Cannot open database \"" + database + "\" requested by the login. The login failed.",
                          "Test server", 4060);
@@ -125,15 +127,18 @@ void Session::serve(const Message& message) {
 }
 
 void Session::batch(const std::string& text, bool resets) {
-    statement(text, resets, Done::Batch, [&](Tokens& tokens) { m_interpreter->run(text, tokens, Done::Batch, false); });
+    const std::string asked = standingIn(prefix(), text);
+    statement(text, resets, Done::Batch,
+              [&](Tokens& tokens) { m_interpreter->run(asked, tokens, Done::Batch, false); });
 }
 
 void Session::rpc(const RpcRequest& request, bool resets) {
     Tokens tokens(m_version);
     switch (request.number) {
     case RpcRequest::ByName:
-        statement(textOf(request.name, request.parameters, true), resets, Done::Procedure,
-                  [&](Tokens& out) { m_interpreter->call(request.name, request.parameters, out); });
+        statement(textOf(request.name, request.parameters, true), resets, Done::Procedure, [&](Tokens& out) {
+            m_interpreter->call(withoutPrefix(prefix(), request.name), request.parameters, out);
+        });
         return;
     case RpcRequest::ExecuteSql:
     case RpcRequest::PrepExec:
@@ -190,7 +195,8 @@ void Session::execute(const RpcRequest& request, bool resets) {
         if (request.parameters.size() > 1)
             prepared.declarations = request.parameters[1].value.asText();
     }
-    const std::string text = withValues(prepared.statement, prepared.declarations, parametersFrom(request, firstValue));
+    const std::string text = withValues(withoutPrefix(prefix(), prepared.statement), prepared.declarations,
+                                        parametersFrom(request, firstValue));
     statement(text, resets, Done::Procedure, [&](Tokens& tokens) {
         m_interpreter->run(text, tokens, Done::InProcedure, true);
         tokens.returnStatus(0);

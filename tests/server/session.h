@@ -52,6 +52,7 @@ class Session {
     void send(const Fault& fault, const Tokens& tokens);
     void wait(std::chrono::milliseconds time);
     bool isGivenUp();
+    const std::string& prefix() const { return m_shared.options.standInPrefix; }
 
     Shared& m_shared;
     Channel m_channel;

@@ -1,0 +1,100 @@
+#include "prove/proof.h"
+
+#include "adapters/odbc/provider.h"
+#include "prove/own_names.h"
+#include "setup/server_setup.h"
+
+#include <fmt/core.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <thread>
+#include <unistd.h>
+
+namespace opd::prove {
+
+namespace {
+
+constexpr std::chrono::minutes patienceOfMaking{10};
+
+/// The settings that a desk has in its settings file, where the environment gives them.
+adapters::odbc::Options optionsOfProcess() {
+    const auto given = [](const char* name) {
+        const char* const value = std::getenv(name);
+        return std::string{value == nullptr ? "" : value};
+    };
+    adapters::odbc::Options options;
+    if (const std::string driver = given("OPD_TEST_DRIVER"); !driver.empty())
+        options.driver = driver;
+    options.encryptionRequired = given("OPD_TEST_ENCRYPT") == "required";
+    return options;
+}
+
+void showProgress(const setup::ServerProgress& progress) {
+    fmt::print(stderr, "\r\x1b[KMaking a hospital: {}, {} of {}", progress.step, progress.done, progress.total);
+    std::fflush(stderr);
+}
+
+/// The database alone, with no one else in it, as DROP DATABASE wants it; Babelfish knows no such option.
+std::string dropOf(const std::string& database) {
+    const std::string exists = "IF DB_ID(N'" + database + "') IS NOT NULL";
+    return exists + " AND SERVERPROPERTY(N'babelfish') IS NULL EXEC(N'ALTER DATABASE " + database +
+           " SET SINGLE_USER WITH ROLLBACK IMMEDIATE;');\nGO\n" + exists + " DROP DATABASE " + database + ";\nGO\n";
+}
+
+/// A server may still be busy with the end of a connection, and its database in use.
+void patiently(const std::function<void()>& work) {
+    for (int time = 1;; ++time) {
+        try {
+            return work();
+        } catch (const ado::Error&) {
+            if (time == 5)
+                throw;
+        }
+        std::this_thread::sleep_for(std::chrono::seconds{1});
+    }
+}
+
+} // namespace
+
+Proof::Proof(const Server& server) : m_server(server) {
+    m_providers.add("server", withOwnNames(adapters::odbc::makeOdbcProvider(&optionsOfProcess)));
+    m_administrator = connect("master");
+    m_administrator->setPatience(patienceOfMaking);
+}
+
+std::unique_ptr<ado::Connection> Proof::connect(const std::string& catalog) const {
+    auto connection = std::make_unique<ado::Connection>(m_providers);
+    connection->Open(ado::connectionString(
+        {m_server.user, m_server.password, m_server.name, catalog == "master" ? catalog : ownName(catalog)}));
+    return connection;
+}
+
+void Proof::make() {
+    const bool onTerminal = ::isatty(STDERR_FILENO) == 1;
+    setup::ServerSetup setup(*m_administrator, onTerminal ? &showProgress : setup::ServerSetup::Progress{});
+    setup::ServerOptions options;
+    options.patients = 12;
+    options.today = tests::generationDay;
+    setup.make(options);
+    if (onTerminal)
+        fmt::print(stderr, "\r\x1b[K");
+}
+
+void Proof::refuseEarlierOnes() {
+    setup::ServerSetup setup(*m_administrator);
+    for (const char* database : databases)
+        setup.send("the look for an earlier proof",
+                   std::string{"IF DB_ID(N'"} + database + "') IS NOT NULL RAISERROR(N'The database " +
+                       ownName(database) + " of an earlier proof is there. Give --anew to drop it.', 16, 1);");
+}
+
+void Proof::drop() {
+    setup::ServerSetup setup(*m_administrator);
+    setup.send("leaving its databases", "USE master;\nGO\n");
+    for (const char* database : databases)
+        patiently([&] { setup.send("dropping a database", dropOf(database)); });
+}
+
+} // namespace opd::prove

@@ -6,6 +6,7 @@
 #include "data/hospital_settings.h"
 #include "registration/registration.h"
 #include "search/master_search.h"
+#include "visits/todays_visits.h"
 
 #include <stdexcept>
 
@@ -43,7 +44,8 @@ SearchEnd runSearch(Session& session) {
     session.globals.duplicateLedBackTo.clear(); // whom an earlier call led back to is another clerk's affair
 
     registration::frmRegistration registration{session};
-    search::frmMasterSearch search{session, registration};
+    visits::frmTodaysVisits visits{session, registration};
+    search::frmMasterSearch search{session, registration, visits};
     search.window().load(); // clears the fields, so the text to search for comes after it
     search.fields().lastName.setText(text::replaced(session.globals.gSearchCriteria, "'", "")); // as when it is typed
     search.showModal();

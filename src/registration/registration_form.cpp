@@ -9,7 +9,7 @@
 #include "registration/save/apostrophes.h"
 #include "registration/save/save_data.h"
 #include "registration/statements/changes.h"
-#include "reports/prepare_report.h"
+#include "reports/data_sheet.h"
 #include "ui/window_content.h"
 
 namespace opd::registration {
@@ -186,7 +186,13 @@ void RegistrationForm::close() {
     else
         m_kept.forgetTakenUp();
     m_session.globals.lastOutcome = storedOutcome(m_record);
+    rememberStored();
     m_window.unload();
+}
+
+void RegistrationForm::rememberStored() {
+    if (m_record.isWritten)
+        m_session.globals.lastRegistered = registeredOutcome(m_fields.header, m_record);
 }
 
 void RegistrationForm::saveAndPrint() {
@@ -195,12 +201,10 @@ void RegistrationForm::saveAndPrint() {
     const bool wasWritten = !m_record.lacksNumber;
     std::unique_ptr<report::Report> report;
     if (wasWritten)
-        report = reports::PrepareReport(
-            m_session, m_session.devices.moduleFolder / "Reports" / "DataSheet.rpt",
-            {savedVisit(m_record), m_session.globals.gCompanyName, m_session.globals.gCompanyAddress});
+        report = reports::prepareDataSheet(m_session, savedVisit(m_record));
     close();
     if (report)
-        reports::ShowReport(m_session, *report, false, "Out-Patient & Emergency Room Record", false);
+        reports::showDataSheet(m_session, *report);
 }
 
 void RegistrationForm::cancel() {
@@ -211,6 +215,7 @@ void RegistrationForm::cancel() {
     if (m_session.desktop.ask(question) == ui::Answer::Cancel)
         return;
     m_kept.forgetTakenUp(); // the clerk gives it up
+    rememberStored();       // what followed the commit may have failed; the visit stands
     m_window.unload();
 }
 

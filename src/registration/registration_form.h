@@ -50,6 +50,7 @@ class RegistrationForm {
     void rememberLoaded();
     FieldValues values(FieldValues::Meaning meaning) const;
     void close();
+    void rememberStored();
     void saveAndPrint();
     void cancel();
     void endConsultation();

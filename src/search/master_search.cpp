@@ -10,8 +10,8 @@
 
 namespace opd::search {
 
-frmMasterSearch::frmMasterSearch(Session& session, RegistrationOpener& registration)
-    : m_session(session), m_opener(session, registration, m_window) {
+frmMasterSearch::frmMasterSearch(Session& session, RegistrationOpener& registration, VisitsOpener& visits)
+    : m_session(session), m_opener(session, registration, m_window), m_visits(visits) {
     m_window.onLoad = [this] { load(); };
     m_window.onFailure = [this](const std::exception& failure) { data::reportFailure(m_session, failure); };
     m_window.cancelButton = &m_fields.close;
@@ -146,6 +146,8 @@ void frmMasterSearch::bindActions() {
     m_fields.search.onClick = [this] { search(); };
     m_fields.newSearch.onClick = [this] { newSearch(); };
     m_fields.newPatient.onClick = [this] { openNew(); };
+    m_fields.cmdTodaysVisits.onClick = [this] { showVisits(); };
+    m_fields.cmdTodaysVisits.causesValidation = false; // what stands in the criteria is not searched for
     const auto close = [this] {
         m_closedByOperator = true;
         m_window.unload();
@@ -180,6 +182,14 @@ void frmMasterSearch::load() {
     data::LoadServerDate(m_session);
     data::LoadHospitalInfo(m_session);
     m_window.setStatus(std::exchange(m_session.globals.lastOutcome, {}));
+    showLastRegistered();
+}
+
+// For the card or receipt that the clerk writes by hand: what is said of a search soon takes the status line's place.
+void frmMasterSearch::showLastRegistered() {
+    const std::string& last = m_session.globals.lastRegistered;
+    m_fields.lblLastRegistered.setVisible(!last.empty());
+    m_fields.lblLastRegistered.setCaption(text::replaced(last, "&", "&&"));
 }
 
 void frmMasterSearch::blankFields() {
@@ -241,6 +251,11 @@ void frmMasterSearch::openNew() {
     m_closedByOperator = false;
     if (m_opener.Proc_AdmitNewRecord(lastName, m_noMatch) && !m_session.globals.gDuplicateLastName.empty())
         showDuplicate();
+}
+
+void frmMasterSearch::showVisits() {
+    m_visits.showTodaysVisits();
+    showLastRegistered();
 }
 
 // The new patient turned out to be on file already: shows that patient in a fresh window.

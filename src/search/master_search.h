@@ -4,6 +4,7 @@
 #include "search/patient_finder.h"
 #include "search/patient_opener.h"
 #include "search/registration_opener.h"
+#include "search/visits_opener.h"
 #include "session/session.h"
 #include "ui/window.h"
 
@@ -12,7 +13,7 @@ namespace opd::search {
 /// "Master Patient Search": finds a patient on file and opens the registration form for that patient or a new one.
 class frmMasterSearch {
   public:
-    frmMasterSearch(Session& session, RegistrationOpener& registration);
+    frmMasterSearch(Session& session, RegistrationOpener& registration, VisitsOpener& visits);
 
     ui::Window& window() { return m_window; }
     MasterSearchFields& fields() { return m_fields; }
@@ -34,6 +35,8 @@ class frmMasterSearch {
     void newSearch();
     void openChosen();
     void openNew();
+    void showVisits();
+    void showLastRegistered();
     void showDuplicate();
     void clearOthers(const ui::Control& kept);
     void criterionChanged();
@@ -45,6 +48,7 @@ class frmMasterSearch {
     MasterSearchFields m_fields{m_window};
     PatientFinder m_finder{m_session, m_fields};
     PatientOpener m_opener;
+    VisitsOpener& m_visits;
     bool m_closedByOperator = false;
     std::string m_noMatch; ///< what nobody matched in the last search, so that a new patient needs no second thought
 };

@@ -59,6 +59,8 @@ struct MasterSearchFields {
 
     ui::Grid gridPatientList{window, "gridPatientList"};
 
+    ui::Label lblLastRegistered{window, "lblLastRegistered", ""};
+    ui::Button cmdTodaysVisits{window, "cmdTodaysVisits", "Today's &Visits"};
     ui::Button& newPatient = Command1.add(window, 3, "New &Patient");
     ui::Button& close = Command1.add(window, 2, "&Close");
 

@@ -31,7 +31,8 @@ ALLOWED = {
     "search": SEARCH,
     "reports": SEARCH,
     "registration": REGISTRATION,
-    "component": [*REGISTRATION, "registration/", "script/"],
+    "visits": REGISTRATION,
+    "component": [*REGISTRATION, "registration/", "visits/", "script/"],
     "codesearch": [*GROUND, "ado/", "com/", "ui/"],
     "host": [*GROUND, "ado/", "com/", "com/connection_object.h", "component/init_dll.h", "component/environment.h",
              "script/desktop_module.h", "adapters/settings/ini_store.h",
@@ -58,7 +59,7 @@ LIBRARIES = [
 
 # Headers of the operating system: in the core only src/base/os/ may know them.
 SYSTEM = re.compile(r"(sys|arpa|net|netinet|linux)/.*|(unistd|fcntl|dlfcn|pwd|grp|signal|dirent|poll|termios|pthread|windows)\.h")
-CORE = ["base", "ado", "com", "ports", "demonstration", "setup", "ui", "script", "session", "data", "search", "reports", "registration",
+CORE = ["base", "ado", "com", "ports", "demonstration", "setup", "ui", "script", "session", "data", "search", "reports", "registration", "visits",
         "component", "codesearch"]
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')

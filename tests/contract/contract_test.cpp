@@ -147,6 +147,8 @@ TEST_P(Contract, TellsWhatIsWrongAsAServerDoes) {
         {"Select * from Patient_Data..tbNothing", "42S02/208"},
         {"Select * from Nowhere..tbMaster", "42S02/208"},
         {"Select Nothing from Patient_Data..tbMaster", "42S22/207"},
+        {"Select v.Nothing from Patient_Data..tbMaster v", "42S22/207"},
+        {"Select w.HospNum from Patient_Data..tbMaster v", "42000/4104"},
         {"Update Patient_Data..tbMaster set Nothing = 'x' where HospNum = '1'", "42S22/207"},
         {"Patient_Data..sp_Nothing '1'", "42000/2812"},
         {"Patient_Data..sp_aopd_LoadOutPatient '1','2'", "42000/8144"},

@@ -37,6 +37,14 @@ TEST_P(Contract, LooksUpWhatIsMeant) {
     const std::string openVisit =
         "Select IDNum from Patient_Data..tbOutPatient where BillingDate is null and dcrDate is "
         "null and OPDStatus <> 'R' and Hospnum = '";
+    const auto ofDay = [](const std::string& day, const std::string& next) {
+        return "Select v.IDNum, m.LastName, s.Service, d.LastName as Doctor from Patient_Data..tbOutPatient v "
+               "inner join Patient_Data..tbMaster m on m.HospNum = v.HospNum "
+               "left join Build_File..tbCoService s on s.ServiceID = v.ServiceID1 "
+               "left join Build_File..tbCoDoctor d on d.DoctorID = v.DoctorID1 "
+               "where v.AdmDate >= '" +
+               day + "' and v.AdmDate < '" + next + "' and v.OPDStatus <> 'R' order by v.AdmDate desc, v.IDNum desc";
+    };
     const Rows maria{"TORRES, MARIA LUZ, AVILA|D001"};
     const std::string similar = "PATIENT_DATA..sp_AOPD_SearchSimilarRecords 'dela cruz','JUAN',";
     const std::string age = ageOf({1980, 3, 7}), otherAge = ageOf({1981, 3, 7});
@@ -74,6 +82,8 @@ TEST_P(Contract, LooksUpWhatIsMeant) {
         {today + "00000006', '06/12/2026'", {}}, // revoked
         {today + "00000007', '06/28/2026'", {"50001"}},
         {today + "00000007', '06/29/2026'", {}},
+        {ofDay("06/29/2026", "06/30/2026"), {"2600000001B|SANTOS|CARDIOLOGY|TORRES"}},
+        {ofDay("06/30/2026", "07/01/2026"), {}},
         {openVisit + "00000002' order by admdate desc", {"2600000001B"}},
         {openVisit + "00000006' order by admdate desc", {}},
     };

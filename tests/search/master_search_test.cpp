@@ -67,7 +67,10 @@ struct SearchDesk : TestSession {
     }
 
     OpenerLog opener;
-    search::frmMasterSearch form{session, opener};
+    struct NoVisits final : search::VisitsOpener {
+        void showTodaysVisits() override {}
+    } visits;
+    search::frmMasterSearch form{session, opener, visits};
 };
 
 TEST(MasterSearch, ARefusedBirthDateStopsTheSecondTryAloneAndEveryMarkIsTakenBack) {

@@ -8,6 +8,7 @@
 #include "ui_frmRegistration.h"
 #include "ui_frmReportViewer.h"
 #include "ui_frmSearchNew.h"
+#include "ui_frmTodaysVisits.h"
 #include "ui_frmWebCamCapture.h"
 
 #include <map>
@@ -33,6 +34,7 @@ bool buildForm(const std::string& windowName, QWidget& shell) {
         {"frmReportViewer", build<Ui::frmReportViewer>},
         {"frmSearchChiefComplaint", build<Ui::frmSearchNew>}, // both search dialogs have the same controls
         {"frmSearchNew", build<Ui::frmSearchNew>},
+        {"frmTodaysVisits", build<Ui::frmTodaysVisits>},
         {"frmWebCamCapture", build<Ui::frmWebCamCapture>},
     };
     const auto form = forms.find(windowName);

@@ -17,15 +17,17 @@ const Table& Catalog::table(const std::string& databaseName, const std::string& 
     const std::string key = text::upper(std::string_view{databaseName + "_" + tableName});
     if (const auto known = m_tables.find(key); known != m_tables.end())
         return known->second;
-    Query query(m_database,
-                "SELECT t.name, c.name, upper(c.type) FROM sqlite_schema t JOIN pragma_table_xinfo(t.name) c "
-                "WHERE t.type = 'table' AND upper(t.name) = ?");
+    Query query(m_database, "SELECT t.name, c.name, upper(c.type), c.pk AND l.wr FROM sqlite_schema t "
+                            "JOIN pragma_table_list(t.name) l JOIN pragma_table_xinfo(t.name) c "
+                            "WHERE l.schema = 'main' AND t.type = 'table' AND upper(t.name) = ?");
     query.bind(1, key);
     Table table;
     while (query.next()) {
         table.name = query.value(0).asText();
         const std::string column = query.value(1).asText();
         const std::string type = query.value(2).asText();
+        if (query.value(3).asText() == "1")
+            table.key = column;
         table.columns[text::upper(std::string_view{column})] = {column, type == "DATE", type == "DATETIME",
                                                                 type == "BIT"};
     }

@@ -19,6 +19,7 @@ struct Column {
 struct Table {
     std::string name;
     std::map<std::string, Column> columns;
+    std::string key; ///< the column by which its rows lie in the file; empty where they lie by a number of their own
 
     /// Throws ado::Error for a column that it does not have.
     const Column& column(const std::string& name) const;

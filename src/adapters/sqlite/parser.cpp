@@ -1,6 +1,7 @@
 #include "adapters/sqlite/parser.h"
 
 #include "adapters/sqlite/errors.h"
+#include "base/text/text.h"
 
 #include <algorithm>
 #include <utility>
@@ -8,6 +9,19 @@
 namespace opd::adapters::sqlite {
 
 namespace {
+
+/// A table of a select, and the name that its columns are called by; none where it is the only one.
+struct Source {
+    const Table* table;
+    std::string alias;
+};
+
+/// A column that a statement names: how the embedded database calls it, and what it holds.
+struct NamedColumn {
+    const Source& source;
+    const Column& column;
+    std::string sql;
+};
 
 class Parser {
   public:
@@ -102,7 +116,7 @@ class Parser {
         m_translation.values.emplace_back(std::move(value));
     }
 
-    // The list of a select stands before its table, whose columns it names: it is read when the table is known.
+    // The list of a select stands before its tables, whose columns it names: it is read when they are known.
     void select() {
         std::string limit;
         if (take("top"))
@@ -110,22 +124,50 @@ class Parser {
         const std::size_t list = m_at;
         while (next().kind != Token::Kind::End && !isWord(next(), "from"))
             ++m_at;
-        const Table* const source = take("from") ? &table() : nullptr;
+        const std::string tables = take("from") ? from() : std::string{};
         const std::size_t behind = std::exchange(m_at, list);
         sql() = "SELECT ";
-        items(source);
-        if (source != nullptr) {
+        items();
+        if (!m_sources.empty()) {
             expect("from");
             m_at = behind;
-            sql() += " FROM " + quoted(source->name);
-            where(*source);
-            orderBy(*source);
+            sql() += tables;
+            where();
+            orderBy();
         }
         sql() += limit;
     }
 
-    void items(const Table* source) {
-        if (source != nullptr && takeSymbol("*")) {
+    /// One table, or one with others joined to it, each by a column.
+    std::string from() {
+        const Table& first = table();
+        std::string text = " FROM " + quoted(first.name);
+        m_sources = {{&first, {}}};
+        if (next().kind != Token::Kind::Word || isWord(next(), "where") || isWord(next(), "order"))
+            return text;
+        m_sources.front().alias = word();
+        text += " AS " + quoted(m_sources.front().alias);
+        while (isWord(next(), "inner") || isWord(next(), "left"))
+            text += join();
+        return text;
+    }
+
+    std::string join() {
+        std::string text = take("inner") ? " JOIN " : "";
+        if (text.empty() && take("left"))
+            text = " LEFT JOIN ";
+        expect("join");
+        const Table& joined = table();
+        m_sources.push_back({&joined, word()});
+        text += quoted(joined.name) + " AS " + quoted(m_sources.back().alias);
+        expect("on");
+        text += " ON " + column().sql;
+        expectSymbol("=");
+        return text + " = " + column().sql;
+    }
+
+    void items() {
+        if (m_sources.size() == 1 && takeSymbol("*")) {
             sql() += "*";
             return;
         }
@@ -133,11 +175,11 @@ class Parser {
         do {
             if (position > 0)
                 sql() += ", ";
-            item(source, position++);
+            item(position++);
         } while (takeSymbol(","));
     }
 
-    void item(const Table* source, std::size_t position) {
+    void item(std::size_t position) {
         std::string name;
         if (take("getdate")) {
             expectSymbol("(");
@@ -147,8 +189,9 @@ class Parser {
             name = "Date";
         } else if (take("isnull")) {
             expectSymbol("(");
-            name = column(source);
-            sql() += "ifnull(" + quoted(name) + ", ";
+            const NamedColumn tested = column();
+            name = tested.column.name;
+            sql() += "ifnull(" + tested.sql + ", ";
             expectSymbol(",");
             const bool isNumber = next().kind == Token::Kind::Number;
             if (isNumber)
@@ -158,47 +201,88 @@ class Parser {
             sql() += ")";
             expectSymbol(")");
         } else {
-            name = column(source);
-            sql() += quoted(name);
+            const NamedColumn shown = column();
+            name = shown.column.name;
+            sql() += shown.sql;
         }
         if (take("as") || (next().kind == Token::Kind::Word && !isWord(next(), "from")))
             name = word();
         sql() += " AS " + quoted(name);
     }
 
-    std::string column(const Table* source) {
-        if (source == nullptr)
+    /// A column of the only table, or, with the name of its table before it, of one of several.
+    NamedColumn column() {
+        if (m_sources.empty())
             refuse();
-        return source->column(word()).name;
+        if (m_sources.front().alias.empty()) {
+            const Column& found = m_sources.front().table->column(word());
+            return {m_sources.front(), found, quoted(found.name)};
+        }
+        const std::string alias = word();
+        const auto source = std::find_if(m_sources.begin(), m_sources.end(), [&](const Source& each) {
+            return text::equalsIgnoringCase(each.alias, alias);
+        });
+        expectSymbol(".");
+        const std::string name = word();
+        if (source == m_sources.end())
+            throw serverError("The multi-part identifier \"" + alias + "." + name + "\" could not be bound.", 4104,
+                              "42000");
+        const Column& found = source->table->column(name);
+        return {*source, found, quoted(source->alias) + "." + quoted(found.name)};
     }
 
-    void where(const Table& source) {
+    void where() {
         if (!take("where"))
             return;
         sql() += " WHERE ";
-        condition(source);
+        condition();
         while (take("and")) {
             sql() += " AND ";
-            condition(source);
+            condition();
         }
     }
 
-    void condition(const Table& source) {
-        const Column& subject = source.column(word());
-        const std::string name = quoted(subject.name);
+    bool isOrder() const { return isSymbol("<") || isSymbol(">") || isSymbol("<=") || isSymbol(">="); }
+
+    void condition() {
+        const NamedColumn subject = column();
         if (take("is")) {
-            sql() += name + (take("not") ? " IS NOT NULL" : " IS NULL");
+            sql() += subject.sql + (take("not") ? " IS NOT NULL" : " IS NULL");
             expect("null");
         } else if (take("like")) {
-            like(name);
+            like(subject.sql);
+        } else if (isOrder() && !subject.source.table->key.empty()) {
+            range(subject);
+        } else if (isOrder() || isSymbol("=") || isSymbol("<>")) {
+            compare(subject, subject.sql);
         } else {
-            const bool equal = isSymbol("=");
-            if (!equal && !isSymbol("<>"))
-                refuse();
-            ++m_at;
-            sql() += name + (equal ? " = " : " <> ");
-            bind(literalFor(subject, literal()));
+            refuse();
         }
+    }
+
+    void compare(const NamedColumn& subject, const std::string& name) {
+        sql() += name + " " + m_tokens[m_at++].text + " ";
+        bind(literalFor(subject.column, literal()));
+    }
+
+    /// The rows of a span are found by their keys: an index that has both the column and the key is read through many
+    /// times faster than the rows themselves. The bounds of one column stand together, so that it is read once.
+    void range(const NamedColumn& subject) {
+        const Table& table = *subject.source.table;
+        const std::string key = subject.source.alias.empty() ? "" : quoted(subject.source.alias) + ".";
+        sql() +=
+            key + quoted(table.key) + " IN (SELECT " + quoted(table.key) + " FROM " + quoted(table.name) + " WHERE ";
+        compare(subject, quoted(subject.column.name));
+        for (std::size_t before = m_at; take("and"); before = m_at) {
+            const NamedColumn other = column();
+            if (&other.column != &subject.column || &other.source != &subject.source || !isOrder()) {
+                m_at = before;
+                break;
+            }
+            sql() += " AND ";
+            compare(subject, quoted(subject.column.name));
+        }
+        sql() += ")";
     }
 
     /// The desk looks for beginnings alone: the "%" at the end is the statement's own, all before it was typed by
@@ -213,13 +297,18 @@ class Parser {
         sql() += ")";
     }
 
-    void orderBy(const Table& source) {
+    void orderBy() {
         if (!take("order"))
             return;
         expect("by");
-        sql() += " ORDER BY " + quoted(source.column(word()).name);
-        if (take("desc"))
-            sql() += " DESC";
+        sql() += " ORDER BY ";
+        do {
+            if (sql().back() != ' ')
+                sql() += ", ";
+            sql() += column().sql;
+            if (take("desc"))
+                sql() += " DESC";
+        } while (takeSymbol(","));
     }
 
     void update() {
@@ -251,7 +340,8 @@ class Parser {
     void restrict(const Table& target) {
         if (!isWord(next(), "where"))
             refuse();
-        where(target);
+        m_sources = {{&target, {}}};
+        where();
     }
 
     ProcedureCall call() {
@@ -271,6 +361,7 @@ class Parser {
     std::vector<Token> m_tokens;
     std::size_t m_at = 0;
     Catalog& m_catalog;
+    std::vector<Source> m_sources;
     Translation m_translation;
 };
 

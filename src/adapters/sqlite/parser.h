@@ -23,8 +23,9 @@ struct ProcedureCall {
     std::vector<std::string> arguments;
 };
 
-/// Reads a statement text of the desk: a select, update or delete of one table in the shapes that the desk sends, or a
-/// call of a procedure, and nothing behind it. Everything else is refused with the error that a server would raise.
+/// Reads a statement text of the desk: a select of one table or of some that are joined, an update or delete of one, in
+/// the shapes that the desk sends, or a call of a procedure, and nothing behind it. Everything else is refused with the
+/// error that a server would raise.
 std::variant<Translation, ProcedureCall> parse(std::string_view statement, Catalog& catalog);
 
 } // namespace opd::adapters::sqlite

@@ -20,6 +20,10 @@ bool isBlank(char character) {
     return character == ' ' || character == '\t' || character == '\r' || character == '\n';
 }
 
+bool isPair(std::string_view symbol) {
+    return symbol == ".." || symbol == "<>" || symbol == ">=" || symbol == "<=";
+}
+
 ado::Error syntaxError(std::string_view near) {
     return serverError("Incorrect syntax near '" + std::string{near.substr(0, 40)} + "'.", 102, "42000");
 }
@@ -53,9 +57,9 @@ std::vector<Token> tokensOf(std::string_view statement) {
                 throw syntaxError(statement.substr(close));
             tokens.push_back({Token::Kind::Text, std::string{statement.substr(at + 1, close - at - 1)}});
             at = close + 1;
-        } else if (statement.substr(at, 2) == ".." || statement.substr(at, 2) == "<>") {
+        } else if (isPair(statement.substr(at, 2))) {
             take(Token::Kind::Symbol, 2);
-        } else if (std::string_view{",=()*"}.find(character) != std::string_view::npos) {
+        } else if (std::string_view{",=()*.<>"}.find(character) != std::string_view::npos) {
             take(Token::Kind::Symbol, 1);
         } else {
             throw syntaxError(statement.substr(at));

@@ -11,7 +11,7 @@ struct Token {
     enum class Kind { Word, Number, Text, Symbol, End };
 
     Kind kind = Kind::End;
-    std::string text; ///< without the quotes of a text; "<>" and ".." are one symbol each
+    std::string text; ///< without the quotes of a text; "..", "<>", "<=" and ">=" are one symbol each
 };
 
 /// The tokens of a statement, ended by one of kind End. Throws ado::Error for a character that no statement of the desk

@@ -66,6 +66,15 @@ std::string storedOutcome(const Record& record) {
     return "Stored: Hosp. # " + record.SaveHospNum + ", Case # " + record.SaveIDNum + "B.";
 }
 
+std::string registeredOutcome(const HeaderFields& header, const Record& record) {
+    if (!record.isWritten)
+        return {};
+    const std::string given = text::trimmed(header.txtFirstName.text() + " " + header.txtMiddleName.text());
+    return (record.isEdit() ? "Last updated: " : "Last registered: ") +
+           text::upper(header.txtLastName.text() + ", " + given) + ", Hosp. # " + record.SaveHospNum + ", Case # " +
+           record.SaveIDNum + "B";
+}
+
 void showAgeInMonths(HeaderFields& header, const DateTime& today) {
     header.lblAgeInMonths.setCaption(ageInMonths(header.txtBirthDate.text(), today));
 }

@@ -30,6 +30,9 @@ class Guidance {
 /// What of the form's registration stands in the database: its numbers. Empty while nothing does.
 std::string storedOutcome(const Record& record);
 
+/// The same with the patient's name, for the clerk to read when the form is gone.
+std::string registeredOutcome(const HeaderFields& header, const Record& record);
+
 /// Brings the age in months beside the years up to date; the change of the birth date does so by itself.
 void showAgeInMonths(HeaderFields& header, const DateTime& today);
 

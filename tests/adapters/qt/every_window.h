@@ -50,6 +50,7 @@ inline void everyPage(const LookAtPage& look) {
     everyPageOf<samples::ChiefComplaintDialog>(look);
     everyPageOf<samples::PickList>(look);
     everyPageOf<samples::ListingWindow>(look);
+    everyPageOf<samples::TodaysVisits>(look);
     everyPageOf<samples::ReportViewer>(look);
     everyPageOf<reports::frmWebCamCapture>(look);
     ui::KeyCard card{samples::RegistrationWindow()};

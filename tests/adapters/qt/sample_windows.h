@@ -6,6 +6,7 @@
 #include "reports/report_viewer_fields.h"
 #include "search/lookup_fields.h"
 #include "search/master_search_fields.h"
+#include "visits/todays_visits_fields.h"
 
 namespace opd::qt::samples {
 
@@ -47,6 +48,11 @@ struct PickList : ui::Window, search::PickListFields {
 /// The listing window of the code search without its behaviour.
 struct ListingWindow : ui::Window, codesearch::ListingFields {
     ListingWindow() : Window("frmCodeSearch", "Services"), ListingFields(static_cast<Window&>(*this)) {}
+};
+
+/// The list of today's visits without its behaviour.
+struct TodaysVisits : ui::Window, visits::TodaysVisitsFields {
+    TodaysVisits() : Window("frmTodaysVisits", "Today's Visits"), TodaysVisitsFields(static_cast<Window&>(*this)) {}
 };
 
 /// The report viewer without its behaviour.

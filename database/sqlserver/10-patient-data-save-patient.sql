@@ -60,6 +60,9 @@ BEGIN
   BEGIN TRY
     DECLARE @Born datetime = dbo.OPD_Moment(@BirthDate, 0);
     IF @Own = 1 BEGIN TRANSACTION;
+    DECLARE @IsNew bit = 0;
+    IF NOT EXISTS (SELECT 1 FROM dbo.tbMaster WHERE HospNum = @HospNum)
+      SET @IsNew = 1;
     -- Under a number that this session has drawn the first row is a new one: where another's stands already, it fails.
     DELETE FROM dbo.tbDrawnNumber WHERE Number = @HospNum AND Session = @@SPID;
     IF @@ROWCOUNT > 0
@@ -71,6 +74,49 @@ BEGIN
     BEGIN CATCH
       IF ERROR_NUMBER() <> 2627 THROW; -- else another desk was quicker
     END CATCH
+    IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL
+    BEGIN
+      -- What the save is, for the procedures that follow it. A patient who is registered again, after a part of the
+      -- registration failed, is new to them still.
+      DECLARE @StillNew bit = @IsNew;
+      IF EXISTS (SELECT 1 FROM dbo.tbAuditedSave
+                 WHERE Session = @@SPID AND IsNew = 1 AND HospNum = @HospNum AND IDNum = @IDNum)
+        SET @StillNew = 1;
+      DELETE FROM dbo.tbAuditedSave WHERE Session = @@SPID;
+      INSERT INTO dbo.tbAuditedSave (Session, HospNum, IDNum, IsNew, LastID)
+      SELECT @@SPID, @HospNum, @IDNum, @StillNew, ISNULL(MAX(AuditID), 0) FROM dbo.tbMasterAudit;
+      IF @IsNew = 1
+        INSERT INTO dbo.tbMasterAudit (HospNum, IDNum, ChangedAt, Login, Workstation, Session, What)
+        VALUES (@HospNum, @IDNum, GETDATE(), SUSER_SNAME(), HOST_NAME(), @@SPID, N'registered');
+    END
+    -- The age follows from the birth date.
+    IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL
+      INSERT INTO dbo.tbMasterAudit (HospNum, IDNum, ChangedAt, UserID, Login, Workstation, Session, What, OldValue,
+        NewValue)
+      SELECT @HospNum, this.IDNum, GETDATE(), this.UserID, SUSER_SNAME(), HOST_NAME(), @@SPID, change.What,
+        change.OldValue, change.NewValue
+      FROM (
+        SELECT N'LastName' AS What, LastName AS OldValue, @LastName AS NewValue
+          FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'FirstName', FirstName, @FirstName FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'MiddleName', MiddleName, @MiddleName FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Title', Title, @Title FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'HouseStreet', HouseStreet, @HouseStreet FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Barangay', Barangay, @Barangay FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'ZipCode', ZipCode, @ZipCode FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Sex', Sex, @Sex FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'BirthDate', CONVERT(nvarchar(10), BirthDate, 120), CONVERT(nvarchar(10), @Born, 120)
+          FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'telnum', telnum, @TelNum FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'CivilStatus', CivilStatus, @CivilStatus FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'BloodType', BloodType, @BloodType FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Occupation', Occupation, @Occupation FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Employer', Employer, @Employer FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'EmployerAddress', EmployerAddress, @EmployerAddress
+          FROM dbo.tbMaster WHERE HospNum = @HospNum
+        UNION ALL SELECT N'EmployerTelNum', EmployerTelNum, @EmployerTelNum FROM dbo.tbMaster WHERE HospNum = @HospNum
+      ) AS change LEFT JOIN dbo.tbAuditedSave AS this ON this.Session = @@SPID AND this.HospNum = @HospNum
+      WHERE ISNULL(change.OldValue, N'') <> ISNULL(change.NewValue, N'') COLLATE Latin1_General_BIN2 AND @IsNew = 0;
     UPDATE dbo.tbMaster SET
       LastName = @LastName, FirstName = @FirstName, MiddleName = @MiddleName, Title = @Title,
       HouseStreet = @HouseStreet, Barangay = @Barangay, ZipCode = @ZipCode, Sex = @Sex, BirthDate = @Born,
@@ -122,6 +168,21 @@ BEGIN
     BEGIN CATCH
       IF ERROR_NUMBER() <> 2627 THROW; -- else another desk was quicker
     END CATCH
+    IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL
+      INSERT INTO dbo.tbMasterAudit (HospNum, IDNum, ChangedAt, UserID, Login, Workstation, Session, What, OldValue,
+        NewValue)
+      SELECT @HospNum, this.IDNum, GETDATE(), this.UserID, SUSER_SNAME(), HOST_NAME(), @@SPID, change.What,
+        change.OldValue, change.NewValue
+      FROM (
+        SELECT N'AllergyID1' AS What, AllergyID1 AS OldValue, @AllergyID1 AS NewValue
+          FROM dbo.tbMasterAllergies WHERE HospNum = @HospNum
+        UNION ALL SELECT N'AllergyID2', AllergyID2, @AllergyID2 FROM dbo.tbMasterAllergies WHERE HospNum = @HospNum
+        UNION ALL SELECT N'AllergyID3', AllergyID3, @AllergyID3 FROM dbo.tbMasterAllergies WHERE HospNum = @HospNum
+        UNION ALL SELECT N'AllergyID4', AllergyID4, @AllergyID4 FROM dbo.tbMasterAllergies WHERE HospNum = @HospNum
+        UNION ALL SELECT N'AllergyID5', AllergyID5, @AllergyID5 FROM dbo.tbMasterAllergies WHERE HospNum = @HospNum
+      ) AS change LEFT JOIN dbo.tbAuditedSave AS this ON this.Session = @@SPID AND this.HospNum = @HospNum
+      WHERE ISNULL(change.OldValue, N'') <> ISNULL(change.NewValue, N'') COLLATE Latin1_General_BIN2
+        AND ISNULL(this.IsNew, 0) = 0;
     UPDATE dbo.tbMasterAllergies SET
       AllergyID1 = @AllergyID1, AllergyID2 = @AllergyID2, AllergyID3 = @AllergyID3, AllergyID4 = @AllergyID4,
       AllergyID5 = @AllergyID5
@@ -186,6 +247,54 @@ BEGIN
     BEGIN CATCH
       IF ERROR_NUMBER() <> 2627 THROW; -- else another desk was quicker
     END CATCH
+    IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL -- the employer was compared with the master's
+      INSERT INTO dbo.tbMasterAudit (HospNum, IDNum, ChangedAt, UserID, Login, Workstation, Session, What, OldValue,
+        NewValue)
+      SELECT @HospNum, this.IDNum, GETDATE(), this.UserID, SUSER_SNAME(), HOST_NAME(), @@SPID, change.What,
+        change.OldValue, change.NewValue
+      FROM (
+        SELECT N'BirthPlace' AS What, BirthPlace AS OldValue, @BirthPlace AS NewValue
+          FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'NationalityID', NationalityID, @NationalityID FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'ReligionID', ReligionID, @ReligionID FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Spouse', Spouse, @Spouse FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'mother', mother, @mother FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Father', Father, @Father FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'ContactName', ContactName, @ContactName FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'ContactAddress', ContactAddress, @ContactAddress FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'ContactRelation', ContactRelation, @ContactRelation
+          FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'ContactTelNum', ContactTelNum, @ContactTelNum FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'SpouseAddress', SpouseAddress, @SpouseAddress FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'SpouseTelNum', SpouseTelNum, @SpouseTelNum FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'FatherAddress', FatherAddress, @FatherAddress FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'FatherTelNum', FatherTelNum, @FatherTelNum FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'motherAddress', motherAddress, @motherAddress FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'motherTelNum', motherTelNum, @motherTelNum FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'BarangayCaptain', BarangayCaptain, @BarangayCaptain
+          FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Position', Position, @Position FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'EmploymentType', CAST(ISNULL(EmploymentType, 0) AS nvarchar(20)),
+          CAST(@EmploymentType AS nvarchar(20)) FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'EmploymentLocation', CAST(ISNULL(EmploymentLocation, 0) AS nvarchar(20)),
+          CAST(@EmploymentLocation AS nvarchar(20)) FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'EmployerFax', EmployerFax, @EmployerFax FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'EmployerEmail', EmployerEmail, @EmployerEmail FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'SpouseEmpName', SpouseEmpName, @SpouseEmpName FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'SpouseEmpAddress', SpouseEmpAddress, @SpouseEmpAddress
+          FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'SpouseEmpTelNum', SpouseEmpTelNum, @SpouseEmpTelNum
+          FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'SpouseEmpFax', SpouseEmpFax, @SpouseEmpFax FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'SpouseEmpEmail', SpouseEmpEmail, @SpouseEmpEmail FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'PhilHealth', CAST(ISNULL(PhilHealth, 0) AS nvarchar(20)), CAST(@PhilHealth AS nvarchar(20))
+          FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'HouseHold', HouseHold, @HouseHold FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Email', Email, @Email FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+        UNION ALL SELECT N'CellNum', CellNum, @CellNum FROM dbo.tbMaster2 WHERE HospNum = @HospNum
+      ) AS change LEFT JOIN dbo.tbAuditedSave AS this ON this.Session = @@SPID AND this.HospNum = @HospNum
+      WHERE ISNULL(change.OldValue, N'') <> ISNULL(change.NewValue, N'') COLLATE Latin1_General_BIN2
+        AND ISNULL(this.IsNew, 0) = 0;
     UPDATE dbo.tbMaster2 SET
       BirthPlace = @BirthPlace, NationalityID = @NationalityID, ReligionID = @ReligionID, Spouse = @Spouse,
       mother = @mother, Father = @Father, Employer = @Employer, EmployerTelNum = @EmployerTelNum,
@@ -233,6 +342,32 @@ BEGIN
     BEGIN CATCH
       IF ERROR_NUMBER() <> 2627 THROW; -- else another desk was quicker
     END CATCH
+    IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL
+      INSERT INTO dbo.tbMasterAudit (HospNum, IDNum, ChangedAt, UserID, Login, Workstation, Session, What, OldValue,
+        NewValue)
+      SELECT @HospNum, this.IDNum, GETDATE(), this.UserID, SUSER_SNAME(), HOST_NAME(), @@SPID, change.What,
+        change.OldValue, change.NewValue
+      FROM (
+        SELECT N'Hypertension' AS What, CAST(ISNULL(Hypertension, 0) AS nvarchar(20)) AS OldValue,
+          CAST(@Hypertension AS nvarchar(20)) AS NewValue FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Diabetes', CAST(ISNULL(Diabetes, 0) AS nvarchar(20)), CAST(@Diabetes AS nvarchar(20))
+          FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Hepatitis', CAST(ISNULL(Hepatitis, 0) AS nvarchar(20)), CAST(@Hepatitis AS nvarchar(20))
+          FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Allergies', CAST(ISNULL(Allergies, 0) AS nvarchar(20)), CAST(@Allergies AS nvarchar(20))
+          FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Tubercolosis', CAST(ISNULL(Tubercolosis, 0) AS nvarchar(20)),
+          CAST(@Tubercolosis AS nvarchar(20)) FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'PepticUlcer', CAST(ISNULL(PepticUlcer, 0) AS nvarchar(20)),
+          CAST(@PepticUlcer AS nvarchar(20)) FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'BloodDisease', CAST(ISNULL(BloodDisease, 0) AS nvarchar(20)),
+          CAST(@BloodDisease AS nvarchar(20)) FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'BronchialAsthma', CAST(ISNULL(BronchialAsthma, 0) AS nvarchar(20)),
+          CAST(@BronchialAsthma AS nvarchar(20)) FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+        UNION ALL SELECT N'Others', Others, @Others FROM dbo.tbMasterMedicalHistory WHERE HospNum = @HospNum
+      ) AS change LEFT JOIN dbo.tbAuditedSave AS this ON this.Session = @@SPID AND this.HospNum = @HospNum
+      WHERE ISNULL(change.OldValue, N'') <> ISNULL(change.NewValue, N'') COLLATE Latin1_General_BIN2
+        AND ISNULL(this.IsNew, 0) = 0;
     UPDATE dbo.tbMasterMedicalHistory SET
       Hypertension = @Hypertension, Diabetes = @Diabetes, Hepatitis = @Hepatitis, Allergies = @Allergies,
       Tubercolosis = @Tubercolosis, PepticUlcer = @PepticUlcer, BloodDisease = @BloodDisease,

@@ -101,6 +101,15 @@ BEGIN
       Weight = @Weight, Temperature = @Temperature, BloodPressure = @BloodPressure, PulseRate = @PulseRate,
       RespiratoryRate = @RespiratoryRate, PerUnit = @PerUnit, SeniorCitizenID = @SeniorCitizenID, UserID = @UserID
     WHERE IDNum = @IDNum;
+    -- The user is told last: what this save has changed so far was changed by that one.
+    IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL
+    BEGIN
+      UPDATE dbo.tbAuditedSave SET UserID = @UserID WHERE Session = @@SPID AND IDNum = @IDNum;
+      UPDATE dbo.tbMasterAudit SET UserID = @UserID
+      WHERE HospNum = (SELECT HospNum FROM dbo.tbAuditedSave WHERE Session = @@SPID AND IDNum = @IDNum)
+        AND AuditID > (SELECT LastID FROM dbo.tbAuditedSave WHERE Session = @@SPID) AND Session = @@SPID
+        AND UserID IS NULL;
+    END
     IF @Own = 1 COMMIT TRANSACTION;
   END TRY
   BEGIN CATCH
@@ -288,7 +297,25 @@ CREATE PROCEDURE dbo.sp_AOPD_SaveOPD_UserLog
 AS
 BEGIN
   SET NOCOUNT ON;
-  INSERT INTO dbo.tbOPDUserLog (IDNum, UserID, Action, LoggedAt) VALUES (@IDNum, @UserID, @Action, GETDATE());
+  DECLARE @Own bit = CASE WHEN @@TRANCOUNT = 0 THEN 1 ELSE 0 END;
+  BEGIN TRY
+    IF @Own = 1 BEGIN TRANSACTION;
+    INSERT INTO dbo.tbOPDUserLog (IDNum, UserID, Action, LoggedAt) VALUES (@IDNum, @UserID, @Action, GETDATE());
+    -- The user is told last: what this save has changed so far was changed by that one.
+    IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL
+    BEGIN
+      UPDATE dbo.tbAuditedSave SET UserID = @UserID WHERE Session = @@SPID AND IDNum = @IDNum;
+      UPDATE dbo.tbMasterAudit SET UserID = @UserID
+      WHERE HospNum = (SELECT HospNum FROM dbo.tbAuditedSave WHERE Session = @@SPID AND IDNum = @IDNum)
+        AND AuditID > (SELECT LastID FROM dbo.tbAuditedSave WHERE Session = @@SPID) AND Session = @@SPID
+        AND UserID IS NULL;
+    END
+    IF @Own = 1 COMMIT TRANSACTION;
+  END TRY
+  BEGIN CATCH
+    IF @Own = 1 AND @@TRANCOUNT > 0 ROLLBACK TRANSACTION;
+    THROW;
+  END CATCH
 END
 GO
 DROP PROCEDURE IF EXISTS dbo.sp_AOPD_SaveOPDRevokedLog;

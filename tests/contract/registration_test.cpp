@@ -82,6 +82,73 @@ TEST_P(Contract, GivesFileNumbersOnceAndInOrder) {
     EXPECT_EQ(fileNumber(one), Rows{free});
 }
 
+TEST_P(Contract, NotesWhatASaveChangedByWhomAndWhere) {
+    const std::string patient = newHospNum(*connection);
+    std::string visit = newOpdNumber(*connection) + "B";
+    const auto noted = [&] {
+        return rows(
+            "Select What, OldValue, NewValue, UserID, IDNum from Patient_Data..tbMasterAudit where HospNum = '" +
+            patient + "' order by AuditID");
+    };
+    const auto extended = [&](const std::string& birthPlace, const std::string& employmentType) {
+        std::string values = "Patient_Data..sp_Adm_UpdateMaster2 '" + patient + "','" + birthPlace + "'";
+        for (int argument = 3; argument <= 36; ++argument)
+            values += argument == 23 ? "," + employmentType : argument == 24 || argument == 32 ? ",0" : ",''";
+        return values;
+    };
+    const auto save = [&](const std::vector<std::string>& master, const std::string& user) {
+        ado::Transaction transaction(*connection);
+        connection->Execute(sql(callOf("sp_aopd_Update_TbMaster", master)));
+        run("sp_AOPD_Save_TbMasterAllergies", {patient, "A01", "", "", "", ""});
+        std::vector<std::string> values = visitValues(patient, visit);
+        values.at(17) = user;
+        if (!user.empty())
+            connection->Execute(sql(callOf("sp_aopd_Update_tbOutpatient", values)));
+        transaction.commit();
+    };
+    // One line for a new patient, whatever is written of it, and however often.
+    std::vector<std::string> master = masterValues(patient, visit);
+    save(master, "ANA");
+    connection->Execute(sql(extended("MANILA", "1")));
+    const Rows registered{"registered|-|-|ANA|" + visit};
+    EXPECT_EQ(noted(), registered);
+    save(master, "ANA");
+    EXPECT_EQ(noted(), registered);
+
+    // Columns that changed, with the letter case, a date and a number among them; what is rolled back is not noted.
+    master[1] = "Nuñez-DELA CRUZ";
+    master[8] = "12/31/1980";
+    {
+        const ado::Transaction givenUp(*connection);
+        connection->Execute(sql(callOf("sp_aopd_Update_TbMaster", master)));
+    }
+    EXPECT_EQ(noted(), registered);
+    const std::string first = visit;
+    visit = newOpdNumber(*connection) + "B";
+    master[14] = visit;
+    save(master, "BEN");
+    connection->Execute(sql(extended("CEBU", "2")));
+    Rows expected = registered;
+    expected.insert(expected.end(), {"LastName|NUÑEZ-DELA CRUZ|Nuñez-DELA CRUZ|BEN|" + visit,
+                                     "BirthDate|1980-03-07|1980-12-31|BEN|" + visit,
+                                     "BirthPlace|MANILA|CEBU|BEN|" + visit, "EmploymentType|1|2|BEN|" + visit});
+    EXPECT_EQ(noted(), expected);
+
+    // A save of the patient alone tells its user last.
+    master[2] = "JOSE";
+    master[14] = first;
+    save(master, "");
+    EXPECT_EQ(noted().back(), "FirstName|JOSÉ MA.|JOSE|-|" + first);
+    run("sp_AOPD_SaveOPD_UserLog", {first, "CORA", "Edited"});
+    expected.push_back("FirstName|JOSÉ MA.|JOSE|CORA|" + first);
+    EXPECT_EQ(noted(), expected);
+    EXPECT_EQ(
+        rows("Select ChangedAt from Patient_Data..tbMasterAudit where Login <> '' and Workstation <> '' and What = "
+             "'FirstName'")
+            .size(),
+        1U);
+}
+
 /// Draws numbers in a process of its own, which writes them down in the file and ends with status 0.
 pid_t drawElsewhere(Hospital& hospital, std::FILE* file) {
     const pid_t child = fork();

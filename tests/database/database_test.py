@@ -13,9 +13,10 @@ import grammar
 import sql_scripts as sql
 
 # What stands on a server alone: how patients are looked for (functions of the program do it in the embedded database),
-# the numbers that a session has drawn (temporary there), and the version (a property of the file there).
+# the numbers that a session has drawn and the save it is at (temporary there), and the version (a property of the file
+# there).
 ONLY_SERVER_COLUMNS = {"SearchMiddle", "SearchPHIC", "SearchGSIS", "SearchSSS"}
-ONLY_SERVER_TABLES = {"patient_data.tbdrawnnumber", "patient_data.tbdeskversion"}
+ONLY_SERVER_TABLES = {"patient_data.tbdrawnnumber", "patient_data.tbdeskversion", "patient_data.tbauditedsave"}
 KINDS = {"text": {"nvarchar"}, "integer": {"int", "bigint"}, "date": {"date"}, "datetime": {"datetime"}, "bit": {"bit"},
          "real": {"decimal"}}
 PARAMETERS = {"text": {"nvarchar"}, "number": {"int", "decimal"}, "bit": {"bit"}, "date": {"nvarchar"}}
@@ -200,6 +201,28 @@ def writing_faults(embedded, server, folder):
         yield f"only {compared} columns could be compared with the arguments that are written into them"
 
 
+def audit_faults(embedded, server, folder):
+    """Both sets note the changes of the same columns, and with each the argument that is written into it."""
+    noted = re.compile(r"SELECT N?'(\w+)'(?: AS What)?,\s+(?:CAST\(|CONVERT\(nvarchar\(10\), )?"
+                       r"(?:(?:ISNULL|coalesce)\()?(\w+).*?[:@](\w+)", re.IGNORECASE | re.DOTALL)
+
+    def of(text):
+        return {(what, column, value.lower().replace("born", "birthdate"))
+                for what, column, value in noted.findall(text)}
+    there = set().union(*(of(file.read_text(encoding="utf-8")) for file in folder.glob("*.sql*")))
+    here = set().union(*(of(batch.text) for batch in server.batches if CREATED.match(batch.text)))
+    for what, column, value in sorted(there ^ here):
+        yield f"the change of {what} is noted in one script set alone, or otherwise: {column}, {value}"
+    for what, column, value in sorted(there):
+        if not what.lower() == column.lower() == value:
+            yield f"the change of {what} is noted as that of {column} into {value}"
+    if len(there) < 55:
+        yield f"the changes of {len(there)} columns alone are noted"
+    for batch in server.batches:
+        yield from (f"{batch.place}:{batch.line}: desks get a right to what only auditors read"
+                    for _ in re.findall(r"GRANT .*tbMasterAudit TO opd_desk", batch.text))
+
+
 def own_faults(server, root):
     for batch in server.batches:
         yield from grammar.name_faults(batch, server.tables, server_namer(batch.database))
@@ -239,7 +262,8 @@ def list_faults(root):
 def main(root, build):
     embedded, server = Embedded(root / "database/embedded"), Server(root / "database/sqlserver")
     faults = [*table_faults(embedded, server), *procedure_faults(embedded, server),
-              *writing_faults(embedded, server, root / "database/embedded/procedures"), *own_faults(server, root),
+              *writing_faults(embedded, server, root / "database/embedded/procedures"),
+              *audit_faults(embedded, server, root / "database/embedded/procedures"), *own_faults(server, root),
               *statement_faults(server, root), *list_faults(root)]
     unparsed = None
     try:

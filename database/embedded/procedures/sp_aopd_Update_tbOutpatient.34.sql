@@ -9,3 +9,4 @@ VALUES (:IDNum, :HospNum, :AdmDate, CASE WHEN :AccountType = 'P' OR trim(:Accoun
   :ServiceID3, :DoctorID1, rtrim(:DoctorID2), :Cause1, :Cause2, :Cause3, NULL, :Remarks, :Height, :Weight,
   :Temperature, :BloodPressure, :PulseRate, :RespiratoryRate, :PerUnit, :SeniorCitizenID, 0, 0, :UserID)
 -- include: visit_update.sqlpart
+-- include: audit_user.sqlpart

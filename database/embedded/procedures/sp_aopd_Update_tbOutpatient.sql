@@ -13,3 +13,4 @@ VALUES (:IDNum, :HospNum, :AdmDate, CASE WHEN :AccountType = 'P' OR trim(:Accoun
   :ChiefComplaints, :Remarks, :Height, :Weight,
   :Temperature, :BloodPressure, :PulseRate, :RespiratoryRate, :PerUnit, :SeniorCitizenID, :Corvane, :Hemo, :UserID)
 -- include: visit_update.sqlpart
+-- include: audit_user.sqlpart

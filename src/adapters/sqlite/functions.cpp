@@ -1,6 +1,7 @@
 #include "adapters/sqlite/functions.h"
 
 #include "base/clock/date_text.h"
+#include "base/os/identity.h"
 #include "base/text/folding.h"
 #include "base/text/text.h"
 
@@ -184,6 +185,20 @@ void now(sqlite3_context* context, int, sqlite3_value**) {
     answer(context, isoDateText(static_cast<const Clock*>(sqlite3_user_data(context))->now()));
 }
 
+void loginName(sqlite3_context* context, int, sqlite3_value**) {
+    static const std::string name = os::loginName();
+    answer(context, name);
+}
+
+void hostName(sqlite3_context* context, int, sqlite3_value**) {
+    static const std::string name = os::hostName();
+    answer(context, name);
+}
+
+void sessionNumber(sqlite3_context* context, int, sqlite3_value**) {
+    sqlite3_result_int64(context, os::processNumber());
+}
+
 } // namespace
 
 void registerFunctions(sqlite3* handle, const Clock& clock) {
@@ -209,6 +224,9 @@ void registerFunctions(sqlite3* handle, const Clock& clock) {
         {"born_until", 2, bornUntil, true},
         {"address_text", 2, addressText, true},
         {"now", 0, now, false},
+        {"login_name", 0, loginName, false},
+        {"host_name", 0, hostName, false},
+        {"session_id", 0, sessionNumber, false},
     };
     for (const Function& function : functions)
         sqlite3_create_function_v2(handle, function.name, function.arguments,

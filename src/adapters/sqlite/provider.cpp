@@ -1,5 +1,6 @@
 #include "adapters/sqlite/provider.h"
 
+#include "adapters/sqlite/audited_save.h"
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/errors.h"
 #include "adapters/sqlite/migrations.h"
@@ -242,6 +243,7 @@ class SqliteProvider final : public ado::Provider {
         if (versionOf(link->database()) < schemaVersion())
             migrate(file, m_clock);
         guardDrawnNumbers(link->database());
+        rememberAuditedSave(link->database());
         if (m_needOfLink)
             link->keep(m_needOfLink());
         return link;

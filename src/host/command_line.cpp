@@ -182,6 +182,9 @@ CLI::App* CommandLine::administer(const char* name, const char* what, void (*doe
 }
 
 void CommandLine::addAdministration() {
+    administer("doctor",
+               "Look at all that the desk needs here, and name what mends it; status 1 when anything is wrong.",
+               &doctor);
     administer("backup", "Write the hospital as it is now into a new file; desks may work.", &backUp)
         ->add_option("FILE", administration.file, "The file; there must be none yet")
         ->required();

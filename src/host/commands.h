@@ -105,6 +105,10 @@ void hospital(const AdministerOptions& options);
 /// Shows the visits by day, desk user and service.
 void statistics(const AdministerOptions& options);
 
+/// Looks at everything that a workstation's desk needs, and says for each what is right, or what is wrong and which
+/// command mends it. Throws when anything is wrong. Changes nothing, and shows no password.
+void doctor(const AdministerOptions& options);
+
 /// Becomes the SQLite shell, opened on a hospital with its collations and functions; returns only by an exception.
 void sql(const SqlOptions& options);
 

@@ -7,6 +7,19 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
+
+namespace opd::ui {
+
+/// What a workstation has for the windows.
+struct DesktopInventory {
+    std::string font;        ///< the family that the windows are written in; empty where there is none
+    bool hasLetters = false; ///< that font has all that names are written with
+    std::vector<std::string> printers;
+    std::string standardPrinter; ///< of these; may be empty
+};
+
+} // namespace opd::ui
 
 /// What a desktop with a screen offers: it lies in a library of its own, called by the desktop's name. Whoever wants
 /// one opens the library, looks up the two functions by name, and keeps the library open while the desktop lives.
@@ -19,6 +32,9 @@ opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player, opd::ui::WindowP
 
 /// Ends a desktop that opdCreateDesktop made. Null is ignored.
 void opdDestroyDesktop(opd::ui::Desktop* desktop);
+
+/// Looks at the workstation without showing a window. There must be a screen, as the toolkit understands it.
+void opdInspectDesktop(opd::ui::DesktopInventory* found);
 }
 
 namespace opd::ui {
@@ -32,8 +48,10 @@ inline std::filesystem::path desktopModule(const std::filesystem::path& folder, 
 
 inline constexpr const char* createDesktopSymbol = "opdCreateDesktop";
 inline constexpr const char* destroyDesktopSymbol = "opdDestroyDesktop";
+inline constexpr const char* inspectDesktopSymbol = "opdInspectDesktop";
 
 using CreateDesktop = Desktop* (*)(script::Player*, WindowPlaces*);
 using DestroyDesktop = void (*)(Desktop*);
+using InspectDesktop = void (*)(DesktopInventory*);
 
 } // namespace opd::ui

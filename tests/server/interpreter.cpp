@@ -2,6 +2,7 @@
 
 #include "base/text/text.h"
 #include "server/literals.h"
+#include "server/procedure_list.h"
 
 #include <algorithm>
 #include <sstream>
@@ -145,7 +146,11 @@ void Interpreter::statement(const std::string& text, Tokens& tokens, Done kind, 
     if (const std::string touched = selectOfTouched(words, text); !touched.empty())
         count = m_engine.run(touched).rows.size();
     const bool executes = words[0] == "EXEC" || words[0] == "EXECUTE";
-    const ado::ResultSet result = executes ? execute(stripped(text.substr(words[0].size()))) : m_engine.run(text);
+    constexpr std::string_view list = "..SP_SPROC_COLUMNS";
+    const ado::ResultSet result = words[0].ends_with(list)
+                                      ? procedureColumns(words[0].substr(0, words[0].size() - list.size()), m_lacking)
+                                  : executes ? execute(stripped(text.substr(words[0].size())))
+                                             : m_engine.run(text);
     tokens.rows(result);
     if (!result.columns.empty())
         count = result.rows.size();

@@ -15,13 +15,15 @@ bool isHousekeeping(const std::string& batch);
 /// Runs the statements of a session, and writes what they answer. Each member throws ado::Error, or GivenUp.
 ///
 /// The statements of the desk go to the engine as they are. Besides these it knows what belongs to a session: SET
-/// (which changes nothing), USE, transactions, WAITFOR DELAY, and selects without a table.
+/// (which changes nothing), USE, transactions, WAITFOR DELAY, selects without a table, and which procedures there are.
 class Interpreter {
   public:
     using Wait = std::function<void(std::chrono::milliseconds)>; ///< throws GivenUp
 
-    Interpreter(Engine& engine, Version version, std::string database, Wait wait)
-        : m_engine(engine), m_version(version), m_database(std::move(database)), m_wait(std::move(wait)) {}
+    /// `lacking` is what procedureColumns leaves out.
+    Interpreter(Engine& engine, Version version, std::string database, std::vector<std::string> lacking, Wait wait)
+        : m_engine(engine), m_version(version), m_database(std::move(database)), m_lacking(std::move(lacking)),
+          m_wait(std::move(wait)) {}
 
     /// Runs statements that ";" parts. `kind` ends each of them, and `more` tells that something follows the last.
     void run(const std::string& batch, Tokens& tokens, Done kind, bool more);
@@ -47,6 +49,7 @@ class Interpreter {
     Engine& m_engine;
     Version m_version;
     std::string m_database;
+    std::vector<std::string> m_lacking;
     Wait m_wait;
     std::vector<Parameter> m_variables; ///< of the batch
 };

@@ -63,6 +63,7 @@ int main(int argc, char** argv) {
                    "Stand in for a server that is to be proved: the prefix of its databases");
     app.add_option("--log", options.log, "File for the statements that come");
     app.add_option("--fault", options.faults, "What goes wrong: KIND@WHERE[:ARGUMENT]");
+    app.add_option("--lacking", options.lacking, "What its list of procedures leaves out: PROCEDURE[@ARGUMENT]");
     CLI11_PARSE(app, argc, argv);
     try {
         serve(options);

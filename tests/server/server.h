@@ -20,6 +20,7 @@ struct Options {
     bool requireEncryption = false; ///< which it does not have: every client is to refuse
     std::filesystem::path log;      ///< of the statements; none without it
     std::vector<std::string> faults;
+    std::vector<std::string> lacking; ///< procedures, and arguments ("procedure@argument"), that its list leaves out
 };
 
 /// A server on the loopback interface that speaks TDS, each connection a thread with its own session of the embedded

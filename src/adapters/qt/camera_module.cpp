@@ -71,3 +71,9 @@ extern "C" opd::Camera* opdCreateCamera() {
     static StandardCamera camera;
     return &camera;
 }
+
+extern "C" void opdListCameras(std::vector<std::string>* names) {
+    const QCameraDevice standard = QMediaDevices::defaultVideoInput();
+    for (const QCameraDevice& device : QMediaDevices::videoInputs())
+        names->insert(device == standard ? names->begin() : names->end(), device.description().toStdString());
+}

@@ -4,11 +4,17 @@
 #include "adapters/qt/style.h"
 
 #include <QApplication>
+#include <QFontInfo>
+#include <QPrinterInfo>
+#include <QRawFont>
 
+#include <algorithm>
 #include <memory>
 #include <xcb/xcb.h>
 
 namespace {
+
+std::unique_ptr<QApplication> makeApplication();
 
 /// The desktop together with the application it may have had to bring along.
 class OwnDesktop final : public opd::ui::Desktop {
@@ -35,8 +41,6 @@ class OwnDesktop final : public opd::ui::Desktop {
     std::optional<std::string> failure() const override { return m_desktop.failure(); }
 
   private:
-    static std::unique_ptr<QApplication> makeApplication();
-
     std::unique_ptr<QApplication> m_application;
     opd::qt::QtDesktop m_desktop;
 };
@@ -46,7 +50,8 @@ int argumentCount = 1;
 char programName[] = "opd-desk";
 char* arguments[] = {programName, nullptr};
 
-std::unique_ptr<QApplication> OwnDesktop::makeApplication() {
+/// The application, dressed; null where the host has one.
+std::unique_ptr<QApplication> makeApplication() {
     if (QCoreApplication::instance() != nullptr)
         return nullptr;
     auto application = std::make_unique<QApplication>(argumentCount, arguments);
@@ -92,4 +97,19 @@ extern "C" opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player, opd::
 
 extern "C" void opdDestroyDesktop(opd::ui::Desktop* desktop) {
     const std::unique_ptr<opd::ui::Desktop> owned(desktop);
+}
+
+extern "C" void opdInspectDesktop(opd::ui::DesktopInventory* found) {
+    static const QApplication* const application = makeApplication().release(); // as long as the process, for a camera
+    static_cast<void>(application);
+    const QFont font = QApplication::font();
+    found->font = QFontInfo(font).family().toStdString();
+    const QRawFont letters = QRawFont::fromFont(font);
+    const QString wanted = QStringLiteral("AZaz09Ññáü");
+    found->hasLetters = letters.isValid() && std::all_of(wanted.begin(), wanted.end(), [&](QChar letter) {
+                            return letters.supportsCharacter(letter);
+                        });
+    for (const QString& printer : QPrinterInfo::availablePrinterNames())
+        found->printers.push_back(printer.toStdString());
+    found->standardPrinter = QPrinterInfo::defaultPrinterName().toStdString();
 }

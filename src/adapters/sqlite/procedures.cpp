@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::string_view parametersHeading = "-- parameters:";
 constexpr std::string_view databaseHeading = "-- database:";
+constexpr std::string_view outputHeading = "-- output:";
 
 /// What stands behind a heading up to the end of its line; nothing when the file has no such line.
 std::optional<std::string> declared(const std::string& file, std::string_view heading) {
@@ -45,6 +46,7 @@ Procedure procedureOf(const EmbeddedText& file) {
     procedure.name =
         declared(file.text, databaseHeading).value_or("Patient_Data") + ".." + fileName.substr(0, fileName.find('.'));
     procedure.body = file.text;
+    procedure.output = declared(procedure.body, outputHeading).value_or(std::string{});
     std::optional<std::string> list = declared(procedure.body, parametersHeading);
     if (!list)
         throw std::logic_error(fileName + " declares no parameters");
@@ -82,6 +84,13 @@ double numberOf(const std::string& argument) {
 }
 
 } // namespace
+
+std::vector<const Procedure*> allProcedures() {
+    std::vector<const Procedure*> all;
+    for (const auto& [key, procedure] : procedures())
+        all.push_back(&procedure);
+    return all;
+}
 
 const Procedure& findProcedure(const std::string& database, const std::string& name, std::size_t arguments) {
     const std::string full = database + ".." + name;

@@ -19,8 +19,12 @@ struct Procedure {
 
     std::string name; ///< "database..name"
     std::vector<Parameter> parameters;
+    std::string output; ///< the name of what it answers to a typed call; empty for most
     std::string body;
 };
+
+/// Every procedure, by database and name, and one with several numbers of arguments once for each of them.
+std::vector<const Procedure*> allProcedures();
 
 /// The procedure of a database and a name, in any letter case, that takes so many arguments. Throws ado::Error when
 /// there is none.

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/doctor/finding.h"
+#include "ports/settings/store.h"
+
+#include <filesystem>
+
+namespace opd::host {
+
+/// What the checks of a workstation are about.
+struct Desk {
+    const settings::Store& settings;
+    std::filesystem::path settingsFile; ///< empty when a folder was named in its place
+    std::string server;                 ///< name of a server, or folder of a hospital; empty when none is known
+};
+
+/// The command that stores where a server is and this user's login again, which asks for the password.
+std::string configureCommand(const Desk& desk, const std::string& server);
+
+/// The settings file and what it says.
+Findings checkSettings(const Desk& desk);
+
+/// The program's own libraries, which nobody but the administrator may change.
+Findings checkProgram();
+
+/// An embedded hospital: rights, version, procedures, a connection, the clock.
+Findings checkHospital(const Desk& desk);
+
+/// A database server: the login, its version, each procedure with its arguments, the clock.
+Findings checkServer(const Desk& desk);
+
+/// The report files beside the program.
+Findings checkReports();
+
+/// The folder of the photographs.
+Findings checkPictures(const Desk& desk);
+
+/// What the windows need of the workstation: letters, printer, camera.
+Findings checkWorkstation();
+
+} // namespace opd::host

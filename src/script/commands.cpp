@@ -6,7 +6,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
+#include <iomanip>
 #include <ostream>
+#include <thread>
 
 namespace opd::script {
 
@@ -266,6 +269,20 @@ void wait(const Scene& scene, const Words& words) {
     scene.driver.wait(number(words[0]));
 }
 
+/// Without a screen "wait" passes at once; this takes its time on every desktop.
+void pause(const Scene&, const Words& words) {
+    std::this_thread::sleep_for(std::chrono::milliseconds{number(words[0])});
+}
+
+/// Writes what took so long since the last time, or since the first one.
+void stopwatch(const Scene& scene, const Words& words) {
+    static std::chrono::steady_clock::time_point last = std::chrono::steady_clock::now();
+    const auto now = std::chrono::steady_clock::now();
+    const std::chrono::duration<double, std::milli> taken = now - last;
+    scene.output << words[0] << ' ' << std::fixed << std::setprecision(3) << taken.count() << std::endl;
+    last = std::chrono::steady_clock::now(); // the writing is nobody's
+}
+
 void screenshot(const Scene& scene, const Words& words) {
     scene.driver.screenshot(words[0]);
 }
@@ -304,6 +321,8 @@ constexpr Command commands[] = {{"expect-window", 1, expectWindow},
                                 {"print", 1, print},
                                 {"say", 1, say},
                                 {"wait", 1, wait},
+                                {"pause", 1, pause},
+                                {"stopwatch", 1, stopwatch},
                                 {"screenshot", 1, screenshot}};
 
 } // namespace

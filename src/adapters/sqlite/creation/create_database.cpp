@@ -11,6 +11,8 @@
 #include "demonstration/population.h"
 
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace opd::adapters::sqlite {
 
@@ -28,10 +30,36 @@ void refuseUsedFolder(const std::filesystem::path& folder) {
             throw std::runtime_error("The folder \"" + folder.string() + "\" is not empty.");
 }
 
+/// The indexes of a database, left out while many rows are added: to sort them once is much less work than to keep them
+/// in order.
+class LaterIndexes {
+  public:
+    explicit LaterIndexes(Database& database) : m_database(database) {
+        std::vector<std::string> names;
+        for (Query index(database, "SELECT name, sql FROM sqlite_schema WHERE type = 'index' AND sql IS NOT NULL");
+             index.next();) {
+            names.push_back(index.value(0).asText());
+            m_statements.push_back(index.value(1).asText());
+        }
+        for (const std::string& name : names)
+            database.run("DROP INDEX " + name);
+    }
+
+    void make() const {
+        for (const std::string& statement : m_statements)
+            m_database.run(statement);
+    }
+
+  private:
+    Database& m_database;
+    std::vector<std::string> m_statements;
+};
+
 void fill(Database& database, const DatabaseOptions& options, const DateTime& today,
           const std::function<void(int, int)>& progress) {
-    database.run("BEGIN");
+    database.run("PRAGMA cache_size = -200000; BEGIN");
     database.run(schemaText());
+    const LaterIndexes indexes(database);
     insertReferenceData(database);
     Query hospital(database,
                    "INSERT INTO Patient_Data_tbHospitalInfo (ClientName, Company, Address1) VALUES (?, ?, ?)");
@@ -41,6 +69,7 @@ void fill(Database& database, const DatabaseOptions& options, const DateTime& to
     hospital.next();
     DemonstrationRows rows(database);
     demonstration::generatePatients(rows, {options.patients, options.seed, today}, progress);
+    indexes.make();
     database.run("PRAGMA user_version = " + std::to_string(schemaVersion()));
     database.run("COMMIT; ANALYZE; PRAGMA journal_mode = WAL");
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "adapters/sqlite/care/maintenance.h"
 #include "adapters/sqlite/create_database.h"
-#include "adapters/sqlite/maintenance.h"
 #include "setup/server_setup.h"
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/shell.h"
+#include "adapters/sqlite/care/shell.h"
 #include "base/os/library.h"
 #include "base/os/trust.h"
 #include "host/commands.h"

@@ -40,7 +40,7 @@ struct Globals : FeatureFlags {
     std::string gDuplicateSex;
     std::string duplicateLedBackTo; ///< the last of these patients, so that a twin can be registered the second time
 
-    std::string lastOutcome; ///< what the last registration stored, for the next search window to say
+    std::string lastOutcome;    ///< what the last registration stored, for the next search window to say
     std::string lastRegistered; ///< whom it was about and the numbers; the search windows show it until the next one
 
     /// What was typed into registrations that could not be saved, by hospital number or "NEW"; until each is saved or

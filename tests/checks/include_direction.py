@@ -36,10 +36,10 @@ ALLOWED = {
     "codesearch": [*GROUND, "ado/", "com/", "ui/"],
     "host": [*GROUND, "ado/", "com/", "com/connection_object.h", "component/init_dll.h", "component/environment.h",
              "script/desktop_module.h", "adapters/settings/ini_store.h",
-             "adapters/sqlite/create_database.h", "adapters/sqlite/maintenance.h", "adapters/sqlite/shell.h",
+             "adapters/sqlite/create_database.h", "adapters/sqlite/care/maintenance.h", "adapters/sqlite/care/shell.h",
              "setup/server_setup.h",
              # what the doctor looks at
-             "adapters/report/engine.h", "adapters/sqlite/procedure_check.h", "adapters/sqlite/provider.h",
+             "adapters/report/engine.h", "adapters/sqlite/care/procedure_check.h", "adapters/sqlite/provider.h",
              "data/connection_settings.h", "data/statements.h", "ports/camera/camera_module.h", "ports/settings/store.h",
              "reports/photograph.h"],
     "adapters/image": ABOVE_PORTS,

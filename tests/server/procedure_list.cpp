@@ -1,6 +1,6 @@
 #include "server/procedure_list.h"
 
-#include "adapters/sqlite/procedure_check.h"
+#include "adapters/sqlite/care/procedure_check.h"
 #include "base/text/text.h"
 
 #include <algorithm>

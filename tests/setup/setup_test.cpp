@@ -85,7 +85,7 @@ TEST_F(Setup, SendsEveryScriptInItsOrderAndTellsHowFarItIs) {
     EXPECT_TRUE(setup.make(options));
     ASSERT_EQ(steps.size(), serverScriptCount + 1);
     EXPECT_EQ(steps.front(), "01-databases.sql");
-    EXPECT_EQ(steps.back(), "15-login.sql");
+    EXPECT_EQ(steps.back(), "16-audit.sql");
     EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end() - 4));
     EXPECT_EQ(sent("GO"), std::vector<std::string>{});
     EXPECT_LT(provider->log.find("N'ST. ANNE''S'"), provider->log.find("N'SAN ROQUE GENERAL HOSPITAL'"));

@@ -1,5 +1,5 @@
-#include "adapters/sqlite/maintenance.h"
-#include "adapters/sqlite/procedure_check.h"
+#include "adapters/sqlite/care/maintenance.h"
+#include "adapters/sqlite/care/procedure_check.h"
 #include "adapters/sqlite/provider.h"
 #include "ado/connection.h"
 #include "ado/error.h"

@@ -1,5 +1,5 @@
 #include "adapters/settings/ini_store.h"
-#include "adapters/sqlite/procedure_check.h"
+#include "adapters/sqlite/care/procedure_check.h"
 #include "ado/error.h"
 #include "ado/provider_module.h"
 #include "ado/recordset.h"

@@ -1,5 +1,5 @@
+#include "adapters/sqlite/care/maintenance.h"
 #include "adapters/sqlite/hospital.h"
-#include "adapters/sqlite/maintenance.h"
 
 #include <gtest/gtest.h>
 

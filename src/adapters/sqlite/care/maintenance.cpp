@@ -1,4 +1,4 @@
-#include "adapters/sqlite/maintenance.h"
+#include "adapters/sqlite/care/maintenance.h"
 
 #include "adapters/sqlite/errors.h"
 #include "adapters/sqlite/migrations.h"

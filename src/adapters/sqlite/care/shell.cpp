@@ -1,4 +1,4 @@
-#include "adapters/sqlite/shell.h"
+#include "adapters/sqlite/care/shell.h"
 
 #include "adapters/sqlite/database.h"
 

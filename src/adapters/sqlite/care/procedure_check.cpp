@@ -1,5 +1,6 @@
-#include "adapters/sqlite/procedure_check.h"
+#include "adapters/sqlite/care/procedure_check.h"
 
+#include "adapters/sqlite/audited_save.h"
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/procedures.h"
@@ -49,6 +50,7 @@ SchemaVersions versionsOf(const std::filesystem::path& folder) {
 std::vector<std::string> faultsOfProcedures(const std::filesystem::path& folder) {
     Database database = opened(folder);
     guardDrawnNumbers(database);
+    rememberAuditedSave(database);
     std::vector<std::string> faults;
     for (const Procedure* procedure : allProcedures()) {
         try {

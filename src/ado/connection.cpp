@@ -28,10 +28,11 @@ class Connection::Running {
 void Connection::Open(const std::string& connectionString) {
     if (m_link)
         throw Error("The connection is open already.", "Connection");
-    m_link = m_providers.open(ado::ConnectionString{connectionString.empty() ? ConnectionString : connectionString});
-    m_link->setPatience(m_patience);
-    m_link->setOnWait([this] { return waits(); });
     m_inTransaction = false;
+    const Running running(*this);
+    m_link = m_providers.open(ado::ConnectionString{connectionString.empty() ? ConnectionString : connectionString},
+                              [this](Link::WaitsFor what) { return waits(what); });
+    m_link->setPatience(m_patience);
 }
 
 void Connection::Close() {
@@ -85,14 +86,15 @@ void Connection::setPatience(std::chrono::milliseconds patience) {
         m_link->setPatience(patience);
 }
 
-bool Connection::waits() {
+bool Connection::waits(Link::WaitsFor what) {
     m_toldWaiting = true;
     if (!m_waiting)
         return true;
     const auto lasted = std::chrono::steady_clock::now() - m_statementBegan;
+    const bool mayBeGivenUp = m_mayBeGivenUp || what == Link::WaitsFor::Login;
     const bool goesOn = m_waiting(
-        {.lasted = std::chrono::duration_cast<std::chrono::milliseconds>(lasted), .mayBeGivenUp = m_mayBeGivenUp});
-    return goesOn || !m_mayBeGivenUp;
+        {.lasted = std::chrono::duration_cast<std::chrono::milliseconds>(lasted), .mayBeGivenUp = mayBeGivenUp});
+    return goesOn || !mayBeGivenUp;
 }
 
 Link& Connection::link() const {

@@ -18,10 +18,10 @@ class Connection {
     /// Is told every statement text as it is sent, and "begin", "commit", "rollback".
     using Trace = std::function<void(const std::string&)>;
 
-    /// How long a statement waits or works by now.
+    /// How long a statement, or the login before it, waits or works by now.
     struct Wait {
         std::chrono::milliseconds lasted{};
-        bool mayBeGivenUp = false; ///< it reads, and belongs to no transaction
+        bool mayBeGivenUp = false; ///< it reads, and belongs to no transaction; or it is a login
         bool isOver = false;       ///< it is done
     };
 
@@ -75,7 +75,7 @@ class Connection {
 
     Link& link() const;
     void traced(const std::string& line) const;
-    bool waits();
+    bool waits(Link::WaitsFor what);
 
     const Providers& m_providers;
     std::unique_ptr<Link> m_link;

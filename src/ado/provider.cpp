@@ -53,10 +53,10 @@ std::shared_ptr<Provider> Providers::serving(const ConnectionString& settings) c
     return found == m_providers.end() ? nullptr : found->second;
 }
 
-std::unique_ptr<Link> Providers::open(const ConnectionString& settings) const {
+std::unique_ptr<Link> Providers::open(const ConnectionString& settings, const Link::OnWait& onWait) const {
     // Opened without the lock: a database that does not answer keeps nobody else waiting.
     if (const std::shared_ptr<Provider> provider = serving(settings))
-        return provider->open(settings);
+        return provider->open(settings, onWait);
     throw Error("\"" + settings.dataSource() +
                     "\" is the name of a database server, and this program reaches no servers. Name the folder of a "
                     "hospital instead.",

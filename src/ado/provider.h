@@ -94,9 +94,12 @@ class Link {
     /// How long each of the members above waits for a database that others hold before it fails.
     virtual void setPatience(std::chrono::milliseconds) {}
 
-    /// Told over and over, on the thread of the caller, while a statement waits or works for long. It uses no database
-    /// and throws nothing. False asks the link to give the statement up, which then fails with SQLSTATE HY008.
-    using OnWait = std::function<bool()>;
+    /// What is waited for.
+    enum class WaitsFor { Statement, Login };
+
+    /// Told over and over, on the thread of the caller, while a statement or a login waits or works for long. It uses
+    /// no database and throws nothing. False asks the link to give it up, which then fails with SQLSTATE HY008.
+    using OnWait = std::function<bool(WaitsFor)>;
     virtual void setOnWait(const OnWait&) {}
 };
 
@@ -108,9 +111,9 @@ class Provider {
     /// True when this provider serves the data source: a folder is the embedded database, anything else a server name.
     virtual bool serves(const ConnectionString& settings) const = 0;
 
-    /// Opens a session; several threads may ask at once. Throws Error with a clear message when the database cannot be
-    /// reached.
-    virtual std::unique_ptr<Link> open(const ConnectionString& settings) = 0;
+    /// Opens a session; several threads may ask at once. `onWait` is told while that lasts, if it is given, and is the
+    /// link's own afterwards. Throws Error with a clear message when the database cannot be reached.
+    virtual std::unique_ptr<Link> open(const ConnectionString& settings, const Link::OnWait& onWait) = 0;
 };
 
 /// True when a data source names a folder (it holds a "/" or is a folder on this machine) and not a server.
@@ -124,7 +127,7 @@ class Providers {
     void add(const std::string& kind, std::shared_ptr<Provider> provider);
 
     /// Opens a session with the provider that serves the settings. Throws Error when none does.
-    std::unique_ptr<Link> open(const ConnectionString& settings) const;
+    std::unique_ptr<Link> open(const ConnectionString& settings, const Link::OnWait& onWait) const;
 
     /// The providers of this process, used by every connection that is given no others.
     static Providers& ofProcess();

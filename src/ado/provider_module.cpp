@@ -21,14 +21,14 @@ bool ModuleProvider::serves(const ConnectionString& settings) const {
     return !settings.dataSource().empty() && !isFolder(settings.dataSource());
 }
 
-std::unique_ptr<Link> ModuleProvider::open(const ConnectionString& settings) {
+std::unique_ptr<Link> ModuleProvider::open(const ConnectionString& settings, const Link::OnWait& onWait) {
     const std::filesystem::path file = m_folder / os::libraryFileName(moduleName);
     if (std::error_code ignored; !std::filesystem::exists(file, ignored))
         throw cannotReachServers(settings.dataSource(),
                                  "(" + file.filename().string() +
                                      ") is not installed beside it. It is built where the package unixodbc-dev is.");
     try {
-        return loaded().open(settings);
+        return loaded().open(settings, onWait);
     } catch (const os::LibraryError& failure) {
         throw cannotReachServers(settings.dataSource(), std::string{"cannot be used. Install the packages unixodbc and "
                                                                     "tdsodbc. ("} +

@@ -33,7 +33,7 @@ class ModuleProvider final : public Provider {
     bool serves(const ConnectionString& settings) const override;
 
     /// Throws Error, which names the package to install where a part is missing.
-    std::unique_ptr<Link> open(const ConnectionString& settings) override;
+    std::unique_ptr<Link> open(const ConnectionString& settings, const Link::OnWait& onWait) override;
 
   private:
     Provider& loaded();

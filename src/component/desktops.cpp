@@ -96,6 +96,8 @@ class DesktopOfThread final : public ui::Desktop {
     void beep() override { real().beep(); }
     void setBusy(bool busy) override { real().setBusy(busy); }
     bool showWaiting(std::chrono::milliseconds lasted, bool mayBeGivenUp) override {
+        if (m_real == nullptr && mayBeGivenUp && lasted >= offeredAfter)
+            makeForWaiting();
         return m_real == nullptr || m_real->showWaiting(lasted, mayBeGivenUp);
     }
     void endWaiting() override {
@@ -120,6 +122,17 @@ class DesktopOfThread final : public ui::Desktop {
         if (m_real == nullptr)
             make();
         return *m_real;
+    }
+
+    /// The first login comes before the first window, and a clerk who waits for it is to see why. Without a screen
+    /// there is nobody to be told, and what is wrong with it is said when the first window is to be shown.
+    void makeForWaiting() {
+        try {
+            if (wantsRealWindows() && environment::value(environment::script).empty())
+                make();
+        } catch (const std::exception&) {
+            m_real = nullptr;
+        }
     }
 
     void make() {

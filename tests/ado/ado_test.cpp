@@ -22,9 +22,9 @@ struct NamedProvider final : Provider {
     bool serves(const ConnectionString& settings) const override {
         return served.empty() || settings.dataSource() == served;
     }
-    std::unique_ptr<Link> open(const ConnectionString& settings) override {
+    std::unique_ptr<Link> open(const ConnectionString& settings, const Link::OnWait& onWait) override {
         ++opened;
-        return RecordingProvider{}.open(settings); // never used: the link only proves who opened it
+        return RecordingProvider{}.open(settings, onWait); // never used: the link only proves who opened it
     }
 };
 

@@ -81,7 +81,7 @@ TEST_F(Component, KeepsTheRulesOfAnObject) {
 /// Leaves every data source to the component's own provider.
 struct ServesNothing final : ado::Provider {
     bool serves(const ado::ConnectionString&) const override { return false; }
-    std::unique_ptr<ado::Link> open(const ado::ConnectionString&) override { return nullptr; }
+    std::unique_ptr<ado::Link> open(const ado::ConnectionString&, const ado::Link::OnWait&) override { return nullptr; }
 };
 
 TEST_F(Component, MayBeUnloadedWhenNothingOfItIsLeft) {

@@ -19,7 +19,7 @@ bool isSelect(const std::string& statement) {
 Engine::Engine(std::unique_ptr<ado::Link> link, std::function<bool()> isGivenUp)
     : m_link(std::move(link)), m_isGivenUp(std::move(isGivenUp)) {
     m_link->setPatience(patience);
-    m_link->setOnWait([this] {
+    m_link->setOnWait([this](ado::Link::WaitsFor) {
         if (!m_givenUp && m_isGivenUp()) {
             m_givenUp = true;
             m_link->setPatience({});

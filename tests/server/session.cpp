@@ -91,8 +91,9 @@ bool Session::admit(const Login& login, Tokens& tokens) {
     if (!isDatabase(database))
         throw ado::Error("Cannot open database \"" + database + "\" requested by the login. The login failed.",
                          "Test server", 4060);
-    m_engine.emplace(m_shared.provider->open(ado::ConnectionString{"Data Source=" + m_shared.options.folder.string()}),
-                     [this] { return isGivenUp(); });
+    m_engine.emplace(
+        m_shared.provider->open(ado::ConnectionString{"Data Source=" + m_shared.options.folder.string()}, {}),
+        [this] { return isGivenUp(); });
     m_interpreter.emplace(*m_engine, m_version, database, m_shared.options.lacking,
                           [this](std::chrono::milliseconds time) { wait(time); });
     tokens.database(database, std::string{startDatabase});

@@ -36,7 +36,7 @@ class RecordingProvider final : public ado::Provider {
     std::string log; ///< statements, calls, "begin", "commit", "rollback", a line each
 
     bool serves(const ado::ConnectionString&) const override { return true; }
-    std::unique_ptr<ado::Link> open(const ado::ConnectionString&) override {
+    std::unique_ptr<ado::Link> open(const ado::ConnectionString&, const ado::Link::OnWait&) override {
         return std::make_unique<RecordingLink>(*this);
     }
 

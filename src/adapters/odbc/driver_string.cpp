@@ -57,6 +57,8 @@ std::string driverString(const ado::ConnectionString& settings, const Options& o
     if (writer.isFreeTds()) {
         writer.add("TDS_Version", "7.4");
         writer.add("ClientCharset", "UTF-8");
+        // For what is no statement: without it the end of a transaction waits for its answer for ever.
+        writer.add("Timeout", std::to_string(options.statementTimeout.count()));
     }
     if (options.encryptionRequired)
         writer.add(writer.isFreeTds() ? "Encryption" : "Encrypt", writer.isFreeTds() ? "require" : "yes");

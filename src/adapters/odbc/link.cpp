@@ -57,7 +57,8 @@ ado::Error givenUp(const ado::Error& failure) {
 
 class OdbcLink final : public ado::Link {
   public:
-    OdbcLink(const ado::ConnectionString& settings, const Options& options) : m_settings(settings), m_options(options) {
+    OdbcLink(const ado::ConnectionString& settings, const Options& options, const OnWait& onWait)
+        : m_settings(settings), m_options(options), m_onWait(onWait) {
         reconnect();
     }
 
@@ -153,19 +154,24 @@ class OdbcLink final : public ado::Link {
 
     void reconnect() {
         m_session = waitedFor<std::shared_ptr<Session>>(
-            [settings = m_settings, options = m_options] { return std::make_shared<Session>(settings, options); }, {},
-            m_options.loginTimeout);
+            [settings = m_settings, options = m_options] { return std::make_shared<Session>(settings, options); },
+            {.limit = m_options.loginTimeout, .what = WaitsFor::Login});
     }
 
+    struct Waited {
+        std::chrono::seconds limit{};
+        WaitsFor what = WaitsFor::Statement;
+        std::function<void()> cancel = nullptr; ///< nothing for what cannot be cancelled
+    };
+
     /// Runs what may block while the caller's windows go on. Throws ado::Error, for a server that does not answer too.
-    template <class Answer>
-    Answer waitedFor(std::function<Answer()> work, const std::function<void()>& cancel, std::chrono::seconds limit) {
+    template <class Answer> Answer waitedFor(std::function<Answer()> work, const Waited& waited) {
         constexpr auto driversOwnTimeoutComesFirst = 2s;
-        Meanwhile meanwhile{.deadline = std::chrono::steady_clock::now() + limit + driversOwnTimeoutComesFirst};
+        const std::chrono::seconds limit = waited.limit;
+        Meanwhile meanwhile{.cancel = waited.cancel,
+                            .deadline = std::chrono::steady_clock::now() + limit + driversOwnTimeoutComesFirst};
         if (m_onWait)
-            meanwhile.onWait = [this] { return m_onWait(); };
-        if (cancel)
-            meanwhile.cancel = cancel;
+            meanwhile.onWait = [this, what = waited.what] { return m_onWait(what); };
         Ending ending;
         const auto ofEnding = [&](const ado::Error& failure) {
             if (ending.wasGivenUp)
@@ -180,11 +186,13 @@ class OdbcLink final : public ado::Link {
         } catch (const ado::Error& failure) {
             throw ofEnding(failure);
         }
+        if (ending.wasHeld)
+            throw ado::Error("The database driver failed at the server's answer.", errorSource, 0, "08S01");
         throw ofEnding(ado::Error(tooLong(limit), errorSource, 0, "HYT00"));
     }
 
     template <class Answer> Answer waitedFor(std::function<Answer()> work) {
-        return waitedFor<Answer>(std::move(work), {}, timeout());
+        return waitedFor<Answer>(std::move(work), {.limit = timeout()});
     }
 
     /// A statement on a connection that holds, or holds again.
@@ -192,7 +200,8 @@ class OdbcLink final : public ado::Link {
     Answer stated(ado::Effect effect, const std::function<Answer(const Query&)>& work, const std::string& truth) {
         const auto onSession = [this, work](const std::shared_ptr<Session>& session) {
             const auto query = std::make_shared<Query>(session, timeout());
-            return waitedFor<Answer>([query, work] { return work(*query); }, [query] { query->cancel(); }, timeout());
+            return waitedFor<Answer>([query, work] { return work(*query); },
+                                     {.limit = timeout(), .cancel = [query] { query->cancel(); }});
         };
         return perform<Answer>(effect, onSession, truth);
     }
@@ -237,8 +246,9 @@ class OdbcLink final : public ado::Link {
 
 } // namespace
 
-std::unique_ptr<ado::Link> openLink(const ado::ConnectionString& settings, const Options& options) {
-    return std::make_unique<OdbcLink>(settings, options);
+std::unique_ptr<ado::Link> openLink(const ado::ConnectionString& settings, const Options& options,
+                                    const ado::Link::OnWait& onWait) {
+    return std::make_unique<OdbcLink>(settings, options, onWait);
 }
 
 } // namespace opd::adapters::odbc

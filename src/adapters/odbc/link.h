@@ -6,7 +6,8 @@
 
 namespace opd::adapters::odbc {
 
-/// Logs on to the server. Throws ado::Error.
-std::unique_ptr<ado::Link> openLink(const ado::ConnectionString& settings, const Options& options);
+/// Logs on to the server, and tells `onWait` meanwhile. Throws ado::Error.
+std::unique_ptr<ado::Link> openLink(const ado::ConnectionString& settings, const Options& options,
+                                    const ado::Link::OnWait& onWait);
 
 } // namespace opd::adapters::odbc

@@ -14,8 +14,8 @@ class OdbcProvider final : public ado::Provider {
         return !settings.dataSource().empty() && !ado::isFolder(settings.dataSource());
     }
 
-    std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings) override {
-        return openLink(settings, m_options());
+    std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings, const ado::Link::OnWait& onWait) override {
+        return openLink(settings, m_options(), onWait);
     }
 
   private:

@@ -1,5 +1,7 @@
 #include "adapters/qt/waiting.h"
 
+#include "adapters/qt/style.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
@@ -7,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QThread>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -23,6 +26,16 @@ bool isMouse(QEvent::Type type) {
 
 bool isKey(QEvent::Type type) {
     return type == QEvent::KeyPress || type == QEvent::KeyRelease;
+}
+
+/// The active window; that of another program may be active meanwhile. Null when none is open.
+QWidget* windowOfClerk() {
+    if (QWidget* const active = QApplication::activeWindow())
+        return active;
+    for (QWidget* const window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            return window;
+    return nullptr;
 }
 
 } // namespace
@@ -58,13 +71,15 @@ void Waiting::over() {
             QCoreApplication::postEvent(receiver, event.release());
 }
 
-/// The box is a part of the window: it takes no focus from the field that the clerk is in.
+/// The box is a part of the window: it takes no focus from the field that the clerk is in. Where no window is open yet
+/// it is one itself.
 void Waiting::showBox() {
-    QWidget* const window = QApplication::activeWindow();
-    if (window == nullptr)
-        return;
-    m_box = new QFrame(window);
+    QWidget* const window = windowOfClerk();
+    m_box = new QFrame(window, window == nullptr ? Qt::CustomizeWindowHint | Qt::WindowTitleHint : Qt::WindowFlags());
     m_box->setObjectName(QStringLiteral("waitingBox"));
+    m_box->setWindowTitle(QStringLiteral("OPD Registration System"));
+    if (window == nullptr)
+        dress(*m_box);
     m_box->setFrameShape(QFrame::StyledPanel);
     m_box->setAutoFillBackground(true);
     auto* const text = new QLabel(QStringLiteral("The database has not answered yet.\nWaiting goes on. Esc or the "
@@ -78,14 +93,16 @@ void Waiting::showBox() {
     layout->addWidget(text);
     layout->addWidget(stop, 0, Qt::AlignRight);
     m_box->adjustSize();
-    m_box->move((window->width() - m_box->width()) / 2, (window->height() - m_box->height()) / 2);
+    const QRect around = window != nullptr ? window->rect() : m_box->screen()->availableGeometry();
+    m_box->move(around.center() - m_box->rect().center());
     m_box->raise();
     m_box->show();
 }
 
 bool Waiting::isForBox(const QObject* window, const QEvent& event) const {
-    return isMouse(event.type()) && m_box != nullptr && m_box->window()->windowHandle() == window &&
-           m_box->geometry().contains(static_cast<const QMouseEvent&>(event).position().toPoint());
+    if (!isMouse(event.type()) || m_box == nullptr || m_box->window()->windowHandle() != window)
+        return false;
+    return m_box->isWindow() || m_box->geometry().contains(static_cast<const QMouseEvent&>(event).position().toPoint());
 }
 
 /// Keeps input of a window for later. Esc answers the box.

@@ -144,7 +144,9 @@ class SqliteLink final : public ado::Link {
     }
 
     void setPatience(std::chrono::milliseconds patience) override { m_database.setPatience(patience); }
-    void setOnWait(const OnWait& onWait) override { m_database.setOnWait(onWait); }
+    void setOnWait(const OnWait& onWait) override {
+        m_database.setOnWait(onWait ? std::function([onWait] { return onWait(WaitsFor::Statement); }) : nullptr);
+    }
 
   private:
     ado::ResultSet runProcedure(const ProcedureCall& call) {
@@ -225,7 +227,7 @@ class SqliteProvider final : public ado::Provider {
 
     bool serves(const ado::ConnectionString& settings) const override { return ado::isFolder(settings.dataSource()); }
 
-    std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings) override {
+    std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings, const ado::Link::OnWait& onWait) override {
         const std::string folder = settings.dataSource();
         std::error_code unreadable;
         if (!std::filesystem::is_directory(folder, unreadable))
@@ -238,7 +240,7 @@ class SqliteProvider final : public ado::Provider {
                                        ? "is closed to this user: ask the administrator for permission to use it."
                                        : "holds no hospital database."),
                               5133, "08001");
-        auto link = opened(file);
+        auto link = opened(file, onWait);
         checkVersion(link->database(), folder);
         if (versionOf(link->database()) < schemaVersion())
             migrate(file, m_clock);
@@ -251,10 +253,11 @@ class SqliteProvider final : public ado::Provider {
 
   private:
     /// Opens the file and reads its first page; a failure says which folder it is about.
-    std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file) const {
+    std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file, const ado::Link::OnWait& onWait) const {
         try {
             checkPermissions(file);
             auto link = std::make_unique<SqliteLink>(file, m_clock, m_patience);
+            link->setOnWait(onWait);
             Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();
             return link;
         } catch (const ado::Error& error) {

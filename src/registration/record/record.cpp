@@ -4,6 +4,7 @@ namespace opd::registration {
 
 void Record::followUnshown(const Record& storedNow) {
     rows = storedNow.rows;
+    rowsTellOfDoubt = false;
     CauseofConsultationID = storedNow.CauseofConsultationID;
     Findings = storedNow.Findings;
     Medications = storedNow.Medications;

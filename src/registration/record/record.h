@@ -130,10 +130,11 @@ struct Record {
     void followUnshown(const Record& storedNow);
 
     // How far the save came.
-    bool isOutdated = false;   ///< the last try found other rows than the form was loaded from; nothing is stored
-    bool lacksNumber = false;  ///< the last try could draw no number: nothing is stored, and what was typed is kept
-    bool mayBeWritten = false; ///< a commit went without an answer
-    bool isWritten = false;    ///< patient and visit are stored; what belongs to them may still be missing
+    bool isOutdated = false;      ///< the last try found other rows than the form was loaded from; nothing is stored
+    bool lacksNumber = false;     ///< the last try could draw no number: nothing is stored, and what was typed is kept
+    bool mayBeWritten = false;    ///< a commit went without an answer
+    bool rowsTellOfDoubt = false; ///< likewise, and `rows` are from before it
+    bool isWritten = false;       ///< patient and visit are stored; what belongs to them may still be missing
     std::vector<std::string> countedDoctors; ///< whose consultations the stored visit has counted
 };
 

@@ -10,6 +10,8 @@
 #include "registration/statements/patient_statements.h"
 #include "registration/statements/visit_statements.h"
 
+#include <optional>
+
 namespace opd::registration {
 
 namespace {
@@ -52,7 +54,7 @@ void commit(Record& record, ado::Transaction& transaction, const std::vector<std
     } catch (const ado::Error& failure) {
         if (!leavesDoubt(failure))
             throw;
-        record.mayBeWritten = true;
+        record.mayBeWritten = record.rowsTellOfDoubt = true;
         rememberCounted(record, doctors);
         throw CommitWithoutAnswer(failure);
     }
@@ -63,25 +65,35 @@ bool isThere(const Session& session, const Record& record) {
     return !data::openClient(session, findVisit(savedVisit(record))).EndOfFile();
 }
 
+/// Whether the commit was carried out; nothing where that cannot be seen. A visit on file was not saved while all
+/// stands as it was opened; where it does not, that may be another desk's doing.
+std::optional<bool> becameOf(const Session& session, const Record& record, bool updateOnly) {
+    if (record.isEdit() && record.rowsTellOfDoubt && record.rows.stillStand(session))
+        return false;
+    if (record.isEdit() || updateOnly || !record.isNewVisit())
+        return std::nullopt;
+    return isThere(session, record);
+}
+
 /// Asks the database at once what became of the commit. Returns when the new visit is there; otherwise throws
 /// OutcomeTold with what is known. Whatever is answered, the next try asks again before it writes.
 void askWhatBecameOf(const CommitWithoutAnswer& commit, const Session& session, const Record& record, bool updateOnly) {
-    if (updateOnly || !record.isNewVisit()) // what stood there before tells nothing
-        throw perhapsSaved(commit);
-    bool there = false;
+    std::optional<bool> there;
     try {
-        there = isThere(session, record);
+        there = becameOf(session, record, updateOnly);
     } catch (const std::exception&) {
         throw perhapsSaved(commit);
     }
     if (!there)
-        throw notThere(commit);
+        throw perhapsSaved(commit);
+    if (!*there)
+        throw record.isEdit() ? unchanged(commit) : notThere(commit);
     session.desktop.ask({.text = thereAllTheSame(record, commit), .icon = ui::Icon::Information});
 }
 
-/// After a commit without an answer: looks whether the new visit is there, so that its doctors are counted once.
+/// After a commit without an answer: looks what became of it, so that the doctors of the visit are counted once.
 void settleDoubt(const Session& session, Record& record) {
-    if (!record.mayBeWritten || !record.isNewVisit() || isThere(session, record))
+    if (!record.mayBeWritten || becameOf(session, record, false).value_or(true))
         return;
     record.mayBeWritten = false;
     record.countedDoctors.clear();

@@ -40,6 +40,11 @@ OutcomeTold notThere(const std::exception& failure) {
                             "is still here; you can try again."));
 }
 
+OutcomeTold unchanged(const std::exception& failure) {
+    return OutcomeTold(told(failure, "The database was asked: all stands as it was when this form was opened. Nothing "
+                                     "was saved. What was typed is still here; you can try again."));
+}
+
 std::string thereAllTheSame(const Record& record, const std::exception& failure) {
     return failure.what() + std::string{"\r\n\r\nThe database was asked: the visit is saved as "} + numbers(record) +
            ". What belongs to it is saved now.";

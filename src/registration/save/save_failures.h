@@ -22,6 +22,9 @@ OutcomeTold perhapsSaved(const std::exception& failure);
 /// The commit went without an answer, and the visit is not in the database.
 OutcomeTold notThere(const std::exception& failure);
 
+/// The commit went without an answer, and what the form was filled with stands unchanged.
+OutcomeTold unchanged(const std::exception& failure);
+
 /// The commit went without an answer, and the visit is in the database.
 std::string thereAllTheSame(const Record& record, const std::exception& failure);
 

@@ -51,6 +51,7 @@ CommandLine::CommandLine() {
     addCreateDatabase();
     addCreateServer();
     addSql();
+    addHistory();
     addAdministration();
     addManual();
 }
@@ -167,6 +168,21 @@ void CommandLine::addSql() {
     sub->add_option("FOLDER", shell.folder, "Folder of a hospital")->required();
     sub->add_option("STATEMENT", shell.statements, "What the shell runs; its input without one");
     sub->add_flag("--write", shell.writable, "Let the shell change the hospital; no desk may be working");
+}
+
+void CommandLine::addHistory() {
+    CLI::App* sub = addCommand("history", "Show what was changed in a patient's record, by whom, where and when.",
+                               [this] { history(audit); });
+    sub->add_option("HOSPNUM", audit.hospNum, "The patient's hospital number")->required();
+    CLI::Option* where =
+        sub->add_option("--database", audit.database, "Folder of a hospital; the configured one without it");
+    where->type_name(aFolder);
+    sub->add_option("--settings", audit.settings, "Settings file instead of the user's own")
+        ->type_name(aFile)
+        ->excludes(where);
+    sub->add_option("--user", audit.user, "Login at the server instead of the desk's; a member of opd_audit")
+        ->excludes(where);
+    sub->add_flag("--password-stdin", audit.passwordFromInput, "Read its password from standard input, one line");
 }
 
 /// A command about the hospital that is configured, or one in a folder.

@@ -29,6 +29,7 @@ class CommandLine {
     void addConfigure();
     void addRun();
     void addSql();
+    void addHistory();
     void addAdministration();
     void addManual();
     CLI::App* addCommand(const char* name, const char* what, std::function<void()> does);
@@ -41,6 +42,7 @@ class CommandLine {
     ConfigureOptions settings;
     RunOptions session;
     SqlOptions shell;
+    HistoryOptions audit;
     AdministerOptions administration;
 };
 

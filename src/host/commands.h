@@ -109,6 +109,17 @@ void statistics(const AdministerOptions& options);
 /// command mends it. Throws when anything is wrong. Changes nothing, and shows no password.
 void doctor(const AdministerOptions& options);
 
+struct HistoryOptions {
+    std::string hospNum;
+    std::string database; ///< folder of a hospital; the configured one without it
+    std::string settings; ///< file that says which one that is, instead of the user's own
+    std::string user;     ///< login at a server instead of the desk's
+    bool passwordFromInput = false;
+};
+
+/// Shows what saves changed in a patient's record, the newest first. Throws when nothing is known of it.
+void history(const HistoryOptions& options);
+
 /// Becomes the SQLite shell, opened on a hospital with its collations and functions; returns only by an exception.
 void sql(const SqlOptions& options);
 

@@ -44,7 +44,7 @@ configure_file(packaging/changelog.in ${CMAKE_BINARY_DIR}/packaging/changelog @O
 add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/packaging/changelog.gz
   COMMAND gzip -9nkf ${CMAKE_BINARY_DIR}/packaging/changelog
   DEPENDS ${CMAKE_BINARY_DIR}/packaging/changelog)
-add_custom_target(opd-changelog ALL DEPENDS ${CMAKE_BINARY_DIR}/packaging/changelog.gz)
+add_custom_target(opd-changelog ${always} DEPENDS ${CMAKE_BINARY_DIR}/packaging/changelog.gz)
 foreach(component Unspecified dev)
   set(name opd-registration)
   if(component STREQUAL dev)

@@ -39,6 +39,7 @@ GO
 IF DATABASE_PRINCIPAL_ID(N'opd_desk') IS NULL CREATE ROLE opd_desk;
 GO
 GRANT SELECT ON dbo.tbHospitalInfo TO opd_desk;
+GRANT SELECT ON dbo.tbDeskVersion TO opd_desk;
 GRANT SELECT ON dbo.tbMaster TO opd_desk;
 GRANT SELECT ON dbo.tbOpdHMOLOA TO opd_desk;
 GRANT SELECT ON dbo.tbOutPatient TO opd_desk;

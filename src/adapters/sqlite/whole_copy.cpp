@@ -1,5 +1,6 @@
 #include "adapters/sqlite/whole_copy.h"
 
+#include "adapters/sqlite/errors.h"
 #include "adapters/sqlite/unfinished_file.h"
 
 namespace opd::adapters::sqlite {
@@ -10,9 +11,11 @@ void copyAll(const Database& from, const Database& to) {
     sqlite3_backup* const copying = sqlite3_backup_init(to.handle(), "main", from.handle(), "main");
     if (copying == nullptr)
         to.fail();
-    sqlite3_backup_step(copying, -1);
+    const int step = sqlite3_backup_step(copying, -1);
     if (sqlite3_backup_finish(copying) != SQLITE_OK)
         to.fail();
+    if (step != SQLITE_DONE) // a lock that others hold ends the step, and is no failure of the copying as a whole
+        throw serverError(std::string{"Nothing was copied: "} + sqlite3_errstr(step) + ".", 1222, "HYT00");
 }
 
 } // namespace

@@ -51,6 +51,11 @@ TEST(Maintenance, ABackupOfAWorkingHospitalComesBackAndNoNumberIsGivenTwice) {
     EXPECT_EQ(faultsOf(hospital.folder()), std::vector<std::string>{});
     restore(hospital.folder(), kept);
     EXPECT_EQ(surname(*desk), "LATER");
+
+    EmbeddedHospital other;
+    desk->Execute("update Patient_Data..tbMaster set LastName = 'IN THE JOURNAL' where HospNum = '00000007'");
+    restore(other.folder(), hospital.file());
+    EXPECT_EQ(surname(*other.connect()), "IN THE JOURNAL") << "what is in use is restored whole";
 }
 
 TEST(Maintenance, ADamagedHospitalIsSetAsideAndADamagedBackupRefused) {

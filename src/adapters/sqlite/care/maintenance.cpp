@@ -75,7 +75,7 @@ class Draft {
     Draft(const std::filesystem::path& folder, const std::filesystem::path& backup)
         : m_file(databaseFile(folder).string() + ".restored") {
         remove();
-        std::filesystem::copy_file(existing(backup), m_file);
+        copyOf(existing(backup));
         std::filesystem::permissions(m_file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write,
                                      std::filesystem::perm_options::add);
         if (!damagesOf(m_file).empty())
@@ -90,6 +90,17 @@ class Draft {
     const std::filesystem::path& file() const { return m_file; }
 
   private:
+    /// A hospital that is in use, or was copied with its journal, has its last visits there. Without one the file is
+    /// all, and only read.
+    void copyOf(const std::filesystem::path& backup) const {
+        std::error_code none;
+        const auto journal = std::filesystem::file_size(backup.string() + "-wal", none);
+        if (!none && journal > 0)
+            copyWhole(backup, m_file, machineClock());
+        else
+            std::filesystem::copy_file(backup, m_file);
+    }
+
     /// With the journals and the copy that a migration leaves.
     void remove() const {
         std::error_code ignored;

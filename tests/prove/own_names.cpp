@@ -82,8 +82,8 @@ class OwnNamesProvider final : public ado::Provider {
 
     bool serves(const ado::ConnectionString& settings) const override { return m_provider->serves(settings); }
 
-    std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings) override {
-        return std::make_unique<OwnNamesLink>(m_provider->open(settings));
+    std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings, const ado::Link::OnWait& onWait) override {
+        return std::make_unique<OwnNamesLink>(m_provider->open(settings, onWait));
     }
 
   private:

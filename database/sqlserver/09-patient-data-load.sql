@@ -1,6 +1,9 @@
 -- What the registration form loads, and what it checks before it goes on.
 USE Patient_Data;
 GO
+-- A desk that asks within a transaction writes behind the answer. So patient and visit are held until it ends, in the
+-- order in which every save writes them: what was answered stays true, and a save or a revocation of another desk waits.
+-- An UPDATE that changes nothing holds a row on every server; Babelfish takes hints for that and does nothing.
 DROP PROCEDURE IF EXISTS dbo.sp_aopd_LoadOutPatient;
 GO
 CREATE PROCEDURE dbo.sp_aopd_LoadOutPatient
@@ -8,6 +11,11 @@ CREATE PROCEDURE dbo.sp_aopd_LoadOutPatient
 AS
 BEGIN
   SET NOCOUNT ON;
+  IF @@TRANCOUNT > 0
+  BEGIN
+    UPDATE dbo.tbMaster SET Sex = Sex WHERE HospNum IN (SELECT HospNum FROM dbo.tbOutPatient WHERE IDNum = @IDNum);
+    UPDATE dbo.tbOutPatient SET OPDStatus = OPDStatus WHERE IDNum = @IDNum;
+  END
   SELECT v.*, m.LastName, m.FirstName, m.MiddleName, m.BloodType, c.GuarantorName, c.GuarantorAddress,
          c.GuarantorTelnum, c.GuarantorEmployer, c.GuarantorEmployerAddress, c.InformantName, c.InformantAddress,
          c.InformantRelation, c.InformantTelNum, c.SeniorCitizenIDNo, h.Findings, h.Medications, h.DiagnosisID1,

@@ -263,6 +263,29 @@ TEST_F(TwoDesks, AVisitThatWasRevokedOrRemovedMeanwhileIsNotBroughtBack) {
                     .EndOfFile());
 }
 
+// The status is written behind the commit, with the mark of a walk-in.
+TEST_F(TwoDesks, ARevocationThatFallsIntoASaveStands) {
+    const char* const revoke = "update Patient_Data..tbOutpatient set opdstatus = 'R' where idnum = '2600000001B'";
+    auto form = openVisit();
+    form->fields().personal.chkWalkIn.setChecked(true);
+    other.globals.gConnection->setPatience(50ms);
+    std::string between;
+    std::string within;
+    hospital.globals.gConnection->setTrace([&](const std::string& statement) {
+        if (statement.starts_with("Patient_Data..sp_Adm_UpdateMaster2"))
+            between = errorOf(*other.globals.gConnection, revoke);
+        if (statement.starts_with("Update Patient_data..tbOutPatient set isWalkIn"))
+            within = errorOf(*other.globals.gConnection, revoke);
+    });
+    EXPECT_TRUE(update(*form));
+    EXPECT_EQ(between, "");
+    EXPECT_NE(within.find("in use by another program"), std::string::npos) << within;
+    EXPECT_EQ(stored("OPDStatus") + stored("isWalkIn"), "RTrue");
+    EXPECT_EQ(hospital.desktop.messages.back().text,
+              "Visit 2600000001B was revoked at another desk while it was saved here. What was entered is stored, and "
+              "the visit stays revoked.");
+}
+
 TEST_F(TwoDesks, NobodyComesBetweenTheAskingAndTheWriteAndAKilledDeskLeavesNoHalfVisit) {
     auto form = openVisit();
     other.globals.gConnection->setPatience(50ms);

@@ -3,6 +3,9 @@
 #include "contract/save_statements.h"
 #include "support/sql.h"
 
+#include <chrono>
+#include <future>
+
 namespace opd::tests {
 namespace {
 
@@ -199,6 +202,31 @@ TEST_P(Contract, AStatusIsWrittenAndLogged) {
               Rows{"CLERK|Edited"});
     EXPECT_EQ(rows("Select UserID, Action from Patient_Data..tbOPDRevokedLog where IDNum = '" + visit + "'"),
               Rows{"CLERK|Revoked"});
+}
+
+// What a desk asked for within the transaction that writes stays true until that ends; a revocation waits.
+TEST_P(Contract, HoldsAVisitFromTheAskingToTheWriting) {
+    using namespace std::chrono_literals;
+    const Saved saved(*connection);
+    run("sp_aopd_Update_TbMaster", saved.master);
+    run("sp_aopd_Update_tbOutpatient", saved.values);
+    const auto other = hospital->connect();
+    std::future<void> revocation;
+    {
+        ado::Transaction transaction(*connection);
+        EXPECT_EQ(saved.loadedVisit({"OPDStatus"}), "");
+        revocation = std::async(std::launch::async, [&] {
+            other->Execute(
+                sql("update Patient_Data..tbOutpatient set opdstatus = 'R' where idnum = '" + saved.visit + "'"));
+        });
+        EXPECT_EQ(revocation.wait_for(300ms), std::future_status::timeout) << "the visit was not held";
+        connection->Execute(
+            sql("Update Patient_data..tbOutPatient set isWalkIn = '1', OPDStatus = 'W' where IDnum = '" + saved.visit +
+                "'"));
+        transaction.commit();
+    }
+    revocation.get();
+    EXPECT_EQ(saved.loadedVisit({"OPDStatus"}), "R");
 }
 
 } // namespace

@@ -4,9 +4,11 @@
 #include "data/rows.h"
 #include "registration/marks/visit_marks.h"
 #include "registration/photo/photo.h"
+#include "registration/record/codes.h"
 #include "registration/record/sent_fields.h"
 #include "registration/save/save_failures.h"
 #include "registration/statements/patient_statements.h"
+#include "registration/statements/queries.h"
 #include "registration/statements/visit_statements.h"
 #include "registration/subrecords/dependents.h"
 
@@ -35,8 +37,9 @@ std::string outcome(const HeaderFields& header, const Record& record, bool updat
 /// The parts of one save, in the order of their writing.
 class FollowingParts {
   public:
-    FollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly)
-        : m_session(session), m_fields(fields), m_record(record), m_updateOnly(updateOnly) {
+    FollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly, bool mayBeRevoked)
+        : m_session(session), m_fields(fields), m_record(record), m_updateOnly(updateOnly),
+          m_mayBeRevoked(mayBeRevoked) {
         const Globals& globals = session.globals;
         const bool getsFileNumber = globals.isAllowOPFileNumbering && !fields.personal.chkWalkIn.checked();
         add("contacts, parents and employment", &updateExtendedMaster);
@@ -50,7 +53,7 @@ class FollowingParts {
                                    m_photographFailure =
                                        storePhotograph(m_session.devices.images, m_fields.additional, m_record);
                                }});
-        add("walk-in mark", &updateWalkIn);
+        m_parts.push_back({"walk-in mark", [this] { writeWalkIn(); }});
         addMarks(marksBeforeAuthorization());
         addIf(savesAuthorization(globals, record), "letter of authorization", &saveAuthorization);
         addMarks(marksBehindAuthorization());
@@ -96,11 +99,39 @@ class FollowingParts {
                              [this, &mark] { return updateColumn(m_record, mark.column, mark.stored(m_fields)); });
     }
 
+    /// The mark of a walk-in goes with the status, which says of a revoked visit that it is one. Where another desk may
+    /// have revoked it, the transaction keeps that desk out from the asking to the writing, and a revoked visit keeps
+    /// its status.
+    void writeWalkIn() {
+        if (!m_mayBeRevoked) {
+            data::execute(m_session, updateWalkIn(m_fields, m_record));
+            return;
+        }
+        ado::Transaction transaction(m_session.connection());
+        m_isRevoked = isRevoked();
+        const char* const mark = m_fields.personal.chkWalkIn.checked() ? "1" : "0";
+        data::execute(m_session,
+                      m_isRevoked ? updateColumn(m_record, "isWalkIn", mark) : updateWalkIn(m_fields, m_record));
+        transaction.commit();
+    }
+
+    bool isRevoked() const {
+        const ado::Recordset visit = data::openClient(m_session, statements::visit(savedVisit(m_record)));
+        return !visit.EndOfFile() && text::upper(text::trimmed(data::textOf(visit, "OPDStatus"))) == "R";
+    }
+
     void tellOutcome() {
         ui::Desktop& desktop = m_session.desktop;
         desktop.ask({.text = outcome(m_fields.header, m_record, m_updateOnly),
                      .caption = "Notification",
                      .icon = ui::Icon::Information});
+        if (m_isRevoked)
+            desktop.ask(
+                {.text = "Visit " + savedVisit(m_record) +
+                         " was revoked at another desk while it was saved here. What was entered is stored, and "
+                         "the visit stays revoked.",
+                 .caption = "Notification",
+                 .icon = ui::Icon::Exclamation});
         if (!m_photographFailure.empty())
             desktop.ask({.text = m_photographFailure, .caption = "Notification", .icon = ui::Icon::Exclamation});
     }
@@ -123,6 +154,8 @@ class FollowingParts {
     Fields& m_fields;
     const Record& m_record;
     bool m_updateOnly;
+    bool m_mayBeRevoked;
+    bool m_isRevoked = false; ///< by another desk, since this one saves
     std::string m_photographFailure;
     std::vector<FollowingPart> m_parts;
     std::size_t m_current = 0;
@@ -130,9 +163,9 @@ class FollowingParts {
 
 } // namespace
 
-void writeFollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly) {
+void writeFollowingParts(Session& session, Fields& fields, const Record& record, bool updateOnly, bool mayBeRevoked) {
     const ado::LongPatience patience(session.connection()); // the visit stands already
-    FollowingParts(session, fields, record, updateOnly).write();
+    FollowingParts(session, fields, record, updateOnly, mayBeRevoked).write();
 }
 
 } // namespace opd::registration

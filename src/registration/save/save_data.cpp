@@ -186,6 +186,13 @@ bool writeRegistration(Session& session, Fields& fields, Record& record, bool up
     return writeWhole(session, fields, record, updateOnly);
 }
 
+/// Whether another desk can have revoked the visit since it was last seen here. One that was opened as revoked is
+/// brought back by its save.
+bool mayBeRevoked(const Session& session, const Fields& fields, const Record& record) {
+    const bool isKnownToOthers = record.isEdit() || record.isWritten || record.mayBeWritten;
+    return isKnownToOthers && !fields.header.lblAdmissionStatus.visible() && data::watchesOtherDesks(session.settings);
+}
+
 } // namespace
 
 bool SaveData(Session& session, Fields& fields, Record& record, bool UpdateOnly) {
@@ -193,6 +200,7 @@ bool SaveData(Session& session, Fields& fields, Record& record, bool UpdateOnly)
     record.lacksNumber = false;
     record.isOutdated = false;
     computeKeptCodes(fields, record);
+    const bool perhapsRevoked = mayBeRevoked(session, fields, record); // the first save of a new visit is quicker
     bool written = false;
     try {
         written = writeRegistration(session, fields, record, UpdateOnly);
@@ -203,7 +211,7 @@ bool SaveData(Session& session, Fields& fields, Record& record, bool UpdateOnly)
     }
     if (!written)
         return record.lacksNumber;
-    writeFollowingParts(session, fields, record, UpdateOnly);
+    writeFollowingParts(session, fields, record, UpdateOnly, perhapsRevoked);
     return true;
 }
 

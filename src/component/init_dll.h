@@ -32,6 +32,7 @@ inline constexpr const char* serverSettingsSection = "SQL Server";
 /// The section of the same settings that names, under the key "Folder", where the patients' photographs are kept.
 inline constexpr const char* pictureSettingsSection = "Pictures";
 inline constexpr const char* savingSettingsSection = "Saving";
+inline constexpr const char* searchingSettingsSection = "Searching";
 
 class IInitDLL : public com::IUnknown {
   public:

@@ -9,6 +9,7 @@
 #include "component/session_start.h"
 #include "data/connection_settings.h"
 #include "data/saving_settings.h"
+#include "data/searching_settings.h"
 #include "reports/photograph.h"
 
 #include <functional>
@@ -23,6 +24,7 @@ static_assert(std::string_view{connectionSettingsApplication} == data::settingsA
 static_assert(std::string_view{connectionSettingsSection} == data::connectionSection);
 static_assert(std::string_view{pictureSettingsSection} == reports::pictureSection);
 static_assert(std::string_view{savingSettingsSection} == data::savingSection);
+static_assert(std::string_view{searchingSettingsSection} == data::searchingSection);
 
 namespace {
 

@@ -137,6 +137,10 @@ void CommandLine::addConfigure() {
     sub->add_option("--watch-other-desks", settings.watchOtherDesks,
                     "Before a visit is updated, ask what other desks stored into it meanwhile; yes without it")
         ->check(CLI::IsMember({"yes", "no"}));
+    sub->add_option(
+           "--carry-sex-and-birth-date", settings.carrySearch,
+           "Put sex and birth date of a search into the form of the new patient that it leads to; no without it")
+        ->check(CLI::IsMember({"yes", "no"}));
     sub->add_option("--settings", settings.settings, "Settings file instead of the user's own")->type_name(aFile);
 }
 

@@ -18,6 +18,7 @@ struct ConfigureOptions {
     bool passwordFromInput = false;
     std::string pictures;        ///< folder of the patients' photographs
     std::string watchOtherDesks; ///< "yes" or "no"; what is stored stays without it
+    std::string carrySearch;     ///< whether sex and birth date go into a new patient's form; likewise
     std::string settings;        ///< file; the user's own store without it
 
     // How a database server is reached; what is not given stays as it is stored.

@@ -76,6 +76,8 @@ void configure(const ConfigureOptions& options) {
         values.push_back({pictureSettingsSection, "Folder", std::filesystem::absolute(options.pictures).string()});
     if (!options.watchOtherDesks.empty())
         values.push_back({savingSettingsSection, "WatchOtherDesks", options.watchOtherDesks});
+    if (!options.carrySearch.empty())
+        values.push_back({searchingSettingsSection, "CarrySexAndBirthDate", options.carrySearch});
     settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
     store.set(connectionSettingsApplication, values);
 }

@@ -23,6 +23,8 @@ class FormRules {
           m_account(session, fields.personal, fields.additional, record.CompanyClass, m_entry, m_listing),
           m_visit(session.desktop, session.globals.gServerDate, fields) {}
 
+    PatientRules& patient() { return m_patient; }
+
   private:
     search::clsSearch m_codes;
     search::CodeListing m_listing;

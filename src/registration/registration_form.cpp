@@ -31,7 +31,7 @@ std::string revokedMeanwhile(const std::string& visit, bool canBeRestored) {
 } // namespace
 
 RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
-    : m_session(session), m_kept(session, m_window, m_fields, m_record, opening.HospNum), m_lastName(opening.lastName) {
+    : m_session(session), m_kept(session, m_window, m_fields, m_record, opening.HospNum), m_opening(opening) {
     m_record.FormType = opening.FormType;
     m_record.HospNum = opening.HospNum;
     m_record.AdmissionNumber = opening.AdmissionNumber;
@@ -50,8 +50,7 @@ RegistrationForm::~RegistrationForm() {
 
 void RegistrationForm::SetRegistrationMode() {
     m_window.load();
-    if (!m_lastName.empty())
-        m_fields.header.txtLastName.setText(m_lastName);
+    takeOverSearch();
     m_fields.header.fraMasterFileRegistrationOnly.setVisible(false);
     m_fields.header.dtpAdmDate.setEnabled(true);
     m_fields.header.txtAdmTime.setEnabled(true);
@@ -60,9 +59,20 @@ void RegistrationForm::SetRegistrationMode() {
     m_fields.buttons.cmdPrint.setVisible(true);
     m_fields.buttons.cmdUpdate.setVisible(false);
     if (m_record.isNewPatient())
-        m_window.setFocus(m_lastName.empty() ? m_fields.header.txtLastName : m_fields.header.txtFirstName);
+        m_window.setFocus(m_opening.lastName.empty() ? m_fields.header.txtLastName : m_fields.header.txtFirstName);
     rememberLoaded();
     m_kept.offer();
+    m_guidance->markNeeded();
+}
+
+/// What was searched for goes into the form of a new patient.
+void RegistrationForm::takeOverSearch() {
+    HeaderFields& header = m_fields.header;
+    if (!m_opening.lastName.empty())
+        header.txtLastName.setText(m_opening.lastName);
+    if (m_opening.sex == "F")
+        header.female.setSelected(true);
+    m_rules.patient().takeOver(m_opening.birthDate);
 }
 
 void RegistrationForm::rememberLoaded() {
@@ -175,6 +185,7 @@ void RegistrationForm::take(const RegistrationForm& storedNow) {
     m_wasRevoked = storedNow.m_wasRevoked;
     tellUnknownMoments(m_fields.additional, m_record);
     showAgeInMonths(m_fields.header, m_session.globals.gServerDate); // restoring raises no change
+    m_guidance->markNeeded();
     m_window.setFocus(m_fields.header.txtLastName);
     m_window.setStatus("This is what the other desk stored. What was typed here is given up.");
 }

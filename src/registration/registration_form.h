@@ -48,6 +48,7 @@ class RegistrationForm {
     Stands chooses(const FieldValues& storedNow);
     void take(const RegistrationForm& storedNow);
     void rememberLoaded();
+    void takeOverSearch();
     FieldValues values(FieldValues::Meaning meaning) const;
     void close();
     void rememberStored();
@@ -67,7 +68,7 @@ class RegistrationForm {
     DependentsEditor m_dependents{m_session.desktop, m_fields.employment};
     std::optional<Guidance> m_guidance; ///< made last: it adds to all other handlers
     KeptRegistrations m_kept;           ///< of whom the form was opened for; a saved new patient has a number by then
-    std::string m_lastName;
+    const Opening m_opening;
 };
 
 } // namespace opd::registration

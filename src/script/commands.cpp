@@ -103,6 +103,14 @@ void expectUnchecked(const Scene& scene, const Words& words) {
     require(!scene.driver.isChecked(scene.control(words[0])), words[0] + " to be unchecked", "it is checked");
 }
 
+void expectNeeded(const Scene& scene, const Words& words) {
+    require(scene.driver.isNeeded(scene.control(words[0])), words[0] + " to be marked as needed", "it is not");
+}
+
+void expectNotNeeded(const Scene& scene, const Words& words) {
+    require(!scene.driver.isNeeded(scene.control(words[0])), words[0] + " to be marked no more", "it is marked");
+}
+
 void expectFocus(const Scene& scene, const Words& words) {
     require(scene.driver.hasFocus(scene.control(words[0])), words[0] + " to have the focus",
             focusName(scene) + " has it");
@@ -297,6 +305,8 @@ constexpr Command commands[] = {{"expect-window", 1, expectWindow},
                                 {"expect-hidden", 1, expectHidden},
                                 {"expect-checked", 1, expectChecked},
                                 {"expect-unchecked", 1, expectUnchecked},
+                                {"expect-needed", 1, expectNeeded},
+                                {"expect-not-needed", 1, expectNotNeeded},
                                 {"expect-focus", 1, expectFocus},
                                 {"expect-selection", 1, expectSelection},
                                 {"expect-rows", 2, expectRows},

@@ -52,6 +52,7 @@ class Driver {
     virtual bool isShown(ui::Control& control) = 0;
     virtual bool isEnabled(ui::Control& control) = 0;
     virtual bool isChecked(ui::Control& control) = 0;
+    virtual bool isNeeded(ui::Control& control) = 0; ///< is marked as still missing
     virtual bool hasFocus(ui::Control& control) = 0;
     virtual int rowCount(ui::Grid& grid) = 0;
     virtual std::string cell(ui::Grid& grid, int row, int column) = 0;

@@ -58,6 +58,8 @@ std::string appearance(const ui::Control& control) {
         seen += " hidden";
     if (!control.enabled())
         seen += " off";
+    if (control.isNeeded())
+        seen += " needed";
     if (!control.refusal().empty())
         seen += " refused " + quoted(control.refusal());
     return seen;
@@ -104,7 +106,8 @@ void Journal::command(const std::string& text) {
 }
 
 void Journal::message(const ui::Message& message, ui::Answer answer) {
-    line("  message " + quoted(message.caption) + ": " + quoted(message.text) + " - " + captionOf(answer));
+    line("  message " + quoted(message.caption) + ": " + quoted(message.text) +
+         (message.detail.empty() ? "" : " about " + quoted(message.detail)) + " - " + captionOf(answer));
 }
 
 void Journal::look(const ui::Window* window) {

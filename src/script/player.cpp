@@ -144,7 +144,8 @@ void Player::step(Driver& driver) {
 }
 
 std::optional<ui::Answer> Player::answerTo(const ui::Message& message) {
-    const std::string shown = "there is \"" + message.text + "\" (" + buttonsText(message) + ")";
+    const std::string shown = "there is \"" + message.text + "\" (" + buttonsText(message) + ")" +
+                              (message.detail.empty() ? "" : " about \"" + message.detail + "\"");
     if (m_state->answers.empty()) {
         m_state->fail(m_state->line, "expected no message box, but " + shown);
         return std::nullopt;
@@ -160,7 +161,8 @@ std::optional<ui::Answer> Player::answerTo(const ui::Message& message) {
     }
     m_state->answers.clear();
     m_state->fail(expected.line, "expected a message box " + std::string{expected.like ? "like " : ""} + "\"" +
-                                     expected.text + "\" with a button \"" + captionOf(expected.button) + "\", but " +
+                                     expected.text + "\" with a button \"" + captionOf(expected.button) + "\"" +
+                                     (expected.detail.empty() ? "" : " about \"" + expected.detail + "\"") + ", but " +
                                      shown);
     return std::nullopt;
 }

@@ -5,6 +5,7 @@
 #include "data/procedures/dates.h"
 #include "data/procedures/key_filters.h"
 #include "data/rows.h"
+#include "data/searching_settings.h"
 
 #include <utility>
 
@@ -143,6 +144,10 @@ void frmMasterSearch::criterionChanged() {
 }
 
 void frmMasterSearch::bindActions() {
+    m_window.ownKeys = {{"F3", "today's visits", [this]() -> ui::Control* {
+                             showVisits();
+                             return nullptr;
+                         }}};
     m_fields.search.onClick = [this] { search(); };
     m_fields.newSearch.onClick = [this] { newSearch(); };
     m_fields.newPatient.onClick = [this] { openNew(); };
@@ -247,9 +252,13 @@ void frmMasterSearch::openChosen() {
 }
 
 void frmMasterSearch::openNew() {
-    const std::string lastName = m_fields.lastName.text();
+    PatientOpener::NewPatient patient{.lastName = m_fields.lastName.text(), .sex = {}, .birthDate = {}};
+    if (data::carriesSexAndBirthDate(m_session.settings)) {
+        patient.sex = m_finder.Sex();
+        patient.birthDate = m_fields.txtBirthDate.isBlank() ? std::string{} : m_fields.txtBirthDate.text();
+    }
     m_closedByOperator = false;
-    if (m_opener.Proc_AdmitNewRecord(lastName, m_noMatch) && !m_session.globals.gDuplicateLastName.empty())
+    if (m_opener.Proc_AdmitNewRecord(patient, m_noMatch) && !m_session.globals.gDuplicateLastName.empty())
         showDuplicate();
 }
 

@@ -74,7 +74,7 @@ void PatientOpener::openVisit(const std::string& opdNumber) {
                              .beforeShowing = [this] { leaveSearch(); }});
 }
 
-bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, const std::string& noMatch) {
+bool PatientOpener::Proc_AdmitNewRecord(const NewPatient& patient, const std::string& noMatch) {
     const ui::Message question{
         .text = "There is at least one record that matches your search criteria.\r\nYou can choose to use that "
                 "registration by double-click on the person's name on the list.\r\nAre you sure you want to create a "
@@ -88,7 +88,9 @@ bool PatientOpener::Proc_AdmitNewRecord(const std::string& lastName, const std::
     m_registration.open({.FormType = "NEW",
                          .HospNum = "NEW",
                          .AdmissionNumber = toBeGenerated,
-                         .lastName = lastName,
+                         .lastName = patient.lastName,
+                         .sex = patient.sex,
+                         .birthDate = patient.birthDate,
                          .status = noMatch.empty() ? "" : noMatch + " This is a new patient.",
                          .beforeShowing = [this] { m_window.unload(); }});
     if (m_session.globals.gDuplicateLastName.empty()) // registered or given up: the namesake is of no concern any more

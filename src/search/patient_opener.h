@@ -23,10 +23,17 @@ class PatientOpener {
     /// ado::Error.
     void openChosen();
 
+    /// What of a search goes into the form of a new patient; what is empty does not.
+    struct NewPatient {
+        std::string lastName;
+        std::string sex;
+        std::string birthDate;
+    };
+
     /// Opens the form for a patient not yet on file and returns when it is closed. `noMatch` says in words what nobody
     /// on file matched, which the form repeats; where it is empty the clerk confirms first. False when the clerk
     /// declined. Throws ado::Error.
-    bool Proc_AdmitNewRecord(const std::string& lastName, const std::string& noMatch);
+    bool Proc_AdmitNewRecord(const NewPatient& patient, const std::string& noMatch);
 
   private:
     enum class Showing { Modal, Modeless };

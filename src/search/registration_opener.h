@@ -11,6 +11,8 @@ struct Opening {
     std::string HospNum;         ///< a hospital number, or "NEW"
     std::string AdmissionNumber; ///< an OPD number, or "(TO BE GENERATED)"
     std::string lastName = {};   ///< pre-fills the last name of a new patient when not empty
+    std::string sex = {};        ///< "M" or "F" chooses that of a new patient
+    std::string birthDate = {};  ///< "MM/dd/yyyy" pre-fills that of a new patient, when it is one
     std::string status = {};     ///< what the form's status line says when not empty
     bool modal = true;           ///< false: the opening returns as soon as the form is shown
 

@@ -69,6 +69,13 @@ void Control::setRefusal(const std::string& refusal) {
     tellView(Aspect::Refusal);
 }
 
+void Control::setNeeded(bool isNeeded) {
+    if (isNeeded == m_isNeeded)
+        return;
+    m_isNeeded = isNeeded;
+    tellView(Aspect::Need);
+}
+
 bool Control::isShown() const {
     if (!m_visible)
         return false;

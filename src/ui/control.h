@@ -50,6 +50,7 @@ enum class Aspect {
     ReportPage,  ///< its current page
     Zoom,        ///< its enlargement
     Refusal,     ///< why its content is refused
+    Need,        ///< whether something must be in it yet
     Status       ///< of the window: what its status line says
 };
 
@@ -86,6 +87,10 @@ class Control {
     /// until the one who found the fault takes it back, and keeps nobody from moving on.
     const std::string& refusal() const { return m_refusal; }
     void setRefusal(const std::string& refusal);
+
+    /// True while something must be in a field before the window's work can be done. It is marked, and not refused.
+    bool isNeeded() const { return m_isNeeded; }
+    void setNeeded(bool isNeeded);
 
     /// True when the clerk can see it: it and all its containers are visible and its page is the current one.
     bool isShown() const;
@@ -139,6 +144,7 @@ class Control {
     std::string m_refusal;
     bool m_visible = true;
     bool m_enabled = true;
+    bool m_isNeeded = false;
 };
 
 /// A control that holds others: a window, a frame, a page of tabs.

@@ -26,6 +26,7 @@ struct Message {
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
     std::optional<Answer> defaultAnswer = std::nullopt; ///< what Enter answers; the first button when not set
+    std::string detail = {}; ///< stands below the text: what the question is about, a line each
 };
 
 /// A question for the place and name of a file to write.

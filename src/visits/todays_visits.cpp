@@ -55,11 +55,23 @@ void frmTodaysVisits::bind() {
 }
 
 void frmTodaysVisits::bindActions() {
-    for (const Action& action : m_actions)
-        action.button.onClick = [this, act = action.act] {
-            if (const Visit* const visit = current())
-                act(Visit{*visit}); // the list may be read anew meanwhile
+    const auto onKey = [](std::function<void()> deed) {
+        return [deed = std::move(deed)]() -> ui::Control* {
+            deed();
+            return nullptr;
         };
+    };
+    m_window.ownKeys = {{"Enter", "open the marked visit"}, {"F5", "ask again", onKey([this] { refresh(); })}};
+    for (const Action& action : m_actions) {
+        const auto act = [this, &action] { doWith(action); };
+        action.button.onClick = act;
+        m_window.ownKeys.push_back({action.key, action.deed, onKey(act)});
+    }
+}
+
+void frmTodaysVisits::doWith(const Action& action) {
+    if (const Visit* const visit = current())
+        action.act(Visit{*visit}); // the list may be read anew meanwhile
 }
 
 void frmTodaysVisits::showTodaysVisits() {

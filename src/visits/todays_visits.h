@@ -28,6 +28,8 @@ class frmTodaysVisits final : public search::VisitsOpener {
     /// What can be done with the marked visit besides opening it.
     struct Action {
         ui::Button& button;
+        const char* key; ///< a function key that does the same
+        const char* deed;
         std::function<void(const Visit&)> act;
     };
 
@@ -38,6 +40,7 @@ class frmTodaysVisits final : public search::VisitsOpener {
     void refresh();
     void list(const std::string& current);
     void open();
+    void doWith(const Action& action);
     void printDataSheet(const Visit& visit);
     const Visit* current() const;
 
@@ -45,7 +48,8 @@ class frmTodaysVisits final : public search::VisitsOpener {
     search::RegistrationOpener& m_registration;
     ui::Window m_window{"frmTodaysVisits", "Today's Visits"};
     TodaysVisitsFields m_fields{m_window};
-    std::vector<Action> m_actions{{m_fields.cmdPrint, [this](const Visit& visit) { printDataSheet(visit); }}};
+    std::vector<Action> m_actions{{m_fields.cmdPrint, "F6", "data sheet of the marked visit",
+                                   [this](const Visit& visit) { printDataSheet(visit); }}};
     VisitList m_visits;
     std::vector<const Visit*> m_listed; ///< those of the grid's rows
 };

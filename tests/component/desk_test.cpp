@@ -70,13 +70,14 @@ TEST_F(Desk, AWrongCommandLineIsOneLineAndStatusOne) {
 }
 
 TEST_F(Desk, StoresConnectionSettingsForTheirOwnerAlone) {
-    const Outcome stored =
-        runDesk({"configure", "--server", "HIS", "--user", "sa", "--password-stdin", "--watch-other-desks", "no"},
-                "s3 cret#\nmore\n");
+    const Outcome stored = runDesk({"configure", "--server", "HIS", "--user", "sa", "--password-stdin",
+                                    "--watch-other-desks", "no", "--carry-sex-and-birth-date", "yes"},
+                                   "s3 cret#\nmore\n");
     EXPECT_EQ(stored.status, 0) << stored.errors;
     EXPECT_EQ(stored.output + stored.errors, "") << "the password appears nowhere";
     const auto file = m_folder / "config" / "QUORIN Current User.ini";
-    EXPECT_EQ(contentOf(file), "[Connection]\nUser=sa\nPassword=s3 cret#\nServer=HIS\n[Saving]\nWatchOtherDesks=no\n");
+    EXPECT_EQ(contentOf(file), "[Connection]\nUser=sa\nPassword=s3 cret#\nServer=HIS\n[Saving]\nWatchOtherDesks=no\n"
+                               "[Searching]\nCarrySexAndBirthDate=yes\n");
     EXPECT_EQ(tests::modeOf(file), 0600U);
     expectOneLine(runDesk({"configure", "--server", "HIS", "--password-stdin"}, ""), "no password");
     expectOneLine(runDesk({"configure", "--server", "HIS", "--watch-other-desks", "maybe"}, ""), "--watch-other-desks");

@@ -4,6 +4,7 @@
 #include "adapters/qt/style.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QStyle>
 
 namespace opd::qt {
@@ -68,12 +69,20 @@ ui::Answer firstAnswer(ui::Buttons buttons) {
     return buttons == ui::Buttons::Ok || buttons == ui::Buttons::OkCancel ? ui::Answer::Ok : ui::Answer::Yes;
 }
 
+void showDetail(QMessageBox& box, const QString& detail) {
+    box.setInformativeText(detail);
+    for (QLabel* label : box.findChildren<QLabel*>())
+        if (label->text() == detail)
+            label->setTextFormat(Qt::PlainText);
+}
+
 } // namespace
 
 void fill(QMessageBox& box, const ui::Message& message) {
     box.setWindowTitle(toQt(message.caption));
     box.setTextFormat(Qt::PlainText); // a name in a message is no markup
     box.setText(toQt(message.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    showDetail(box, toQt(message.detail));
     box.setIcon(iconOf(message.icon));
     box.setStandardButtons(buttonsOf(message.buttons));
     box.setDefaultButton(standardButton(message.defaultAnswer.value_or(firstAnswer(message.buttons))));

@@ -169,6 +169,11 @@ bool QtDriver::isChecked(ui::Control& control) {
     return target != nullptr && target->isChecked();
 }
 
+bool QtDriver::isNeeded(ui::Control& control) {
+    const ControlView* const target = view(control);
+    return target != nullptr && target->widget() != nullptr && target->widget()->property("needed").toBool();
+}
+
 bool QtDriver::hasFocus(ui::Control& control) {
     const ControlView* const target = view(control);
     return target != nullptr && target->widget() != nullptr && shell()->focusWidget() == target->widget();

@@ -34,6 +34,7 @@ class QtDriver final : public script::Driver {
     bool isShown(ui::Control& control) override;
     bool isEnabled(ui::Control& control) override;
     bool isChecked(ui::Control& control) override;
+    bool isNeeded(ui::Control& control) override;
     bool hasFocus(ui::Control& control) override;
     int rowCount(ui::Grid& grid) override;
     std::string cell(ui::Grid& grid, int row, int column) override;

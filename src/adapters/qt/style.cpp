@@ -32,6 +32,7 @@ const std::pair<const char*, const QColor&> named[] = {
     {"@border", colours::border},
     {"@line", colours::line},
     {"@alert", colours::alert},
+    {"@needed", colours::needed},
 };
 
 // One accent for what is active, grey for what only shows, white for what takes input. Text takes its colour from the
@@ -41,6 +42,7 @@ QGroupBox { font-weight: bold; border: 1px solid @line; border-radius: 4px; marg
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; color: @title; }
 QGroupBox * { font-weight: normal; }
 QLineEdit, QPlainTextEdit { background: @paper; border: 1px solid @border; border-radius: 3px; padding: 1px 4px; min-height: 19px; }
+QLineEdit[needed="true"] { border-left: 4px solid @needed; padding-left: 1px; }
 QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid @accent; padding: 0 3px; background: @paperInUse; }
 QLineEdit[readOnly="true"], QPlainTextEdit[readOnly="true"], QLineEdit[lookupName="true"], QLineEdit:disabled, QPlainTextEdit:disabled {
   background: @paperShowing; color: #33434f; }
@@ -53,6 +55,7 @@ QLineEdit[refused="true"], QPlainTextEdit[refused="true"] {
 QLineEdit[refused="true"]:focus { border: 3px solid @alert; padding: 0 2px; min-height: 17px; }
 QPlainTextEdit[refused="true"]:focus { border: 3px solid @alert; padding: 0 2px; }
 QLabel[refused="true"], QCheckBox[refused="true"], QRadioButton[refused="true"] { color: @alert; }
+QLabel[needed="true"], QRadioButton[needed="true"] { color: @needed; }
 QLabel[hint="true"] { color: @quietText; }
 QLabel[alert="true"] { color: @alert; font-weight: bold; }
 QFrame[decoration="heading"] { background: @heading; border: 0; border-bottom: 1px solid @line; }

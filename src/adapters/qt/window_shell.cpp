@@ -81,7 +81,7 @@ void WindowShell::showAll() {
         for (const ui::Aspect aspect :
              {ui::Aspect::Caption, ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Checked, ui::Aspect::Table,
               ui::Aspect::CurrentPage, ui::Aspect::Document, ui::Aspect::Zoom, ui::Aspect::Enabled, ui::Aspect::Visible,
-              ui::Aspect::Running, ui::Aspect::Image, ui::Aspect::Refusal})
+              ui::Aspect::Running, ui::Aspect::Image, ui::Aspect::Refusal, ui::Aspect::Need})
             view->show(aspect);
 }
 

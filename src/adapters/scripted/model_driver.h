@@ -36,6 +36,7 @@ class ModelDriver final : public script::Driver {
     bool isShown(ui::Control& control) override { return control.isShown(); }
     bool isEnabled(ui::Control& control) override { return control.isUsable(); }
     bool isChecked(ui::Control& control) override;
+    bool isNeeded(ui::Control& control) override { return control.isNeeded(); }
     bool hasFocus(ui::Control& control) override { return control.window().focus() == &control; }
     int rowCount(ui::Grid& grid) override { return grid.rowCount(); }
     std::string cell(ui::Grid& grid, int row, int column) override { return grid.cell(row, column); }

@@ -16,10 +16,10 @@ std::string counted(long number, const char* unit) {
     return std::to_string(number) + " " + unit + (number == 1 ? "" : "s");
 }
 
-/// A field's label; an option is named by its group.
+/// A field's label; an option, and a field without one, is named by its group.
 std::string nameOf(const ui::Control& field) {
-    const bool isOption = field.kind() == ui::Kind::OptionButton;
-    return ui::plainCaption(isOption ? field.container()->caption() : field.caption());
+    const bool ofGroup = field.kind() == ui::Kind::OptionButton || field.caption().empty();
+    return ui::plainCaption(ofGroup ? field.container()->caption() : field.caption());
 }
 
 } // namespace
@@ -36,7 +36,15 @@ Guidance::Guidance(ui::Window& window, Fields& fields, const Record& record, con
     window.collect(everything);
     for (ui::Control* field : everything)
         if (field->kind() != ui::Kind::Tabs)
-            alsoOn(field->onChange, [this] { m_window.setStatus({}); });
+            alsoOn(field->onChange, [this] { followChange(); });
+    for (ui::OptionButton* choice :
+         {&fields.header.male, &fields.header.female, &fields.personal.insured, &fields.personal.notInsured})
+        alsoOn(choice->onClick, [this] { markNeeded(); });
+}
+
+void Guidance::followChange() {
+    m_window.setStatus({});
+    markNeeded();
 }
 
 std::string Guidance::stateOfSave() const {
@@ -45,19 +53,24 @@ std::string Guidance::stateOfSave() const {
     return stored.empty() || needed.empty() ? stored + needed : stored + " " + needed;
 }
 
-/// What a save would ask for as the form stands, in the order of the screen.
+/// How many fields a save would be refused for as the form stands, and the one it would be refused for first.
 std::string Guidance::stillNeeded() const {
-    std::vector<const ui::Control*> missing = missingFields(m_fields);
-    const AdditionalTab& additional = m_fields.additional;
-    if (m_globals.IsAllowOPDPatientClass && text::isBlank(additional.patientClass.code.text()))
-        missing.push_back(&additional.FraPatientClass);
-    std::vector<ui::Control*> everything;
-    m_window.collect(everything);
-    std::string list;
-    for (const ui::Control* control : everything)
-        if (std::find(missing.begin(), missing.end(), control) != missing.end())
-            list += (list.empty() ? "Still needed: " : ", ") + nameOf(*control);
-    return list.empty() ? list : list + ".";
+    const std::vector<ui::Control*> missing = missingFields(m_fields, m_globals);
+    if (missing.empty())
+        return {};
+    const std::string next = nameOf(*missing.front());
+    if (missing.size() == 1)
+        return "1 field is still needed: " + next + ".";
+    return counted(static_cast<long>(missing.size()), "field") + " are still needed, next: " + next + ".";
+}
+
+void Guidance::markNeeded() {
+    std::vector<ui::Control*> missing = missingFields(m_fields, m_globals);
+    for (ui::Control* field : m_needed)
+        field->setNeeded(std::find(missing.begin(), missing.end(), field) != missing.end());
+    for (ui::Control* field : missing)
+        field->setNeeded(true);
+    m_needed = std::move(missing);
 }
 
 std::string storedOutcome(const Record& record) {

@@ -6,18 +6,23 @@
 #include "ui/window.h"
 
 #include <string>
+#include <vector>
 
 namespace opd::registration {
 
-/// What the status line says: what a save still needs, and which keys help at the field that has the focus. It adds to
-/// the handlers that stand when it is made.
+/// What a save still needs, marked at the fields and counted in the status line, and there which keys help at the field
+/// that has the focus. It adds to the handlers that stand when it is made.
 class Guidance {
   public:
     Guidance(ui::Window& window, Fields& fields, const Record& record, const Globals& globals);
     Guidance(const Guidance&) = delete;
     Guidance& operator=(const Guidance&) = delete;
 
+    /// Marks the fields that a save still needs, and no others. A change of a field does so by itself.
+    void markNeeded();
+
   private:
+    void followChange();
     std::string stateOfSave() const;
     std::string stillNeeded() const;
 
@@ -25,6 +30,7 @@ class Guidance {
     Fields& m_fields;
     const Record& m_record;
     const Globals& m_globals;
+    std::vector<ui::Control*> m_needed; ///< the fields that are marked
 };
 
 /// What of the form's registration stands in the database: its numbers. Empty while nothing does.

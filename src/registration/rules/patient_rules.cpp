@@ -9,6 +9,13 @@
 
 namespace opd::registration {
 
+namespace {
+
+constexpr int youngest = 0; ///< years that an age may have
+constexpr int oldest = 140;
+
+} // namespace
+
 PatientRules::PatientRules(Session& session, ui::Window& window, HeaderFields& header, ui::ComboBox& civilStatus)
     : m_session(session), m_header(header), m_civilStatus(civilStatus) {
     header.txtBirthDate.onValidate = [this, &window](bool& refused) {
@@ -43,13 +50,31 @@ bool PatientRules::refuse(ui::Control& field, const ui::Message& reason) {
 /// Asks about the age at the field that decided it.
 bool PatientRules::acceptAge(ui::Control& field) {
     const int years = age();
-    if (years < 0 || years > 140)
+    if (years < youngest || years > oldest)
         return refuse(field, {.text = "Invalid Age..."});
+    followAge(years);
+    return true;
+}
+
+void PatientRules::followAge(int years) {
     if (years == 0)
         m_civilStatus.setText("Child");
     else if (years < 15)
         m_civilStatus.setText("Single");
-    return true;
+}
+
+void PatientRules::takeOver(const std::string& birthDate) {
+    const std::optional<DateTime> born = parseDate(birthDate);
+    const std::string admitted = dateText(m_header.dtpAdmDate.value());
+    if (!born || born->date() > m_session.globals.gServerDate.date() || !data::IsDateInRange(birthDate, "", admitted))
+        return;
+    const int years = data::ComputeAge(m_session, birthDate, admitted);
+    if (years < youngest || years > oldest)
+        return;
+    m_header.txtBirthDate.setText(birthDate);
+    m_header.txtAge.setEnabled(false);
+    m_header.txtAge.setText(std::to_string(years));
+    followAge(years);
 }
 
 /// Remembers the patient when a new registration turns out to be one on file, unless the clerk has been led back to

@@ -13,10 +13,15 @@ class PatientRules {
     PatientRules(const PatientRules&) = delete;
     PatientRules& operator=(const PatientRules&) = delete;
 
+    /// Fills the birth date in, with age and civil status as they follow from it. Asks nobody; what the field would
+    /// refuse is left out.
+    void takeOver(const std::string& birthDate);
+
   private:
     bool acceptBirthDate();
     bool acceptAge(ui::Control& field);
     bool acceptCivilStatus();
+    void followAge(int years);
     const char* faultOfCivilStatus() const;
     int age() const;
     void rememberDuplicate();

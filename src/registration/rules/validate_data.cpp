@@ -110,11 +110,17 @@ bool ValidateData(ui::Desktop& desktop, Fields& fields, Record& record, std::str
     return true;
 }
 
-std::vector<const ui::Control*> missingFields(Fields& fields) {
-    std::vector<const ui::Control*> missing;
+bool lacksPatientClass(const Globals& globals, const ui::TextBox& patientClass) {
+    return globals.IsAllowOPDPatientClass && text::isBlank(patientClass.text());
+}
+
+std::vector<ui::Control*> missingFields(Fields& fields, const Globals& globals) {
+    std::vector<ui::Control*> missing;
     for (const Rule& rule : rulesOf(fields))
-        if (!rule.holds(fields))
+        if (!rule.holds(fields) && (missing.empty() || missing.back() != &rule.field))
             missing.push_back(&rule.field);
+    if (ui::TextBox& patientClass = fields.additional.txtPatientClassID; lacksPatientClass(globals, patientClass))
+        missing.push_back(&patientClass);
     return missing;
 }
 

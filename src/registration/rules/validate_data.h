@@ -2,6 +2,7 @@
 
 #include "registration/fields/fields.h"
 #include "registration/record/record.h"
+#include "session/globals.h"
 #include "ui/desktop.h"
 
 #include <string>
@@ -13,8 +14,11 @@ namespace opd::registration {
 /// Otherwise the clerk was told the first mistake, which is marked at its field, and stands at it.
 bool ValidateData(ui::Desktop& desktop, Fields& fields, Record& record, std::string& AccountTypeCode);
 
-/// The fields that the check would refuse as the form stands.
-std::vector<const ui::Control*> missingFields(Fields& fields);
+/// True when the hospital asks for a patient class and there is none; a save refuses that behind everything else.
+bool lacksPatientClass(const Globals& globals, const ui::TextBox& patientClass);
+
+/// The fields for which a save would be refused as the form stands, in the order in which the clerk would be told.
+std::vector<ui::Control*> missingFields(Fields& fields, const Globals& globals);
 
 /// Binds the taking back of the check's marks: at the change that puts the field right. It adds to the handlers that
 /// stand when it is called.

@@ -4,7 +4,9 @@
 #include "base/text/leading_number.h"
 #include "base/text/text.h"
 #include "data/rows.h"
+#include "registration/rules/validate_data.h"
 #include "registration/save/apostrophes.h"
+#include "registration/save/similar_records.h"
 #include "registration/statements/queries.h"
 #include "ui/window.h"
 
@@ -31,7 +33,8 @@ bool passesDuplicateCheck(Session& session, HeaderFields& header, const Record& 
     const ui::Message question{.text = "There is a registered patient(s) with the same last name, first name and age. "
                                        "Would you like to continue?",
                                .caption = "NOTIFICATION",
-                               .buttons = ui::Buttons::YesNo};
+                               .buttons = ui::Buttons::YesNo,
+                               .detail = whoIsMeant(session, header, similar)};
     if (session.desktop.ask(question) == ui::Answer::Yes)
         return true;
     session.desktop.ask({.text = "Registration Cancelled."});
@@ -52,7 +55,7 @@ bool passesConfinementCheck(Session& session, HeaderFields& header, bool updateO
 }
 
 bool hasPatientClass(Session& session, ui::TextBox& patientClass) {
-    if (!session.globals.IsAllowOPDPatientClass || !text::isBlank(patientClass.text()))
+    if (!lacksPatientClass(session.globals, patientClass))
         return true;
     const char* const fault = "Cannot register patient! Please provide patient classification.";
     patientClass.setRefusal(fault);

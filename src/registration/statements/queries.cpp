@@ -100,6 +100,15 @@ Statement similarRecords(const std::string& lastName, const std::string& firstNa
         .number(age);
 }
 
+Statement namesakes(const std::string& lastName, const std::string& firstName) {
+    return Statement("Select HospNum, LastName, FirstName, MiddleName, BirthDate, HouseStreet, Barangay from "
+                     "Patient_Data..tbMaster where LastName = '")
+        .value(lastName)
+        .text("' and FirstName = '")
+        .value(firstName)
+        .text("' order by BirthDate");
+}
+
 Statement confinement(const std::string& hospNum) {
     return about("PATIENT_DATA..sp_AOPD_CheckIfAdmitted '", hospNum);
 }

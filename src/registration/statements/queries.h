@@ -31,6 +31,9 @@ ado::Statement hospitalBill(const std::string& opdNumber);
 
 /// Patients on file with the same last name, first name and age.
 ado::Statement similarRecords(const std::string& lastName, const std::string& firstName, long age);
+
+/// Number, name, birth date and address of the patients on file who are called so.
+ado::Statement namesakes(const std::string& lastName, const std::string& firstName);
 ado::Statement confinement(const std::string& hospNum);
 
 } // namespace opd::registration::statements

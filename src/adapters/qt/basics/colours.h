@@ -24,5 +24,6 @@ inline const QColor remembered{0xb9, 0xd3, 0xe3}; ///< is chosen in a list that 
 inline const QColor border{0x7b, 0x8a, 0x96};
 inline const QColor line{0xc3, 0xcc, 0xd4}; ///< parts a window, marks nothing off that could be used
 inline const QColor alert{0xb3, 0x26, 0x1e};
+inline const QColor needed{0x8a, 0x53, 0x00}; ///< is missing before the work can be done
 
 } // namespace opd::qt::colours

@@ -43,8 +43,8 @@ void ControlView::show(ui::Aspect aspect) {
     }
     if (aspect == ui::Aspect::Caption && m_label != nullptr)
         m_label->setText(toQt(m_control.caption()));
-    else if (aspect == ui::Aspect::Refusal)
-        showRefusal();
+    else if (aspect == ui::Aspect::Refusal || aspect == ui::Aspect::Need)
+        showMarks();
 }
 
 void ControlView::setSpoken(const QString& name, const QString& tip) {
@@ -57,17 +57,20 @@ void ControlView::setSpoken(const QString& name, const QString& tip) {
             part->setToolTip(tip);
 }
 
-// A coloured frame for the eye, the reason for the mouse and for a screen reader.
-void ControlView::showRefusal() {
+// A coloured frame for the eye, the reason for the mouse and for a screen reader; an edge for what is still missing.
+void ControlView::showMarks() {
     const QString reason = toQt(m_control.refusal());
-    if (m_widget == nullptr || m_widget->accessibleDescription() == reason)
+    const bool isNeeded = reason.isEmpty() && m_control.isNeeded();
+    const QString description = isNeeded ? QStringLiteral("Still needed.") : reason;
+    if (m_widget == nullptr || m_widget->accessibleDescription() == description)
         return;
     for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)}) {
         if (part == nullptr)
             continue;
         part->setProperty("refused", !reason.isEmpty());
+        part->setProperty("needed", isNeeded);
         part->setToolTip(reason.isEmpty() ? m_tip : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
-        part->setAccessibleDescription(reason);
+        part->setAccessibleDescription(description);
         part->style()->unpolish(part); // a style sheet looks at a property only then
         part->style()->polish(part);
     }

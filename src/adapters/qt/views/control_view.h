@@ -76,7 +76,7 @@ class ControlView {
     bool isReleased() const { return m_released; }
 
   private:
-    void showRefusal();
+    void showMarks();
 
     ui::Control& m_control;
     QWidget* m_widget;

@@ -11,14 +11,15 @@ fail() {
 }
 
 # Two versions, the second one as the next release would be.
-make_packages() {
-    "$cpack" --config "$build/CPackConfig.cmake" -B "$folder/$1" -D CPACK_PACKAGE_VERSION="$1" >"$folder/cpack.log" 2>&1 ||
-        fail "$(cat "$folder/cpack.log")"
-}
-make_packages 1.0.0 &
-first=$!
-make_packages 1.0.1
-wait "$first"
+"$cpack" --config "$build/CPackConfig.cmake" -B "$folder/1.0.0" -D CPACK_PACKAGE_VERSION=1.0.0 >"$folder/cpack.log" 2>&1 ||
+    fail "$(cat "$folder/cpack.log")"
+mkdir "$folder/1.0.1"
+for package in "$folder"/1.0.0/*.deb; do
+    dpkg-deb -R "$package" "$folder/next"
+    sed -i 's/^Version: .*/Version: 1.0.1/' "$folder/next/DEBIAN/control"
+    dpkg-deb --root-owner-group -Znone -b "$folder/next" "$folder/1.0.1" >/dev/null
+    rm -rf "$folder/next"
+done
 
 root="$folder/root"
 mkdir -p "$root/var/lib/dpkg/"{info,updates}
@@ -27,7 +28,7 @@ export PATH="$PATH:/usr/sbin:/sbin"
 dpkg_there() { # what the packages need is on this machine and not in the root
     local as_root=()
     [[ "$(id -u)" == 0 ]] || as_root=(fakeroot)
-    "${as_root[@]}" dpkg --root="$root" --force-not-root --force-depends --log="$folder/dpkg.log" "$@" >"$folder/said" 2>&1 ||
+    "${as_root[@]}" dpkg --root="$root" --force-not-root --force-depends --force-unsafe-io --log="$folder/dpkg.log" "$@" >"$folder/said" 2>&1 ||
         fail "$(cat "$folder/said")"
 }
 version() { dpkg-query --admindir="$root/var/lib/dpkg" -W -f='${Version}' opd-registration; }

@@ -51,6 +51,11 @@ void ControlView::setSpoken(const QString& name, const QString& tip) {
     if (m_widget == nullptr)
         return;
     m_widget->setAccessibleName(name);
+    // A list of choices is spoken of by its choice, and has nothing else to say what it is for.
+    if (m_control.kind() == ui::Kind::ComboBox && m_label == nullptr)
+        m_description = name;
+    if (m_control.refusal().empty())
+        m_widget->setAccessibleDescription(m_description);
     m_tip = tip;
     for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)})
         if (part != nullptr && m_control.refusal().empty())
@@ -60,14 +65,15 @@ void ControlView::setSpoken(const QString& name, const QString& tip) {
 // A coloured frame for the eye, the reason for the mouse and for a screen reader.
 void ControlView::showRefusal() {
     const QString reason = toQt(m_control.refusal());
-    if (m_widget == nullptr || m_widget->accessibleDescription() == reason)
+    const QString description = reason.isEmpty() ? m_description : reason;
+    if (m_widget == nullptr || m_widget->accessibleDescription() == description)
         return;
     for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)}) {
         if (part == nullptr)
             continue;
         part->setProperty("refused", !reason.isEmpty());
         part->setToolTip(reason.isEmpty() ? m_tip : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
-        part->setAccessibleDescription(reason);
+        part->setAccessibleDescription(description);
         part->style()->unpolish(part); // a style sheet looks at a property only then
         part->style()->polish(part);
     }

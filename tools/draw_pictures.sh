@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Draws the pictures of the README anew, from real windows: draw_pictures.sh (after ./run has built the desk once).
+# Draws the pictures of the README and the guides anew, from real windows: draw_pictures.sh (after ./run has built the desk once).
 # Needs pngquant (Debian) to keep them small.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -3,6 +3,7 @@
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/hands.h"
 #include "adapters/qt/message_box.h"
+#include "adapters/qt/spoken_roles.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
 
@@ -34,6 +35,7 @@ std::optional<std::filesystem::path> fileChosenByClerk(const ui::FileQuestion& q
 
 QtDesktop::QtDesktop(script::Player* player, ui::WindowPlaces* places)
     : m_player(player), m_places(places), m_output(player != nullptr, [this] { return currentShell(); }) {
+    nameSpokenRoles();
     qApp->installEventFilter(&m_activation);
     qApp->installEventFilter(&m_input);
     qApp->installEventFilter(&m_waiting); // installed last, asked first

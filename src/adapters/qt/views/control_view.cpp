@@ -51,6 +51,11 @@ void ControlView::setSpoken(const QString& name, const QString& tip) {
     if (m_widget == nullptr)
         return;
     m_widget->setAccessibleName(name);
+    // A list of choices is spoken of by its choice, and has nothing else to say what it is for.
+    if (m_control.kind() == ui::Kind::ComboBox && m_label == nullptr)
+        m_description = name;
+    if (m_control.refusal().empty() && !m_control.isNeeded())
+        m_widget->setAccessibleDescription(m_description);
     m_tip = tip;
     for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)})
         if (part != nullptr && m_control.refusal().empty())
@@ -61,7 +66,8 @@ void ControlView::setSpoken(const QString& name, const QString& tip) {
 void ControlView::showMarks() {
     const QString reason = toQt(m_control.refusal());
     const bool isNeeded = reason.isEmpty() && m_control.isNeeded();
-    const QString description = isNeeded ? QStringLiteral("Still needed.") : reason;
+    const QString unrefused = isNeeded ? QStringLiteral("Still needed. ") + m_description : m_description;
+    const QString description = reason.isEmpty() ? unrefused.trimmed() : reason;
     if (m_widget == nullptr || m_widget->accessibleDescription() == description)
         return;
     for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)}) {

@@ -82,6 +82,7 @@ class ControlView {
     QWidget* m_widget;
     QLabel* m_label;
     QString m_tip;
+    QString m_description; ///< what a screen reader is told besides the name while nothing is refused
     bool m_released = false;
     bool m_writing = false;
     bool m_passed = false;

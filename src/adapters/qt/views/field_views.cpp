@@ -6,6 +6,8 @@
 #include "base/text/text.h"
 #include "ui/line_edit.h"
 
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QLineEdit>
@@ -320,6 +322,17 @@ QPoint PickerView::clickPoint() const {
 ComboView::ComboView(ui::ComboBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_list(static_cast<QComboBox*>(widget)) {
     QObject::connect(m_list, &QComboBox::currentIndexChanged, m_list, [this](int index) { follow(index); });
+    if (QAccessible::isActive())
+        followMarks(); // which makes the list, and takes its time
+}
+
+// An assistive program marks an entry of the list, and means the choice. While the list is open a mark is none yet.
+void ComboView::followMarks() {
+    QObject::connect(m_list->view()->selectionModel(), &QItemSelectionModel::selectionChanged, m_list,
+                     [this](const QItemSelection& marked) {
+                         if (!isWriting() && !marked.isEmpty() && !m_list->view()->isVisible())
+                             m_list->setCurrentIndex(marked.indexes().first().row());
+                     });
 }
 
 // Whoever chooses an entry, the clerk or an assistive program, picks it.

@@ -99,6 +99,7 @@ class ComboView final : public ControlView {
 
   private:
     void follow(int index);
+    void followMarks();
     void showItems();
     void showChoice();
 

@@ -105,9 +105,23 @@ GridView::GridView(ui::Grid& grid, QWidget* widget)
     QObject::connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, m_table, [this] {
         if (!m_writing && !m_table->selectionModel()->hasSelection())
             showCurrentCell();
+        QMetaObject::invokeMethod(
+            m_table, [this] { followMark(); }, Qt::QueuedConnection);
     });
     QObject::connect(m_table, &QTableView::clicked, m_table, [this] { window().click(m_grid); });
     QObject::connect(m_table, &QTableView::doubleClicked, m_table, [this] { window().doubleClick(m_grid); });
+}
+
+// The clerk's mouse and keys make a cell the current one, which marks it. An assistive program marks it and no more.
+void GridView::followMark() {
+    const QItemSelectionModel& marked = *m_table->selectionModel();
+    if (isReleased() || !marked.hasSelection() || marked.isSelected(m_table->currentIndex()))
+        return;
+    const QModelIndex wanted = marked.selectedIndexes().first();
+    if (window().requestFocus(m_grid))
+        m_table->setCurrentIndex(wanted);
+    else
+        showCurrentCell();
 }
 
 void GridView::prepare() {

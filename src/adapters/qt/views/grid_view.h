@@ -54,6 +54,7 @@ class GridView final : public ControlView {
 
   private:
     void prepare();
+    void followMark();
     void showTable();
     void showCells();
     void showCurrentCell();

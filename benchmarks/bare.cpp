@@ -1,5 +1,6 @@
 #include "bare.h"
 
+#include "adapters/sqlite/audited_save.h"
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/parser.h"
 #include "adapters/sqlite/procedures.h"
@@ -49,6 +50,7 @@ void bind(sqlite3_stmt* statement, int position, const ado::Value& value) {
 Bare::Bare(const std::filesystem::path& folder) : m_database(databaseFile(folder), Database::Mode::Existing, clock()) {
     m_database.run("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL; PRAGMA temp_store = MEMORY");
     guardDrawnNumbers(m_database);
+    rememberAuditedSave(m_database);
 }
 
 Bare::~Bare() {

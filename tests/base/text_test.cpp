@@ -25,7 +25,9 @@ TEST(Text, UpperCaseKnowsTheLettersOfNames) {
         EXPECT_EQ(upper(expected), expected) << "changed a second time";
     }
     EXPECT_TRUE(equalsIgnoringCase("Dela Peña", "DELA PEÑA"));
-    EXPECT_FALSE(equalsIgnoringCase("pena", "peña"));
+    EXPECT_TRUE(equalsIgnoringCase("ıd", "ID")) << "a letter of another alphabet may have a plain capital";
+    for (const auto& [one, other] : {std::pair{"pena", "peña"}, {"id", "idnum"}, {"idñ", "id"}})
+        EXPECT_FALSE(equalsIgnoringCase(one, other) || equalsIgnoringCase(other, one)) << one;
 }
 
 TEST(Text, IsLookedForWithoutAccentsAndNamesWithoutTheirSigns) {

@@ -135,9 +135,19 @@ void Query::bind(int position, const ado::Value& value) {
         return;
     }
     const auto* moment = value.get<DateTime>();
-    const std::string text = moment != nullptr ? isoDateText(*moment) : value.asText();
+    bindText(position, moment != nullptr ? isoDateText(*moment) : value.asText(), SQLITE_TRANSIENT);
+}
+
+void Query::bindKept(int position, const ado::Value& value) {
+    if (const auto* text = value.get<std::string>())
+        bindText(position, *text, SQLITE_STATIC);
+    else
+        bind(position, value);
+}
+
+void Query::bindText(int position, std::string_view text, sqlite3_destructor_type lifetime) {
     check(m_database,
-          sqlite3_bind_text(statement, position, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT));
+          sqlite3_bind_text(m_statement.get(), position, text.data(), static_cast<int>(text.size()), lifetime));
 }
 
 void Query::bind(const std::string& name, const ado::Value& value) {
@@ -155,6 +165,19 @@ bool Query::next() {
 void Query::reset() {
     sqlite3_reset(m_statement.get());
     sqlite3_clear_bindings(m_statement.get());
+}
+
+const Query::Columns& Query::columns() {
+    const int preparedAnew = sqlite3_stmt_status(m_statement.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
+    if (m_columnsOf == preparedAnew)
+        return m_columns;
+    m_columns = {};
+    for (int column = 0; column < columnCount(); ++column) {
+        m_columns.names.push_back(columnName(column));
+        m_columns.kinds.push_back(kind(column));
+    }
+    m_columnsOf = preparedAnew;
+    return m_columns;
 }
 
 Query::Kind Query::kind(int column) const {

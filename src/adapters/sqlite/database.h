@@ -10,6 +10,7 @@
 #include <memory>
 #include <sqlite3.h>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace opd::adapters::sqlite {
@@ -106,6 +107,9 @@ class Query {
     void bind(int position, const ado::Value& value);
     void bind(const std::string& name, const ado::Value& value);
 
+    /// Binds without a copy: the value stays as it is until the query is reset.
+    void bindKept(int position, const ado::Value& value);
+
     /// Steps to the next row; false behind the last one. Throws ado::Error.
     bool next();
 
@@ -119,6 +123,14 @@ class Query {
     enum class Kind { AsStored, Flag, Moment };
     Kind kind(int column) const;
 
+    /// The columns of a query that has been stepped. They are asked for once, and again when the library has prepared
+    /// the statement anew because a table has changed.
+    struct Columns {
+        std::vector<std::string> names;
+        std::vector<Kind> kinds;
+    };
+    const Columns& columns();
+
     /// The value of a column of the current row, as a column of that kind has it.
     ado::Value value(int column, Kind kind) const;
     ado::Value value(int column) const { return value(column, kind(column)); }
@@ -127,8 +139,12 @@ class Query {
     struct Finalize {
         void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
     };
+    void bindText(int position, std::string_view text, sqlite3_destructor_type lifetime);
+
     const Database& m_database;
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+    Columns m_columns;
+    int m_columnsOf = -1; ///< how often the library had prepared it anew when they were asked for
 };
 
 } // namespace opd::adapters::sqlite

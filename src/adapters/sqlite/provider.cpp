@@ -8,9 +8,7 @@
 #include "adapters/sqlite/procedures.h"
 #include "base/text/text.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <functional>
 #include <optional>
 #include <unistd.h>
 
@@ -23,16 +21,13 @@ namespace {
 ado::ResultSet rowsOf(Query& query) {
     ado::ResultSet result;
     bool isRow = query.next();
-    std::vector<Query::Kind> kinds;
-    for (int column = 0; column < query.columnCount(); ++column) {
-        result.columns.push_back(query.columnName(column));
-        kinds.push_back(query.kind(column));
-    }
+    const Query::Columns& columns = query.columns();
+    result.columns = columns.names;
     for (; isRow; isRow = query.next()) {
         std::vector<ado::Value>& row = result.rows.emplace_back();
-        row.reserve(kinds.size());
-        for (std::size_t column = 0; column < kinds.size(); ++column)
-            row.push_back(query.value(static_cast<int>(column), kinds[column]));
+        row.reserve(columns.kinds.size());
+        for (std::size_t column = 0; column < columns.kinds.size(); ++column)
+            row.push_back(query.value(static_cast<int>(column), columns.kinds[column]));
     }
     return result;
 }
@@ -40,11 +35,9 @@ ado::ResultSet rowsOf(Query& query) {
 /// Makes what a procedure writes one step: a transaction of its own, or a part of the one that is open.
 class WholeStep {
   public:
-    explicit WholeStep(Database& database)
-        : m_database(database), m_outermost(sqlite3_get_autocommit(database.handle()) != 0) {
-        if (m_outermost)
-            m_database.throwIfMoved();
-        m_database.run(m_outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT step");
+    WholeStep(Database& database, PreparedStatements& prepared)
+        : m_database(database), m_prepared(prepared), m_outermost(sqlite3_get_autocommit(database.handle()) != 0) {
+        m_prepared.run(m_outermost ? "BEGIN IMMEDIATE" : "SAVEPOINT step");
     }
     ~WholeStep() {
         if (m_done || sqlite3_get_autocommit(m_database.handle()) != 0)
@@ -56,12 +49,13 @@ class WholeStep {
     WholeStep& operator=(const WholeStep&) = delete;
 
     void done() {
-        m_database.run(m_outermost ? "COMMIT" : "RELEASE step");
+        m_prepared.run(m_outermost ? "COMMIT" : "RELEASE step");
         m_done = true;
     }
 
   private:
     Database& m_database;
+    PreparedStatements& m_prepared;
     bool m_outermost;
     bool m_done = false;
 };
@@ -98,15 +92,11 @@ class SqliteLink final : public ado::Link {
             return runProcedure(*call);
         const auto& translation = std::get<Translation>(statement);
         const LentStatements lent(m_prepared.of(translation.sql));
-        Query& query = lent.queries().front();
-        std::optional<Turn> turn;
-        if (query.writes() && sqlite3_get_autocommit(m_database.handle()) != 0) {
-            m_database.throwIfMoved();
-            turn.emplace(m_database);
-        }
+        Query& query = lent->queries.front();
+        const std::optional<Turn> turn = turnFor(*lent);
         int position = 0;
         for (const ado::Value& value : translation.values)
-            query.bind(++position, value);
+            query.bindKept(++position, value);
         ado::ResultSet answer = rowsOf(query);
         for (auto& row : answer.rows)
             for (const std::size_t column : translation.moments)
@@ -131,16 +121,16 @@ class SqliteLink final : public ado::Link {
         m_database.statementBegins();
         m_database.throwIfMoved();
         const Turn turn(m_database);
-        m_database.run("BEGIN IMMEDIATE");
+        m_prepared.run("BEGIN IMMEDIATE");
     }
     void commit() override {
         m_database.statementBegins();
         const Turn turn(m_database);
-        m_database.run("COMMIT");
+        m_prepared.run("COMMIT");
     }
     void rollback() override {
         const Turn turn(m_database);
-        m_database.run("ROLLBACK");
+        m_prepared.run("ROLLBACK");
     }
 
     void setPatience(std::chrono::milliseconds patience) override { m_database.setPatience(patience); }
@@ -151,20 +141,20 @@ class SqliteLink final : public ado::Link {
   private:
     ado::ResultSet runProcedure(const ProcedureCall& call) {
         const Procedure& procedure = findProcedure(call.database, call.procedure, call.arguments.size());
-        std::vector<std::pair<std::string, ado::Value>> arguments;
+        std::vector<ado::Value> arguments;
+        arguments.reserve(call.arguments.size());
         for (std::size_t i = 0; i < call.arguments.size(); ++i)
-            arguments.emplace_back(":" + procedure.parameters[i].name,
-                                   argumentFor(procedure.parameters[i], call.arguments[i]));
-        const LentStatements lent(m_prepared.of(procedure.body));
-        std::optional<Turn> turn;
-        std::optional<WholeStep> step;
-        if (std::any_of(lent.queries().begin(), lent.queries().end(), std::mem_fn(&Query::writes))) {
-            turn.emplace(m_database);
-            step.emplace(m_database);
-        }
+            arguments.push_back(argumentFor(procedure.parameters[i], call.arguments[i]));
+        const LentStatements lent(m_prepared.of(procedure));
+        const std::optional<Turn> turn = turnFor(*lent);
+        std::optional<WholeStep> step; // a single statement is whole by itself
+        if (lent->writing > 0 && lent->queries.size() > 1)
+            step.emplace(m_database, m_prepared);
         ado::ResultSet answer;
-        for (Query& query : lent.queries()) {
-            answer = run(query, arguments);
+        for (std::size_t i = 0; i < lent->queries.size(); ++i) {
+            Query& query = lent->queries[i];
+            bind(query, lent->places[i], arguments);
+            answer = rowsOf(query);
             query.reset(); // a statement that is not reset keeps its transaction open
         }
         if (step)
@@ -172,10 +162,18 @@ class SqliteLink final : public ado::Link {
         return answer;
     }
 
-    static ado::ResultSet run(Query& query, const std::vector<std::pair<std::string, ado::Value>>& arguments) {
-        for (const auto& [name, value] : arguments)
-            query.bind(name, value);
-        return rowsOf(query);
+    static void bind(Query& query, const std::vector<int>& places, const std::vector<ado::Value>& arguments) {
+        for (std::size_t i = 0; i < arguments.size(); ++i)
+            if (places[i] > 0)
+                query.bindKept(places[i], arguments[i]);
+    }
+
+    /// The place among those who want to write that the statements need: none within a transaction, which has one.
+    std::optional<Turn> turnFor(const Prepared& prepared) {
+        if (prepared.writing == 0 || sqlite3_get_autocommit(m_database.handle()) == 0)
+            return std::nullopt;
+        m_database.throwIfMoved();
+        return std::optional<Turn>(std::in_place, m_database);
     }
 
     static ado::Value outputOf(const ado::ResultSet& answer, const ado::Call::Output& output) {

@@ -1,8 +1,18 @@
 #include "base/text/text.h"
 
+#include <algorithm>
+
 namespace opd::text {
 
 namespace {
+
+bool isAscii(char character) {
+    return static_cast<unsigned char>(character) < 0x80;
+}
+
+char asciiUpper(char character) {
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
+}
 
 constexpr char32_t replacementCharacter = 0xFFFD;
 
@@ -111,8 +121,12 @@ std::string encode(std::u32string_view characters) {
 std::string upper(std::string_view utf8) {
     std::string result;
     result.reserve(utf8.size());
-    for (std::size_t at = 0; at < utf8.size();)
-        result += encode(upper(next(utf8, at)));
+    for (std::size_t at = 0; at < utf8.size();) {
+        if (isAscii(utf8[at]))
+            result += asciiUpper(utf8[at++]);
+        else
+            result += encode(upper(next(utf8, at)));
+    }
     return result;
 }
 
@@ -124,7 +138,14 @@ std::size_t length(std::string_view utf8) {
 }
 
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {
-    return upper(left) == upper(right);
+    const std::size_t shorter = std::min(left.size(), right.size());
+    for (std::size_t at = 0; at < shorter; ++at) {
+        if (!isAscii(left[at]) || !isAscii(right[at]))
+            return upper(left.substr(at)) == upper(right.substr(at));
+        if (asciiUpper(left[at]) != asciiUpper(right[at]))
+            return false;
+    }
+    return left.size() == right.size();
 }
 
 std::string replaced(std::string_view utf8, std::string_view from, std::string_view to) {

@@ -65,4 +65,17 @@ TEST(Statements, AreRefusedInEveryShapeThatTheDeskDoesNotSendAndChangeNothing) {
     EXPECT_EQ(rowsOf(*connection, everybody), before);
 }
 
+TEST(Statements, ThatAreKeptFollowATableThatHasChanged) {
+    EmbeddedHospital hospital;
+    const auto connection = hospital.connect();
+    const auto columns = [&] {
+        return connection->Execute("select * from Patient_Data..tbHospitalInfo").all().columns;
+    };
+    const std::vector<std::string> before = columns();
+    hospital.runAsAdministrator("ALTER TABLE Patient_Data_tbHospitalInfo ADD COLUMN Motto TEXT");
+    const std::vector<std::string> after = columns();
+    ASSERT_EQ(after.size(), before.size() + 1);
+    EXPECT_EQ(after.back(), "Motto");
+}
+
 } // namespace

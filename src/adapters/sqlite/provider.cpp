@@ -6,6 +6,7 @@
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/prepared_statements.h"
 #include "adapters/sqlite/procedures.h"
+#include "adapters/sqlite/row_order.h"
 #include "base/text/text.h"
 
 #include <algorithm>
@@ -111,6 +112,7 @@ class SqliteLink final : public ado::Link {
         for (auto& row : answer.rows)
             for (const std::size_t column : translation.moments)
                 row[column] = row[column].asDate();
+        orderRows(answer, translation.order);
         return answer;
     }
 
@@ -167,7 +169,18 @@ class SqliteLink final : public ado::Link {
         }
         if (step)
             step->done();
+        orderRows(answer, placesOf(procedure.order, answer));
         return answer;
+    }
+
+    /// Where an answer has the columns of these names.
+    static std::vector<std::size_t> placesOf(const std::vector<std::string>& names, const ado::ResultSet& answer) {
+        std::vector<std::size_t> places;
+        for (const std::string& name : names) {
+            const auto column = std::find(answer.columns.begin(), answer.columns.end(), name);
+            places.push_back(static_cast<std::size_t>(column - answer.columns.begin()));
+        }
+        return places;
     }
 
     static ado::ResultSet run(Query& query, const std::vector<std::pair<std::string, ado::Value>>& arguments) {

@@ -1,18 +1,12 @@
 #include "base/text/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace opd::text {
 
 namespace {
-
-bool isAscii(char character) {
-    return static_cast<unsigned char>(character) < 0x80;
-}
-
-char asciiUpper(char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
-}
 
 constexpr char32_t replacementCharacter = 0xFFFD;
 
@@ -25,6 +19,11 @@ std::size_t sequenceLength(unsigned char lead) {
     if (lead >= 0xE0 && lead < 0xF0)
         return 3;
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
+}
+
+/// The capital of a character of one byte.
+char plainUpper(char character) {
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
 }
 
 /// False for a character that fewer bytes would hold, a half of a pair, and one beyond the last.
@@ -64,6 +63,20 @@ char32_t next(std::string_view utf8, std::size_t& at) {
 }
 
 } // namespace
+
+// Eight are looked at at a time.
+std::size_t plainBeginning(std::string_view utf8) {
+    constexpr std::uint64_t beyondAscii = 0x8080808080808080;
+    std::size_t at = 0;
+    for (std::uint64_t eight = 0; at + sizeof eight <= utf8.size(); at += sizeof eight) {
+        std::memcpy(&eight, utf8.data() + at, sizeof eight);
+        if ((eight & beyondAscii) != 0)
+            break;
+    }
+    while (at < utf8.size() && static_cast<unsigned char>(utf8[at]) < 0x80)
+        ++at;
+    return at;
+}
 
 std::string trimmed(std::string_view utf8) {
     const std::size_t first = utf8.find_first_not_of(' ');
@@ -119,14 +132,11 @@ std::string encode(std::u32string_view characters) {
 }
 
 std::string upper(std::string_view utf8) {
-    std::string result;
-    result.reserve(utf8.size());
-    for (std::size_t at = 0; at < utf8.size();) {
-        if (isAscii(utf8[at]))
-            result += asciiUpper(utf8[at++]);
-        else
-            result += encode(upper(next(utf8, at)));
-    }
+    const std::size_t plain = plainBeginning(utf8);
+    std::string result(utf8.substr(0, plain));
+    std::transform(result.begin(), result.end(), result.begin(), plainUpper);
+    for (std::size_t at = plain; at < utf8.size();)
+        result += encode(upper(next(utf8, at)));
     return result;
 }
 
@@ -137,15 +147,12 @@ std::size_t length(std::string_view utf8) {
     return count;
 }
 
+// Columns are looked up by their names with this, many times for a form.
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {
-    const std::size_t shorter = std::min(left.size(), right.size());
-    for (std::size_t at = 0; at < shorter; ++at) {
-        if (!isAscii(left[at]) || !isAscii(right[at]))
-            return upper(left.substr(at)) == upper(right.substr(at));
-        if (asciiUpper(left[at]) != asciiUpper(right[at]))
-            return false;
-    }
-    return left.size() == right.size();
+    if (plainBeginning(left) != left.size() || plainBeginning(right) != right.size())
+        return upper(left) == upper(right);
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char one, char other) { return plainUpper(one) == plainUpper(other); });
 }
 
 std::string replaced(std::string_view utf8, std::string_view from, std::string_view to) {

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/tokens.h"
+#include "adapters/sqlite/statements/tokens.h"
 
 #include "adapters/sqlite/errors.h"
 #include "base/text/text.h"

@@ -26,7 +26,7 @@ def clerks_faults(guide, source):
     for button in re.findall(r"\*\*([^*]+)\*\*", guide):
         if button not in captions and button not in NO_BUTTONS:
             yield f"no button is called \"{button}\""
-    for button, letter in re.findall(r"\*\*([^*]+)\*\* \(`Alt\+([A-Z])`\)", guide):
+    for button, letter in re.findall(r"\*\*([^*]+)\*\* \(`Alt\+([A-Z])`", guide):
         named = [text for text in re.findall(r'"([^"\n]*)"', source) if text.replace("&", "") == button]
         if not any(re.search(f"&{letter}", text, re.IGNORECASE) for text in named):
             yield f"\"{button}\" has not the key Alt+{letter}"

@@ -93,12 +93,12 @@ CREATE FUNCTION dbo.OPD_GivenNames (@Typed nvarchar(4000))
 RETURNS @Reading TABLE (FirstName nvarchar(4000) NOT NULL, MiddleName nvarchar(4000) NOT NULL)
 AS
 BEGIN
-  DECLARE @Words nvarchar(4000) = LTRIM(REPLACE(@Typed, N',', N' '));
+  DECLARE @Words nvarchar(4000) = LTRIM(REPLACE(@Typed COLLATE Latin1_General_BIN2, N',', N' '));
   DECLARE @Length int = LEN(@Words);
   DECLARE @End int = 0;
   WHILE @End < @Length
   BEGIN
-    SET @End = CHARINDEX(N' ', @Words, @End + 1) - 1;
+    SET @End = CHARINDEX(N' ' COLLATE Latin1_General_BIN2, @Words, @End + 1) - 1;
     IF @End < 0
       SET @End = @Length;
     INSERT INTO @Reading (FirstName, MiddleName)

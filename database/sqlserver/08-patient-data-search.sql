@@ -19,7 +19,7 @@ CREATE PROCEDURE dbo.sp_Adm_MasterPatientSearch
 AS
 BEGIN
   SET NOCOUNT ON;
-  DECLARE @Comma int = CHARINDEX(N',', @LastName + N',');
+  DECLARE @Comma int = CHARINDEX(N',' COLLATE Latin1_General_BIN2, @LastName + N',');
   DECLARE @Given nvarchar(4000) = LTRIM(RTRIM(SUBSTRING(@LastName, @Comma + 1, 4000)));
   DECLARE @Name nvarchar(4000) = dbo.OPD_Folded(LEFT(@LastName, @Comma - 1), 1);
   DECLARE @NameEnd nvarchar(4000) = @Name + NCHAR(65533); -- behind all that begin with the name
@@ -85,7 +85,7 @@ CREATE PROCEDURE dbo.sp_Adm_MasterPatientSubSearch
 AS
 BEGIN
   SET NOCOUNT ON;
-  DECLARE @Comma int = CHARINDEX(N',', @LastName + N',');
+  DECLARE @Comma int = CHARINDEX(N',' COLLATE Latin1_General_BIN2, @LastName + N',');
   DECLARE @Given nvarchar(4000) = LTRIM(RTRIM(SUBSTRING(@LastName, @Comma + 1, 4000)));
   DECLARE @Name nvarchar(4000) = dbo.OPD_Folded(LEFT(@LastName, @Comma - 1), 1);
   DECLARE @NameEnd nvarchar(4000) = @Name + NCHAR(65533);

@@ -89,13 +89,40 @@ GRANT EXECUTE ON dbo.sp_aopd_Update_TbMaster TO opd_desk;
 GRANT EXECUTE ON dbo.sp_aopd_Update_tbOutpatient TO opd_desk;
 GRANT EXECUTE ON dbo.sp_AOPD_UpdateOPDHistory TO opd_desk;
 GO
--- Babelfish runs a trigger with the rights of whoever runs the procedure, and a function within another's search too.
+-- Babelfish runs a trigger with the rights of whoever runs the procedure, and a function within another's search too. Where
+-- it knows no rights for a function, everybody has them, and the script goes on.
 IF SERVERPROPERTY(N'babelfish') IS NOT NULL
-BEGIN
   GRANT UPDATE ON dbo.tbMaster TO opd_desk;
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Folded TO opd_desk;
+END TRY
+BEGIN CATCH
+  PRINT ERROR_MESSAGE();
+END CATCH
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Moment TO opd_desk;
+END TRY
+BEGIN CATCH
+  PRINT ERROR_MESSAGE();
+END CATCH
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Age TO opd_desk;
+END TRY
+BEGIN CATCH
+  PRINT ERROR_MESSAGE();
+END CATCH
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Address TO opd_desk;
-END
+END TRY
+BEGIN CATCH
+  PRINT ERROR_MESSAGE();
+END CATCH
 GO

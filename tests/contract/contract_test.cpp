@@ -171,8 +171,8 @@ TEST_P(Contract, WritesOddCharactersAsTheyAreAndNothingElse) {
     for (const std::string odd : {"`; Delete Patient_Data..tbMaster --", "a\"b", "/* c */ OR 1=1", "100%_[x]",
                                   "??1 :a @b $c", "two\r\nlines", "\\", "ÑÄ€", beyondLatin, " edge "}) {
         connection->Execute(
-            sql("Update Patient_Data..tbMaster set HouseStreet = '" + odd + "' where HospNum = '00000001'"));
-        EXPECT_EQ(rows("Select HouseStreet from Patient_Data..tbMaster where HouseStreet = '" + odd + "'"), Rows{odd});
+            sql("Update Patient_Data..tbOutPatient set Remarks = '" + odd + "' where IDNum = '2600000001B'"));
+        EXPECT_EQ(rows("Select Remarks from Patient_Data..tbOutPatient where Remarks = '" + odd + "'"), Rows{odd});
     }
     EXPECT_EQ(rows("Select HospNum, LastName from Patient_Data..tbMaster where HospNum <> '00000001'"), before);
     if (hospital->isReal()) // which takes a doubled quote for a quote: what a value may hold, the desk sees to

@@ -22,6 +22,7 @@ class TestDesktop final : public ui::Desktop {
 
     /// What the clerk does in the next window that is shown.
     void work(Work work) { m_work.push_back(std::move(work)); }
+    void forgetWork() { m_work.clear(); }
 
     /// The answer to the next message box.
     void answer(ui::Answer answer) { m_answers.push_back(answer); }

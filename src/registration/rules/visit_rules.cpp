@@ -117,10 +117,14 @@ void VisitRules::bindBloodPressure() {
     consultation.systolic.onKeyPress = [this](ui::KeyPress& press) {
         if (press.code == ui::key::enter)
             enteredSystolic();
+        else if (press.code == U'/')
+            press.drop(); // it parts the two values where they are stored
     };
     consultation.diastolic.onKeyPress = [this](ui::KeyPress& press) {
         if (press.code == ui::key::enter)
             enteredDiastolic();
+        else if (press.code == U'/')
+            press.drop();
     };
 }
 

@@ -42,4 +42,11 @@ const ResultSet& Recordset::all() const {
     return *m_rows;
 }
 
+ResultSet Recordset::taken() {
+    static_cast<void>(all()); // throws when there are none
+    ResultSet rows = std::move(*m_rows);
+    Close();
+    return rows;
+}
+
 } // namespace opd::ado

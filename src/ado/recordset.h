@@ -39,6 +39,9 @@ class Recordset {
     /// All rows with their column names, for showing them whole.
     const ResultSet& all() const;
 
+    /// The same rows, taken away: the recordset is closed.
+    ResultSet taken();
+
   private:
     std::optional<ResultSet> m_rows;
     std::size_t m_current = 0;

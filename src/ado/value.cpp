@@ -49,6 +49,12 @@ std::string Value::asText() const {
                       m_value);
 }
 
+std::string_view Value::asView(std::string& room) const {
+    if (const std::string* const utf8 = get<std::string>())
+        return *utf8;
+    return room = asText();
+}
+
 bool Value::asFlag() const {
     return std::visit(Overloaded{
                           [](std::monostate) { return false; },

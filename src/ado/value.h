@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace opd::ado {
@@ -27,6 +28,9 @@ class Value {
 
     /// The value as text: null is empty, true is "True", a date is "mm/dd/yyyy" with a time of day when it has one.
     std::string asText() const;
+
+    /// The same without a copy of what is a text already; anything else is made one in `room`.
+    std::string_view asView(std::string& room) const;
 
     /// False for null, 0, "0", "False" and blank text; true for anything else.
     bool asFlag() const;

@@ -1,9 +1,11 @@
 #include "codesearch/listing_window.h"
 
 #include "base/text/folding.h"
+#include "base/text/ranking.h"
 #include "base/text/text.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace opd::codesearch {
 
@@ -18,12 +20,9 @@ std::vector<ui::Grid::Column> columnsOf(const Listing& listing) {
 
 } // namespace
 
-ListingWindow::ListingWindow(ui::Desktop& desktop, const Listing& listing, std::vector<std::vector<std::string>> rows,
+ListingWindow::ListingWindow(ui::Desktop& desktop, const Listing& listing, ado::ResultSet rows,
                              const std::string& company)
     : m_desktop(desktop), m_listing(listing), m_rows(std::move(rows)), m_window("frmCodeSearch", listing.title) {
-    m_searched.reserve(m_rows.size());
-    for (const std::vector<std::string>& row : m_rows)
-        m_searched.emplace_back(row, 0, 1);
     m_fields.lblTitle.setCaption(listing.title);
     m_fields.lblCompany.setCaption(company);
     bind();
@@ -57,23 +56,37 @@ void ListingWindow::bind() {
 
 std::vector<std::size_t> ListingWindow::matches(const std::string& text) const {
     const std::string wanted = text::trimmed(text::folded(text));
-    std::vector<std::size_t> found;
-    for (std::size_t i = 0; i < m_rows.size(); ++i)
-        if (m_searched[i].holds(wanted))
-            found.push_back(i);
-    return text::ranked(wanted, m_searched, found);
+    std::vector<std::size_t> found(m_rows.rows.size());
+    std::iota(found.begin(), found.end(), std::size_t{0});
+    if (wanted.empty())
+        return found;
+    text::SearchedRow row(0, 1);
+    std::string room;
+    const auto read = [&](std::size_t place) -> const text::SearchedRow& {
+        row.clear();
+        for (const ado::Value& value : m_rows.rows[place])
+            row.add(value.asView(room));
+        return row;
+    };
+    std::erase_if(found, [&](std::size_t place) { return !read(place).holds(wanted); });
+    return text::ranked(wanted, std::move(found), read);
 }
 
 bool ListingWindow::hasMatch(const std::string& text) const {
     return !matches(text).empty();
 }
 
+std::string ListingWindow::cell(std::size_t place, std::size_t column) const {
+    return m_rows.rows[place].at(column).asText();
+}
+
 void ListingWindow::filter() {
-    std::vector<ui::Grid::Row> found;
-    for (const std::size_t place : matches(m_fields.txtSearch.text()))
-        found.push_back(m_rows[place]);
-    m_fields.lblCount.setCaption(std::to_string(found.size()) + " of " + std::to_string(m_rows.size()));
-    m_fields.grdListing.show(columnsOf(m_listing), std::move(found));
+    m_shown = matches(m_fields.txtSearch.text());
+    m_fields.grdListing.showLater(columnsOf(m_listing), {static_cast<int>(m_shown.size()), [this](int row, int column) {
+                                                             return cell(m_shown[static_cast<std::size_t>(row - 1)],
+                                                                         static_cast<std::size_t>(column));
+                                                         }});
+    m_fields.lblCount.setCaption(std::to_string(m_shown.size()) + " of " + std::to_string(m_rows.rows.size()));
     rowChanged();
 }
 
@@ -89,11 +102,10 @@ void ListingWindow::rowChanged() {
 }
 
 int ListingWindow::rowOf(const std::string& code) const {
-    const std::vector<ui::Grid::Row>& rows = m_fields.grdListing.rows();
-    const auto found = std::find_if(rows.begin(), rows.end(), [&](const ui::Grid::Row& row) {
-        return text::equalsIgnoringCase(text::trimmed(row.front()), code);
+    const auto found = std::find_if(m_shown.begin(), m_shown.end(), [&](std::size_t place) {
+        return text::equalsIgnoringCase(text::trimmed(cell(place, 0)), code);
     });
-    return found == rows.end() ? 0 : static_cast<int>(found - rows.begin()) + 1;
+    return found == m_shown.end() ? 0 : static_cast<int>(found - m_shown.begin()) + 1;
 }
 
 std::optional<Row> ListingWindow::pick(const std::string& text, const std::string& present) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/text/ranking.h"
 #include "codesearch/listing_fields.h"
 #include "codesearch/listings.h"
 #include "ui/desktop.h"
@@ -17,8 +16,7 @@ namespace opd::codesearch {
 /// keystroke asks no database.
 class ListingWindow {
   public:
-    ListingWindow(ui::Desktop& desktop, const Listing& listing, std::vector<std::vector<std::string>> rows,
-                  const std::string& company);
+    ListingWindow(ui::Desktop& desktop, const Listing& listing, ado::ResultSet rows, const std::string& company);
 
     /// True when a row holds the text.
     bool hasMatch(const std::string& text) const;
@@ -33,13 +31,14 @@ class ListingWindow {
     void filter();
     void rowChanged();
     int rowOf(const std::string& code) const;
+    std::string cell(std::size_t place, std::size_t column) const;
     void select();
     std::vector<std::size_t> matches(const std::string& text) const;
 
     ui::Desktop& m_desktop;
     const Listing& m_listing;
-    std::vector<std::vector<std::string>> m_rows;
-    std::vector<text::SearchedRow> m_searched;
+    ado::ResultSet m_rows;
+    std::vector<std::size_t> m_shown; ///< the places of the rows that hold what is typed, the best match first
     ui::Window m_window;
     ListingFields m_fields{m_window};
     std::optional<Row> m_picked;

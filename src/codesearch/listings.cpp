@@ -92,17 +92,8 @@ std::optional<Row> lookUp(ado::Connection& connection, const Listing& listing, c
     return row;
 }
 
-std::vector<std::vector<std::string>> everyRow(ado::Connection& connection, const Listing& listing,
-                                               const std::string& section) {
-    const ado::Recordset rows = open(connection, rowsOf(listing, section));
-    std::vector<std::vector<std::string>> texts;
-    texts.reserve(rows.all().rows.size());
-    for (const std::vector<ado::Value>& row : rows.all().rows) {
-        std::vector<std::string>& cells = texts.emplace_back();
-        for (const ado::Value& value : row)
-            cells.push_back(value.asText());
-    }
-    return texts;
+ado::ResultSet everyRow(ado::Connection& connection, const Listing& listing, const std::string& section) {
+    return open(connection, rowsOf(listing, section)).taken();
 }
 
 } // namespace opd::codesearch

@@ -39,8 +39,7 @@ using Row = std::map<std::string, std::string>;
 std::optional<Row> lookUp(ado::Connection& connection, const Listing& listing, const std::string& section,
                           const std::string& code);
 
-/// Every row of the listing as texts, in the order of its fields, sorted by the first shown name. Throws ado::Error.
-std::vector<std::vector<std::string>> everyRow(ado::Connection& connection, const Listing& listing,
-                                               const std::string& section);
+/// Every row of the listing, its values in the order of the fields, sorted by the first shown name. Throws ado::Error.
+ado::ResultSet everyRow(ado::Connection& connection, const Listing& listing, const std::string& section);
 
 } // namespace opd::codesearch

@@ -72,8 +72,7 @@ void addTable(const ui::Grid& grid, std::vector<Part>& parts) {
     parts.emplace_back(grid.name() + " columns", joined(columns));
     parts.emplace_back(grid.name() + " rows", std::to_string(grid.rowCount()));
     for (int row = 1; row <= std::min(grid.rowCount(), rowsTold); ++row)
-        parts.emplace_back(grid.name() + " row " + std::to_string(row),
-                           joined(grid.rows()[static_cast<std::size_t>(row - 1)]));
+        parts.emplace_back(grid.name() + " row " + std::to_string(row), joined(grid.row(row)));
     parts.emplace_back(grid.name() + " current",
                        std::to_string(grid.currentRow()) + ", " + std::to_string(grid.currentColumn()));
 }

@@ -1,6 +1,7 @@
 #include "search/patient_finder.h"
 
 #include "base/text/text.h"
+#include "data/grid_rows.h"
 #include "data/procedures/dates.h"
 #include "data/rows.h"
 #include "search/statements.h"
@@ -26,18 +27,10 @@ std::vector<ui::Grid::Column> resultColumns() {
 
 constexpr int oldestAge = 140;
 
-std::string patientsFound(std::size_t count) {
+std::string patientsFound(int count) {
     if (count == 1)
         return "1 patient found. Enter opens the registration.";
     return std::to_string(count) + " patients found. The arrow keys choose, Enter opens the registration.";
-}
-
-ui::Grid::Row cellsOf(const std::vector<ado::Value>& values) {
-    ui::Grid::Row cells;
-    cells.reserve(values.size());
-    for (const ado::Value& value : values)
-        cells.push_back(value.asText());
-    return cells;
 }
 
 } // namespace
@@ -128,16 +121,13 @@ PatientFinder::Outcome PatientFinder::search(ui::Window& window) {
     if (isByName() && !acceptNameCriteria(window))
         return Outcome::Refused;
     const ui::BusyPointer busy(m_session.desktop);
-    const ado::Recordset patients = run();
-    show(patients.all());
-    // A provider that cannot count has rows, as far as anybody knows.
-    if (patients.RecordCount() == 0)
+    if (show(run()) == 0)
         return Proc_PatientSubSearch(window);
     const bool withoutBirthDate = isByName() && BirthDate().empty() && !m_fields.txtBirthDate.isBlank();
     if (withoutBirthDate)
         m_fields.txtBirthDate.setRefusal(birthDateFault());
     window.setStatus((withoutBirthDate ? "What stands for the birth date is none and was not searched for: " : "") +
-                     patientsFound(patients.all().rows.size()));
+                     patientsFound(m_fields.gridPatientList.rowCount()));
     return Outcome::Found;
 }
 
@@ -153,14 +143,12 @@ ado::Recordset PatientFinder::run() const {
 PatientFinder::Outcome PatientFinder::Proc_PatientSubSearch(ui::Window& window) {
     if (!acceptBirthDate(window))
         return Outcome::SecondTryRefused;
-    const ado::Recordset patients = data::search(m_session, subSearch(m_fields.lastName.text(), Sex(), BirthDate()));
-    show(patients.all());
-    if (patients.RecordCount() == 0) {
+    if (show(data::search(m_session, subSearch(m_fields.lastName.text(), Sex(), BirthDate()))) == 0) {
         window.setStatus(nobodyFound());
         return Outcome::NothingFound;
     }
     window.setStatus("Nobody matches exactly. By another sex or birth date: " +
-                     patientsFound(patients.all().rows.size()));
+                     patientsFound(m_fields.gridPatientList.rowCount()));
     return Outcome::Found;
 }
 
@@ -176,13 +164,12 @@ std::string PatientFinder::nobodyFound() const {
     return "No patient on file is called " + text::trimmed(m_fields.lastName.text()) + ", of this sex and birth date.";
 }
 
-void PatientFinder::show(const ado::ResultSet& patients) {
-    std::vector<ui::Grid::Row> rows;
-    rows.reserve(patients.rows.size());
-    for (const std::vector<ado::Value>& patient : patients.rows)
-        rows.push_back(cellsOf(patient));
+long PatientFinder::show(ado::Recordset patients) {
+    // A provider that cannot count has rows, as far as anybody knows.
+    const long count = patients.RecordCount();
     m_session.globals.gSelectedHospNum.clear();
-    m_fields.gridPatientList.show(resultColumns(), std::move(rows));
+    m_fields.gridPatientList.showLater(resultColumns(), data::laterRows(patients.taken()));
+    return count;
 }
 
 std::string PatientFinder::BirthDate() const {

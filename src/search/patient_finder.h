@@ -48,7 +48,7 @@ class PatientFinder {
     bool acceptNameCriteria(ui::Window& window);
     Outcome Proc_PatientSubSearch(ui::Window& window);
     ado::Recordset run() const;
-    void show(const ado::ResultSet& patients);
+    long show(ado::Recordset patients);
     std::string BirthDate() const;
 
     Session& m_session;

@@ -1,5 +1,6 @@
 #include "search/pick_list.h"
 
+#include "data/grid_rows.h"
 #include "data/rows.h"
 #include "search/statements.h"
 
@@ -51,18 +52,12 @@ bool frmPickList::confirmedManualChoice() {
 }
 
 bool frmPickList::fill(const std::string& serviceCode, bool allDoctors) {
-    const ado::Recordset doctors = data::openClient(m_session, doctorsOfService(serviceCode, allDoctors));
-    std::vector<ui::Grid::Row> rows;
-    for (const std::vector<ado::Value>& doctor : doctors.all().rows) {
-        ui::Grid::Row& cells = rows.emplace_back(1);
-        for (const ado::Value& value : doctor)
-            cells.push_back(value.asText());
-    }
-    const bool found = !rows.empty();
-    m_fields.grdMain.show(
+    ado::ResultSet doctors = data::openClient(m_session, doctorsOfService(serviceCode, allDoctors)).taken();
+    const bool found = !doctors.rows.empty();
+    m_fields.grdMain.showLater(
         ui::gridColumns("<Dumm|<Name of Doctor|>Code|<Specialization1|<Specialization 2|<Specialization 2",
                         {0, 4000, 1000, 2500, 2500, 2500}),
-        std::move(rows));
+        data::laterRows(std::move(doctors), 1));
     return found;
 }
 

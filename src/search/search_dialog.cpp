@@ -3,9 +3,11 @@
 #include "base/text/folding.h"
 #include "base/text/ranking.h"
 #include "base/text/text.h"
+#include "data/grid_rows.h"
 #include "data/rows.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace opd::search {
 
@@ -68,42 +70,44 @@ void SearchDialog::showModal() {
     m_session.desktop.showModal(m_window);
 }
 
-void SearchDialog::show(const ado::Recordset& rows, const std::vector<int>& widths, const Wanted& wanted) {
-    const ado::ResultSet& result = rows.all();
+void SearchDialog::show(ado::Recordset rows, const std::vector<int>& widths, const Wanted& wanted) {
+    ado::ResultSet result = rows.taken();
     std::vector<ui::Grid::Column> columns{{"", widths.front(), false}};
     for (std::size_t i = 0; i < result.columns.size(); ++i)
         columns.push_back({result.columns[i], i + 1 < widths.size() ? widths[i + 1] : 0, false});
-    std::vector<ui::Grid::Row> cells;
-    cells.reserve(result.rows.size());
-    for (const std::vector<ado::Value>& row : result.rows) {
-        ui::Grid::Row& texts = cells.emplace_back(1);
-        for (const ado::Value& value : row)
-            texts.push_back(value.asText());
-    }
-    cells = bestFirst(std::move(cells), wanted);
-    const auto present = std::find_if(cells.begin(), cells.end(), [&](const ui::Grid::Row& row) {
-        return !PresentCode.empty() && row.at(wanted.codeColumn) == PresentCode;
-    });
-    const int current = present == cells.end() ? 1 : static_cast<int>(present - cells.begin()) + 1;
-    m_fields.cmdSelect.setEnabled(!cells.empty());
-    m_window.setStatus(recordsFound(cells.size(), !text::isBlank(wanted.text)));
+    std::vector<std::size_t> order = bestFirst(result, wanted);
+    const int current = rowOfPresentCode(result, order, wanted);
+    m_fields.cmdSelect.setEnabled(!order.empty());
+    m_window.setStatus(recordsFound(order.size(), !text::isBlank(wanted.text)));
     m_fills = true;
-    m_fields.grdDispWindow.show(std::move(columns), std::move(cells));
+    m_fields.grdDispWindow.showLater(std::move(columns), data::laterRows(std::move(result), 1, std::move(order)));
     m_fields.grdDispWindow.setCurrentRow(current);
     m_fills = false;
 }
 
-std::vector<ui::Grid::Row> SearchDialog::bestFirst(std::vector<ui::Grid::Row> rows, const Wanted& wanted) {
-    std::vector<text::SearchedRow> searched;
-    std::vector<std::size_t> places;
-    for (const ui::Grid::Row& row : rows) {
-        places.push_back(places.size());
-        searched.emplace_back(std::vector{row.at(wanted.codeColumn), row.at(wanted.nameColumn)}, 0, 1);
-    }
-    std::vector<ui::Grid::Row> ordered;
-    for (const std::size_t place : text::ranked(text::trimmed(text::folded(wanted.text)), searched, places))
-        ordered.push_back(std::move(rows[place]));
-    return ordered;
+std::vector<std::size_t> SearchDialog::bestFirst(const ado::ResultSet& result, const Wanted& wanted) {
+    std::vector<std::size_t> places(result.rows.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    text::SearchedRow row(wanted.codeColumn - 1, wanted.nameColumn - 1);
+    std::string room;
+    return text::ranked(text::trimmed(text::folded(wanted.text)), std::move(places),
+                        [&](std::size_t place) -> const text::SearchedRow& {
+                            row.clear();
+                            for (const ado::Value& value : result.rows[place])
+                                row.add(value.asView(room));
+                            return row;
+                        });
+}
+
+/// The row to begin on: that of the present code, or the first one.
+int SearchDialog::rowOfPresentCode(const ado::ResultSet& result, const std::vector<std::size_t>& order,
+                                   const Wanted& wanted) const {
+    if (PresentCode.empty())
+        return 1;
+    const auto present = std::find_if(order.begin(), order.end(), [&](std::size_t place) {
+        return result.rows[place].at(wanted.codeColumn - 1).asText() == PresentCode;
+    });
+    return present == order.end() ? 1 : static_cast<int>(present - order.begin()) + 1;
 }
 
 void SearchDialog::setHeadings(const std::string& caption) {

@@ -49,7 +49,7 @@ class SearchDialog {
 
     /// Shows a result, the best match first and its columns as wide as given from column 0 on. Offers Select when there
     /// is a row.
-    void show(const ado::Recordset& rows, const std::vector<int>& widths, const Wanted& wanted);
+    void show(ado::Recordset rows, const std::vector<int>& widths, const Wanted& wanted);
 
     /// True while the search box is written by the window itself, which is no change by the clerk.
     bool writesBox() const { return m_writesBox || !m_window.isOpen(); }
@@ -57,7 +57,9 @@ class SearchDialog {
     void setHeadings(const std::string& caption);
 
   private:
-    static std::vector<ui::Grid::Row> bestFirst(std::vector<ui::Grid::Row> rows, const Wanted& wanted);
+    static std::vector<std::size_t> bestFirst(const ado::ResultSet& result, const Wanted& wanted);
+    int rowOfPresentCode(const ado::ResultSet& result, const std::vector<std::size_t>& order,
+                         const Wanted& wanted) const;
     void bind();
     void select();
 

@@ -4,17 +4,57 @@
 #include "ui/window.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace opd::ui {
 
 void Grid::show(std::vector<Column> columns, std::vector<Row> rows) {
     m_columns = std::move(columns);
     m_rows = std::move(rows);
+    m_later = {};
+    shown();
+}
+
+void Grid::showLater(std::vector<Column> columns, LaterRows rows) {
+    m_columns = std::move(columns);
+    m_rows.clear();
+    m_later = std::move(rows);
+    shown();
+}
+
+void Grid::shown() {
     m_currentRow = 0;
     m_currentColumn = 0;
     tellView(Aspect::Table);
-    if (!m_rows.empty())
+    if (rowCount() > 0)
         setCurrentRow(1);
+}
+
+Grid::Row Grid::row(int row) const {
+    if (!m_later.cell)
+        return m_rows.at(static_cast<std::size_t>(row - 1));
+    if (row < 1 || row > m_later.count)
+        throw std::out_of_range("The grid has no such row.");
+    Row cells;
+    for (int column = 0; column < static_cast<int>(m_columns.size()); ++column)
+        cells.push_back(m_later.cell(row, column));
+    return cells;
+}
+
+std::vector<Grid::Row> Grid::rows() const {
+    std::vector<Row> all;
+    for (int at = 1; at <= rowCount(); ++at)
+        all.push_back(row(at));
+    return all;
+}
+
+/// The rows to be changed.
+std::vector<Grid::Row>& Grid::ownRows() {
+    if (m_later.cell) {
+        m_rows = rows();
+        m_later = {};
+    }
+    return m_rows;
 }
 
 void Grid::setCurrentCell(int row, int column) {
@@ -34,7 +74,7 @@ void Grid::setCurrentCell(int row, int column) {
 }
 
 void Grid::setCell(int row, int column, const std::string& text) {
-    Row& cells = m_rows.at(static_cast<std::size_t>(row - 1));
+    Row& cells = ownRows().at(static_cast<std::size_t>(row - 1));
     cells.resize(m_columns.size()); // a row may have been given without its last cells
     std::string& cell = cells.at(static_cast<std::size_t>(column));
     if (cell == text)
@@ -44,7 +84,7 @@ void Grid::setCell(int row, int column, const std::string& text) {
 }
 
 int Grid::addRow() {
-    m_rows.emplace_back(m_columns.size());
+    ownRows().emplace_back(m_columns.size());
     tellView(Aspect::Cells);
     return rowCount();
 }
@@ -52,7 +92,7 @@ int Grid::addRow() {
 void Grid::removeRow(int row) {
     if (row < 1 || row > rowCount())
         return;
-    m_rows.erase(m_rows.begin() + (row - 1));
+    ownRows().erase(ownRows().begin() + (row - 1));
     const bool wasCurrent = m_currentRow == row;
     // A current row behind it is the same one under another number.
     m_currentRow = m_currentRow > row ? m_currentRow - 1 : std::min(m_currentRow, rowCount());
@@ -64,6 +104,8 @@ void Grid::removeRow(int row) {
 std::string Grid::cell(int row, int column) const {
     if (row < 1 || row > rowCount() || column < 0)
         return {};
+    if (m_later.cell)
+        return column < static_cast<int>(m_columns.size()) ? m_later.cell(row, column) : std::string{};
     const Row& cells = m_rows[static_cast<std::size_t>(row - 1)];
     return static_cast<std::size_t>(column) < cells.size() ? cells[static_cast<std::size_t>(column)] : std::string{};
 }

@@ -20,14 +20,22 @@ class Grid final : public Control {
     };
     using Row = std::vector<std::string>;
 
+    /// Rows whose cells are asked for when somebody looks at them, so that a long answer shows at once.
+    struct LaterRows {
+        int count = 0;
+        std::function<std::string(int row, int column)> cell; ///< rows and columns count as the grid's do
+    };
+
     Grid(Container& container, std::string name) : Control(Kind::Grid, &container, std::move(name), {}) {}
 
     const std::vector<Column>& columns() const { return m_columns; }
-    const std::vector<Row>& rows() const { return m_rows; }
-    int rowCount() const { return static_cast<int>(m_rows.size()); }
+    Row row(int row) const;        ///< the texts of a row that exists; std::out_of_range for any other
+    std::vector<Row> rows() const; ///< those of all rows
+    int rowCount() const { return m_later.cell ? m_later.count : static_cast<int>(m_rows.size()); }
 
     /// The columns and rows to show from now on; the first row becomes current when there is one.
     void show(std::vector<Column> columns, std::vector<Row> rows);
+    void showLater(std::vector<Column> columns, LaterRows rows);
 
     /// Takes all rows away and leaves the columns.
     void clear() { show(m_columns, {}); }
@@ -64,8 +72,12 @@ class Grid final : public Control {
     std::function<void()> onRowChange;
 
   private:
+    void shown();
+    std::vector<Row>& ownRows();
+
     std::vector<Column> m_columns;
-    std::vector<Row> m_rows;
+    std::vector<Row> m_rows; ///< empty while it has later ones
+    LaterRows m_later;
     int m_currentRow = 0;
     int m_currentColumn = 0;
 };

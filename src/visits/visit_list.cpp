@@ -49,7 +49,9 @@ void VisitList::read(const ado::Recordset& rows) {
     std::vector<text::SearchedRow> searched;
     for (ado::Recordset row = rows; !row.EndOfFile(); row.MoveNext()) {
         visits.push_back(visitOf(row));
-        searched.emplace_back(cellsOf(visits.back()), 1, 2);
+        text::SearchedRow& cells = searched.emplace_back(1, 2);
+        for (const std::string& cell : cellsOf(visits.back()))
+            cells.add(cell);
     }
     m_visits = std::move(visits);
     m_searched = std::move(searched);

@@ -49,16 +49,18 @@ TEST(Text, RowsOfAListAreRankedByHowWellTheyAnswer) {
     const std::vector<std::vector<std::string>> cells{
         {"7", "WALK FAR"}, {"8", "FARINAS, ANA"}, {"9", "NOFAR"},        {"FAR", "SOMETHING"},
         {"10", "Fár"},     {"11", "NO-FAR LEFT"}, {"12", "FARTHER OFF"}, {"13", "O'FAR"}};
-    std::vector<SearchedRow> rows;
-    std::vector<std::size_t> places;
-    for (const std::vector<std::string>& row : cells) {
-        places.push_back(rows.size());
-        rows.emplace_back(row, 0, 1);
-    }
-    EXPECT_EQ(ranked("FAR", rows, places), (std::vector<std::size_t>{3, 4, 1, 6, 0, 5, 2, 7}));
-    EXPECT_EQ(ranked("", rows, places), places);
-    EXPECT_TRUE(rows[0].holds("ALK"));
-    EXPECT_FALSE(rows[0].holds("7WALK")) << "no text goes over two cells";
+    SearchedRow row(0, 1);
+    const auto read = [&](std::size_t place) -> const SearchedRow& {
+        row.clear();
+        for (const std::string& cell : cells[place])
+            row.add(cell);
+        return row;
+    };
+    const std::vector<std::size_t> places{0, 1, 2, 3, 4, 5, 6, 7};
+    EXPECT_EQ(ranked("FAR", places, read), (std::vector<std::size_t>{3, 4, 1, 6, 0, 5, 2, 7}));
+    EXPECT_EQ(ranked("", places, read), places);
+    EXPECT_TRUE(read(0).holds("ALK"));
+    EXPECT_FALSE(read(0).holds("7WALK")) << "no text goes over two cells";
 }
 
 TEST(Text, EveryCharacterSurvivesTheWayThereAndBack) {

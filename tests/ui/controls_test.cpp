@@ -117,6 +117,27 @@ TEST(Grid, ShowsRowsAndTellsWhichIsCurrent) {
     EXPECT_EQ(rows.back(), "CARL") << "the first row of a new table is told although it was row 1 before";
 }
 
+TEST(Grid, AsksForTheCellsOfALongAnswerAndTakesThemOverBeforeTheyChange) {
+    Shown shown;
+    Grid grid{shown.window, "grid"};
+    int asked = 0;
+    grid.showLater(gridColumns("Name|Born", {}), {3, [&asked](int row, int column) {
+                                                      ++asked;
+                                                      return std::to_string(10 * row + column);
+                                                  }});
+    EXPECT_EQ(grid.rowCount(), 3);
+    EXPECT_EQ(grid.currentRow(), 1);
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(grid.cell(2, 1) + grid.cell(4, 0) + grid.cell(0, 0) + grid.cell(1, 2), "21");
+    EXPECT_EQ(grid.row(3), (Grid::Row{"30", "31"}));
+    EXPECT_THROW(grid.row(4), std::out_of_range);
+    grid.setCell(2, 0, "BEN");
+    grid.removeRow(1);
+    EXPECT_EQ(grid.rows(), (std::vector<Grid::Row>{{"BEN", "21"}, {"30", "31"}}));
+    grid.clear();
+    EXPECT_EQ(grid.rowCount(), 0);
+}
+
 TEST(Grid, KeepsItsCurrentRowWhileOthersAreRemoved) {
     Shown shown;
     Grid grid{shown.window, "grid"};

@@ -34,10 +34,6 @@ char32_t foldedCharacter(char32_t character) {
 
 constexpr unsigned char firstBeyondAscii = 0x80;
 
-bool isAscii(char character) {
-    return static_cast<unsigned char>(character) < firstBeyondAscii;
-}
-
 /// The folded form of each character that is one byte.
 const std::array<char, firstBeyondAscii>& foldedAscii() {
     static const auto table = [] {
@@ -49,42 +45,74 @@ const std::array<char, firstBeyondAscii>& foldedAscii() {
     return table;
 }
 
+/// What else than itself a folded character of one byte was before.
+char unfolded(char character) {
+    if (character >= 'A' && character <= 'Z')
+        return static_cast<char>(character + 32);
+    return character == '\'' ? '`' : character;
+}
+
+/// True when plain letters, folded, begin with what is folded already and no longer than they are.
+bool standsAt(std::string_view plain, std::string_view wanted) {
+    const auto& ascii = foldedAscii();
+    return std::equal(wanted.begin(), wanted.end(), plain.begin(), [&ascii](char folded, char character) {
+        return ascii[static_cast<unsigned char>(character)] == folded;
+    });
+}
+
 bool isUntold(char character) {
     return character == ' ' || character == '-' || character == '.' || character == '\'';
 }
 
 } // namespace
 
-std::string folded(std::string_view utf8) {
+void appendFolded(std::string& text, std::string_view utf8) {
     const auto& ascii = foldedAscii();
+    const std::size_t plain = plainBeginning(utf8);
+    const std::size_t before = text.size();
+    text.resize(before + plain);
+    for (std::size_t at = 0; at < plain; ++at)
+        text[before + at] = ascii[static_cast<unsigned char>(utf8[at])];
+    if (plain == utf8.size())
+        return;
+    for (const char32_t character : decode(utf8.substr(plain))) // the rest needs to be read as characters
+        if (const char32_t letter = foldedCharacter(character); letter != 0)
+            text += encode(letter);
+}
+
+std::string folded(std::string_view utf8) {
     std::string result;
-    result.reserve(utf8.size());
-    for (std::size_t at = 0; at < utf8.size(); ++at) {
-        if (!isAscii(utf8[at])) { // the rest needs to be read as characters
-            for (const char32_t character : decode(utf8.substr(at)))
-                if (const char32_t plain = foldedCharacter(character); plain != 0)
-                    result += encode(plain);
-            break;
-        }
-        result += ascii[static_cast<unsigned char>(utf8[at])];
-    }
+    appendFolded(result, utf8);
     return result;
 }
 
 bool holdsFolded(std::string_view utf8, std::string_view wanted) {
-    if (!std::ranges::all_of(utf8, isAscii))
+    if (plainBeginning(utf8) != utf8.size())
         return folded(utf8).find(wanted) != std::string::npos;
-    const auto& ascii = foldedAscii();
-    const auto same = [&ascii](char character, char folded) {
-        return ascii[static_cast<unsigned char>(character)] == folded;
+    if (wanted.empty() || wanted.size() > utf8.size())
+        return wanted.empty();
+    // Most texts do not hold the first letter often: the places where it stands are found first, however it is written.
+    const auto places = [utf8, room = utf8.size() - wanted.size() + 1](char letter) {
+        return [utf8, room, letter](std::size_t from) {
+            return std::min(utf8.substr(0, room).find(letter, from), utf8.size());
+        };
     };
-    return wanted.empty() || std::search(utf8.begin(), utf8.end(), wanted.begin(), wanted.end(), same) != utf8.end();
+    const auto asItIs = places(wanted.front());
+    const auto otherwise = places(unfolded(wanted.front()));
+    std::size_t one = asItIs(0), other = otherwise(0);
+    while (one < utf8.size() || other < utf8.size()) {
+        const std::size_t at = std::min(one, other);
+        if (standsAt(utf8.substr(at), wanted))
+            return true;
+        (one < other ? one : other) = one < other ? asItIs(at + 1) : otherwise(at + 1);
+    }
+    return false;
 }
 
 bool beginsFolded(std::string_view utf8, std::string_view wanted) {
-    if (!std::ranges::all_of(utf8, isAscii))
+    if (plainBeginning(utf8) != utf8.size())
         return folded(utf8).starts_with(wanted);
-    return holdsFolded(utf8.substr(0, wanted.size()), wanted);
+    return wanted.size() <= utf8.size() && standsAt(utf8, wanted);
 }
 
 std::string searchedName(std::string_view utf8) {

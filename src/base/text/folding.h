@@ -9,6 +9,9 @@ namespace opd::text {
 /// is U), and one kind of apostrophe (') for all of them, the grave accent included.
 std::string folded(std::string_view utf8);
 
+/// The same behind what stands in a text already.
+void appendFolded(std::string& text, std::string_view utf8);
+
 /// True when the text, folded, holds or begins with what is folded already. Quick for plain letters.
 bool holdsFolded(std::string_view utf8, std::string_view wanted);
 bool beginsFolded(std::string_view utf8, std::string_view wanted);

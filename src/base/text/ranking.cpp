@@ -1,7 +1,6 @@
 #include "base/text/ranking.h"
 
 #include "base/text/folding.h"
-#include "base/text/text.h"
 
 #include <array>
 
@@ -14,47 +13,61 @@ bool belongsToWord(char character) {
            static_cast<unsigned char>(character) >= 0x80;
 }
 
-bool beginsWord(const std::string& text, const std::string& wanted) {
-    for (std::size_t at = text.find(wanted); at != std::string::npos; at = text.find(wanted, at + 1))
+bool beginsWord(std::string_view text, std::string_view wanted) {
+    for (std::size_t at = text.find(wanted); at != std::string_view::npos; at = text.find(wanted, at + 1))
         if (at == 0 || !belongsToWord(text[at - 1]))
             return true;
     return false;
 }
 
-std::string cellOf(const std::vector<std::string>& cells, std::size_t place) {
-    return place < cells.size() ? trimmed(folded(cells[place])) : std::string{};
+std::string_view withoutBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string_view{}
+                                           : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 } // namespace
 
-SearchedRow::SearchedRow(const std::vector<std::string>& cells, std::size_t codeCell, std::size_t nameCell)
-    : code(cellOf(cells, codeCell)), name(cellOf(cells, nameCell)) {
-    for (const std::string& cell : cells)
-        everything += folded(cell) + '\n';
+void SearchedRow::clear() {
+    m_cells = 0;
+    m_code.clear();
+    m_name.clear();
+    m_everything.clear();
 }
 
-Rank rankOf(const std::string& wanted, const SearchedRow& row) {
-    if (row.code == wanted)
+void SearchedRow::add(std::string_view cell) {
+    const std::size_t begin = m_everything.size();
+    appendFolded(m_everything, cell);
+    const std::string_view folded = withoutBlanks(std::string_view{m_everything}.substr(begin));
+    if (m_cells == m_codeCell)
+        m_code = folded;
+    if (m_cells == m_nameCell)
+        m_name = folded;
+    m_everything += '\n';
+    ++m_cells;
+}
+
+Rank rankOf(std::string_view wanted, const SearchedRow& row) {
+    if (row.code() == wanted)
         return Rank::ExactCode;
-    if (row.name == wanted)
+    if (row.name() == wanted)
         return Rank::ExactName;
-    if (row.name.starts_with(wanted))
+    if (row.name().starts_with(wanted))
         return Rank::NameBegins;
-    return beginsWord(row.everything, wanted) ? Rank::WordBegins : Rank::Other;
+    return beginsWord(row.everything(), wanted) ? Rank::WordBegins : Rank::Other;
 }
 
-std::vector<std::size_t> ranked(const std::string& wanted, const std::vector<SearchedRow>& rows,
-                                const std::vector<std::size_t>& places) {
+std::vector<std::size_t> ranked(const std::string& wanted, std::vector<std::size_t> places,
+                                const std::function<const SearchedRow&(std::size_t place)>& read) {
     if (wanted.empty())
         return places;
     std::array<std::vector<std::size_t>, 5> byRank;
     for (const std::size_t place : places)
-        byRank.at(static_cast<std::size_t>(rankOf(wanted, rows[place]))).push_back(place);
-    std::vector<std::size_t> order;
-    order.reserve(places.size());
+        byRank.at(static_cast<std::size_t>(rankOf(wanted, read(place)))).push_back(place);
+    places.clear();
     for (const std::vector<std::size_t>& equals : byRank)
-        order.insert(order.end(), equals.begin(), equals.end());
-    return order;
+        places.insert(places.end(), equals.begin(), equals.end());
+    return places;
 }
 
 } // namespace opd::text

@@ -1,6 +1,8 @@
 #include "base/text/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace opd::text {
 
@@ -64,6 +66,20 @@ char32_t next(std::string_view utf8, std::size_t& at) {
 }
 
 } // namespace
+
+// Eight are looked at at a time.
+std::size_t plainBeginning(std::string_view utf8) {
+    constexpr std::uint64_t beyondAscii = 0x8080808080808080;
+    std::size_t at = 0;
+    for (std::uint64_t eight = 0; at + sizeof eight <= utf8.size(); at += sizeof eight) {
+        std::memcpy(&eight, utf8.data() + at, sizeof eight);
+        if ((eight & beyondAscii) != 0)
+            break;
+    }
+    while (at < utf8.size() && static_cast<unsigned char>(utf8[at]) < 0x80)
+        ++at;
+    return at;
+}
 
 std::string trimmed(std::string_view utf8) {
     const std::size_t first = utf8.find_first_not_of(' ');
@@ -137,6 +153,7 @@ std::size_t length(std::string_view utf8) {
     return count;
 }
 
+// Columns are looked up by their names with this, many times for a form.
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {
     const std::size_t shorter = std::min(left.size(), right.size());
     for (std::size_t at = 0; at < shorter; ++at) {

@@ -6,6 +6,9 @@
 /// Work on UTF-8 text that the standard library has no word for.
 namespace opd::text {
 
+/// How many characters of one byte a text begins with: all of them in most texts.
+std::size_t plainBeginning(std::string_view utf8);
+
 /// The text without blanks (U+0020) at either end.
 std::string trimmed(std::string_view utf8);
 

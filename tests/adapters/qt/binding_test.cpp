@@ -2,7 +2,6 @@
 #include "adapters/qt/forms.h"
 #include "tests/adapters/qt/every_window.h"
 
-#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -92,16 +91,17 @@ TEST(QtBinding, NoCaptionIsClippedOnASmallScreen) {
 }
 
 // Fifty thousand rows stand for a very common surname in a large hospital.
-TEST(QtBinding, ALongListShowsAtOnceAndIsWalkedAtItsEnd) {
+TEST(QtBinding, ALongListIsReadAsFarAsItIsSeenAndWalkedAtItsEnd) {
     SearchDesk desk;
-    std::vector<ui::Grid::Row> rows;
-    for (int i = 1; i <= 50000; ++i)
-        rows.push_back({"", "CRUZ", std::to_string(i)});
-    QElapsedTimer clock;
-    clock.start();
-    desk.form.gridPatientList.show(ui::gridColumns("|<Last Name |<Number ", {0, 2000, 1000}), rows);
+    int asked = 0;
+    desk.form.gridPatientList.showLater(ui::gridColumns("|<Last Name |<Number ", {0, 2000, 1000}),
+                                        {50000, [&asked](int row, int column) {
+                                             ++asked;
+                                             return column == 1 ? std::string{"CRUZ"} : std::to_string(row);
+                                         }});
     hands::settle();
-    EXPECT_LT(clock.elapsed(), 1000);
+    EXPECT_GT(asked, 0);
+    EXPECT_LT(asked, 2000) << "cells that nobody sees are made texts";
     EXPECT_EQ(desk.hands.rowCount(desk.form.gridPatientList), 50000);
     EXPECT_EQ(desk.hands.cell(desk.form.gridPatientList, 50000, 2), "50000");
     desk.hands.pickCell(desk.form.gridPatientList, 40000, 1);

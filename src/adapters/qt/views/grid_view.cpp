@@ -48,13 +48,9 @@ int GridTable::columnCount(const QModelIndex& parent) const {
 QVariant GridTable::data(const QModelIndex& index, int role) const {
     if (m_grid == nullptr || !index.isValid())
         return {};
-    const auto column = static_cast<std::size_t>(index.column());
     if (role == Qt::TextAlignmentRole)
-        return static_cast<int>(alignmentOf(m_grid->columns().at(column)));
-    if (role != Qt::DisplayRole)
-        return {};
-    const ui::Grid::Row& row = m_grid->rows().at(static_cast<std::size_t>(index.row()));
-    return column < row.size() ? toQt(row[column]) : QString();
+        return static_cast<int>(alignmentOf(m_grid->columns().at(static_cast<std::size_t>(index.column()))));
+    return role == Qt::DisplayRole ? toQt(m_grid->cell(index.row() + 1, index.column())) : QVariant();
 }
 
 QVariant GridTable::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -22,7 +22,7 @@ class EmptyTableClicks final : public QObject {
     std::function<void()> m_doubleClicked;
 };
 
-/// Reads the rows straight from the grid; nothing is copied, so any number of rows shows at once.
+/// Reads the cells that are seen straight from the grid; nothing is copied, so any number of rows shows at once.
 class GridTable final : public QAbstractTableModel {
     Q_OBJECT
 

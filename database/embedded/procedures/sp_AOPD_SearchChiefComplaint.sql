@@ -1,4 +1,4 @@
 -- parameters: Criteria text
+-- order: ChiefComplaint, ChiefComplaintID
 SELECT ChiefComplaintID, ChiefComplaint, BodySystem FROM Build_File_tbCoChiefComplaint
-WHERE contains(ChiefComplaintID, :Criteria) OR contains(ChiefComplaint, :Criteria)
-ORDER BY ChiefComplaint, ChiefComplaintID;
+WHERE contains(ChiefComplaintID, ChiefComplaint, :Criteria);

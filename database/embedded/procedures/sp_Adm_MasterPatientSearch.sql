@@ -1,4 +1,5 @@
 -- parameters: LastName text, FirstName text, MiddleName text, Sex text, HospNum text, BirthDate date?, First number, Second number
+-- order: LastName, FirstName, MiddleName, BirthDate
 -- A last name matches when it begins with what was typed, however it is written; "LAST, FIRST MIDDLE" narrows both.
 -- Each part has an index of its own: a day has few births however many patients there are, a common surname has many
 -- bearers, but few of one given name.
@@ -38,5 +39,4 @@ WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NULL A
   AND (:FirstName = '' OR begins_with(m.FirstName, :FirstName))
   AND (:MiddleName = '' OR begins_with(m.MiddleName, :MiddleName))
   AND (:HospNum = '' OR m.HospNum = :HospNum)
-  AND :First = 0 AND :Second = 0
-ORDER BY LastName, FirstName, MiddleName, BirthDate;
+  AND :First = 0 AND :Second = 0;

@@ -1,4 +1,5 @@
 -- parameters: LastName text, Sex text, BirthDate date?
+-- order: LastName, FirstName, MiddleName, BirthDate
 -- The wider second try: the sex may have been taken down wrongly, or the birth date, but not both.
 -- include: searched_names.sqlpart
 SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.BirthDate, (SELECT now())) AS Age,
@@ -22,5 +23,4 @@ SELECT m.LastName, m.FirstName, m.MiddleName, m.HospNum, m.BirthDate, age_on(m.B
        address_text(m.HouseStreet, m.Barangay)
 FROM Patient_Data_tbMaster m INDEXED BY Patient_Data_tbMaster_Search
 WHERE m.SearchName IN (SELECT SearchName FROM searched) AND :BirthDate IS NULL AND m.Sex = :Sex
-  AND (after_comma(:LastName) = '' OR fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName)))
-ORDER BY LastName, FirstName, MiddleName, BirthDate;
+  AND (after_comma(:LastName) = '' OR fit_given_names(m.FirstName, m.MiddleName, after_comma(:LastName)));

@@ -13,6 +13,17 @@ const Column& Table::column(const std::string& wanted) const {
     return found->second;
 }
 
+namespace {
+
+bool isName(const Database& database, const std::string& table, const std::string& column) {
+    const char* collation = nullptr;
+    return sqlite3_table_column_metadata(database.handle(), "main", table.c_str(), column.c_str(), nullptr, &collation,
+                                         nullptr, nullptr, nullptr) == SQLITE_OK &&
+           collation != nullptr && sqlite3_stricmp(collation, "OPD") == 0;
+}
+
+} // namespace
+
 const Table& Catalog::table(const std::string& databaseName, const std::string& tableName) {
     const std::string key = text::upper(std::string_view{databaseName + "_" + tableName});
     if (const auto known = m_tables.find(key); known != m_tables.end())
@@ -29,7 +40,7 @@ const Table& Catalog::table(const std::string& databaseName, const std::string& 
         if (query.value(3).asText() == "1")
             table.key = column;
         table.columns[text::upper(std::string_view{column})] = {column, type == "DATE", type == "DATETIME",
-                                                                type == "BIT"};
+                                                                type == "BIT", isName(m_database, table.name, column)};
     }
     if (table.columns.empty())
         throw serverError("Invalid object name '" + databaseName + ".." + tableName + "'.", 208, "42S02");

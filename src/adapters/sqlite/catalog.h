@@ -13,6 +13,7 @@ struct Column {
     bool isDate = false;     ///< DATE
     bool isDateTime = false; ///< DATETIME
     bool isBit = false;      ///< BIT
+    bool isName = false;     ///< compares by the collation OPD
 };
 
 /// A table of the file; columns by their upper-case names.

@@ -72,7 +72,8 @@ int Database::Waiting::onProgress(void* waiting) {
 
 Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) : m_queue(queueOf(file)) {
     sqlite3* handle = nullptr;
-    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+    // A connection is used by one thread at a time, so the engine need not see to that at every cell.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
     const int result = sqlite3_open_v2(file.c_str(), &handle, flags, nullptr);
     m_handle.reset(handle);
     if (result != SQLITE_OK)

@@ -45,6 +45,11 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
     return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
+std::string_view withoutBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string_view{} : withoutTrailingBlanks(text.substr(first));
+}
+
 /// As the hospital's server compares. Most texts part before a character that is not plain.
 int compare(std::string_view left, std::string_view right) {
     left = withoutTrailingBlanks(left);
@@ -97,10 +102,22 @@ const std::string& foldedOnce(sqlite3_context* context, sqlite3_value** argument
     return kept;
 }
 
+/// True when one of the texts stands so to the last argument, which is the same for every row.
 template <bool (*compares)(std::string_view, std::string_view)>
-void compareFolded(sqlite3_context* context, int, sqlite3_value** arguments) {
-    if (sqlite3_value_type(arguments[0]) != SQLITE_NULL)
-        sqlite3_result_int(context, compares(viewOf(arguments[0]), foldedOnce(context, arguments, 1)));
+void compareFolded(sqlite3_context* context, int count, sqlite3_value** arguments) {
+    const std::string& wanted = foldedOnce(context, arguments, count - 1);
+    bool isKnown = false;
+    for (int i = 0; i < count - 1; ++i) {
+        if (sqlite3_value_type(arguments[i]) == SQLITE_NULL)
+            continue;
+        isKnown = true;
+        if (compares(viewOf(arguments[i]), wanted)) {
+            sqlite3_result_int(context, 1);
+            return;
+        }
+    }
+    if (isKnown)
+        sqlite3_result_int(context, 0);
 }
 
 void searchNameFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -176,9 +193,11 @@ void bornFrom(sqlite3_context* context, int, sqlite3_value** arguments) {
 }
 
 void addressText(sqlite3_context* context, int, sqlite3_value** arguments) {
-    const std::string street = text::trimmed(textOf(arguments[0]));
-    const std::string barangay = text::trimmed(textOf(arguments[1]));
-    answer(context, street.empty() || barangay.empty() ? street + barangay : street + ", " + barangay);
+    const std::string_view street = withoutBlanks(viewOf(arguments[0]));
+    const std::string_view barangay = withoutBlanks(viewOf(arguments[1]));
+    static thread_local std::string address; // one room for thousands of rows
+    address.assign(street).append(street.empty() || barangay.empty() ? "" : ", ").append(barangay);
+    answer(context, address);
 }
 
 void now(sqlite3_context* context, int, sqlite3_value**) {
@@ -212,7 +231,7 @@ void registerFunctions(sqlite3* handle, const Clock& clock) {
     };
     const Function functions[] = {
         {"begins_with", 2, compareFolded<text::beginsFolded>, true},
-        {"contains", 2, compareFolded<text::holdsFolded>, true},
+        {"contains", -1, compareFolded<text::holdsFolded>, true}, // any number of texts, and what one is to hold
         {"fit_given_names", 3, fitGivenNamesFunction, true},
         {"search_name", 1, searchNameFunction, true},
         {"prefix_end", 1, prefixEnd, true},

@@ -133,7 +133,7 @@ class Parser {
             m_at = behind;
             sql() += tables;
             where();
-            orderBy();
+            orderBy(limit.empty());
         }
         sql() += limit;
     }
@@ -204,6 +204,8 @@ class Parser {
             const NamedColumn shown = column();
             name = shown.column.name;
             sql() += shown.sql;
+            m_listed.resize(position + 1);
+            m_listed.back() = shown.sql;
         }
         if (take("as") || (next().kind == Token::Kind::Word && !isWord(next(), "from")))
             name = word();
@@ -297,18 +299,25 @@ class Parser {
         sql() += ")";
     }
 
-    void orderBy() {
+    /// The program orders a whole list by names that it shows; the engine what else there is.
+    void orderBy(bool isWhole) {
         if (!take("order"))
             return;
         expect("by");
-        sql() += " ORDER BY ";
+        std::string terms;
+        std::vector<std::size_t> places;
         do {
-            if (sql().back() != ' ')
-                sql() += ", ";
-            sql() += column().sql;
-            if (take("desc"))
-                sql() += " DESC";
+            const NamedColumn by = column();
+            const bool descends = take("desc");
+            terms += (terms.empty() ? "" : ", ") + by.sql + (descends ? " DESC" : "");
+            const auto listed = std::find(m_listed.begin(), m_listed.end(), by.sql);
+            isWhole = isWhole && by.column.isName && !descends && listed != m_listed.end();
+            places.push_back(static_cast<std::size_t>(listed - m_listed.begin()));
         } while (takeSymbol(","));
+        if (isWhole)
+            m_translation.order = std::move(places);
+        else
+            sql() += " ORDER BY " + terms;
     }
 
     void update() {
@@ -363,6 +372,7 @@ class Parser {
     Catalog& m_catalog;
     std::vector<Source> m_sources;
     Translation m_translation;
+    std::vector<std::string> m_listed; ///< the columns that a select lists as they are, by their positions
 };
 
 } // namespace

@@ -14,6 +14,7 @@ struct Translation {
     std::string sql;
     std::vector<ado::Value> values;
     std::vector<std::size_t> moments; ///< result columns that are dates although no table declares them
+    std::vector<std::size_t> order;   ///< result columns by which the program is to order the rows, see `orderRows`
 };
 
 /// A call of a stored procedure.

@@ -4,6 +4,7 @@
 #include "adapters/sqlite/errors.h"
 #include "base/text/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 #include <optional>
@@ -16,6 +17,7 @@ namespace {
 constexpr std::string_view parametersHeading = "-- parameters:";
 constexpr std::string_view databaseHeading = "-- database:";
 constexpr std::string_view outputHeading = "-- output:";
+constexpr std::string_view orderHeading = "-- order:";
 
 /// What stands behind a heading up to the end of its line; nothing when the file has no such line.
 std::optional<std::string> declared(const std::string& file, std::string_view heading) {
@@ -24,6 +26,17 @@ std::optional<std::string> declared(const std::string& file, std::string_view he
         return std::nullopt;
     const std::size_t text = start + heading.size();
     return text::trimmed(file.substr(text, file.find('\n', text) - text));
+}
+
+/// The parts of a list, parted by commas.
+std::vector<std::string> partsOf(std::string_view list) {
+    std::vector<std::string> parts;
+    while (!text::isBlank(list)) {
+        const std::size_t comma = std::min(list.find(','), list.size());
+        parts.push_back(text::trimmed(list.substr(0, comma)));
+        list.remove_prefix(std::min(comma + 1, list.size()));
+    }
+    return parts;
 }
 
 /// Reads "Name kind"; "kind?" is optional.
@@ -47,15 +60,12 @@ Procedure procedureOf(const EmbeddedText& file) {
         declared(file.text, databaseHeading).value_or("Patient_Data") + ".." + fileName.substr(0, fileName.find('.'));
     procedure.body = file.text;
     procedure.output = declared(procedure.body, outputHeading).value_or(std::string{});
-    std::optional<std::string> list = declared(procedure.body, parametersHeading);
+    const std::optional<std::string> list = declared(procedure.body, parametersHeading);
     if (!list)
         throw std::logic_error(fileName + " declares no parameters");
-    std::string declarations = std::move(*list);
-    while (!text::isBlank(declarations)) {
-        const std::size_t comma = declarations.find(',');
-        procedure.parameters.push_back(parameterOf(text::trimmed(declarations.substr(0, comma))));
-        declarations = comma == std::string::npos ? std::string{} : declarations.substr(comma + 1);
-    }
+    for (const std::string& declaration : partsOf(*list))
+        procedure.parameters.push_back(parameterOf(declaration));
+    procedure.order = partsOf(declared(procedure.body, orderHeading).value_or(""));
     return procedure;
 }
 

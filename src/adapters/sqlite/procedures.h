@@ -8,7 +8,8 @@
 namespace opd::adapters::sqlite {
 
 /// A stored procedure: a file of `database/embedded/procedures/`, whose first lines declare its
-/// parameters and, where it does not belong to Patient_Data, its database.
+/// parameters and, where it does not belong to Patient_Data, its database. A long answer may leave its order to the
+/// program (`orderRows`): the columns by which it is to be ordered stand in a line of their own then.
 struct Procedure {
     enum class Kind { Text, Number, Bit, Date };
     struct Parameter {
@@ -20,6 +21,7 @@ struct Procedure {
     std::string name; ///< "database..name"
     std::vector<Parameter> parameters;
     std::string output; ///< the name of what it answers to a typed call; empty for most
+    std::vector<std::string> order; ///< names of columns of its answer; empty where the statement orders its rows
     std::string body;
 };
 

@@ -6,8 +6,10 @@
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/prepared_statements.h"
 #include "adapters/sqlite/procedures.h"
+#include "adapters/sqlite/row_order.h"
 #include "base/text/text.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <optional>
 #include <unistd.h>
@@ -101,6 +103,7 @@ class SqliteLink final : public ado::Link {
         for (auto& row : answer.rows)
             for (const std::size_t column : translation.moments)
                 row[column] = row[column].asDate();
+        orderRows(answer, translation.order);
         return answer;
     }
 
@@ -159,7 +162,18 @@ class SqliteLink final : public ado::Link {
         }
         if (step)
             step->done();
+        orderRows(answer, placesOf(procedure.order, answer));
         return answer;
+    }
+
+    /// Where an answer has the columns of these names.
+    static std::vector<std::size_t> placesOf(const std::vector<std::string>& names, const ado::ResultSet& answer) {
+        std::vector<std::size_t> places;
+        for (const std::string& name : names) {
+            const auto column = std::find(answer.columns.begin(), answer.columns.end(), name);
+            places.push_back(static_cast<std::size_t>(column - answer.columns.begin()));
+        }
+        return places;
     }
 
     static void bind(Query& query, const std::vector<int>& places, const std::vector<ado::Value>& arguments) {

@@ -11,4 +11,10 @@ void dress(QApplication& application);
 /// Gives it to one window: colours and style sheet, whatever those of the application are.
 void dress(QWidget& window);
 
+/// Gives the colours to what has come into a window since then.
+void colour(QWidget& window);
+
+/// Has a widget look as the style sheet wants it by its properties of now: it looks at them only then.
+void restyle(QWidget& widget);
+
 } // namespace opd::qt

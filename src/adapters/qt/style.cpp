@@ -4,7 +4,6 @@
 #include "adapters/qt/desk_style.h"
 
 #include <QApplication>
-#include <QStyle>
 #include <QToolTip>
 
 #include <iterator>
@@ -176,11 +175,6 @@ void colour(QWidget& window) {
     for (QWidget* child : window.findChildren<QWidget*>())
         if (!child->testAttribute(Qt::WA_SetPalette))
             child->setPalette(deskPalette());
-}
-
-void restyle(QWidget& widget) {
-    widget.style()->unpolish(&widget);
-    widget.style()->polish(&widget);
 }
 
 } // namespace opd::qt

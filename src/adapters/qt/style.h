@@ -14,7 +14,4 @@ void dress(QWidget& window);
 /// Gives the colours to what has come into a window since then.
 void colour(QWidget& window);
 
-/// Has a widget look as the style sheet wants it by its properties of now: it looks at them only then.
-void restyle(QWidget& widget);
-
 } // namespace opd::qt

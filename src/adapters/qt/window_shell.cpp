@@ -1,6 +1,7 @@
 #include "adapters/qt/window_shell.h"
 
 #include "adapters/qt/basics/qt_text.h"
+#include "adapters/qt/basics/restyle.h"
 #include "adapters/qt/binder.h"
 #include "adapters/qt/forms.h"
 #include "adapters/qt/scroll_page.h"

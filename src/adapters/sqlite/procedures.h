@@ -20,7 +20,7 @@ struct Procedure {
 
     std::string name; ///< "database..name"
     std::vector<Parameter> parameters;
-    std::string output; ///< the name of what it answers to a typed call; empty for most
+    std::string output;             ///< the name of what it answers to a typed call; empty for most
     std::vector<std::string> order; ///< names of columns of its answer; empty where the statement orders its rows
     std::string body;
 };

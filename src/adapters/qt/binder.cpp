@@ -3,6 +3,7 @@
 #include "adapters/qt/names.h"
 
 #include <QDebug>
+#include <QHash>
 #include <QScrollArea>
 #include <QSet>
 
@@ -45,10 +46,27 @@ QList<QWidget*> namedWidgets(const QWidget& form) {
     return named;
 }
 
+/// The widgets of a form by their names, looked for once: a form has hundreds.
+class Widgets {
+  public:
+    explicit Widgets(const QWidget& form) {
+        for (QWidget* widget : form.findChildren<QWidget*>())
+            if (!widget->objectName().isEmpty() && !m_byName.contains(widget->objectName()))
+                m_byName.insert(widget->objectName(), widget);
+    }
+
+    template <class Widget = QWidget> Widget* find(const QString& name) const {
+        return qobject_cast<Widget*>(m_byName.value(name));
+    }
+
+  private:
+    QHash<QString, QWidget*> m_byName;
+};
+
 /// The widget that is to show a control; null, with the reason noted, when there is none that fits.
-QWidget* widgetFor(const ui::Control& control, const QWidget& form, QStringList& missing) {
+QWidget* widgetFor(const ui::Control& control, const Widgets& form, QStringList& missing) {
     const QString name = widgetName(control);
-    auto* widget = form.findChild<QWidget*>(name);
+    QWidget* const widget = form.find(name);
     if (widget == nullptr)
         missing += QStringLiteral("no widget %1").arg(name);
     else if (!fits(control, *widget))
@@ -58,10 +76,10 @@ QWidget* widgetFor(const ui::Control& control, const QWidget& form, QStringList&
     return nullptr;
 }
 
-QLabel* labelFor(const ui::Control& control, const QWidget& form, QStringList& missing) {
+QLabel* labelFor(const ui::Control& control, const Widgets& form, QStringList& missing) {
     if (!hasLabel(control))
         return nullptr;
-    auto* label = form.findChild<QLabel*>(labelName(control));
+    auto* const label = form.find<QLabel>(labelName(control));
     if (label == nullptr)
         missing += QStringLiteral("no label %1").arg(labelName(control));
     return label;
@@ -71,12 +89,13 @@ QLabel* labelFor(const ui::Control& control, const QWidget& form, QStringList& m
 
 QStringList differences(const ui::Window& window, const QWidget& form) {
     QStringList found;
+    const Widgets widgets(form);
     QSet<const QWidget*> expected;
     for (const ui::Control* control : controlsOf(window)) {
         if (control->kind() == ui::Kind::Timer)
             continue;
-        expected.insert(widgetFor(*control, form, found));
-        expected.insert(labelFor(*control, form, found));
+        expected.insert(widgetFor(*control, widgets, found));
+        expected.insert(labelFor(*control, widgets, found));
     }
     for (const QWidget* widget : namedWidgets(form))
         if (!expected.contains(widget))
@@ -86,11 +105,12 @@ QStringList differences(const ui::Window& window, const QWidget& form) {
 
 std::vector<std::unique_ptr<ControlView>> bind(ui::Window& window, QWidget& form) {
     std::vector<std::unique_ptr<ControlView>> views;
+    const Widgets widgets(form);
     QStringList missing;
     for (ui::Control* control : controlsOf(window)) {
-        QWidget* widget = control->kind() == ui::Kind::Timer ? nullptr : widgetFor(*control, form, missing);
+        QWidget* widget = control->kind() == ui::Kind::Timer ? nullptr : widgetFor(*control, widgets, missing);
         if (widget != nullptr || control->kind() == ui::Kind::Timer)
-            views.push_back(makeView(*control, widget, labelFor(*control, form, missing)));
+            views.push_back(makeView(*control, widget, labelFor(*control, widgets, missing)));
     }
     for (const QString& difference : missing)
         qWarning().noquote() << "window" << window.name().c_str() << "-" << difference;

@@ -69,12 +69,14 @@ WindowShell* QtDesktop::open(ui::Window& window, bool modal) {
         return nullptr;
     }
     window.load();
-    auto owned = std::make_unique<WindowShell>(window, m_places);
+    std::unique_ptr<WindowShell> owned = m_stock.take(window.name());
+    owned->bindTo(window, m_places);
     WindowShell* const served = modal ? currentShell() : nullptr;
     WindowShell* const shell = owned.release(); // it deletes itself when the window is unloaded
     m_shells.push_back(shell);
     QObject::connect(shell, &WindowShell::gone, &m_activation, [this, shell] { std::erase(m_shells, shell); });
     shell->present(modal, served);
+    m_stock.prepareSoon();
     if (m_player != nullptr && shell->isOpen())
         hands::waitUntilActive(*shell); // a display moves and sizes a window a while after it was asked to
     return shell;

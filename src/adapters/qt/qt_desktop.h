@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/qt/activation.h"
+#include "adapters/qt/form_stock.h"
 #include "adapters/qt/input_filter.h"
 #include "adapters/qt/qt_driver.h"
 #include "adapters/qt/report/qt_output.h"
@@ -46,6 +47,9 @@ class QtDesktop final : public ui::Desktop {
     void workEnded() override;
     std::optional<std::string> failure() const override;
 
+    /// Builds now what would be built while the clerk pauses, so that the largest form opens at once.
+    void prepareForms() { m_stock.prepare(); }
+
     /// The window opened last of those that are on the screen, or null.
     WindowShell* currentShell() const;
 
@@ -63,6 +67,7 @@ class QtDesktop final : public ui::Desktop {
     InputFilter m_input{*this};
     Activation m_activation;
     Waiting m_waiting;
+    FormStock m_stock;
     std::vector<WindowShell*> m_shells;
     bool m_busy = false;
     bool m_over = false; // the script has ended or failed: nothing is shown any more

@@ -141,6 +141,11 @@ QPalette makePalette() {
     return palette;
 }
 
+const QPalette& deskPalette() {
+    static const QPalette palette = makePalette();
+    return palette;
+}
+
 QString makeStyleSheet() {
     QString sheet = QString::fromLatin1(look);
     for (const auto& [name, colour] : named)
@@ -152,19 +157,24 @@ QString makeStyleSheet() {
 
 void dress(QApplication& /*application*/) {
     QApplication::setStyle(std::make_unique<DeskStyle>().release()); // the application owns it
-    const QPalette palette = makePalette();
-    QApplication::setPalette(palette);
-    QToolTip::setPalette(palette);
+    QApplication::setPalette(deskPalette());
+    QToolTip::setPalette(deskPalette());
 }
 
 void dress(QWidget& window) {
     static const QString sheet = makeStyleSheet();
-    static const QPalette palette = makePalette();
-    window.setPalette(palette);
+    window.setPalette(deskPalette());
     // Under a style sheet widgets take their colours from the application instead of their parent.
     for (QWidget* child : window.findChildren<QWidget*>())
-        child->setPalette(palette);
+        child->setPalette(deskPalette());
     window.setStyleSheet(window.styleSheet() + sheet);
+}
+
+// What has its colours keeps them: the style sheet has changed them since.
+void colour(QWidget& window) {
+    for (QWidget* child : window.findChildren<QWidget*>())
+        if (!child->testAttribute(Qt::WA_SetPalette))
+            child->setPalette(deskPalette());
 }
 
 } // namespace opd::qt

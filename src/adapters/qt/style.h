@@ -11,4 +11,7 @@ void dress(QApplication& application);
 /// Gives it to one window: colours and style sheet, whatever those of the application are.
 void dress(QWidget& window);
 
+/// Gives the colours to what has come into a window since then.
+void colour(QWidget& window);
+
 } // namespace opd::qt

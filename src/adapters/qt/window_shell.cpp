@@ -1,6 +1,7 @@
 #include "adapters/qt/window_shell.h"
 
 #include "adapters/qt/basics/qt_text.h"
+#include "adapters/qt/basics/restyle.h"
 #include "adapters/qt/binder.h"
 #include "adapters/qt/forms.h"
 #include "adapters/qt/scroll_page.h"
@@ -12,7 +13,6 @@
 #include <QLayout>
 #include <QRegularExpression>
 #include <QScreen>
-#include <QStyle>
 #include <QTableView>
 #include <QWindow>
 
@@ -42,9 +42,20 @@ QSize sizeIn(const QString& place) {
 
 } // namespace
 
-WindowShell::WindowShell(ui::Window& window, ui::WindowPlaces* places) : m_window(window), m_places(places) {
-    if (!buildForm(window.name(), *this))
-        throw std::logic_error("There is no form for the window " + window.name() + ".");
+WindowShell::WindowShell(const std::string& form) {
+    if (!buildForm(form, *this))
+        throw std::logic_error("There is no form for the window " + form + ".");
+    dress(*this);
+}
+
+WindowShell::WindowShell(ui::Window& window, ui::WindowPlaces* places) : WindowShell(window.name()) {
+    bindTo(window, places);
+}
+
+void WindowShell::bindTo(ui::Window& window, ui::WindowPlaces* places) {
+    m_window = &window;
+    m_places = places;
+    m_open = true;
     m_views = bind(window, *this);
     for (const auto& view : m_views) {
         m_byControl[&view->control()] = view.get();
@@ -56,7 +67,7 @@ WindowShell::WindowShell(ui::Window& window, ui::WindowPlaces* places) : m_windo
             m_statusLine = label;
     floatOverCells();
     nameAll();
-    dress(*this);
+    colour(*this); // what the views have added
     showAll();
 }
 
@@ -70,13 +81,13 @@ void WindowShell::floatOverCells() {
 }
 
 void WindowShell::nameAll() {
-    const ui::SpokenNames names(m_window);
+    const ui::SpokenNames names(*m_window);
     for (const auto& view : m_views)
         view->setSpoken(toQt(names.of(view->control())), toQt(ui::tipOf(view->control(), names)));
 }
 
 void WindowShell::showAll() {
-    setWindowTitle(toQt(m_window.caption()));
+    setWindowTitle(toQt(m_window->caption()));
     for (const auto& view : m_views)
         for (const ui::Aspect aspect :
              {ui::Aspect::Caption, ui::Aspect::Items, ui::Aspect::Text, ui::Aspect::Checked, ui::Aspect::Table,
@@ -95,7 +106,7 @@ void WindowShell::present(bool modal, WindowShell* served) {
     }
     fitScreen(served);
     QWidget::show();
-    m_window.opened(*this);
+    m_window->opened(*this);
 }
 
 void WindowShell::fitScreen(const WindowShell* served) {
@@ -105,7 +116,7 @@ void WindowShell::fitScreen(const WindowShell* served) {
     layout()->activate();
     const QRect available = (served == nullptr ? this : served)->screen()->availableGeometry();
     const QSize frame = served == nullptr ? knownFrame : frameOf(*served);
-    const QString remembered = m_places == nullptr ? QString() : toQt(m_places->placeOf(m_window.name()));
+    const QString remembered = m_places == nullptr ? QString() : toQt(m_places->placeOf(m_window->name()));
     const QSize wanted = sizeIn(remembered).isEmpty() ? size().expandedTo(sizeHint()) : sizeIn(remembered);
     resize(wanted.expandedTo(minimumSizeHint()).boundedTo(available.size() - frame));
     QRect place(QPoint(), size() + frame);
@@ -122,7 +133,7 @@ void WindowShell::rememberPlace() {
         return;
     const QSize usual = isMaximized() ? normalGeometry().size() : size();
     const QString place = QStringLiteral("%1x%2").arg(usual.width()).arg(usual.height());
-    m_places->keep(m_window.name(), fromQt(isMaximized() ? place + ' ' + maximised : place));
+    m_places->keep(m_window->name(), fromQt(isMaximized() ? place + ' ' + maximised : place));
 }
 
 ControlView* WindowShell::viewOf(const ui::Control& control) const {
@@ -138,19 +149,19 @@ ControlView* WindowShell::viewAt(const QWidget* widget) const {
 }
 
 ControlView* WindowShell::focusView() const {
-    return m_open && m_window.focus() != nullptr ? viewOf(*m_window.focus()) : nullptr;
+    return m_open && m_window->focus() != nullptr ? viewOf(*m_window->focus()) : nullptr;
 }
 
 void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
     if (aspect == ui::Aspect::Status)
         showStatus();
-    else if (&control == &m_window)
-        setWindowTitle(toQt(m_window.caption()));
+    else if (&control == m_window)
+        setWindowTitle(toQt(m_window->caption()));
     else if (ControlView* view = viewOf(control))
         view->show(aspect);
     if (aspect == ui::Aspect::CurrentPage)
         followPage();
-    else if (aspect == ui::Aspect::Caption && &control != &m_window)
+    else if (aspect == ui::Aspect::Caption && &control != m_window)
         nameAll();
     if (aspect != ui::Aspect::Status)
         showStatus(); // what is still to be done may be less or more by any change
@@ -159,14 +170,15 @@ void WindowShell::changed(ui::Control& control, ui::Aspect aspect) {
 void WindowShell::showStatus() {
     if (m_statusLine == nullptr || !m_open)
         return;
-    const ui::Control* focus = m_window.focus();
+    const ui::Control* focus = m_window->focus();
     const bool isAlert = focus != nullptr && !focus->refusal().empty();
-    const QString text = toQt(m_window.statusLine());
+    const QString text = toQt(m_window->statusLine());
     if (text == m_statusLine->text() && isAlert == m_statusLine->property("alert").toBool())
         return;
-    m_statusLine->setProperty("alert", isAlert);
-    m_statusLine->style()->unpolish(m_statusLine); // a style sheet looks at a property only then
-    m_statusLine->style()->polish(m_statusLine);
+    if (isAlert != m_statusLine->property("alert").toBool()) {
+        m_statusLine->setProperty("alert", isAlert);
+        restyle(*m_statusLine);
+    }
     m_statusLine->setText(text);
 }
 
@@ -208,7 +220,7 @@ void WindowShell::closed() {
 void WindowShell::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (m_open)
-        m_window.requestClose();
+        m_window->requestClose();
 }
 
 } // namespace opd::qt

@@ -17,19 +17,25 @@ class WindowShell final : public QWidget, public ui::WindowView {
     Q_OBJECT
 
   public:
+    /// The form of this name, which shows no model yet. Throws std::logic_error when there is none.
+    explicit WindowShell(const std::string& form);
+
     /// `places` remember the window's size from one time to the next; null when nobody does. Throws std::logic_error
     /// when there is no form for the window.
     explicit WindowShell(ui::Window& window, ui::WindowPlaces* places = nullptr);
     ~WindowShell() override;
+
+    /// Makes it the window of a model, once; see the constructor.
+    void bindTo(ui::Window& window, ui::WindowPlaces* places);
 
     /// Shows it and tells the model. `modal` keeps the clerk from every other window meanwhile. It stands in the middle
     /// of the window it serves, or of the screen when there is none, as large as it was left or as its content wants,
     /// and never larger than the screen with its frame.
     void present(bool modal, WindowShell* served);
 
-    /// False from the moment when the model is unloaded; the model may be gone then.
+    /// False without a model, and from the moment when it is unloaded; it may be gone then.
     bool isOpen() const { return m_open; }
-    ui::Window& model() const { return m_window; }
+    ui::Window& model() const { return *m_window; }
 
     /// The view of a control; null when its form has no widget for it.
     ControlView* viewOf(const ui::Control& control) const;
@@ -63,13 +69,13 @@ class WindowShell final : public QWidget, public ui::WindowView {
     void followPage();
     void showStatus();
 
-    ui::Window& m_window;
-    ui::WindowPlaces* m_places;
+    ui::Window* m_window = nullptr;
+    ui::WindowPlaces* m_places = nullptr;
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::unordered_map<const ui::Control*, ControlView*> m_byControl;
     std::unordered_map<const QWidget*, ControlView*> m_byWidget;
     QLabel* m_statusLine = nullptr; ///< reads what the model's status line does; not every form has one
-    bool m_open = true;
+    bool m_open = false;
 };
 
 } // namespace opd::qt

@@ -170,6 +170,7 @@ TEST(QtDesktopTest, OpeningAndClosingHundredsOfTimesLeavesNoWidgetBehind) {
         desktop.showModal(search);
     };
     openAndClose();
+    desktop.prepareForms();
     hands::settle();
     const auto before = QApplication::allWidgets().size();
     for (int i = 0; i < 200; ++i) {

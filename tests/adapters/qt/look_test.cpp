@@ -166,6 +166,33 @@ TEST(QtLook, EverythingCanBeReadUnderADarkDesktop) {
     });
 }
 
+/// The pages of the registration form, filled and with a field refused.
+std::vector<QImage> pagesOfForm(bool wasPrepared) {
+    std::vector<QImage> pages;
+    samples::RegistrationWindow form;
+    QtDesktop desktop;
+    if (wasPrepared)
+        desktop.prepareForms();
+    desktop.show(form);
+    fillFields(form);
+    form.header.txtFirstName.setRefusal("Not this one.");
+    for (std::size_t page = 0; page < form.tabOPD.pages().size(); ++page) {
+        form.tabOPD.show(static_cast<int>(page));
+        hands::settle();
+        pages.push_back(desktop.currentShell()->grab().toImage());
+    }
+    return pages;
+}
+
+TEST(QtLook, AFormThatWasBuiltAheadLooksLikeOneThatWasNot) {
+    const DarkDesktop dark;
+    const int flashes = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    const std::vector<QImage> expected = pagesOfForm(false);
+    EXPECT_EQ(pagesOfForm(true), expected);
+    QApplication::setCursorFlashTime(flashes);
+}
+
 TEST(QtLook, AMessageCanBeReadUnderADarkDesktop) {
     const DarkDesktop dark;
     QMessageBox box;

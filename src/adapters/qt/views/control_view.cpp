@@ -1,6 +1,7 @@
 #include "adapters/qt/views/control_view.h"
 
 #include "adapters/qt/basics/qt_text.h"
+#include "adapters/qt/basics/restyle.h"
 #include "adapters/qt/views/button_views.h"
 #include "adapters/qt/views/container_views.h"
 #include "adapters/qt/views/field_views.h"
@@ -17,12 +18,21 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QStyle>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTextDocument>
 
 namespace opd::qt {
+
+namespace {
+
+/// A widget that was never hidden needs no showing: it comes with its window.
+void setVisible(QWidget& widget, bool visible) {
+    if (!visible || widget.testAttribute(Qt::WA_WState_ExplicitShowHide))
+        widget.setVisible(visible);
+}
+
+} // namespace
 
 ControlView::ControlView(ui::Control& control, QWidget* widget, QLabel* label)
     : m_control(control), m_widget(widget), m_label(label) {
@@ -39,7 +49,7 @@ void ControlView::show(ui::Aspect aspect) {
         if (aspect == ui::Aspect::Enabled)
             part->setEnabled(m_control.enabled());
         else if (aspect == ui::Aspect::Visible)
-            part->setVisible(m_control.visible());
+            setVisible(*part, m_control.visible());
     }
     if (aspect == ui::Aspect::Caption && m_label != nullptr)
         m_label->setText(toQt(m_control.caption()));
@@ -77,8 +87,7 @@ void ControlView::showMarks() {
         part->setProperty("needed", isNeeded);
         part->setToolTip(reason.isEmpty() ? m_tip : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
         part->setAccessibleDescription(description);
-        part->style()->unpolish(part); // a style sheet looks at a property only then
-        part->style()->polish(part);
+        restyle(*part);
     }
 }
 

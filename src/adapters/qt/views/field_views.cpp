@@ -1,6 +1,7 @@
 #include "adapters/qt/views/field_views.h"
 
 #include "adapters/qt/basics/qt_text.h"
+#include "adapters/qt/basics/restyle.h"
 #include "adapters/qt/views/calendar_popup.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
@@ -36,6 +37,13 @@ QString fittingPart(const QString& text, int maxLength, const QString& shown, co
     return qt::toQt(ui::fitting(qt::fromQt(text), maxLength, lengthOf(shown) - lengthOf(selected)));
 }
 
+template <class Edit> void setReadOnly(Edit& edit, bool readOnly) {
+    if (edit.isReadOnly() == readOnly)
+        return;
+    edit.setReadOnly(readOnly);
+    restyle(edit);
+}
+
 /// A text as the toolkit's own fields of several lines hold it.
 QString inLines(QString text) {
     return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -55,7 +63,7 @@ DateTime fromQt(const QDateTime& value) {
 
 TextView::TextView(ui::TextBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QLineEdit*>(widget)) {
-    m_edit->setReadOnly(box.readOnly);
+    setReadOnly(*m_edit, box.readOnly);
     m_edit->setMaxLength(anyLength);
     QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this](const QString& text) {
         if (isWriting())
@@ -104,7 +112,7 @@ QString TextView::shownText() const {
 
 MemoView::MemoView(ui::TextBox& box, QWidget* widget, QLabel* label)
     : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QPlainTextEdit*>(widget)) {
-    m_edit->setReadOnly(box.readOnly);
+    setReadOnly(*m_edit, box.readOnly);
     m_edit->setTabChangesFocus(true);
     QObject::connect(m_edit, &QPlainTextEdit::textChanged, m_edit, [this] { follow(); });
 }

@@ -30,8 +30,9 @@ install(DIRECTORY database/sqlserver DESTINATION ${CMAKE_INSTALL_DATADIR}/opd-re
 if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/acceptance)
   install(DIRECTORY acceptance DESTINATION ${CMAKE_INSTALL_DATADIR}/opd-registration USE_SOURCE_PERMISSIONS)
 endif()
-install(FILES docs/operator-scripts.md docs/embedded-database.md docs/sqlserver.md docs/reports.md docs/tour.opd
+install(FILES docs/clerk.md docs/administrator.md docs/operator-scripts.md docs/embedded-database.md docs/sqlserver.md docs/reports.md docs/tour.opd
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.png") # of the guides
 
 # What the program says of itself, in the form of manual pages and of bash's completion.
 set(manual ${CMAKE_BINARY_DIR}/manual)

@@ -46,7 +46,7 @@ number="$("$desk" sql hospital "select count(*) || max(IDNum) from Patient_Data_
 "$desk" doctor --database hospital >doctor || fail "$(cat doctor)"
 grep -q "right program  *$root/usr/lib/.*/opd-registration/libopd-registration.so" doctor || fail "$(cat doctor)"
 for file in bin/opd-desk share/{applications/opd-desk.desktop,icons/hicolor/scalable/apps/opd-desk.svg} \
-    share/doc/opd-registration{,-dev}/{copyright,changelog.gz} \
+    share/doc/opd-registration{,-dev}/{copyright,changelog.gz} share/doc/opd-registration/administrator.md \
     share/opd-registration/database/sqlserver/01-databases.sql include/opd-registration/component/init_dll.h; do
     [[ -e "$root/usr/$file" ]] || fail "$file is missing"
 done

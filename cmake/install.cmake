@@ -27,9 +27,7 @@ endforeach()
 install(FILES src/component/init_dll.h src/component/environment.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/opd-registration/component COMPONENT dev)
 install(DIRECTORY database/sqlserver DESTINATION ${CMAKE_INSTALL_DATADIR}/opd-registration/database)
-if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/acceptance)
-  install(DIRECTORY acceptance DESTINATION ${CMAKE_INSTALL_DATADIR}/opd-registration USE_SOURCE_PERMISSIONS)
-endif()
+install(DIRECTORY acceptance DESTINATION ${CMAKE_INSTALL_DATADIR}/opd-registration USE_SOURCE_PERMISSIONS)
 install(FILES docs/clerk.md docs/administrator.md docs/operator-scripts.md docs/embedded-database.md docs/sqlserver.md docs/reports.md docs/tour.opd
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.png") # of the guides

@@ -10,6 +10,7 @@
 #include "base/os/library.h"
 #include "component/environment.h"
 #include "component/init_dll.h"
+#include "component/stored_prints.h"
 #include "component/trace_file.h"
 #include "data/connection_settings.h"
 #include "reports/photograph.h"
@@ -112,6 +113,22 @@ std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings
                 drawWhileWaiting(connection);
             },
     });
+}
+
+namespace {
+
+/// For scripts: a workstation that has never printed.
+struct NoPrints final : report::PrintMemory {
+    report::PrintChoice choiceFor(const std::string&) const override { return {}; }
+    void keep(const std::string&, const report::PrintChoice&) override {}
+};
+
+} // namespace
+
+report::PrintMemory& prints() {
+    static StoredPrints stored{settings::IniStore{}};
+    static NoPrints none;
+    return environment::value(environment::script).empty() ? static_cast<report::PrintMemory&>(stored) : none;
 }
 
 std::filesystem::path moduleFolder() {

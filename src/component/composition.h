@@ -6,6 +6,7 @@
 #include "ports/camera/camera.h"
 #include "ports/image/image.h"
 #include "ports/report/engine.h"
+#include "ports/report/output.h"
 #include "ports/settings/store.h"
 #include "ui/desktop.h"
 
@@ -40,6 +41,9 @@ const ImageCodec& images();
 
 /// Makes documents from report files, with the photographs of the folder that the settings name.
 std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings);
+
+/// What is remembered of printing.
+report::PrintMemory& prints();
 
 /// The camera of the process: the file that stands in for one, or else the workstation's, which is looked for when it
 /// is first used. A desktop without a screen has none.

@@ -33,6 +33,7 @@ inline constexpr const char* serverSettingsSection = "SQL Server";
 inline constexpr const char* pictureSettingsSection = "Pictures";
 inline constexpr const char* savingSettingsSection = "Saving";
 inline constexpr const char* searchingSettingsSection = "Searching";
+inline constexpr const char* entrySettingsSection = "Entry";
 
 class IInitDLL : public com::IUnknown {
   public:

@@ -8,6 +8,7 @@
 #include "component/composition.h"
 #include "component/session_start.h"
 #include "data/connection_settings.h"
+#include "data/entry_settings.h"
 #include "data/saving_settings.h"
 #include "data/searching_settings.h"
 #include "reports/photograph.h"
@@ -25,6 +26,7 @@ static_assert(std::string_view{connectionSettingsSection} == data::connectionSec
 static_assert(std::string_view{pictureSettingsSection} == reports::pictureSection);
 static_assert(std::string_view{savingSettingsSection} == data::savingSection);
 static_assert(std::string_view{searchingSettingsSection} == data::searchingSection);
+static_assert(std::string_view{entrySettingsSection} == data::entrySection);
 
 namespace {
 
@@ -54,14 +56,15 @@ InitDLL::InitDLL(com::Server& server)
 }
 
 Session InitDLL::session() const {
-    return {Globals::ofThread(),
-            composition::desktop(),
-            composition::clock(),
-            *m_settings,
-            [](const std::string& programId) {
-                return com::Object{com::createInstance(programId, com::iidLateBound).get()};
-            },
-            {*m_reports, composition::camera(), composition::images(), composition::moduleFolder()}};
+    return {
+        Globals::ofThread(),
+        composition::desktop(),
+        composition::clock(),
+        *m_settings,
+        [](const std::string& programId) {
+            return com::Object{com::createInstance(programId, com::iidLateBound).get()};
+        },
+        {*m_reports, composition::camera(), composition::images(), composition::prints(), composition::moduleFolder()}};
 }
 
 com::HResult InitDLL::InitSetup() {

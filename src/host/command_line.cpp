@@ -141,6 +141,9 @@ void CommandLine::addConfigure() {
            "--carry-sex-and-birth-date", settings.carrySearch,
            "Put sex and birth date of a search into the form of the new patient that it leads to; no without it")
         ->check(CLI::IsMember({"yes", "no"}));
+    sub->add_option("--quick-entry", settings.quickEntry,
+                    "A birth date or pressure goes on by itself when its last digit is typed; no without it")
+        ->check(CLI::IsMember({"yes", "no"}));
     sub->add_option("--settings", settings.settings, "Settings file instead of the user's own")->type_name(aFile);
 }
 

@@ -17,6 +17,7 @@ struct ConfigureOptions {
     std::string user;
     bool passwordFromInput = false;
     std::string pictures;        ///< folder of the patients' photographs
+    std::string quickEntry;      ///< "yes" or "no"; what is stored stays without it
     std::string watchOtherDesks; ///< "yes" or "no"; what is stored stays without it
     std::string carrySearch;     ///< whether sex and birth date go into a new patient's form; likewise
     std::string settings;        ///< file; the user's own store without it

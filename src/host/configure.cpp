@@ -74,6 +74,8 @@ void configure(const ConfigureOptions& options) {
     addServerSettings(options, values);
     if (!options.pictures.empty())
         values.push_back({pictureSettingsSection, "Folder", std::filesystem::absolute(options.pictures).string()});
+    if (!options.quickEntry.empty())
+        values.push_back({entrySettingsSection, "QuickEntry", options.quickEntry});
     if (!options.watchOtherDesks.empty())
         values.push_back({savingSettingsSection, "WatchOtherDesks", options.watchOtherDesks});
     if (!options.carrySearch.empty())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/entry_settings.h"
 #include "registration/accounts/account_rules.h"
 #include "registration/accounts/payer_rules.h"
 #include "registration/coded/clinical_codes.h"
@@ -17,7 +18,8 @@ class FormRules {
   public:
     FormRules(Session& session, ui::Window& window, Fields& fields, Record& record)
         : m_codes(session), m_listing(session.globals.gCodeSearch), m_entry(session.globals.gForceSearch),
-          m_keys(window, fields), m_patient(session, window, fields.header, fields.personal.cboCivilStatus),
+          m_keys(window, fields, data::entersQuickly(session.settings)),
+          m_patient(session, window, fields.header, fields.personal.cboCivilStatus),
           m_lookups(fields, m_entry, m_listing, m_codes), m_clinical(session, fields, m_entry, m_listing, m_codes),
           m_complaints(session, fields, m_listing), m_payer(session.desktop, fields),
           m_account(session, fields.personal, fields.additional, record.CompanyClass, m_entry, m_listing),

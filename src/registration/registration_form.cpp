@@ -202,8 +202,11 @@ void RegistrationForm::close() {
 }
 
 void RegistrationForm::rememberStored() {
-    if (m_record.isWritten)
-        m_session.globals.lastRegistered = registeredOutcome(m_fields.header, m_record);
+    if (!m_record.isWritten)
+        return;
+    m_session.globals.lastRegistered = registeredOutcome(m_fields.header, m_record);
+    m_session.globals.lastHospNum = m_record.SaveHospNum;
+    m_session.globals.lastOPDNumber = savedVisit(m_record);
 }
 
 void RegistrationForm::saveAndPrint() {

@@ -63,13 +63,26 @@ void frmReportViewer::showModal() {
 
 /// True when the report went to a printer.
 bool frmReportViewer::print(bool atOnce) {
-    const report::Printed outcome = m_session.desktop.output().print(*m_fields.CRViewer1.document(), atOnce);
+    report::PrintChoice choice = Kind.empty() ? report::PrintChoice{} : m_session.devices.prints.choiceFor(Kind);
+    if (atOnce && !Kind.empty() && choice.printer.empty()) {
+        // Nobody has said yet where such paper lies; on the standard printer's it would be spoilt.
+        m_window.hint = "Print it here once: the printer and the copies are remembered for printing at once.";
+        return false;
+    }
+    const report::Printed outcome = m_session.desktop.output().print(*m_fields.CRViewer1.document(), atOnce, choice);
     if (outcome == report::Printed::NoPrinter)
-        m_session.desktop.ask({.text = "There is no printer on this workstation. The report can still be read here and "
-                                       "saved as a PDF file.",
-                               .caption = m_window.caption(),
-                               .icon = ui::Icon::Exclamation});
+        tellNoPrinter(atOnce ? choice.printer : std::string{});
+    if (outcome == report::Printed::Done && !Kind.empty())
+        m_session.devices.prints.keep(Kind, choice);
     return outcome == report::Printed::Done;
+}
+
+void frmReportViewer::tellNoPrinter(const std::string& name) {
+    const std::string fact = name.empty() ? "There is no printer on this workstation."
+                                          : "The printer \"" + name + "\" is not there any more.";
+    m_session.desktop.ask({.text = fact + " The report can still be read here and saved as a PDF file.",
+                           .caption = m_window.caption(),
+                           .icon = ui::Icon::Exclamation});
 }
 
 void frmReportViewer::savePdf() {
@@ -85,7 +98,7 @@ void frmReportViewer::savePdf() {
 
 std::string frmReportViewer::suggestedFileName() const {
     const std::vector<report::ParameterField>& parameters = m_report.parameterFields;
-    return (parameters.empty() ? "Report" : parameters.front().value) + ".pdf";
+    return (Kind.empty() ? "" : Kind + "-") + (parameters.empty() ? "Report" : parameters.front().value) + ".pdf";
 }
 
 void frmReportViewer::toggleToolbar() {

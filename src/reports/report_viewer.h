@@ -14,6 +14,7 @@ class frmReportViewer {
     ~frmReportViewer();
 
     bool ShowGroupTree = false; ///< lists the report's groups beside it
+    std::string Kind;           ///< of paper: its printer and copies are remembered; empty: of none
     bool DirectPrint = false;   ///< prints at once instead of showing; shows all the same when nothing could be printed
 
     ui::Window& window() { return m_window; }
@@ -26,6 +27,7 @@ class frmReportViewer {
     void bindButtons();
     void load();
     bool print(bool atOnce);
+    void tellNoPrinter(const std::string& name);
     void savePdf();
     void toggleToolbar();
     void showPage();

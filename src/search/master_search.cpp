@@ -1,6 +1,7 @@
 #include "search/master_search.h"
 
 #include "base/text/text.h"
+#include "data/entry_settings.h"
 #include "data/hospital_settings.h"
 #include "data/procedures/dates.h"
 #include "data/procedures/key_filters.h"
@@ -26,6 +27,7 @@ frmMasterSearch::frmMasterSearch(Session& session, RegistrationOpener& registrat
     bindKeys();
     bindCriteria();
     bindActions();
+    bindPapers();
 }
 
 void frmMasterSearch::setHints() {
@@ -71,10 +73,8 @@ void frmMasterSearch::bindKeys() {
         m_fields.tmrBarCode.start();
     };
     m_fields.txtBirthDate.onKeyPress = [this](ui::KeyPress& press) {
-        if (press.code != ui::key::enter || !m_fields.txtBirthDate.isBlank())
-            return;
-        m_session.desktop.ask({.text = "Please enter Patient's Birtdate!"});
-        m_window.setFocus(m_fields.txtBirthDate);
+        if (press.code == ui::key::enter)
+            enteredBirthDate();
     };
     m_fields.gridPatientList.onKeyPress = [this](ui::KeyPress& press) {
         if (press.code == ui::key::enter)
@@ -83,6 +83,19 @@ void frmMasterSearch::bindKeys() {
             forgetRows();
     };
     m_fields.gridPatientList.typesInto = [this](char32_t character) { return boxFor(character); };
+}
+
+// With quick entry the date that completes the criteria is the wish to search for them.
+void frmMasterSearch::enteredBirthDate() {
+    const bool isBlank = m_fields.txtBirthDate.isBlank();
+    const bool isComplete = !text::isBlank(m_fields.lastName.text()) &&
+                            (m_fields.male.selected() || m_fields.female.selected()) && m_fields.search.enabled();
+    if (isBlank)
+        m_session.desktop.ask({.text = "Please enter Patient's Birtdate!"});
+    if (isBlank || (m_fields.txtBirthDate.entersWhenFull && isComplete && !m_finder.acceptBirthDate(m_window)))
+        m_window.setFocus(m_fields.txtBirthDate);
+    else if (m_fields.txtBirthDate.entersWhenFull && isComplete)
+        search();
 }
 
 // What is typed on the list is the next card (a scanner types its digits wherever the focus is) or the next name.
@@ -173,6 +186,28 @@ void frmMasterSearch::bindActions() {
     m_fields.gridPatientList.onDoubleClick = [this] { openChosen(); };
 }
 
+void frmMasterSearch::bindPapers() {
+    const auto bind = [this](ui::Button& button, const reports::Paper& paper, const char* key, const char* deed) {
+        button.causesValidation = false; // what stands in the criteria is not searched for
+        button.onClick = [this, &paper] { showPaper(paper, false); };
+        m_window.ownKeys.push_back({key, deed, [this, &paper]() -> ui::Control* {
+                                        showPaper(paper, false);
+                                        return nullptr;
+                                    }});
+    };
+    bind(m_fields.cmdLabel, reports::patientLabel, "F7", "label of the last patient");
+    bind(m_fields.cmdCard, reports::patientCard, "F8", "card of the last patient");
+    reports::bindPrintKeys(m_window, [this](const reports::Paper& paper) { showPaper(paper, true); });
+}
+
+void frmMasterSearch::showPaper(const reports::Paper& paper, bool atOnce) {
+    const Globals& globals = m_session.globals;
+    if (globals.lastOPDNumber.empty())
+        m_window.setStatus("Nobody has been registered at this desk yet.");
+    else
+        reports::showPaper(m_session, paper, globals.lastOPDNumber, globals.lastHospNum, atOnce);
+}
+
 void frmMasterSearch::load() {
     m_closedByOperator = true;
     m_noMatch.clear();
@@ -184,6 +219,7 @@ void frmMasterSearch::load() {
     m_fields.newPatient.setEnabled(false);
     m_fields.search.setEnabled(false);
     m_fields.txtBirthDate.calendarDay = m_session.clock.now();
+    m_fields.txtBirthDate.entersWhenFull = data::entersQuickly(m_session.settings);
     data::LoadServerDate(m_session);
     data::LoadHospitalInfo(m_session);
     m_window.setStatus(std::exchange(m_session.globals.lastOutcome, {}));
@@ -195,6 +231,8 @@ void frmMasterSearch::showLastRegistered() {
     const std::string& last = m_session.globals.lastRegistered;
     m_fields.lblLastRegistered.setVisible(!last.empty());
     m_fields.lblLastRegistered.setCaption(text::replaced(last, "&", "&&"));
+    for (ui::Button* button : {&m_fields.cmdLabel, &m_fields.cmdCard})
+        button->setVisible(!m_session.globals.lastOPDNumber.empty());
 }
 
 void frmMasterSearch::blankFields() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/papers.h"
 #include "search/master_search_fields.h"
 #include "search/patient_finder.h"
 #include "search/patient_opener.h"
@@ -37,10 +38,13 @@ class frmMasterSearch {
     void openNew();
     void showVisits();
     void showLastRegistered();
+    void bindPapers();
+    void showPaper(const reports::Paper& paper, bool atOnce);
     void showDuplicate();
     void clearOthers(const ui::Control& kept);
     void criterionChanged();
     ui::TextBox* boxFor(char32_t character);
+    void enteredBirthDate();
     void forgetRows();
 
     Session& m_session;

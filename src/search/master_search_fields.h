@@ -17,6 +17,8 @@ struct MasterSearchFields {
         gridPatientList.spokenName = "Patients found";
         cboBirthDay.spokenName = "Day";
         txtBirthDate.offersCalendar = true;
+        cmdLabel.hint = "F7 shows the label of the patient who was registered last, Shift+F7 prints it at once.";
+        cmdCard.hint = "F8 shows the card of the patient who was registered last, Shift+F8 prints it at once.";
     }
 
     ui::Container& window;
@@ -60,6 +62,8 @@ struct MasterSearchFields {
     ui::Grid gridPatientList{window, "gridPatientList"};
 
     ui::Label lblLastRegistered{window, "lblLastRegistered", ""};
+    ui::Button cmdLabel{window, "cmdLabel", "La&bel"}; ///< of the patient whose visit was stored last
+    ui::Button cmdCard{window, "cmdCard", "C&ard"};
     ui::Button cmdTodaysVisits{window, "cmdTodaysVisits", "Today's &Visits"};
     ui::Button& newPatient = Command1.add(window, 3, "New &Patient");
     ui::Button& close = Command1.add(window, 2, "&Close");

@@ -43,6 +43,9 @@ struct Globals : FeatureFlags {
     std::string lastOutcome;    ///< what the last registration stored, for the next search window to say
     std::string lastRegistered; ///< whom it was about and the numbers; the search windows show it until the next one
 
+    std::string lastHospNum;   ///< the patient whose visit was stored last, for a label or card; empty when none was
+    std::string lastOPDNumber; ///< and that visit, with its "B"
+
     /// What was typed into registrations that could not be saved, by hospital number or "NEW"; until each is saved or
     /// given up.
     std::map<std::string, std::shared_ptr<const registration::KeptRegistration>> keptRegistrations;

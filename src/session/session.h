@@ -4,6 +4,7 @@
 #include "ports/camera/camera.h"
 #include "ports/image/image.h"
 #include "ports/report/engine.h"
+#include "ports/report/output.h"
 #include "ports/settings/store.h"
 #include "session/globals.h"
 #include "ui/desktop.h"
@@ -19,6 +20,7 @@ struct Devices {
     const report::Engine& reports;
     Camera& camera;
     const ImageCodec& images;
+    report::PrintMemory& prints;
     std::filesystem::path moduleFolder; ///< where the module lies, with its report files below
 };
 

@@ -7,7 +7,9 @@ namespace opd::ui {
 namespace {
 
 struct NoOutput final : report::Output {
-    report::Printed print(const report::Document&, bool) override { return report::Printed::NoPrinter; }
+    report::Printed print(const report::Document&, bool, report::PrintChoice&) override {
+        return report::Printed::NoPrinter;
+    }
     void writePdf(const report::Document&, const std::filesystem::path&) override {
         throw std::runtime_error("A desktop without a screen writes no PDF files.");
     }

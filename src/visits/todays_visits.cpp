@@ -67,6 +67,10 @@ void frmTodaysVisits::bindActions() {
         action.button.onClick = act;
         m_window.ownKeys.push_back({action.key, action.deed, onKey(act)});
     }
+    reports::bindPrintKeys(m_window, [this](const reports::Paper& paper) {
+        if (const Visit* const visit = current())
+            showPaper(paper, Visit{*visit}, true);
+    });
 }
 
 void frmTodaysVisits::doWith(const Action& action) {
@@ -140,6 +144,11 @@ void frmTodaysVisits::open() {
 
 void frmTodaysVisits::printDataSheet(const Visit& visit) {
     reports::showDataSheet(m_session, *reports::prepareDataSheet(m_session, visit.opdNumber));
+    m_window.setFocus(m_fields.grdVisits);
+}
+
+void frmTodaysVisits::showPaper(const reports::Paper& paper, const Visit& visit, bool atOnce) {
+    reports::showPaper(m_session, paper, visit.opdNumber, visit.hospNum, atOnce);
     m_window.setFocus(m_fields.grdVisits);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/papers.h"
 #include "search/registration_opener.h"
 #include "search/visits_opener.h"
 #include "session/session.h"
@@ -42,6 +43,7 @@ class frmTodaysVisits final : public search::VisitsOpener {
     void open();
     void doWith(const Action& action);
     void printDataSheet(const Visit& visit);
+    void showPaper(const reports::Paper& paper, const Visit& visit, bool atOnce);
     const Visit* current() const;
 
     Session& m_session;
@@ -49,7 +51,11 @@ class frmTodaysVisits final : public search::VisitsOpener {
     ui::Window m_window{"frmTodaysVisits", "Today's Visits"};
     TodaysVisitsFields m_fields{m_window};
     std::vector<Action> m_actions{{m_fields.cmdPrint, "F6", "data sheet of the marked visit",
-                                   [this](const Visit& visit) { printDataSheet(visit); }}};
+                                   [this](const Visit& visit) { printDataSheet(visit); }},
+                                  {m_fields.cmdLabel, "F7", "patient's label",
+                                   [this](const Visit& visit) { showPaper(reports::patientLabel, visit, false); }},
+                                  {m_fields.cmdCard, "F8", "patient's card",
+                                   [this](const Visit& visit) { showPaper(reports::patientCard, visit, false); }}};
     VisitList m_visits;
     std::vector<const Visit*> m_listed; ///< those of the grid's rows
 };

@@ -15,6 +15,8 @@ struct TodaysVisitsFields {
         txtSearch.hint = "Shows the visits that hold this text. The Down arrow leads into the list, Enter opens.";
         chkMine.hint = "Shows the visits alone that were last stored by this desk's user.";
         cmdPrint.hint = "Shows the data sheet of the marked visit, for reading and printing it again.";
+        cmdLabel.hint = "F7 shows the label of the marked visit's patient, Shift+F7 prints it at once.";
+        cmdCard.hint = "F8 shows the card of the marked visit's patient, Shift+F8 prints it at once.";
         cmdRefresh.hint = "Asks the database for today's visits again.";
     }
 
@@ -25,6 +27,8 @@ struct TodaysVisitsFields {
     ui::Grid grdVisits{window, "grdVisits"};    ///< a visit a row, the newest first
     ui::Button cmdOpen{window, "cmdOpen", "&Open"};
     ui::Button cmdPrint{window, "cmdPrint", "&Print Data Sheet"};
+    ui::Button cmdLabel{window, "cmdLabel", "La&bel"};
+    ui::Button cmdCard{window, "cmdCard", "C&ard"};
     ui::Button cmdRefresh{window, "cmdRefresh", "&Refresh"};
     ui::Button cmdClose{window, "cmdClose", "&Close"};
 };

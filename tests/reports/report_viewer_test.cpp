@@ -1,5 +1,6 @@
 #include "support/test_session.h"
 
+#include "reports/papers.h"
 #include "reports/prepare_report.h"
 #include "reports/report_viewer.h"
 
@@ -72,6 +73,30 @@ TEST_F(Viewer, DirectPrintShowsAWindowOnlyWhenNothingCouldBePrinted) {
     desktop.answer(ui::Answer::Ok);
     show(true);
     EXPECT_EQ(desktop.shown, std::vector<std::string>{"frmReportViewer"});
+}
+
+TEST_F(Viewer, ALabelIsPrintedAtOnceWhereTheLastOneWasAndAsOften) {
+    const auto showLabel = [&](bool atOnce) {
+        reports::showPaper(session, reports::patientLabel, "7B", "00000007", atOnce);
+    };
+    showLabel(true); // nobody has said where labels lie
+    EXPECT_EQ(desktop.shown, std::vector<std::string>{"frmReportViewer"});
+    EXPECT_TRUE(desktop.press.printed.empty());
+    EXPECT_EQ(this->reports.opened, "module/Reports/Label.rpt");
+
+    desktop.press.chosen = {"Labels", 3};
+    desktop.work([&](ui::Window& window) { click(window, "cmdPrint"); });
+    showLabel(false);
+    showLabel(true);
+    EXPECT_EQ(desktop.press.printed, (std::vector<std::string>{"7B", "!7B"}));
+    EXPECT_EQ(desktop.press.offered.printer + " " + std::to_string(desktop.press.offered.copies), "Labels 3");
+    EXPECT_TRUE(prints.choiceFor("Card").printer.empty());
+
+    desktop.press.outcome = report::Printed::NoPrinter;
+    desktop.answer(ui::Answer::Ok);
+    showLabel(true);
+    EXPECT_NE(desktop.messages.back().text.find("\"Labels\" is not there any more"), std::string::npos);
+    EXPECT_EQ(desktop.shown.size(), 3U);
 }
 
 } // namespace

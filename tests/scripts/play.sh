@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Plays an operator script on one desktop against a demonstration hospital of its own, in the morning of a fixed day:
-#   play.sh DESK SCRIPT DESKTOP DAY [SQL [OPTION...]]      SQL switches the hospital's settings, OPTIONs go to `run`
+#   play.sh DESK SCRIPT DESKTOP DAY [SQL [OPTION...]]      SQL switches the hospital's settings, OPTIONs go to `run`,
+# and those of a line "# configure: OPTION..." in the script to `configure`
 set -euo pipefail
 desk="$1" script="$2" desktop="$3" now="$4 10:00" settings="${5:-}"
 shift $(($# < 5 ? $# : 5))
@@ -14,7 +15,13 @@ cd "$folder"
 if [[ -n "$settings" ]]; then
     sqlite3 hospital/hospital.db "update Patient_Data_tbHospitalInfo set $settings"
 fi
-run=("$desk" run --database hospital --now "$now" --user CLERK --desktop "$desktop" --script "$script" "$@")
+place=(--database hospital)
+if configured="$(sed -n 's/^# configure: //p' "$script")" && [[ -n "$configured" ]]; then
+    # shellcheck disable=SC2086 # several options
+    "$desk" configure --server hospital --settings settings.ini $configured
+    place=(--settings settings.ini)
+fi
+run=("$desk" run "${place[@]}" --now "$now" --user CLERK --desktop "$desktop" --script "$script" "$@")
 if [[ "$desktop" != scripted || "$now" != 11/25/2026* ]]; then
     "${run[@]}"
     exit

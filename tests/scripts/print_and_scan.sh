@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# What is printed can be scanned: writes a data sheet as PDF on real windows, lets an independent reader find the bar
-# code in the page, and types what it read into the search window as a scanner would.   print_and_scan.sh DESK
+# What is printed can be scanned: writes data sheet, label and card as PDF on real windows, lets an independent reader find the bar
+# code in each page as a label printer draws it, and types what it read into the search window as a scanner would.   print_and_scan.sh DESK
 set -euo pipefail
 desk="$1"
 folder="$(mktemp -d)"
@@ -22,12 +22,25 @@ expect-window frmReportViewer
 file "sheet.pdf"
 key Alt+S
 key Escape
+key F7
+file "label.pdf"
+key Alt+S
+key Escape
+key F8
+file "card.pdf"
+key Alt+S
+key Escape
 END
 "$desk" run --database hospital --user CLERK --desktop qt --script print.opd
 
-pdftoppm -r 150 -png -singlefile sheet.pdf sheet
-read="$(zbarimg --quiet --raw -Sdisable -Scode128.enable sheet.png 2> reader.log)"
-echo "read from the page: $read"
+for paper in sheet label card; do
+    dots=203 # an inch; the coarsest printer of labels
+    [[ $paper != sheet ]] || dots=150
+    pdftoppm -r $dots -png -singlefile $paper.pdf $paper
+    read="$(zbarimg --quiet --raw -Sdisable -Scode128.enable $paper.png 2> reader.log)"
+    echo "read from the $paper: $read"
+    [[ "$read" == 00000002 ]]
+done
 pdftotext -layout sheet.pdf - | grep -q 'Page 1 of 1'
 
 cat > scan.opd <<END

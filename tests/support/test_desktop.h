@@ -48,8 +48,13 @@ class TestDesktop final : public ui::Desktop {
         report::Printed outcome = report::Printed::Done;
         std::vector<std::string> printed; ///< the texts of the documents; those printed at once begin with "!"
         std::vector<std::filesystem::path> files;
-        report::Printed print(const report::Document& document, bool atOnce) override {
+        report::PrintChoice offered; ///< what the last one began with
+        report::PrintChoice chosen;  ///< what the clerk makes of it, where a printer is named
+        report::Printed print(const report::Document& document, bool atOnce, report::PrintChoice& choice) override {
             printed.push_back((atOnce ? "!" : "") + document.text);
+            offered = choice;
+            if (!atOnce && !chosen.printer.empty())
+                choice = chosen;
             return outcome;
         }
         void writePdf(const report::Document&, const std::filesystem::path& to) override { files.push_back(to); }

@@ -73,6 +73,16 @@ struct StandInCodec final : ImageCodec {
     }
 };
 
+/// Choices in memory.
+struct MemoryOfPrints final : report::PrintMemory {
+    std::map<std::string, report::PrintChoice> choices;
+    report::PrintChoice choiceFor(const std::string& kind) const override {
+        const auto found = choices.find(kind);
+        return found == choices.end() ? report::PrintChoice{} : found->second;
+    }
+    void keep(const std::string& kind, const report::PrintChoice& choice) override { choices[kind] = choice; }
+};
+
 /// A session without a database yet, with the clock standing at 24 November 2026, 14:05.
 struct Workplace {
     Workplace() {
@@ -88,7 +98,8 @@ struct Workplace {
     StandInEngine reports;
     StandInCamera camera;
     StandInCodec images;
-    Session session{globals, desktop, clock, store, {}, {reports, camera, images, "module"}};
+    MemoryOfPrints prints;
+    Session session{globals, desktop, clock, store, {}, {reports, camera, images, prints, "module"}};
 };
 
 /// A session on a recording database.

@@ -34,7 +34,9 @@ class FileReport final : public report::Report {
         };
         Markup body = laidOut(m_file.body);
         document.title = m_file.title;
+        document.paper = m_file.paper;
         document.margins = m_file.margins;
+        document.shrinksToFit = m_file.shrinksToFit;
         document.style = m_file.style;
         document.body = std::move(body.content);
         document.text = std::move(body.text);

@@ -12,7 +12,10 @@ namespace opd::adapters::reporting {
 
 namespace {
 
-constexpr int widestMargin = 90; ///< leaves room for something between two of them on every paper
+constexpr int widestMargin = 90;    ///< leaves room for something between two of them on A4
+constexpr int smallestPaper = 15;   ///< in millimetres; nothing that can be read is smaller
+constexpr int largestPaper = 420;   ///< the longer side of A3
+constexpr double leastContent = 10; ///< of a paper, between its margins
 constexpr std::uintmax_t largestFile = std::uintmax_t{1024} * 1024;
 
 std::vector<std::string> words(const std::string& line) {
@@ -46,6 +49,10 @@ class Parser {
     ReportFile result() {
         if (m_report.queries.empty() || text::isBlank(m_report.body))
             throw std::runtime_error("a report needs at least one query and a body");
+        const report::Margins& margins = m_report.margins;
+        if (m_report.paper.width - margins.left - margins.right < leastContent ||
+            m_report.paper.height - margins.top - margins.bottom < leastContent)
+            throw std::runtime_error("the margins leave nothing of the paper");
         return std::move(m_report);
     }
 
@@ -86,9 +93,31 @@ class Parser {
             return;
         }
         std::istringstream numbers(value);
+        if (key == "margins")
+            takeMargins(numbers);
+        else if (key == "paper")
+            takePaper(numbers);
+        else if (key == "fit" && value == "shrink")
+            m_report.shrinksToFit = true;
+        else
+            throw std::runtime_error("expected \"title = text\", \"paper = width height\", \"fit = shrink\" or "
+                                     "\"margins = left top right bottom\"");
+    }
+
+    void takePaper(std::istringstream& numbers) {
+        report::Paper& paper = m_report.paper;
+        if (!(numbers >> paper.width >> paper.height))
+            throw std::runtime_error("expected \"paper = width height\"");
+        for (const double side : {paper.width, paper.height})
+            if (!(side >= smallestPaper && side <= largestPaper))
+                throw std::runtime_error("a paper is between " + std::to_string(smallestPaper) + " and " +
+                                         std::to_string(largestPaper) + " mm wide and high");
+    }
+
+    void takeMargins(std::istringstream& numbers) {
         report::Margins& margins = m_report.margins;
-        if (key != "margins" || !(numbers >> margins.left >> margins.top >> margins.right >> margins.bottom))
-            throw std::runtime_error("expected \"title = text\" or \"margins = left top right bottom\"");
+        if (!(numbers >> margins.left >> margins.top >> margins.right >> margins.bottom))
+            throw std::runtime_error("expected \"margins = left top right bottom\"");
         for (const double margin : {margins.left, margins.top, margins.right, margins.bottom})
             if (!(margin >= 0 && margin <= widestMargin))
                 throw std::runtime_error("a margin is between 0 and " + std::to_string(widestMargin) + " mm");

@@ -27,7 +27,9 @@ struct ValueTexts {
 /// A report file as it is written (see docs/reports.md).
 struct ReportFile {
     std::string title;
+    report::Paper paper;
     report::Margins margins;
+    bool shrinksToFit = false;
     std::vector<std::string> parameters;
     std::vector<Query> queries;
     std::vector<ValueTexts> values;

@@ -16,12 +16,20 @@ struct Margins {
     double bottom = 15;
 };
 
-/// A report with its data in it, ready to be laid out on A4 pages. The texts are well-formed markup with the elements
+/// A sheet of paper as it lies in the printer, in millimetres. The default is A4.
+struct Paper {
+    double width = 210;
+    double height = 297;
+};
+
+/// A report with its data in it, ready to be laid out on its pages. The texts are well-formed markup with the elements
 /// of simple HTML; an image is named by the source of its element.
 struct Document {
     std::string title;
+    Paper paper;
     Margins margins;
-    std::string style; ///< style sheet of all texts
+    bool shrinksToFit = false; ///< becomes smaller, within reason, where it would need more than one page
+    std::string style;         ///< style sheet of all texts
     std::string body;
     std::string head; ///< at the top of every page but the first; "{page}" and "{pages}" stand for the numbers
     std::string foot; ///< at the bottom of every page

@@ -26,7 +26,7 @@ struct HeaderFields {
     ui::TextBox txtFirstName{header, "txtFirstName", "First Name", 30};
     ui::TextBox txtMiddleName{header, "txtMiddleName", "Middle Name", 30};
     ui::TextBox txtTitle{header, "txtTitle", "Title"};
-    ui::Frame sex{header, "fraSex", "Sex"};
+    ui::Frame sex{header, "fraSex", "Se&x"};
     ui::ControlArray<ui::OptionButton> optSex{"optSex"};
     ui::OptionButton& male = optSex.add(sex, 0, "M");
     ui::OptionButton& female = optSex.add(sex, 1, "F");

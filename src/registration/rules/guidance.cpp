@@ -27,7 +27,8 @@ std::string nameOf(const ui::Control& field) {
 Guidance::Guidance(ui::Window& window, Fields& fields, const Record& record, const Globals& globals)
     : m_window(window), m_fields(fields), m_record(record), m_globals(globals) {
     window.hint = "Ctrl+Tab and Alt+1 to Alt+5 show the tabs, F1 lists the keys.";
-    window.ownKeys = {{"Enter", "next field"}};
+    window.ownKeys = {{"Enter", "next field"},
+                      {"F6", "next field that is still needed", [this] { return nextMissing(); }}};
     window.stillToDo = [this] { return stateOfSave(); };
     alsoOn(fields.header.txtBirthDate.onChange, [this] { showAgeInMonths(m_fields.header, m_globals.gServerDate); });
     // What the window had to report ("nobody of that name", a complaint taken over) is read by the time the clerk goes
@@ -71,6 +72,21 @@ void Guidance::markNeeded() {
     for (ui::Control* field : missing)
         field->setNeeded(true);
     m_needed = std::move(missing);
+}
+
+/// The next field behind the one with the focus, round the end of the form, that a save would ask for; the button that
+/// saves when there is none.
+ui::Control* Guidance::nextMissing() const {
+    std::vector<ui::Control*> order;
+    m_window.collect(order);
+    const auto here = std::find(order.begin(), order.end(), m_window.focus());
+    if (here != order.end())
+        std::rotate(order.begin(), here + 1, order.end());
+    const std::vector<ui::Control*> wanted = missingFields(m_fields, m_globals);
+    for (ui::Control* control : order)
+        if (std::find(wanted.begin(), wanted.end(), control) != wanted.end())
+            return control;
+    return &m_fields.buttons.cmdSave;
 }
 
 std::string storedOutcome(const Record& record) {

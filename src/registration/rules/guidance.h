@@ -25,6 +25,7 @@ class Guidance {
     void followChange();
     std::string stateOfSave() const;
     std::string stillNeeded() const;
+    ui::Control* nextMissing() const;
 
     ui::Window& m_window;
     Fields& m_fields;

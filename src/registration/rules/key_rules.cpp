@@ -5,11 +5,13 @@
 
 namespace opd::registration {
 
-KeyRules::KeyRules(ui::Window& window, Fields& fields) : m_window(window), m_fields(fields) {
+KeyRules::KeyRules(ui::Window& window, Fields& fields, bool quick) : m_window(window), m_fields(fields) {
     window.onKeyPress = [this](ui::KeyPress& press) { preview(press); };
     bindNameFilters();
     bindPreviewRests();
     bindRoadsBetweenTabs();
+    if (quick)
+        bindQuickEntry();
 }
 
 void KeyRules::preview(ui::KeyPress& press) {
@@ -70,6 +72,13 @@ void KeyRules::bindRoadsBetweenTabs() {
             leadToConsultation(press);
     };
     m_fields.personal.txtNotify.forEach([&](int, ui::TextBox& box) { box.onKeyPress = leadToConsultation; });
+}
+
+void KeyRules::bindQuickEntry() {
+    ConsultationTab& consultation = m_fields.consultation;
+    for (ui::Control* field : std::initializer_list<ui::Control*>{
+             &m_fields.header.txtBirthDate, &m_fields.history.txtLMP, &consultation.systolic, &consultation.diastolic})
+        field->entersWhenFull = true;
 }
 
 } // namespace opd::registration

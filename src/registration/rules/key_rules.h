@@ -9,7 +9,8 @@ namespace opd::registration {
 /// roads from one tab to the next.
 class KeyRules {
   public:
-    KeyRules(ui::Window& window, Fields& fields);
+    /// With `quick`, what has a known number of places goes on by itself when the last one is typed.
+    KeyRules(ui::Window& window, Fields& fields, bool quick);
     KeyRules(const KeyRules&) = delete;
     KeyRules& operator=(const KeyRules&) = delete;
 
@@ -18,6 +19,7 @@ class KeyRules {
     void bindNameFilters();
     void bindPreviewRests();
     void bindRoadsBetweenTabs();
+    void bindQuickEntry();
 
     ui::Window& m_window;
     Fields& m_fields;

@@ -68,6 +68,32 @@ TEST(QtReport, ALongReportLosesNothingBetweenItsPagesAndNumbersThem) {
     EXPECT_GT(pages.pageOfGroup(2), pages.pageOfGroup(1));
 }
 
+TEST(QtReport, ALabelIsMadeSmallerUntilItFitsAndNothingOfItIsCut) {
+    const tests::TemporaryFolder folder;
+    const QString file = toQt((folder / "label.pdf").string());
+    report::Document label;
+    label.paper = {70, 37};
+    label.margins = {2, 2, 2, 2};
+    label.shrinksToFit = true;
+    label.style = "p { font-size: 10pt; margin: 0; }";
+    const std::string longWord(30, 'W');
+    for (const std::string name : {"Ñ", "ÑOVAL", longWord.c_str()}) {
+        label.body = "<p>" + name + ", MARIA DE LOS ANGELES " + name + "-" + longWord + " END</p><p>00000012</p>";
+        const PagedDocument pages(label);
+        EXPECT_EQ(pages.pageCount(), 1) << name;
+        QtOutput(true, {}).writePdf(label, fromQt(file));
+        std::string read = pageText(file, 1);
+        std::erase_if(read, [](char c) { return c == ' ' || c == '\n' || c == '\f'; });
+        EXPECT_EQ(read, name + ",MARIADELOSANGELES" + name + "-" + longWord + "END00000012");
+    }
+    for (int line = 0; line < 40; ++line)
+        label.body += "<p>line " + std::to_string(line) + ".</p>";
+    const PagedDocument pages(label);
+    EXPECT_GT(pages.pageCount(), 1);
+    QtOutput(true, {}).writePdf(label, fromQt(file));
+    EXPECT_NE(pageText(file, pages.pageCount()).find("line 39."), std::string::npos);
+}
+
 TEST(QtReport, AFileThatCannotBeWrittenSaysWhy) {
     try {
         QtOutput(true, {}).writePdf(documentOf(1), "/no/such/folder/report.pdf");
@@ -75,7 +101,8 @@ TEST(QtReport, AFileThatCannotBeWrittenSaysWhy) {
     } catch (const std::runtime_error& failure) {
         EXPECT_NE(std::string{failure.what()}.find("/no/such/folder/report.pdf"), std::string::npos);
     }
-    EXPECT_EQ(QtOutput(true, {}).print(documentOf(1), false), report::Printed::NoPrinter);
+    report::PrintChoice choice;
+    EXPECT_EQ(QtOutput(true, {}).print(documentOf(1), false, choice), report::Printed::NoPrinter);
 }
 
 TEST(QtReport, TheViewerShowsPagesAndTheKeysMoveInThem) {

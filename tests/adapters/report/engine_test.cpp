@@ -75,6 +75,22 @@ TEST_F(Reports, AVisitSaysThatItIsRevokedAndShowsThePhotographThatIsOnFile) {
     EXPECT_EQ(sheet.images.at("photograph:00000006"), m_photograph);
 }
 
+TEST_F(Reports, AReportSaysOnWhichPaperItStandsAndWhetherItShrinks) {
+    const report::Document label = open(LABEL, "2600000001B")->document();
+    EXPECT_EQ(label.paper.width, 70);
+    EXPECT_EQ(label.paper.height, 37);
+    EXPECT_TRUE(label.shrinksToFit);
+    EXPECT_TRUE(label.images.contains("code128:00000002"));
+    EXPECT_NE(label.text.find("SANTOS, MARIA REYES"), std::string::npos) << label.text;
+    const report::Document sheet = dataSheet("2600000001B");
+    EXPECT_EQ(sheet.paper.height, 297);
+    EXPECT_FALSE(sheet.shrinksToFit);
+    expectFailure("[report]\npaper = 70\n", "report.rpt:2: expected \"paper = width height\"");
+    expectFailure("[report]\npaper = 70 4000\n", "report.rpt:2: a paper is between");
+    expectFailure("[report]\npaper = 70 37\nmargins = 40 0 40 0\n" + oneQuery + "[body]\nx\n",
+                  "the margins leave nothing of the paper");
+}
+
 TEST_F(Reports, AReportThatCannotBeMadeSaysWhy) {
     expectFailure("nonsense", "report.rpt:1: expected a section");
     expectFailure("# remark\n[repot]\n", "report.rpt:2: there is no section [repot]");

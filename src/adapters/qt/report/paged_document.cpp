@@ -19,8 +19,8 @@ namespace {
 constexpr int resolution = 1200; // dots per inch
 constexpr double millimetre = resolution / 25.4;
 constexpr int dotsPerMetre = 47244;
-constexpr double paperWidth = 210 * millimetre;
-constexpr double paperHeight = 297 * millimetre;
+constexpr double smallestScale = 0.55; // what is smaller can hardly be read, and its bars hardly be scanned
+constexpr double scaleStep = 0.05;
 constexpr double gap = 2 * millimetre; // between head, body and foot
 constexpr int groupLevel = 4;
 
@@ -35,19 +35,34 @@ void draw(QPainter& painter, const QTextDocument& document, const QRectF& clip) 
 
 PagedDocument::PagedDocument(const report::Document& document)
     : m_head(toQt(document.head)), m_foot(toQt(document.foot)), m_style(toQt(document.style)),
-      m_metrics(1, 1, QImage::Format_RGB32) {
+      m_metrics(1, 1, QImage::Format_RGB32), m_paper(document.paper), m_margins(document.margins) {
     for (const auto& [name, image] : document.images)
         m_images.insert(toQt(name), toQt(*image));
     m_metrics.setDotsPerMeterX(dotsPerMetre);
     m_metrics.setDotsPerMeterY(dotsPerMetre);
-    const report::Margins& margins = document.margins;
-    m_content = QRectF(0, 0, paperWidth, paperHeight)
-                    .adjusted(margins.left * millimetre, margins.top * millimetre, -margins.right * millimetre,
-                              -margins.bottom * millimetre);
-    m_headHeight = strip(m_head, 2)->size().height() + gap;
-    m_bodyHeight = m_content.height() - m_headHeight - strip(m_foot, 1)->size().height() - gap;
     fill(m_body, toQt(document.body));
+    layOut(1);
+    for (qreal scale = 1; document.shrinksToFit && !fits() && scale > smallestScale;)
+        layOut(scale -= scaleStep);
+    if (document.shrinksToFit && !fits())
+        layOut(1); // nothing is left out: it goes on upon another page
+}
+
+/// The pages are laid out as much larger as they are then painted smaller.
+void PagedDocument::layOut(qreal scale) {
+    m_scale = scale;
+    const double dots = millimetre / scale;
+    m_content =
+        QRectF(0, 0, m_paper.width * dots, m_paper.height * dots)
+            .adjusted(m_margins.left * dots, m_margins.top * dots, -m_margins.right * dots, -m_margins.bottom * dots);
+    m_headHeight = m_head.isEmpty() ? 0 : strip(m_head, 2)->size().height() + gap;
+    const qreal footHeight = m_foot.isEmpty() ? 0 : strip(m_foot, 1)->size().height() + gap;
+    m_bodyHeight = m_content.height() - m_headHeight - footHeight;
     m_body.setPageSize(QSizeF(m_content.width(), m_bodyHeight));
+}
+
+bool PagedDocument::fits() const {
+    return pageCount() == 1 && m_body.documentLayout()->documentSize().width() <= m_content.width() + 1;
 }
 
 void PagedDocument::fill(QTextDocument& part, const QString& markup) const {
@@ -78,16 +93,16 @@ int PagedDocument::pageOfGroup(int group) const {
     return 1;
 }
 
-void PagedDocument::prepare(QPagedPaintDevice& device) {
-    device.setPageSize(QPageSize(QPageSize::A4));
+void PagedDocument::prepare(QPagedPaintDevice& device) const {
+    device.setPageSize(QPageSize(QSizeF(m_paper.width, m_paper.height), QPageSize::Millimeter));
     device.setPageOrientation(QPageLayout::Portrait);
     device.setPageMargins(QMarginsF());
 }
 
 void PagedDocument::paintPage(QPainter& painter, int page) const {
     painter.save();
-    painter.scale(painter.device()->logicalDpiX() / double{resolution},
-                  painter.device()->logicalDpiY() / double{resolution});
+    painter.scale(m_scale * painter.device()->logicalDpiX() / double{resolution},
+                  m_scale * painter.device()->logicalDpiY() / double{resolution});
     painter.translate(m_content.topLeft());
     const std::unique_ptr<QTextDocument> foot = strip(m_foot, page);
     painter.save();

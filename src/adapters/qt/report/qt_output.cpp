@@ -18,12 +18,18 @@ namespace opd::qt {
 namespace {
 
 /// The standard printer of this workstation, or the first one when none is the standard.
-QPrinterInfo printerOfWorkstation() {
+QPrinterInfo standardPrinter() {
     const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
     if (!standard.isNull())
         return standard;
     const QStringList names = QPrinterInfo::availablePrinterNames();
     return names.isEmpty() ? QPrinterInfo() : QPrinterInfo::printerInfo(names.first());
+}
+
+/// The printer of that name. Where there is none, or no name, the clerk may begin with the standard one.
+QPrinterInfo printerToBegin(const std::string& name, bool atOnce) {
+    const QPrinterInfo named = name.empty() ? QPrinterInfo() : QPrinterInfo::printerInfo(toQt(name));
+    return !named.isNull() || (atOnce && !name.empty()) ? named : standardPrinter();
 }
 
 bool chosenByClerk(QPrinter& printer, int pageCount, QWidget* window) {
@@ -35,17 +41,20 @@ bool chosenByClerk(QPrinter& printer, int pageCount, QWidget* window) {
 
 } // namespace
 
-report::Printed QtOutput::print(const report::Document& document, bool atOnce) {
-    const QPrinterInfo info = m_rehearsed ? QPrinterInfo() : printerOfWorkstation();
+report::Printed QtOutput::print(const report::Document& document, bool atOnce, report::PrintChoice& choice) {
+    const QPrinterInfo info = m_rehearsed ? QPrinterInfo() : printerToBegin(choice.printer, atOnce);
     if (info.isNull())
         return report::Printed::NoPrinter;
     const PagedDocument pages(document);
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setDocName(toQt(document.title));
     printer.setFullPage(true);
-    PagedDocument::prepare(printer);
+    printer.setCopyCount(choice.copies);
+    pages.prepare(printer);
     if (!atOnce && !chosenByClerk(printer, pages.pageCount(), m_currentWindow()))
         return report::Printed::Cancelled;
+    pages.prepare(printer); // another printer came with paper of its own
+    choice = {fromQt(printer.printerName()), printer.copyCount()};
     const int first = std::max(printer.fromPage(), 1);
     pages.paint(printer, first, printer.toPage() > 0 ? printer.toPage() : pages.pageCount());
     if (printer.printerState() == QPrinter::Error)
@@ -62,8 +71,8 @@ void QtOutput::writePdf(const report::Document& document, const std::filesystem:
     {
         QPdfWriter writer(&content);
         writer.setTitle(toQt(document.title));
-        PagedDocument::prepare(writer);
         const PagedDocument pages(document);
+        pages.prepare(writer);
         pages.paint(writer, 1, pages.pageCount());
     }
     os::writePrivately(file, content.data().toStdString());

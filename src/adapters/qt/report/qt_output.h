@@ -16,7 +16,7 @@ class QtOutput final : public report::Output {
     QtOutput(bool rehearsed, std::function<QWidget*()> currentWindow)
         : m_rehearsed(rehearsed), m_currentWindow(std::move(currentWindow)) {}
 
-    report::Printed print(const report::Document& document, bool atOnce) override;
+    report::Printed print(const report::Document& document, bool atOnce, report::PrintChoice& choice) override;
     void writePdf(const report::Document& document, const std::filesystem::path& file) override;
 
   private:

@@ -27,7 +27,6 @@ ReportPaneView::ReportPaneView(ui::ReportPane& pane, QWidget* widget)
       m_groups(new QListWidget(widget)), m_preview(new QPrintPreviewWidget(m_paper.get(), widget)) {
     m_paper->setOutputFormat(QPrinter::PdfFormat); // needs no printer
     m_paper->setFullPage(true);
-    PagedDocument::prepare(*m_paper);
     auto* row = new QHBoxLayout(widget);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_groups);
@@ -103,6 +102,7 @@ void ReportPaneView::showDocument() {
     for (const std::string& group : document->groups)
         m_groups->addItem(toQt(group));
     m_pages = std::make_unique<PagedDocument>(*document);
+    m_pages->prepare(*m_paper);
     m_preview->updatePreview();
     m_pane.laidOut(m_pages->pageCount());
 }

@@ -2,7 +2,7 @@
 
 #include "adapters/sqlite/audited_save.h"
 #include "adapters/sqlite/drawn_numbers.h"
-#include "adapters/sqlite/statements/parser.h"
+#include "adapters/sqlite/parser.h"
 #include "adapters/sqlite/procedures.h"
 #include "workplace.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/catalog.h"
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 
 #include <filesystem>
 #include <map>

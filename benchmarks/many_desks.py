@@ -152,11 +152,12 @@ def server_of(options):
 
 
 def free_patients(options):
-    """Patients who can be registered today, at most as many as the desks can want: number, name, sex, birth date."""
+    """Patients who can be registered today without a question, at most as many as the desks can want: number, name, sex, birth date."""
     most = int(options.desks * (options.seconds * 40 if not options.think else options.seconds / options.think + 2)) + 100
     return sql(options.desk, options.folder,
                "SELECT HospNum || '|' || LastName || '|' || Sex || '|' || BirthDate FROM Patient_Data_tbMaster m "
                "WHERE NOT EXISTS (SELECT 1 FROM Patient_Data_tbOutPatient v WHERE v.HospNum = m.HospNum) AND "
+               "NOT EXISTS (SELECT 1 FROM Patient_Data_tbMasterAccount a WHERE a.HospNum = m.HospNum) AND "
                f"NOT EXISTS (SELECT 1 FROM Patient_Data_tbPatient p WHERE p.HospNum = m.HospNum) LIMIT {most}")
 
 

@@ -97,7 +97,8 @@ def google_benchmark(program, options, **environment):
     for one in measured:
         name = "/".join(one["name"].split("/")[:2])
         if one.get("error_occurred"):
-            sys.exit(f"{name}: {one['error_message']}")
+            figures[name] = {"fault": one["error_message"]}
+            continue
         figures[name] = {key: value for key, value in one.items() if key in
                          ("module_p50", "module_p99", "bare_p50", "bare_p99", "rows", "statements", "turns")}
     return figures
@@ -222,6 +223,10 @@ def main():
     if options.write:
         performance.write(TOP, RESULTS, rows, results)
         say("docs/performance.md is written")
+    faults = [f"{name}: {at['fault']}" for name, at in results["figures"].items() if "fault" in at]
+    faults += [f"{name}: {fault}" for name, at in results["desks"].items() for fault in at["faults"]]
+    if faults:
+        sys.exit("These failed:\n" + "\n".join(faults))
 
 
 if __name__ == "__main__":

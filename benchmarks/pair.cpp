@@ -87,7 +87,9 @@ void measure(benchmark::State& state, const Pair& pair, Time time) {
 void add(const std::string& row, const std::vector<std::string>& hospitals,
          void (*body)(benchmark::State&, const std::string& hospital), const Plan& plan) {
     for (const std::string& name : hospitals) {
-        auto* const measured = benchmark::RegisterBenchmark((row + "/" + name).c_str(), body, name);
+        std::string label = row;
+        label.append("/").append(name);
+        auto* const measured = benchmark::RegisterBenchmark(label.c_str(), body, name);
         measured->UseManualTime()->Unit(benchmark::kMicrosecond);
         if (plan.turns > 0)
             measured->Iterations(isQuick() ? std::max(5, plan.turns / 4) : plan.turns);

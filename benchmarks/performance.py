@@ -36,10 +36,10 @@ def figures_of(row, results):
     """The figures of a row with ratio and growth; None where it was not measured."""
     name, hospital = row["of"].split("/")
     measured = results["figures"]
-    there = [size for size in SIZES if f"{name}/{size}" in measured]
+    there = [size for size in SIZES if "module_p50" in measured.get(f"{name}/{size}", {})]
     if hospital in SIZES and hospital not in there:
         hospital = there[-1] if there else hospital
-    if f"{name}/{hospital}" not in measured:
+    if "module_p50" not in measured.get(f"{name}/{hospital}", {}):
         return None
     at = dict(measured[f"{name}/{hospital}"])
     if "bare_p50" in at:
@@ -142,7 +142,7 @@ def gnuplot(picture, script):
 def plot_growth(work, picture, results):
     data, curves = [], []
     for name in GROWING:
-        points = [(size, results["figures"][f"{name}/{size}"]["module_p50"]) for size in SIZES if f"{name}/{size}" in results["figures"]]
+        points = [(size, results["figures"][f"{name}/{size}"]["module_p50"]) for size in SIZES if "module_p50" in results["figures"].get(f"{name}/{size}", {})]
         if points:
             curves.append(f"'{work}/growth.dat' index {len(data)} using 1:2 with linespoints lw 2 title '{name.replace('-', ' ')}'")
             data.append("\n".join(f"{size} {taken}" for size, taken in points))

@@ -4,7 +4,7 @@
 #include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
 #include "adapters/sqlite/create_database.h"
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 #include "adapters/sqlite/provider.h"
 #include "base/os/system_clock.h"
 #include "codesearch/listing_window.h"

@@ -443,5 +443,44 @@ TEST(Save, WhatCouldNotBeSavedIsOfferedAgainWholeUntilItIsSavedOrGivenUp) {
     }
 }
 
+TEST(Save, TellsWhoIsMeantByASimilarRecordAndAsksEvenWhereThatCannotBeRead) {
+    const auto person = [](const std::string& number) {
+        return std::vector<ado::Value>{number, "DELA CRUZ", "JUAN", "M", DateTime{1980, 3, 7}, "1 RIZAL", "SAN JOSE"};
+    };
+    ado::ResultSet namesakes{{"HospNum", "LastName", "FirstName", "MiddleName", "BirthDate", "HouseStreet", "Barangay"},
+                             {person("7"), person("8")}};
+    namesakes.rows.push_back({"9", "DELA CRUZ", "JUAN", {}, DateTime{1999, 1, 1}, {}, {}});
+    ado::ResultSet many{{"HospNum"}, {{"7 "}}};
+    for (char number = 'a'; number < 'h'; ++number)
+        many.rows.push_back({std::string(1, number)});
+    const std::string seven = "Hosp. # 7: DELA CRUZ, JUAN M, born 03/07/1980, 1 RIZAL, SAN JOSE";
+    const std::string eight = "Hosp. # 8: DELA CRUZ, JUAN M, born 03/07/1980, 1 RIZAL, SAN JOSE";
+    const struct {
+        ado::ResultSet similar;
+        bool fails;
+        std::string detail;
+    } cases[] = {
+        {oneRow({{"HospNum", "8"}}), false, eight},
+        {oneRow({{"Anything", "x"}}), false, seven + "\r\n" + eight}, // a server's own answer: those of the age
+        {many, false, seven + "\r\nHosp. # a\r\nHosp. # b\r\nHosp. # c\r\nHosp. # d\r\nHosp. # e\r\nand 2 more"},
+        {many, true, "Who that is could not be read: gone"},
+    };
+    for (const auto& each : cases) {
+        FormFixture desk;
+        desk.openNewPatient();
+        desk.fillRequired();
+        desk.form->fields().header.txtAge.setText("46");
+        desk.provider->answer("PATIENT_DATA..sp_AOPD_SearchSimilarRecords", each.similar);
+        desk.provider->answer("Select HospNum, LastName", namesakes);
+        if (each.fails)
+            desk.provider->failOn("Select HospNum, LastName", "gone");
+        ASSERT_TRUE(desk.form->validate());
+        desk.desktop.answers("YO");
+        EXPECT_TRUE(desk.save(false));
+        ASSERT_EQ(desk.desktop.messages.size(), 2U);
+        EXPECT_EQ(desk.desktop.messages.front().detail, each.detail);
+    }
+}
+
 } // namespace
 } // namespace opd::tests

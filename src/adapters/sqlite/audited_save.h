@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 
 namespace opd::adapters::sqlite {
 

@@ -1,6 +1,6 @@
 #include "adapters/sqlite/catalog.h"
 
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 

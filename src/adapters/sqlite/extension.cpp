@@ -1,5 +1,5 @@
 // The hospital's collations and functions for any SQLite shell: ".load libopd-hospital-sql".
-#include "adapters/sqlite/functions.h"
+#include "adapters/sqlite/engine/functions.h"
 #include "base/os/system_clock.h"
 
 SQLITE_EXTENSION_INIT1

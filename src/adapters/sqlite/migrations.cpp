@@ -1,7 +1,7 @@
 #include "adapters/sqlite/migrations.h"
 
 #include "adapters/sqlite/embedded_sql.h"
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/whole_copy.h"
 
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #include "adapters/sqlite/procedures.h"
 
 #include "adapters/sqlite/embedded_sql.h"
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "base/text/text.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/sqlite/statements/parser.h"
+#include "adapters/sqlite/parser.h"
 
 #include <string>
 #include <vector>

@@ -2,11 +2,11 @@
 
 #include "adapters/sqlite/audited_save.h"
 #include "adapters/sqlite/drawn_numbers.h"
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/migrations.h"
+#include "adapters/sqlite/prepared_statements.h"
 #include "adapters/sqlite/procedures.h"
-#include "adapters/sqlite/statements/prepared_statements.h"
-#include "adapters/sqlite/statements/row_order.h"
+#include "adapters/sqlite/row_order.h"
 #include "base/text/text.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "adapters/sqlite/whole_copy.h"
 
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/unfinished_file.h"
 
 namespace opd::adapters::sqlite {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/create_database.h"
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 #include "adapters/sqlite/provider.h"
 #include "contract/hospital.h"
 #include "support/files.h"

@@ -1,7 +1,7 @@
 // What the program puts in order stands as the engine would have put it.
-#include "adapters/sqlite/statements/row_order.h"
+#include "adapters/sqlite/row_order.h"
 
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

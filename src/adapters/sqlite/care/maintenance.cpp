@@ -1,6 +1,6 @@
 #include "adapters/sqlite/care/maintenance.h"
 
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/whole_copy.h"
 #include "base/clock/date_text.h"

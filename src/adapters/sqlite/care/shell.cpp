@@ -1,6 +1,6 @@
 #include "adapters/sqlite/care/shell.h"
 
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 
 #include <stdexcept>
 

@@ -2,7 +2,7 @@
 
 #include "adapters/sqlite/creation/demonstration_rows.h"
 #include "adapters/sqlite/creation/reference.h"
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/procedures.h"
 #include "adapters/sqlite/unfinished_file.h"

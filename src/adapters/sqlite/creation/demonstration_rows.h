@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 #include "demonstration/rows.h"
 
 #include <map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/sqlite/engine.h"
+#include "adapters/sqlite/engine/engine.h"
 #include "base/clock/clock.h"
 
 namespace opd::adapters::sqlite {

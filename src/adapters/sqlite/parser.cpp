@@ -1,6 +1,6 @@
-#include "adapters/sqlite/statements/parser.h"
+#include "adapters/sqlite/parser.h"
 
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "base/text/text.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/functions.h"
+#include "adapters/sqlite/engine/functions.h"
 
 #include "base/clock/date_text.h"
 #include "base/os/identity.h"

@@ -1,7 +1,7 @@
-#include "adapters/sqlite/database.h"
+#include "adapters/sqlite/engine/database.h"
 
-#include "adapters/sqlite/errors.h"
-#include "adapters/sqlite/functions.h"
+#include "adapters/sqlite/engine/errors.h"
+#include "adapters/sqlite/engine/functions.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 

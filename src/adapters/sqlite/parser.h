@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/catalog.h"
-#include "adapters/sqlite/statements/tokens.h"
+#include "adapters/sqlite/tokens.h"
 
 #include <string>
 #include <variant>

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/writer_queue.h"
+#include "adapters/sqlite/engine/writer_queue.h"
 
 #include <algorithm>
 #include <chrono>

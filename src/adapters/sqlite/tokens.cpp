@@ -1,6 +1,6 @@
-#include "adapters/sqlite/statements/tokens.h"
+#include "adapters/sqlite/tokens.h"
 
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 #include "base/text/text.h"
 
 namespace opd::adapters::sqlite {

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/statements/prepared_statements.h"
+#include "adapters/sqlite/prepared_statements.h"
 
 namespace opd::adapters::sqlite {
 

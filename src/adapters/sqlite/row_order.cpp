@@ -1,4 +1,4 @@
-#include "adapters/sqlite/statements/row_order.h"
+#include "adapters/sqlite/row_order.h"
 
 #include "base/text/text.h"
 

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/errors.h"
+#include "adapters/sqlite/engine/errors.h"
 
 namespace opd::adapters::sqlite {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/sqlite/writer_queue.h"
+#include "adapters/sqlite/engine/writer_queue.h"
 #include "ado/value.h"
 #include "base/clock/clock.h"
 

@@ -125,11 +125,23 @@ std::string replaceRows(const Database& database) {
              texts(database, "SELECT name FROM pragma_table_info('" + table + "', 'backup')"))
             columns += (columns.empty() ? "" : ", ") + column;
         if (table == "Patient_Data_tbCounter")
-            statements += "INSERT INTO main." + table + " SELECT * FROM backup." + table +
-                          " WHERE true ON CONFLICT (Name) DO UPDATE SET Last = max(Last, excluded.Last);";
+            statements.append("INSERT INTO main.")
+                .append(table)
+                .append(" SELECT * FROM backup.")
+                .append(table)
+                .append(" WHERE true ON CONFLICT (Name) DO UPDATE SET Last = max(Last, excluded.Last);");
         else
-            statements += "DELETE FROM main." + table + "; INSERT INTO main." + table + " (" + columns + ") SELECT " +
-                          columns + " FROM backup." + table + ";";
+            statements.append("DELETE FROM main.")
+                .append(table)
+                .append("; INSERT INTO main.")
+                .append(table)
+                .append(" (")
+                .append(columns)
+                .append(") SELECT ")
+                .append(columns)
+                .append(" FROM backup.")
+                .append(table)
+                .append(";");
     }
     return statements;
 }
@@ -142,7 +154,7 @@ void attach(const Database& database, const std::filesystem::path& file) {
 
 /// Gives a damaged file and its journals another name, and answers that.
 std::filesystem::path setAside(const std::filesystem::path& file) {
-    const std::filesystem::path aside = unusedName(file.string() + ".damaged");
+    std::filesystem::path aside = unusedName(file.string() + ".damaged");
     std::filesystem::rename(file, aside);
     for (const char* journal : {"-wal", "-shm"})
         if (std::filesystem::exists(file.string() + journal))
@@ -157,7 +169,7 @@ std::filesystem::path replaceContent(const std::filesystem::path& file, const Dr
     Hospital hospital(file);
     attach(hospital, draft.file());
     hospital.run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; BEGIN IMMEDIATE");
-    const std::filesystem::path kept = unusedName(file.string() + ".before-restore");
+    std::filesystem::path kept = unusedName(file.string() + ".before-restore");
     copyWhole(file, kept, machineClock());
     hospital.run(replaceRows(hospital) + "ANALYZE main; COMMIT");
     return kept;

@@ -33,6 +33,10 @@ Statement& Statement::value(std::string_view value) {
         throw Error("The entry \"" + std::string{value} +
                         "\" holds an apostrophe ('), which the database does not take. Please write it without.",
                     "OPD Registration", 105, "42000");
+    if (value.find('\0') != std::string_view::npos) // a driver would send what stands before it, with the quote open
+        throw Error("An entry holds a character that ends texts (NUL), which the database does not take: \"" +
+                        std::string{value.substr(0, value.find('\0'))} + "\". Please write it anew.",
+                    "OPD Registration", 105, "42000");
     m_text += value;
     return *this;
 }

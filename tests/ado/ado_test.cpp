@@ -177,6 +177,12 @@ TEST_F(Ado, ATransactionRollsBackUnlessItWasCommitted) {
     EXPECT_FALSE(connection.inTransaction());
 }
 
+TEST(Statement, TakesNoValueThatWouldLeaveItsQuotes) {
+    for (const std::string& value : {std::string{"O'NEIL"}, std::string{"A\0B", 3}, std::string{"\0", 1}})
+        EXPECT_THROW(Statement("Select '").value(value), Error) << value.size();
+    EXPECT_EQ(Statement("Select '").value("A\\--/*").text("'").str(), "Select 'A\\--/*'");
+}
+
 TEST_F(Ado, TheTraceIsToldEveryStatementBeforeItIsSent) {
     std::string trace;
     connection.setTrace([&](const std::string& line) { trace += line + "\n"; });

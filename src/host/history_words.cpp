@@ -29,72 +29,69 @@ struct Column {
 
 const std::vector<const char*> marks{"no", "yes"};
 
-const std::map<std::string, Column>& columns() {
-    static const std::map<std::string, Column> all{
-        {"LastName", {"Last name", {}}},
-        {"FirstName", {"First name", {}}},
-        {"MiddleName", {"Middle name", {}}},
-        {"Title", {"Title", {}}},
-        {"HouseStreet", {"House no. and street", {}}},
-        {"Barangay", {"Barangay", {}}},
-        {"ZipCode", {"Town", {}, {"tbCoAddress", "ZipCode", "Town"}}},
-        {"Sex", {"Sex", {}}},
-        {"BirthDate", {"Birth date", {}}},
-        {"telnum", {"Telephone", {}}},
-        {"CivilStatus", {"Civil status", {"child", "single", "married", "widow", "separated", "divorced"}}},
-        {"BloodType", {"Blood type", {}}},
-        {"Occupation", {"Occupation", {}}},
-        {"Employer", {"Employer", {}}},
-        {"EmployerAddress", {"Employer's address", {}}},
-        {"EmployerTelNum", {"Employer's telephone", {}}},
-        {"AllergyID1", {"Allergy 1", {}, allergy}},
-        {"AllergyID2", {"Allergy 2", {}, allergy}},
-        {"AllergyID3", {"Allergy 3", {}, allergy}},
-        {"AllergyID4", {"Allergy 4", {}, allergy}},
-        {"AllergyID5", {"Allergy 5", {}, allergy}},
-        {"BirthPlace", {"Birth place", {}}},
-        {"NationalityID", {"Nationality", {}, {"tbCoNationality", "NationalityID", "Nationality"}}},
-        {"ReligionID", {"Religion", {}, {"tbCoReligion", "ReligionID", "Religion"}}},
-        {"Spouse", {"Spouse", {}}},
-        {"mother", {"Mother", {}}},
-        {"Father", {"Father", {}}},
-        {"ContactName", {"To notify", {}}},
-        {"ContactAddress", {"To notify: address", {}}},
-        {"ContactRelation", {"To notify: relation", {}}},
-        {"ContactTelNum", {"To notify: telephone", {}}},
-        {"SpouseAddress", {"Spouse's address", {}}},
-        {"SpouseTelNum", {"Spouse's telephone", {}}},
-        {"FatherAddress", {"Father's address", {}}},
-        {"FatherTelNum", {"Father's telephone", {}}},
-        {"motherAddress", {"Mother's address", {}}},
-        {"motherTelNum", {"Mother's telephone", {}}},
-        {"BarangayCaptain", {"Barangay captain", {}}},
-        {"Position", {"Position", {}}},
-        {"EmploymentType", {"Employment", {"not told", "self-employed", "private", "government"}}},
-        {"EmploymentLocation", {"Employed", {"not told", "local", "abroad"}}},
-        {"EmployerFax", {"Employer's fax", {}}},
-        {"EmployerEmail", {"Employer's e-mail", {}}},
-        {"SpouseEmpName", {"Spouse's employer", {}}},
-        {"SpouseEmpAddress", {"Spouse's employer: address", {}}},
-        {"SpouseEmpTelNum", {"Spouse's employer: tel.", {}}},
-        {"SpouseEmpFax", {"Spouse's employer: fax", {}}},
-        {"SpouseEmpEmail", {"Spouse's employer: e-mail", {}}},
-        {"PhilHealth", {"PHIC member", marks}},
-        {"HouseHold", {"Household members", {}}},
-        {"Email", {"E-mail", {}}},
-        {"CellNum", {"Mobile number", {}}},
-        {"Hypertension", {"Hypertension", marks}},
-        {"Diabetes", {"Diabetes", marks}},
-        {"Hepatitis", {"Hepatitis", marks}},
-        {"Allergies", {"Allergies", marks}},
-        {"Tubercolosis", {"Tuberculosis", marks}},
-        {"PepticUlcer", {"Peptic ulcer", marks}},
-        {"BloodDisease", {"Blood disease", marks}},
-        {"BronchialAsthma", {"Bronchial asthma", marks}},
-        {"Others", {"Other history", {}}},
-    };
-    return all;
-}
+const std::map<std::string, Column> columns{
+    {"LastName", {"Last name", {}}},
+    {"FirstName", {"First name", {}}},
+    {"MiddleName", {"Middle name", {}}},
+    {"Title", {"Title", {}}},
+    {"HouseStreet", {"House no. and street", {}}},
+    {"Barangay", {"Barangay", {}}},
+    {"ZipCode", {"Town", {}, {"tbCoAddress", "ZipCode", "Town"}}},
+    {"Sex", {"Sex", {}}},
+    {"BirthDate", {"Birth date", {}}},
+    {"telnum", {"Telephone", {}}},
+    {"CivilStatus", {"Civil status", {"child", "single", "married", "widow", "separated", "divorced"}}},
+    {"BloodType", {"Blood type", {}}},
+    {"Occupation", {"Occupation", {}}},
+    {"Employer", {"Employer", {}}},
+    {"EmployerAddress", {"Employer's address", {}}},
+    {"EmployerTelNum", {"Employer's telephone", {}}},
+    {"AllergyID1", {"Allergy 1", {}, allergy}},
+    {"AllergyID2", {"Allergy 2", {}, allergy}},
+    {"AllergyID3", {"Allergy 3", {}, allergy}},
+    {"AllergyID4", {"Allergy 4", {}, allergy}},
+    {"AllergyID5", {"Allergy 5", {}, allergy}},
+    {"BirthPlace", {"Birth place", {}}},
+    {"NationalityID", {"Nationality", {}, {"tbCoNationality", "NationalityID", "Nationality"}}},
+    {"ReligionID", {"Religion", {}, {"tbCoReligion", "ReligionID", "Religion"}}},
+    {"Spouse", {"Spouse", {}}},
+    {"mother", {"Mother", {}}},
+    {"Father", {"Father", {}}},
+    {"ContactName", {"To notify", {}}},
+    {"ContactAddress", {"To notify: address", {}}},
+    {"ContactRelation", {"To notify: relation", {}}},
+    {"ContactTelNum", {"To notify: telephone", {}}},
+    {"SpouseAddress", {"Spouse's address", {}}},
+    {"SpouseTelNum", {"Spouse's telephone", {}}},
+    {"FatherAddress", {"Father's address", {}}},
+    {"FatherTelNum", {"Father's telephone", {}}},
+    {"motherAddress", {"Mother's address", {}}},
+    {"motherTelNum", {"Mother's telephone", {}}},
+    {"BarangayCaptain", {"Barangay captain", {}}},
+    {"Position", {"Position", {}}},
+    {"EmploymentType", {"Employment", {"not told", "self-employed", "private", "government"}}},
+    {"EmploymentLocation", {"Employed", {"not told", "local", "abroad"}}},
+    {"EmployerFax", {"Employer's fax", {}}},
+    {"EmployerEmail", {"Employer's e-mail", {}}},
+    {"SpouseEmpName", {"Spouse's employer", {}}},
+    {"SpouseEmpAddress", {"Spouse's employer: address", {}}},
+    {"SpouseEmpTelNum", {"Spouse's employer: tel.", {}}},
+    {"SpouseEmpFax", {"Spouse's employer: fax", {}}},
+    {"SpouseEmpEmail", {"Spouse's employer: e-mail", {}}},
+    {"PhilHealth", {"PHIC member", marks}},
+    {"HouseHold", {"Household members", {}}},
+    {"Email", {"E-mail", {}}},
+    {"CellNum", {"Mobile number", {}}},
+    {"Hypertension", {"Hypertension", marks}},
+    {"Diabetes", {"Diabetes", marks}},
+    {"Hepatitis", {"Hepatitis", marks}},
+    {"Allergies", {"Allergies", marks}},
+    {"Tubercolosis", {"Tuberculosis", marks}},
+    {"PepticUlcer", {"Peptic ulcer", marks}},
+    {"BloodDisease", {"Blood disease", marks}},
+    {"BronchialAsthma", {"Bronchial asthma", marks}},
+    {"Others", {"Other history", {}}},
+};
 
 std::string nameOf(ado::Connection& connection, const Coded& coded, const std::string& code) {
     try {
@@ -128,15 +125,15 @@ std::string onOneLine(const std::string& value) {
 } // namespace
 
 std::string columnInWords(const std::string& column) {
-    const auto known = columns().find(column);
-    return known == columns().end() ? column : known->second.word;
+    const auto known = columns.find(column);
+    return known == columns.end() ? column : known->second.word;
 }
 
 std::string valueInWords(ado::Connection& connection, const std::string& column, const std::string& value) {
     if (text::isBlank(value))
         return "(nothing)";
-    const auto known = columns().find(column);
-    if (known == columns().end())
+    const auto known = columns.find(column);
+    if (known == columns.end())
         return onOneLine(value);
     const auto& [word, values, coded] = known->second;
     if (column == "BirthDate")

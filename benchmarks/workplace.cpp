@@ -78,7 +78,7 @@ void BriefDesktop::showModal(ui::Window& window) {
 
 Workplace::Workplace(const std::filesystem::path& folder, ui::Desktop& desktop)
     : m_settings(folder.string()), m_session{m_globals,  desktop, clock(),
-                                             m_settings, {},      {m_reports, m_camera, m_images, folder}} {
+                                             m_settings, {},      {m_reports, m_camera, m_images, m_prints, folder}} {
     m_globals.gConnection = std::make_shared<ado::Connection>(providers());
     m_globals.gConnection->Open("Data Source=" + folder.string());
     m_globals.gUserID = "BENCH";

@@ -67,6 +67,10 @@ class Workplace {
     struct NoReports final : report::Engine {
         std::unique_ptr<report::Report> open(const std::filesystem::path&) const override { return nullptr; }
     };
+    struct NoPrints final : report::PrintMemory {
+        report::PrintChoice choiceFor(const std::string&) const override { return {}; }
+        void keep(const std::string&, const report::PrintChoice&) override {}
+    };
     struct NoCamera final : Camera {
         std::optional<Image> takeStill() override { return {}; }
     };
@@ -76,6 +80,7 @@ class Workplace {
     NoReports m_reports;
     NoCamera m_camera;
     adapters::PictureFiles m_images;
+    NoPrints m_prints;
     Session m_session;
 };
 

@@ -240,7 +240,7 @@ class Saves {
                 none = none && now.at(n) == before.at(n);
             }
         EXPECT_NE(all, none) << "half a transaction";
-        const std::string outcome = outcomeTold();
+        std::string outcome = outcomeTold();
         EXPECT_EQ(m_open, outcome != "registered" && outcome != "found, registered" && outcome != "no number");
         if (outcome == "nothing" || outcome == "no number" || outcome == "not there") {
             EXPECT_TRUE(none) << m_desk.lastMessage();

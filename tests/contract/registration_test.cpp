@@ -62,7 +62,7 @@ TEST_P(Contract, NeverPutsANewPatientOrVisitInThePlaceOfAnother) {
 
 TEST_P(Contract, GivesFileNumbersOnceAndInOrder) {
     const auto newPatient = [&] {
-        const std::string number = newHospNum(*connection);
+        std::string number = newHospNum(*connection);
         run("sp_aopd_Update_TbMaster", masterValues(number, newOpdNumber(*connection) + "B"));
         return number;
     };

@@ -74,9 +74,9 @@ struct SearchDesk : TestSession {
 };
 
 TEST(MasterSearch, ARefusedBirthDateStopsTheSecondTryAloneAndEveryMarkIsTakenBack) {
-    for (const auto& [birthDate, sent] : {std::pair{"02/30/1980", "',0,0\n"}, {"01/01/1880", "1880.01.01',0,0\n"}}) {
+    for (const auto& [date, told] : {std::pair{"02/30/1980", "',0,0\n"}, {"01/01/1880", "1880.01.01',0,0\n"}}) {
         SearchDesk desk;
-        desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        desk.open([&, birthDate = date, sent = told](ui::Window& window, MasterSearchFields& fields) {
             fields.lastName.setText("CRUZ");
             fields.male.setSelected(true);
             fields.txtBirthDate.setText(birthDate);

@@ -32,7 +32,7 @@ std::string createCommand(const Desk& desk) {
 }
 
 Finding refused(const Desk& desk, const ado::Error& error) {
-    const std::string state = error.sqlState();
+    const std::string& state = error.sqlState();
     const std::string reason = error.what();
     if (state == "IM002" || state == "01000" || reason.find("unixodbc") != std::string::npos)
         return wrong("connection", reason, "sudo apt install unixodbc tdsodbc");
@@ -126,7 +126,7 @@ Finding versionFinding(ado::Connection& connection) {
 }
 
 long secondsBetween(const DateTime& from, const DateTime& to) {
-    constexpr long day = 24 * 60 * 60;
+    constexpr long day = 24L * 60 * 60;
     const auto ofDay = [](const DateTime& at) { return 3600L * at.hour + 60L * at.minute + at.second; };
     return daysBetween(from, to) * day + ofDay(to) - ofDay(from);
 }

@@ -78,17 +78,13 @@ TEST(QtReport, ALabelIsMadeSmallerUntilItFitsAndNothingOfItIsCut) {
     label.style = "p { font-size: 10pt; margin: 0; }";
     const std::string longWord(30, 'W');
     for (const std::string name : {"Ñ", "ÑOVAL", longWord.c_str()}) {
-        label.body = "<p>";
-        label.body.append(name).append(", MARIA DE LOS ANGELES ").append(name).append("-").append(longWord);
-        label.body.append(" END</p><p>00000012</p>");
+        label.body = "<p>" + name + ", MARIA DE LOS ANGELES " + name + "-" + longWord + " END</p><p>00000012</p>";
         const PagedDocument pages(label);
         EXPECT_EQ(pages.pageCount(), 1) << name;
         QtOutput(true, {}).writePdf(label, fromQt(file));
         std::string read = pageText(file, 1);
         std::erase_if(read, [](char c) { return c == ' ' || c == '\n' || c == '\f'; });
-        std::string wanted = name;
-        wanted.append(",MARIADELOSANGELES").append(name).append("-").append(longWord).append("END00000012");
-        EXPECT_EQ(read, wanted);
+        EXPECT_EQ(read, name + ",MARIADELOSANGELES" + name + "-" + longWord + "END00000012");
     }
     for (int line = 0; line < 40; ++line)
         label.body += "<p>line " + std::to_string(line) + ".</p>";

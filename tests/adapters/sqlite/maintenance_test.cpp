@@ -27,8 +27,8 @@ long lastGiven(const EmbeddedHospital& hospital) {
 
 void damage(const std::filesystem::path& file) {
     std::fstream bytes(file, std::ios::in | std::ios::out | std::ios::binary);
-    bytes.seekp(8 * 4096);
-    bytes << std::string(4 * 4096, 'x');
+    bytes.seekp(8L * 4096);
+    bytes << std::string(4UL * 4096, 'x');
 }
 
 TEST(Maintenance, ABackupOfAWorkingHospitalComesBackAndNoNumberIsGivenTwice) {

@@ -125,23 +125,11 @@ std::string replaceRows(const Database& database) {
              texts(database, "SELECT name FROM pragma_table_info('" + table + "', 'backup')"))
             columns += (columns.empty() ? "" : ", ") + column;
         if (table == "Patient_Data_tbCounter")
-            statements.append("INSERT INTO main.")
-                .append(table)
-                .append(" SELECT * FROM backup.")
-                .append(table)
-                .append(" WHERE true ON CONFLICT (Name) DO UPDATE SET Last = max(Last, excluded.Last);");
+            statements += "INSERT INTO main." + table + " SELECT * FROM backup." + table +
+                          " WHERE true ON CONFLICT (Name) DO UPDATE SET Last = max(Last, excluded.Last);";
         else
-            statements.append("DELETE FROM main.")
-                .append(table)
-                .append("; INSERT INTO main.")
-                .append(table)
-                .append(" (")
-                .append(columns)
-                .append(") SELECT ")
-                .append(columns)
-                .append(" FROM backup.")
-                .append(table)
-                .append(";");
+            statements += "DELETE FROM main." + table + "; INSERT INTO main." + table + " (" + columns + ") SELECT " +
+                          columns + " FROM backup." + table + ";";
     }
     return statements;
 }

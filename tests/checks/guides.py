@@ -30,7 +30,7 @@ def clerks_faults(guide, source):
         named = [text for text in re.findall(r'"([^"\n]*)"', source) if text.replace("&", "") == button]
         if not any(re.search(f"&{letter}", text, re.IGNORECASE) for text in named):
             yield f"\"{button}\" has not the key Alt+{letter}"
-    notes = " ".join(re.findall(r'\{"([^"]+)",\s*"[^"]+"', source))
+    notes = " ".join(re.findall(r'"([^"\n]+)",\s*"[^"\n]+"', source))  # a key and what it does
     for key in set(re.findall(r"`([^`]+)`", guide)) - EVERYWHERE:
         if KEY.fullmatch(key) and not re.fullmatch(r"Alt\+[A-Z0-9]", key) and key not in notes:
             yield f"no window lists the key {key}"

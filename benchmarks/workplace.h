@@ -3,6 +3,7 @@
 #include "adapters/image/picture_files.h"
 #include "adapters/settings/ini_store.h"
 #include "ado/connection.h"
+#include "ports/report/no_prints.h"
 #include "session/session.h"
 #include "ui/desktop.h"
 #include "ui/window.h"
@@ -67,10 +68,6 @@ class Workplace {
     struct NoReports final : report::Engine {
         std::unique_ptr<report::Report> open(const std::filesystem::path&) const override { return nullptr; }
     };
-    struct NoPrints final : report::PrintMemory {
-        report::PrintChoice choiceFor(const std::string&) const override { return {}; }
-        void keep(const std::string&, const report::PrintChoice&) override {}
-    };
     struct NoCamera final : Camera {
         std::optional<Image> takeStill() override { return {}; }
     };
@@ -80,7 +77,7 @@ class Workplace {
     NoReports m_reports;
     NoCamera m_camera;
     adapters::PictureFiles m_images;
-    NoPrints m_prints;
+    report::NoPrints m_prints;
     Session m_session;
 };
 

@@ -13,6 +13,7 @@
 #include "component/stored_prints.h"
 #include "component/trace_file.h"
 #include "data/connection_settings.h"
+#include "ports/report/no_prints.h"
 #include "reports/photograph.h"
 
 #include <cstdlib>
@@ -115,19 +116,9 @@ std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings
     });
 }
 
-namespace {
-
-/// For scripts: a workstation that has never printed.
-struct NoPrints final : report::PrintMemory {
-    report::PrintChoice choiceFor(const std::string&) const override { return {}; }
-    void keep(const std::string&, const report::PrintChoice&) override {}
-};
-
-} // namespace
-
 report::PrintMemory& prints() {
     static StoredPrints stored{settings::IniStore{}};
-    static NoPrints none;
+    static report::NoPrints none;
     return environment::value(environment::script).empty() ? static_cast<report::PrintMemory&>(stored) : none;
 }
 

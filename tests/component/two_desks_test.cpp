@@ -229,6 +229,21 @@ TEST_F(TwoDesks, WhatBothStoredAlikeOrNobodySeesIsNotAskedAbout) {
     EXPECT_EQ(stored("Weight") + stored("OPDStatus"), "61");
 }
 
+TEST_F(TwoDesks, AHospitalThatStoresNoComplaintIsAskedAboutEverythingElse) {
+    hospital.globals.setClient("RVT");
+    auto form = openVisit();
+    form->fields().consultation.txtWeight.setText("61");
+    form->fields().history.complaint.setText("cough");
+    updateElsewhere(other.session, [](registration::Fields& fields) { fields.consultation.txtWeight.setText("70"); });
+    otherProgram("Update Patient_Data..tbOutPatient set ChiefComplaints = 'FEVER' where IDNum = '2600000001B'");
+    EXPECT_FALSE(update(*form, [](ui::Window& window) {
+        const auto& grid = static_cast<ui::Grid&>(*window.find("grdFields"));
+        ASSERT_EQ(grid.rowCount(), 1);
+        EXPECT_EQ(grid.cell(1, 0) + grid.cell(1, 3), "Weight61");
+        window.pressKey(ui::key::escape);
+    }));
+}
+
 TEST_F(TwoDesks, AVisitThatWasRevokedOrRemovedMeanwhileIsNotBroughtBack) {
     otherProgram("Update Patient_Data..tbOutPatient set AdmDate = '11/24/2026 08:00' where IDNum = '2600000001B'");
     auto form = openVisit();

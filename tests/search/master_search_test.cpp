@@ -104,6 +104,23 @@ TEST(MasterSearch, ARefusedBirthDateStopsTheSecondTryAloneAndEveryMarkIsTakenBac
     }
 }
 
+TEST(MasterSearch, TheOldestPatientIs140YearsOld) {
+    SearchDesk desk;
+    desk.open([&](ui::Window& window, MasterSearchFields& fields) {
+        desk.desktop.agreesToAll = true;
+        fields.lastName.setText("CRUZ");
+        fields.male.setSelected(true);
+        // A year counts 365.25 days, and 1900 had no leap day: a birthday is a day short of its age.
+        for (const int years : {142, 141}) {
+            DateTime born = desk.clock.moment;
+            born.year -= years;
+            fields.txtBirthDate.setText(dateText(born));
+            window.click(fields.search);
+            EXPECT_EQ(fields.txtBirthDate.refusal().empty(), years == 141) << fields.txtBirthDate.refusal();
+        }
+    });
+}
+
 TEST(MasterSearch, ANumberWithAnApostropheIsToldPlainlyAndNeverSent) {
     SearchDesk desk;
     ado::ResultSet odd = desk.patients();

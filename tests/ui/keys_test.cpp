@@ -105,6 +105,21 @@ TEST(Keys, ACharacterEndsWhereAHandlerTakesItsControlAway) {
     EXPECT_TRUE(form.log.empty()) << "a button of a closed window was pressed";
 }
 
+TEST(Keys, TextThatAnotherProgramWritesPassesTheFiltersWhereItIsNew) {
+    Form form;
+    form.open();
+    std::u32string asked;
+    form.second.onKeyPress = [&](KeyPress& press) { asked += press.code; };
+    for (const auto& [written, now, isNew] :
+         {std::tuple{"\r\nMA\t", "MA", U"MA"}, std::tuple{"MA\n", "MA", U""}, std::tuple{"MANA", "MANA", U"NA"},
+          std::tuple{"MA\r\n\tÑANA", "MA ÑANA", U" ÑA"}, std::tuple{"ÑANA", "ÑANA", U""}}) {
+        asked.clear();
+        form.window.written(form.second, written);
+        EXPECT_EQ(form.second.text(), now);
+        EXPECT_EQ(asked, isNew) << now;
+    }
+}
+
 TEST(Keys, CaptionsMarkTheirAccessKey) {
     const std::vector<std::tuple<const char*, char32_t, const char*>> captions{
         {"&Search", U'S', "Search"},

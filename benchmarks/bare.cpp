@@ -4,6 +4,7 @@
 #include "adapters/sqlite/drawn_numbers.h"
 #include "adapters/sqlite/parser.h"
 #include "adapters/sqlite/procedures.h"
+#include "adapters/sqlite/statement_shape.h"
 #include "workplace.h"
 
 #include <algorithm>
@@ -32,6 +33,12 @@ std::size_t readWhole(sqlite3_stmt* statement) {
         throw std::runtime_error(sqlite3_errmsg(sqlite3_db_handle(statement)));
     benchmark::DoNotOptimize(bytes);
     return rows;
+}
+
+/// An argument that lives longer than the text that it stands in.
+ado::Value kept(const Argument& argument) {
+    const auto* const piece = std::get_if<std::string_view>(&argument);
+    return piece != nullptr ? ado::Value{std::string{*piece}} : std::get<ado::Value>(argument);
 }
 
 void bind(sqlite3_stmt* statement, int position, const ado::Value& value) {
@@ -108,19 +115,24 @@ void Replay::add(const std::string& line) {
         addCall(name.substr(0, dots), name.substr(dots + 2), {});
     } else {
         const auto parsed = parse(line, m_bare.catalog());
+        StatementShape shape;
+        shape.read(line);
         if (const auto* call = std::get_if<ProcedureCall>(&parsed)) {
-            addCall(call->database, call->procedure, call->arguments);
+            addCall(call->database, call->procedure, shape.values());
             return;
         }
         const auto& translation = std::get<Translation>(parsed);
         Step& step = m_steps.emplace_back(Step{m_bare.prepared(translation.sql).front(), {}});
-        for (const ado::Value& value : translation.values)
-            step.bindings.push_back({static_cast<int>(step.bindings.size()) + 1, value});
+        for (std::size_t i = 0; i < translation.values.size(); ++i)
+            if (translation.values[i].kind != Placeholder::Kind::Written)
+                step.bindings.push_back({static_cast<int>(step.bindings.size()) + 1,
+                                         kept(argumentFor(translation.values[i], shape.values()[i]))});
     }
 }
 
-void Replay::addCall(const std::string& database, const std::string& name, const std::vector<std::string>& arguments) {
-    const Procedure& procedure = findProcedure(database, name, arguments.size());
+void Replay::addCall(const std::string& database, const std::string& name,
+                     const std::vector<std::string_view>& values) {
+    const Procedure& procedure = findProcedure(database, name, values.size());
     const std::vector<sqlite3_stmt*>& statements = m_bare.prepared(procedure.body);
     const auto writes = std::count_if(statements.begin(), statements.end(),
                                       [](sqlite3_stmt* statement) { return sqlite3_stmt_readonly(statement) == 0; });
@@ -129,10 +141,10 @@ void Replay::addCall(const std::string& database, const std::string& name, const
         addWords("BEGIN IMMEDIATE");
     for (sqlite3_stmt* const statement : statements) {
         Step& step = m_steps.emplace_back(Step{statement, {}});
-        for (std::size_t i = 0; i < arguments.size(); ++i) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
             const Procedure::Parameter& parameter = procedure.parameters[i];
             if (const int at = sqlite3_bind_parameter_index(statement, (":" + parameter.name).c_str()); at > 0)
-                step.bindings.push_back({at, argumentFor(parameter, arguments[i])});
+                step.bindings.push_back({at, kept(argumentFor(parameter, values[i]))});
         }
     }
     if (isOneStep)

@@ -58,7 +58,8 @@ class Replay {
     };
 
     void add(const std::string& line);
-    void addCall(const std::string& database, const std::string& procedure, const std::vector<std::string>& arguments);
+    void addCall(const std::string& database, const std::string& procedure,
+                 const std::vector<std::string_view>& values);
     void addWords(const char* sql) { m_steps.push_back({m_bare.prepared(sql).front(), {}}); }
 
     Bare& m_bare;

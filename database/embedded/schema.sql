@@ -277,3 +277,7 @@ CREATE TABLE Build_File_tbCoChiefComplaint (
   ChiefComplaintID TEXT COLLATE OPD PRIMARY KEY, ChiefComplaint TEXT COLLATE OPD, BodySystem TEXT COLLATE OPD);
 CREATE TABLE Build_File_tbCoOtherRevenue (
   RevenueID TEXT COLLATE OPD PRIMARY KEY, SectionID TEXT COLLATE OPD, OtherRevenue TEXT COLLATE OPD);
+-- The long lists lie in the order in which they are shown, with all that is shown of them.
+CREATE INDEX Build_File_tbCoAddress_Town ON Build_File_tbCoAddress (Town, ZipCode, Province);
+CREATE INDEX Build_File_tbCoDoctor_LastName ON Build_File_tbCoDoctor (LastName, DoctorID, FirstName);
+CREATE INDEX Build_File_tbCoCompany_Company ON Build_File_tbCoCompany (Company, AccountNum, Class);

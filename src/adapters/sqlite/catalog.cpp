@@ -4,6 +4,8 @@
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 
+#include <algorithm>
+
 namespace opd::adapters::sqlite {
 
 const Column& Table::column(const std::string& wanted) const {
@@ -11,6 +13,10 @@ const Column& Table::column(const std::string& wanted) const {
     if (found == columns.end())
         throw serverError("Invalid column name '" + wanted + "'.", 207, "42S22");
     return found->second;
+}
+
+bool Table::liesInOrderOf(const Column& column) const {
+    return std::find(orders.begin(), orders.end(), column.name) != orders.end();
 }
 
 namespace {
@@ -44,10 +50,21 @@ const Table& Catalog::table(const std::string& databaseName, const std::string& 
     }
     if (table.columns.empty())
         throw serverError("Invalid object name '" + databaseName + ".." + tableName + "'.", 208, "42S02");
+    table.orders = ordersOf(table.name);
     return m_tables[key] = std::move(table);
 }
 
-std::string canonicalDate(const std::string& text, bool dateOnly) {
+std::vector<std::string> Catalog::ordersOf(const std::string& table) const {
+    Query query(m_database, "SELECT c.name FROM pragma_index_list(?) i JOIN pragma_index_info(i.name) c "
+                            "WHERE i.origin = 'c' AND NOT i.partial AND c.seqno = 0");
+    query.bind(1, table);
+    std::vector<std::string> columns;
+    while (query.next())
+        columns.push_back(query.value(0).asText());
+    return columns;
+}
+
+std::string canonicalDate(std::string_view text, bool dateOnly) {
     const std::optional<DateTime> moment = parseDate(text);
     if (!moment)
         throw serverError("Conversion failed when converting date and/or time from character string.", 241, "22007");
@@ -57,7 +74,7 @@ std::string canonicalDate(const std::string& text, bool dateOnly) {
 namespace {
 
 /// A flag as the server reads it: a number, True or False; blank is 0.
-std::string flagOf(const std::string& written) {
+std::string flagOf(std::string_view written) {
     const std::string word = text::upper(text::trimmed(written));
     if (word == "TRUE")
         return "1";
@@ -70,10 +87,12 @@ std::string flagOf(const std::string& written) {
 
 } // namespace
 
-std::string literalFor(const Column& column, const std::string& text) {
+Argument valueFor(const Column& column, std::string_view text) {
     if (column.isBit)
-        return flagOf(text);
-    return column.isDate || column.isDateTime ? canonicalDate(text, column.isDate) : text;
+        return ado::Value{flagOf(text)};
+    if (column.isDate || column.isDateTime)
+        return ado::Value{canonicalDate(text, column.isDate)};
+    return text;
 }
 
 } // namespace opd::adapters::sqlite

@@ -86,10 +86,11 @@ class Parser {
     }
 
     /// A quoted text or a number.
-    std::string literal() {
+    void literal(const Placeholder& place) {
         if (next().kind != Token::Kind::Text && next().kind != Token::Kind::Number)
             refuse();
-        return m_tokens[m_at++].text;
+        ++m_at;
+        m_translation.values.push_back(place);
     }
 
     /// Digits alone, few enough for any machine: they become a part of the statement.
@@ -98,6 +99,7 @@ class Parser {
         if (next().kind != Token::Kind::Number || next().text.size() > mostDigits ||
             next().text.find_first_not_of("0123456789") != std::string::npos)
             refuse();
+        m_translation.values.push_back({.kind = Placeholder::Kind::Written, .written = next().text});
         return m_tokens[m_at++].text;
     }
 
@@ -111,9 +113,9 @@ class Parser {
 
     std::string& sql() { return m_translation.sql; }
 
-    void bind(std::string value) {
+    void bind(const Placeholder& place) {
+        literal(place);
         sql() += "?";
-        m_translation.values.emplace_back(std::move(value));
     }
 
     // The list of a select stands before its tables, whose columns it names: it is read when they are known.
@@ -132,8 +134,9 @@ class Parser {
             expect("from");
             m_at = behind;
             sql() += tables;
+            const bool isWhole = limit.empty() && !isWord(next(), "where");
             where();
-            orderBy(limit.empty());
+            orderBy(limit.empty(), isWhole);
         }
         sql() += limit;
     }
@@ -197,7 +200,7 @@ class Parser {
             if (isNumber)
                 sql() += wholeNumber();
             else
-                bind(literal());
+                bind({});
             sql() += ")";
             expectSymbol(")");
         } else {
@@ -264,7 +267,7 @@ class Parser {
 
     void compare(const NamedColumn& subject, const std::string& name) {
         sql() += name + " " + m_tokens[m_at++].text + " ";
-        bind(literalFor(subject.column, literal()));
+        bind({.kind = Placeholder::Kind::ForColumn, .column = &subject.column});
     }
 
     /// The rows of a span are found by their keys: an index that has both the column and the key is read through many
@@ -290,31 +293,31 @@ class Parser {
     /// The desk looks for beginnings alone: the "%" at the end is the statement's own, all before it was typed by
     /// somebody and stands for itself.
     void like(const std::string& name) {
-        std::string beginning = literal();
-        const bool begins = beginning.ends_with('%');
-        if (begins)
-            beginning.pop_back();
+        const bool begins = next().text.ends_with('%');
         sql() += begins ? "begins_with(" + name + ", " : "(" + name + " = ";
-        bind(std::move(beginning));
+        bind({.kind = begins ? Placeholder::Kind::Beginning : Placeholder::Kind::AsItIs});
         sql() += ")";
     }
 
-    /// The program orders a whole list by names that it shows; the engine what else there is.
-    void orderBy(bool isWhole) {
+    /// The program orders all rows that are found by names that it shows; the engine what else there is, and the whole
+    /// of a table that lies in that order.
+    void orderBy(bool isAll, bool isWhole) {
         if (!take("order"))
             return;
         expect("by");
         std::string terms;
         std::vector<std::size_t> places;
+        bool lies = isWhole && m_sources.size() == 1;
         do {
             const NamedColumn by = column();
             const bool descends = take("desc");
             terms += (terms.empty() ? "" : ", ") + by.sql + (descends ? " DESC" : "");
             const auto listed = std::find(m_listed.begin(), m_listed.end(), by.sql);
-            isWhole = isWhole && by.column.isName && !descends && listed != m_listed.end();
+            isAll = isAll && by.column.isName && !descends && listed != m_listed.end();
+            lies = lies && places.empty() && !descends && by.source.table->liesInOrderOf(by.column);
             places.push_back(static_cast<std::size_t>(listed - m_listed.begin()));
         } while (takeSymbol(","));
-        if (isWhole)
+        if (isAll && !lies)
             m_translation.order = std::move(places);
         else
             sql() += " ORDER BY " + terms;
@@ -333,7 +336,7 @@ class Parser {
             if (take("null"))
                 sql() += "NULL";
             else
-                bind(literalFor(assigned, literal()));
+                bind({.kind = Placeholder::Kind::ForColumn, .column = &assigned});
         } while (takeSymbol(","));
         restrict(target);
     }
@@ -360,7 +363,7 @@ class Parser {
         call.procedure = word();
         if (next().kind != Token::Kind::End) {
             do
-                call.arguments.push_back(literal());
+                literal({});
             while (takeSymbol(","));
         }
         expectEnd();
@@ -376,6 +379,19 @@ class Parser {
 };
 
 } // namespace
+
+Argument argumentFor(const Placeholder& place, std::string_view value) {
+    switch (place.kind) {
+    case Placeholder::Kind::ForColumn:
+        return valueFor(*place.column, value);
+    case Placeholder::Kind::Beginning:
+        value.remove_suffix(1);
+        break;
+    default:
+        break;
+    }
+    return value;
+}
 
 std::variant<Translation, ProcedureCall> parse(std::string_view statement, Catalog& catalog) {
     return Parser(statement, catalog).batch();

@@ -4,9 +4,6 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
-/// More than a desk and its report send in a day; a host with ever new texts does not fill the memory.
-constexpr std::size_t mostTexts = 256;
-
 std::vector<int> placesOf(const Query& query, const Procedure& procedure) {
     std::vector<int> places;
     for (const Procedure::Parameter& parameter : procedure.parameters)
@@ -16,19 +13,10 @@ std::vector<int> placesOf(const Query& query, const Procedure& procedure) {
 
 } // namespace
 
-Prepared& PreparedStatements::of(const std::string& text) {
-    if (const auto known = m_texts.find(text); known != m_texts.end())
-        return known->second;
-    Prepared prepared = prepare(text);
-    if (m_texts.size() >= mostTexts)
-        m_texts.clear();
-    return m_texts.emplace(text, std::move(prepared)).first->second;
-}
-
 Prepared& PreparedStatements::of(const Procedure& procedure) {
     if (const auto known = m_procedures.find(&procedure); known != m_procedures.end())
         return known->second;
-    Prepared prepared = prepare(procedure.body);
+    Prepared prepared = of(procedure.body);
     for (const Query& query : prepared.queries)
         prepared.places.push_back(placesOf(query, procedure));
     return m_procedures.emplace(&procedure, std::move(prepared)).first->second;
@@ -48,7 +36,7 @@ void PreparedStatements::run(const char* statement) {
     query.reset();
 }
 
-Prepared PreparedStatements::prepare(const std::string& text) const {
+Prepared PreparedStatements::of(const std::string& text) const {
     Prepared prepared;
     for (const char* rest = text.c_str();;) {
         Query query(m_database, rest, &rest, Query::Use::Often);

@@ -22,8 +22,8 @@ class PreparedStatements {
   public:
     explicit PreparedStatements(const Database& database) : m_database(database) {}
 
-    /// The statements of the text; good until the next text is asked for. Throws ado::Error.
-    Prepared& of(const std::string& text);
+    /// The statements of a text. Throws ado::Error.
+    Prepared of(const std::string& text) const;
 
     /// The statements of a procedure. Throws ado::Error.
     Prepared& of(const Procedure& procedure);
@@ -32,10 +32,7 @@ class PreparedStatements {
     void run(const char* statement);
 
   private:
-    Prepared prepare(const std::string& text) const;
-
     const Database& m_database;
-    std::unordered_map<std::string, Prepared> m_texts;
     std::unordered_map<const Procedure*, Prepared> m_procedures;
     std::unordered_map<const char*, Query> m_words;
 };

@@ -84,7 +84,7 @@ const Procedures& procedures() {
     return all;
 }
 
-double numberOf(const std::string& argument) {
+double numberOf(std::string_view argument) {
     const std::string digits = text::trimmed(argument);
     double number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -122,16 +122,16 @@ const Procedure& findProcedure(const std::string& database, const std::string& n
                       201, "42000");
 }
 
-ado::Value argumentFor(const Procedure::Parameter& parameter, const std::string& argument) {
+Argument argumentFor(const Procedure::Parameter& parameter, std::string_view argument) {
     if (parameter.optional && text::isBlank(argument))
-        return {};
+        return ado::Value{};
     switch (parameter.kind) {
     case Procedure::Kind::Number:
-        return numberOf(argument);
+        return ado::Value{numberOf(argument)};
     case Procedure::Kind::Bit:
-        return std::int64_t{numberOf(argument) != 0 ? 1 : 0};
+        return ado::Value{std::int64_t{numberOf(argument) != 0 ? 1 : 0}};
     case Procedure::Kind::Date:
-        return canonicalDate(argument, false);
+        return ado::Value{canonicalDate(argument, false)};
     case Procedure::Kind::Text:
         break;
     }

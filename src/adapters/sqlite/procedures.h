@@ -33,7 +33,7 @@ std::vector<const Procedure*> allProcedures();
 const Procedure& findProcedure(const std::string& database, const std::string& name, std::size_t arguments);
 
 /// The argument as the parameter takes it. Throws ado::Error when it cannot be converted.
-ado::Value argumentFor(const Procedure::Parameter& parameter, const std::string& argument);
+Argument argumentFor(const Procedure::Parameter& parameter, std::string_view argument);
 
 /// The text of the schema that a new database begins with.
 const char* schemaText();

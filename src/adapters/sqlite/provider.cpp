@@ -7,6 +7,7 @@
 #include "adapters/sqlite/prepared_statements.h"
 #include "adapters/sqlite/procedures.h"
 #include "adapters/sqlite/row_order.h"
+#include "adapters/sqlite/statement_reader.h"
 #include "base/text/text.h"
 
 #include <algorithm>
@@ -70,6 +71,12 @@ class Turn {
     Turn(const Turn&) = delete;
     Turn& operator=(const Turn&) = delete;
 
+    /// Gives the place up and waits for the disk, which keeps nobody else waiting.
+    void settle() {
+        m_database.leaveQueue();
+        m_database.settle();
+    }
+
   private:
     Database& m_database;
 };
@@ -77,7 +84,7 @@ class Turn {
 class SqliteLink final : public ado::Link {
   public:
     SqliteLink(const std::filesystem::path& file, const Clock& clock, std::chrono::milliseconds patience)
-        : m_database(file, Database::Mode::Existing, clock), m_catalog(m_database) {
+        : m_database(file, Database::Mode::Existing, clock) {
         m_database.setPatience(patience);
         m_database.run("PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL; PRAGMA temp_store = MEMORY");
     }
@@ -89,21 +96,22 @@ class SqliteLink final : public ado::Link {
 
     ado::ResultSet run(const ado::Request& request) override {
         m_database.statementBegins();
-        const auto statement = parse(request.text, m_catalog);
-        if (const auto* call = std::get_if<ProcedureCall>(&statement))
-            return runProcedure(*call);
-        const auto& translation = std::get<Translation>(statement);
-        const LentStatements lent(m_prepared.of(translation.sql));
+        const ReadStatement& statement = m_reader.read(request.text);
+        if (statement.procedure != nullptr)
+            return runProcedure(*statement.procedure, *statement.prepared, statement.arguments);
+        const LentStatements lent(*statement.prepared);
         Query& query = lent->queries.front();
-        const std::optional<Turn> turn = turnFor(*lent);
+        std::optional<Turn> turn = turnFor(*lent);
         int position = 0;
-        for (const ado::Value& value : translation.values)
-            query.bindKept(++position, value);
+        for (const Argument& argument : statement.arguments)
+            query.bindKept(++position, argument);
         ado::ResultSet answer = rowsOf(query);
+        if (turn)
+            turn->settle();
         for (auto& row : answer.rows)
-            for (const std::size_t column : translation.moments)
+            for (const std::size_t column : statement.translation->moments)
                 row[column] = row[column].asDate();
-        orderRows(answer, translation.order);
+        orderRows(answer, statement.translation->order);
         return answer;
     }
 
@@ -112,8 +120,10 @@ class SqliteLink final : public ado::Link {
         const std::size_t dots = call.procedure.find("..");
         if (dots == std::string::npos)
             throw serverError("Could not find stored procedure '" + call.procedure + "'.", 2812, "42000");
-        const ado::ResultSet answer =
-            runProcedure({call.procedure.substr(0, dots), call.procedure.substr(dots + 2), {}});
+        const Procedure& procedure = findProcedure(call.procedure.substr(0, dots), call.procedure.substr(dots + 2), 0);
+        // A drawn number is no promise. Whoever is told it reads of a row that was written under it, and is on the disk
+        // no earlier than the drawing.
+        const ado::ResultSet answer = runProcedure(procedure, m_prepared.of(procedure), {}, Settles::WithTheNext);
         std::vector<ado::Value> outputs;
         for (const ado::Call::Output& output : call.outputs)
             outputs.push_back(outputOf(answer, output));
@@ -128,8 +138,9 @@ class SqliteLink final : public ado::Link {
     }
     void commit() override {
         m_database.statementBegins();
-        const Turn turn(m_database);
+        Turn turn(m_database);
         m_prepared.run("COMMIT");
+        turn.settle();
     }
     void rollback() override {
         const Turn turn(m_database);
@@ -142,14 +153,12 @@ class SqliteLink final : public ado::Link {
     }
 
   private:
-    ado::ResultSet runProcedure(const ProcedureCall& call) {
-        const Procedure& procedure = findProcedure(call.database, call.procedure, call.arguments.size());
-        std::vector<ado::Value> arguments;
-        arguments.reserve(call.arguments.size());
-        for (std::size_t i = 0; i < call.arguments.size(); ++i)
-            arguments.push_back(argumentFor(procedure.parameters[i], call.arguments[i]));
-        const LentStatements lent(m_prepared.of(procedure));
-        const std::optional<Turn> turn = turnFor(*lent);
+    enum class Settles { AtOnce, WithTheNext };
+
+    ado::ResultSet runProcedure(const Procedure& procedure, Prepared& prepared, const std::vector<Argument>& arguments,
+                                Settles settles = Settles::AtOnce) {
+        const LentStatements lent(prepared);
+        std::optional<Turn> turn = turnFor(*lent);
         std::optional<WholeStep> step; // a single statement is whole by itself
         if (lent->writing > 0 && lent->queries.size() > 1)
             step.emplace(m_database, m_prepared);
@@ -162,6 +171,8 @@ class SqliteLink final : public ado::Link {
         }
         if (step)
             step->done();
+        if (turn && settles == Settles::AtOnce)
+            turn->settle();
         orderRows(answer, placesOf(procedure.order, answer));
         return answer;
     }
@@ -176,7 +187,7 @@ class SqliteLink final : public ado::Link {
         return places;
     }
 
-    static void bind(Query& query, const std::vector<int>& places, const std::vector<ado::Value>& arguments) {
+    static void bind(Query& query, const std::vector<int>& places, const std::vector<Argument>& arguments) {
         for (std::size_t i = 0; i < arguments.size(); ++i)
             if (places[i] > 0)
                 query.bindKept(places[i], arguments[i]);
@@ -208,7 +219,7 @@ class SqliteLink final : public ado::Link {
     std::shared_ptr<void> m_needed;
     Database m_database;
     PreparedStatements m_prepared{m_database};
-    Catalog m_catalog;
+    StatementReader m_reader{m_database, m_prepared};
 };
 
 /// Throws when this user may not read the database, or only read it: told at the start, not when the first patient is
@@ -258,6 +269,7 @@ class SqliteProvider final : public ado::Provider {
             migrate(file, m_clock);
         guardDrawnNumbers(link->database());
         rememberAuditedSave(link->database());
+        link->database().settleLater();
         if (m_needOfLink)
             link->keep(m_needOfLink());
         return link;

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <thread>
 #include <utility>
-#include <variant>
 
 namespace opd::adapters::sqlite {
 
@@ -24,6 +23,9 @@ constexpr auto toldEvery = 40ms;
 /// it.
 constexpr auto shortestNap = 1ms;
 constexpr auto longestNap = 10ms;
+
+/// How many pages the journal may have before it is copied into the file: the library's own choice.
+constexpr int longJournal = 1000;
 
 /// After how many steps of the engine a working statement looks at the clock.
 constexpr int stepsBetweenLooks = 20000;
@@ -85,6 +87,15 @@ Database::Database(const std::filesystem::path& file, Mode mode, const Clock& cl
     registerFunctions(handle, clock);
 }
 
+void Database::statementBegins() {
+    if (m_diskFailed)
+        throw serverError("The disk of the hospital's database failed when this desk saved before, and the desk cannot "
+                          "go on. Nothing was changed now: close it, and look at the disk.",
+                          823, "HY000");
+    m_waiting->begun = std::chrono::steady_clock::now();
+    m_waiting->givenUp = false;
+}
+
 void Database::enterQueue() {
     const auto since = std::chrono::steady_clock::now();
     m_queue.enter([&] {
@@ -92,6 +103,58 @@ void Database::enterQueue() {
         m_waiting->tell(now);
         return now - since < m_waiting->patience;
     });
+}
+
+int Database::onCommit(void* database, sqlite3*, const char*, int journalPages) {
+    static_cast<Database*>(database)->m_unsettledPages = journalPages;
+    return SQLITE_OK;
+}
+
+void Database::settleLater() {
+    Query mode(*this, "PRAGMA journal_mode");
+    if (!mode.next() || mode.value(0).asText() != "wal")
+        return;
+    run("PRAGMA synchronous = NORMAL");
+    sqlite3_wal_hook(handle(), &Database::onCommit,
+                     this); // in the place of the library's own, which copies the journal
+}
+
+void Database::settle() {
+    const int pages = std::exchange(m_unsettledPages, 0);
+    if (pages == 0)
+        return;
+    m_diskFailed = !syncJournal();
+    if (m_diskFailed) {
+        ado::Error failure = serverError("The disk of the hospital's database cannot be written. Whether this was "
+                                         "stored is not certain.",
+                                         823, "HY000");
+        failure.setLeavesDoubt(true);
+        throw failure;
+    }
+    if (pages >= longJournal)
+        shortenJournal();
+}
+
+bool Database::syncJournal() const {
+    sqlite3_file* journal = nullptr;
+    sqlite3_file_control(handle(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &journal);
+    return journal != nullptr && journal->pMethods != nullptr &&
+           journal->pMethods->xSync(journal, SQLITE_SYNC_NORMAL) == SQLITE_OK;
+}
+
+/// False when another desk is at it, or the disk is full: the journal stays as it is then, and nothing is lost.
+bool Database::copyJournal() const {
+    return sqlite3_wal_checkpoint_v2(handle(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr) == SQLITE_OK;
+}
+
+/// Most of the journal is copied while the others write on, and the rest while they wait: once all of it is in the
+/// file, the next one who writes begins it anew.
+void Database::shortenJournal() {
+    if (!copyJournal())
+        return;
+    enterQueue();
+    copyJournal();
+    leaveQueue();
 }
 
 void Database::run(const std::string& sql) {
@@ -139,7 +202,12 @@ void Query::bind(int position, const ado::Value& value) {
     bindText(position, moment != nullptr ? isoDateText(*moment) : value.asText(), SQLITE_TRANSIENT);
 }
 
-void Query::bindKept(int position, const ado::Value& value) {
+void Query::bindKept(int position, const Argument& argument) {
+    if (const auto* piece = std::get_if<std::string_view>(&argument)) {
+        bindText(position, *piece, SQLITE_STATIC);
+        return;
+    }
+    const auto& value = std::get<ado::Value>(argument);
     if (const auto* text = value.get<std::string>())
         bindText(position, *text, SQLITE_STATIC);
     else

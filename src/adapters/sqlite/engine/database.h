@@ -11,6 +11,7 @@
 #include <sqlite3.h>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace opd::adapters::sqlite {
@@ -50,11 +51,20 @@ class Database {
             m_queue.leave();
     }
 
-    /// A statement begins: what it takes from here on is what is called long.
-    void statementBegins() {
-        m_waiting->begun = std::chrono::steady_clock::now();
-        m_waiting->givenUp = false;
-    }
+    /// From now on a commit returns before it is on the disk, and `settle` puts it there: the others may write
+    /// meanwhile, and the disk takes the commits of several desks at once. A later commit is never there without the
+    /// earlier ones, whoever made them. Does nothing where the file keeps another kind of journal, whose commits are on
+    /// the disk when they return.
+    void settleLater();
+
+    /// Puts on the disk what was committed since the last time, and now and then copies the journal into the file; to
+    /// be called out of the queue. Throws ado::Error when the disk does not take it: whether it is there is not certain
+    /// then, and every later statement fails.
+    void settle();
+
+    /// A statement begins: what it takes from here on is what is called long. Throws ado::Error when the disk has
+    /// failed before.
+    void statementBegins();
 
     /// Throws ado::Error when the file was removed, or another one put in its place, since it was opened: what is
     /// written then is lost.
@@ -84,10 +94,20 @@ class Database {
         static int onProgress(void* waiting);
     };
 
+    static int onCommit(void* database, sqlite3* handle, const char* schema, int journalPages);
+    bool syncJournal() const;
+    bool copyJournal() const;
+    void shortenJournal();
+
     WriterQueue m_queue;
+    int m_unsettledPages = 0; ///< how long the journal was behind the last commit; 0 when all is on the disk
+    bool m_diskFailed = false;
     std::unique_ptr<Waiting> m_waiting = std::make_unique<Waiting>(); // outlives the handle
     std::unique_ptr<sqlite3, Close> m_handle;
 };
+
+/// A value on its way into a statement: a piece of a text that stays where it is, or a value of its own.
+using Argument = std::variant<std::string_view, ado::Value>;
 
 /// A prepared statement.
 class Query {
@@ -107,8 +127,8 @@ class Query {
     void bind(int position, const ado::Value& value);
     void bind(const std::string& name, const ado::Value& value);
 
-    /// Binds without a copy: the value stays as it is until the query is reset.
-    void bindKept(int position, const ado::Value& value);
+    /// Binds without a copy: the argument stays as it is until the query is reset.
+    void bindKept(int position, const Argument& argument);
 
     /// Steps to the next row; false behind the last one. Throws ado::Error.
     bool next();

@@ -25,4 +25,9 @@ UnfinishedFile::~UnfinishedFile() {
     std::filesystem::remove(m_file, ignored);
 }
 
+void UnfinishedFile::finish() const {
+    removeJournals(m_place); // of a file that was there before; the engine would read them as this one's
+    std::filesystem::rename(m_file, m_place);
+}
+
 } // namespace opd::adapters::sqlite

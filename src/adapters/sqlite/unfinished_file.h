@@ -20,7 +20,7 @@ class UnfinishedFile {
     const std::filesystem::path& path() const { return m_file; }
 
     /// Gives it its name; nobody has it open any more. Throws std::filesystem::filesystem_error.
-    void finish() const { std::filesystem::rename(m_file, m_place); }
+    void finish() const;
 
   private:
     std::filesystem::path m_place;

@@ -63,15 +63,44 @@ TEST(Maintenance, ADamagedHospitalIsSetAsideAndADamagedBackupRefused) {
     const std::string before = surname(*hospital.connect());
     const std::filesystem::path backup = hospital.folder().parent_path() / "backup.db";
     backUp(hospital.folder(), backup);
+    hospital.runAsAdministrator("UPDATE Patient_Data_tbCounter SET Last = Last + 5");
+    const long given = lastGiven(hospital);
     damage(hospital.file());
     EXPECT_FALSE(faultsOf(hospital.folder()).empty());
     const std::filesystem::path aside = restore(hospital.folder(), backup);
     EXPECT_EQ(surname(*hospital.connect()), before);
+    EXPECT_EQ(lastGiven(hospital), given) << "the damaged file tells it still";
     EXPECT_THROW(restore(hospital.folder(), aside), std::runtime_error);
+    EXPECT_FALSE(std::filesystem::exists(hospital.file().string() + ".restored")) << "a refused draft stays";
     EXPECT_EQ(faultsOf(hospital.folder()), std::vector<std::string>{});
     hospital.runAsAdministrator("UPDATE Patient_Data_tbOutPatient SET HospNum = '00009999' WHERE IDNum = "
                                 "(SELECT min(IDNum) FROM Patient_Data_tbOutPatient)");
     EXPECT_EQ(faultsOf(hospital.folder()).size(), 1U);
+}
+
+// The journal of a desk that was killed is left when its file is lost.
+TEST(Maintenance, AJournalWithoutItsFileIsNoPartOfTheNextOne) {
+    EmbeddedHospital hospital;
+    const std::string before = surname(*hospital.connect());
+    const std::filesystem::path backup = hospital.file().string() + ".restored-by-hand";
+    backUp(hospital.folder(), backup);
+    const std::filesystem::path journal = hospital.file().string() + "-wal", left = backup.string() + ".left";
+    {
+        const auto desk = hospital.connect();
+        desk->Execute("update Patient_Data..tbMaster set LastName = 'JOURNAL' where HospNum = '00000007'");
+        std::filesystem::copy_file(journal, left); // as a kill leaves it
+    }
+    std::filesystem::remove(hospital.file());
+    std::filesystem::copy_file(left, journal);
+    EXPECT_EQ(restore(hospital.folder(), backup), hospital.file().string() + ".damaged-wal");
+    EXPECT_EQ(surname(*hospital.connect()), before);
+
+    const std::filesystem::path second = hospital.folder().parent_path() / "second.db";
+    std::filesystem::copy_file(left, second.string() + "-wal");
+    backUp(hospital.folder(), second);
+    restore(hospital.folder(), second);
+    EXPECT_EQ(surname(*hospital.connect()), before);
+    EXPECT_TRUE(std::filesystem::exists(backup)) << "an administrator's file of nearly a draft's name";
 }
 
 TEST(Maintenance, FlagsAndNamesAreChangedAndVisitsCounted) {

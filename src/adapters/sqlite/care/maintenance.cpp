@@ -24,12 +24,13 @@ const Clock& machineClock() {
     return clock;
 }
 
-void refuseUnlessHospital(const Database& database, const std::filesystem::path& file) {
+/// `name` is how the administrator knows the file.
+void refuseUnlessHospital(const Database& database, const std::filesystem::path& name) {
     Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
     if (!hospital.next() || versionOf(database) < 1)
-        throw std::runtime_error("\"" + file.string() + "\" is not a hospital database.");
+        throw std::runtime_error("\"" + name.string() + "\" is not a hospital database.");
     if (versionOf(database) > schemaVersion())
-        throw std::runtime_error("\"" + file.string() + "\" belongs to a newer version of this program.");
+        throw std::runtime_error("\"" + name.string() + "\" belongs to a newer version of this program.");
 }
 
 std::filesystem::path existing(const std::filesystem::path& file) {
@@ -42,9 +43,11 @@ std::filesystem::path existing(const std::filesystem::path& file) {
 /// The hospital of a folder, opened.
 class Hospital : public Database {
   public:
-    explicit Hospital(const std::filesystem::path& file) : Database(existing(file), Mode::Existing, machineClock()) {
+    explicit Hospital(const std::filesystem::path& file) : Hospital(file, file) {}
+    Hospital(const std::filesystem::path& file, const std::filesystem::path& name)
+        : Database(existing(file), Mode::Existing, machineClock()) {
         setPatience(patience);
-        refuseUnlessHospital(*this, file);
+        refuseUnlessHospital(*this, name);
     }
 };
 
@@ -56,9 +59,9 @@ std::vector<std::string> texts(const Database& database, const std::string& sql)
 }
 
 /// Which damage the engine finds; also where that keeps it from looking at all of the file.
-std::vector<std::string> damagesOf(const std::filesystem::path& file) {
+std::vector<std::string> damagesOf(const std::filesystem::path& file, const std::filesystem::path& name) {
     try {
-        std::vector<std::string> damages = texts(Hospital(file), "PRAGMA integrity_check");
+        std::vector<std::string> damages = texts(Hospital(file, name), "PRAGMA integrity_check");
         std::erase(damages, "ok");
         return damages;
     } catch (const ado::Error& error) {
@@ -68,26 +71,54 @@ std::vector<std::string> damagesOf(const std::filesystem::path& file) {
     }
 }
 
+/// The files of a draft, with its journals and the copy that a migration leaves: gone before and after it.
+class DraftFiles {
+  public:
+    explicit DraftFiles(std::filesystem::path file) : m_file(std::move(file)) { remove(); }
+    ~DraftFiles() { remove(); }
+    DraftFiles(const DraftFiles&) = delete;
+    DraftFiles& operator=(const DraftFiles&) = delete;
+
+    const std::filesystem::path& file() const { return m_file; }
+
+  private:
+    /// Each by its name: an administrator's own copy may be called nearly the same.
+    void remove() const {
+        std::vector<std::string> ends{"", "-wal", "-shm", "-journal", ".queue"};
+        for (int version = 1; version < schemaVersion(); ++version)
+            ends.push_back(".version-" + std::to_string(version));
+        std::error_code ignored;
+        for (const std::string& end : ends)
+            std::filesystem::remove(m_file.string() + end, ignored);
+    }
+
+    std::filesystem::path m_file;
+};
+
+std::filesystem::path draftOf(const std::filesystem::path& folder, const std::filesystem::path& backup) {
+    std::filesystem::path draft = databaseFile(folder).string() + ".restored";
+    std::error_code missing;
+    if (std::filesystem::equivalent(draft, backup, missing))
+        throw std::runtime_error("\"" + backup.string() + "\" is what a restore calls its own draft, which it takes " +
+                                 "away. Give the backup another name first.");
+    return draft;
+}
+
 /// A copy of a backup beside the hospital that it is to be put into, brought to this program's version; gone at the end
 /// of the scope. The backup itself may lie where nothing can be written.
 class Draft {
   public:
-    Draft(const std::filesystem::path& folder, const std::filesystem::path& backup)
-        : m_file(databaseFile(folder).string() + ".restored") {
-        remove();
+    Draft(const std::filesystem::path& folder, const std::filesystem::path& backup) : m_files(draftOf(folder, backup)) {
         copyOf(existing(backup));
-        std::filesystem::permissions(m_file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write,
+        std::filesystem::permissions(file(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write,
                                      std::filesystem::perm_options::add);
-        if (!damagesOf(m_file).empty())
+        if (!damagesOf(file(), backup).empty())
             throw std::runtime_error("The backup \"" + backup.string() + "\" is damaged.");
-        if (versionOf(Hospital(m_file)) < schemaVersion())
-            migrate(m_file, machineClock());
+        if (versionOf(Hospital(file())) < schemaVersion())
+            migrate(file(), machineClock());
     }
-    ~Draft() { remove(); }
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
 
-    const std::filesystem::path& file() const { return m_file; }
+    const std::filesystem::path& file() const { return m_files.file(); }
 
   private:
     /// A hospital that is in use, or was copied with its journal, has its last visits there. Without one the file is
@@ -96,23 +127,12 @@ class Draft {
         std::error_code none;
         const auto journal = std::filesystem::file_size(backup.string() + "-wal", none);
         if (!none && journal > 0)
-            copyWhole(backup, m_file, machineClock());
+            copyWhole(backup, file(), machineClock());
         else
-            std::filesystem::copy_file(backup, m_file);
+            std::filesystem::copy_file(backup, file());
     }
 
-    /// With the journals and the copy that a migration leaves.
-    void remove() const {
-        std::error_code ignored;
-        std::vector<std::filesystem::path> files;
-        for (const auto& entry : std::filesystem::directory_iterator(m_file.parent_path(), ignored))
-            if (entry.path().filename().string().starts_with(m_file.filename().string()))
-                files.push_back(entry.path());
-        for (const std::filesystem::path& file : files)
-            std::filesystem::remove(file, ignored);
-    }
-
-    std::filesystem::path m_file;
+    DraftFiles m_files;
 };
 
 /// The statements that put the rows of the attached database "backup" in the place of one's own.
@@ -140,14 +160,43 @@ void attach(const Database& database, const std::filesystem::path& file) {
     attaching.next();
 }
 
-/// Gives a damaged file and its journals another name, and answers that.
+/// What is there of a database file ("") and its journals.
+std::vector<std::string> partsOf(const std::filesystem::path& file) {
+    std::vector<std::string> parts;
+    for (const char* part : {"", "-wal", "-shm"})
+        if (std::filesystem::exists(file.string() + part))
+            parts.emplace_back(part);
+    return parts;
+}
+
+/// Gives a damaged file and its journals, or what is left of them, another name, and answers that; nothing when nothing
+/// is there. A journal that stayed would be taken for one of the file that comes in this place.
 std::filesystem::path setAside(const std::filesystem::path& file) {
-    std::filesystem::path aside = unusedName(file.string() + ".damaged");
-    std::filesystem::rename(file, aside);
-    for (const char* journal : {"-wal", "-shm"})
-        if (std::filesystem::exists(file.string() + journal))
-            std::filesystem::rename(file.string() + journal, aside.string() + journal);
-    return aside;
+    const std::vector<std::string> parts = partsOf(file);
+    if (parts.empty())
+        return {};
+    const std::string start = file.string() + ".damaged";
+    std::string aside = start;
+    for (int number = 2; !partsOf(aside).empty(); ++number)
+        aside = start + "." + std::to_string(number);
+    for (const std::string& part : parts)
+        std::filesystem::rename(file.string() + part, aside + part);
+    return aside + parts.front();
+}
+
+/// Numbers that were given since the backup stand on cards and papers. As far as a damaged file can still be read it
+/// tells which.
+void goOnCounting(const std::filesystem::path& file, const std::filesystem::path& damagedFile) {
+    try {
+        const Hospital hospital(file);
+        attach(hospital, damagedFile);
+        Query(hospital,
+              "UPDATE Patient_Data_tbCounter SET Last = given.Last FROM backup.Patient_Data_tbCounter AS given "
+              "WHERE given.Name = Patient_Data_tbCounter.Name AND given.Last > Patient_Data_tbCounter.Last")
+            .next();
+    } catch (const ado::Error&) {
+        return; // nobody can tell
+    }
 }
 
 /// Puts the rows in place while nobody else writes; the copy is made of what stands there at that moment.
@@ -179,6 +228,8 @@ void set(Database& database, const std::string& column, const ado::Value& value)
 } // namespace
 
 void backUp(const std::filesystem::path& folder, const std::filesystem::path& backup) {
+    if (!backup.has_filename())
+        throw std::runtime_error("The backup needs the name of a file.");
     if (std::filesystem::exists(backup))
         throw std::runtime_error("There is a file \"" + backup.string() + "\" already.");
     const std::filesystem::path file = databaseFile(folder);
@@ -189,20 +240,19 @@ void backUp(const std::filesystem::path& folder, const std::filesystem::path& ba
 std::filesystem::path restore(const std::filesystem::path& folder, const std::filesystem::path& backup) {
     const std::filesystem::path file = databaseFile(folder);
     const Draft draft(folder, backup);
-    std::filesystem::path kept;
-    if (std::filesystem::exists(file)) {
-        if (damagesOf(file).empty())
-            return replaceContent(file, draft);
-        kept = setAside(file);
-    }
+    if (std::filesystem::exists(file) && damagesOf(file, file).empty())
+        return replaceContent(file, draft);
+    const std::filesystem::path kept = setAside(file);
     copyWhole(draft.file(), file, machineClock());
     Database(file, Database::Mode::Existing, machineClock()).run("PRAGMA journal_mode = WAL");
+    if (!kept.empty())
+        goOnCounting(file, kept);
     return kept;
 }
 
 std::vector<std::string> faultsOf(const std::filesystem::path& place) {
     const std::filesystem::path file = std::filesystem::is_directory(place) ? databaseFile(place) : place;
-    std::vector<std::string> faults = damagesOf(file);
+    std::vector<std::string> faults = damagesOf(file, file);
     if (!faults.empty())
         return faults;
     const Hospital hospital(file);

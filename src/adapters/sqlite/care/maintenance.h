@@ -17,7 +17,8 @@ void backUp(const std::filesystem::path& folder, const std::filesystem::path& ba
 
 /// Puts what a backup holds in the place of what the folder's hospital holds, in one step. What it held is kept in a
 /// file beside it, whose path is the answer; empty when there was none. Numbers that were given out since the backup
-/// stay given out. A damaged hospital is kept as it is in that file; no desk may have it open then.
+/// stay given out, as far as a file can still tell. A damaged hospital is kept as it is in that file, with its
+/// journals, or these alone where the file is lost; no desk may have it open then.
 std::filesystem::path restore(const std::filesystem::path& folder, const std::filesystem::path& backup);
 
 /// What is wrong with a hospital, a line each; nothing when all is right. `place` is a folder or the file of a backup.

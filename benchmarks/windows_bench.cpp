@@ -19,7 +19,7 @@
 #include <optional>
 
 /// What a clerk waits for at real windows that are drawn without a screen; `./bench` starts it. With OPD_BENCH_BARE it
-/// builds the widgets alone, in a process of their own: a style sheet is the whole application's.
+/// builds the widgets alone, in a process of their own: the look is the whole application's.
 namespace opd::bench {
 
 namespace {

@@ -87,8 +87,6 @@ void fill(QMessageBox& box, const ui::Message& message) {
     box.setStandardButtons(buttonsOf(message.buttons));
     box.setDefaultButton(standardButton(message.defaultAnswer.value_or(firstAnswer(message.buttons))));
     box.setEscapeButton(standardButton(escapeAnswer(message.buttons)));
-    // The same order on every desktop environment: Yes, No, Cancel and OK, Cancel.
-    box.setStyleSheet(QStringLiteral("QDialogButtonBox { button-layout: 0; } QPushButton { min-width: 72px; }"));
     dress(box);
     makeRoomForTitle(box);
 }

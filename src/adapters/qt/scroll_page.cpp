@@ -73,10 +73,17 @@ void ScrollPage::spreadRows() {
     m_room = room;
 }
 
+// The toolkit's own way is content when it sees the text cursor.
 void scrollIntoSight(QWidget& widget) {
-    for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget())
-        if (auto* page = qobject_cast<ScrollPage*>(parent))
-            page->ensureWidgetVisible(&widget, around, around);
+    for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+        auto* const page = qobject_cast<ScrollPage*>(parent);
+        if (page == nullptr)
+            continue;
+        const QRect place(widget.mapTo(page->widget(), QPoint()), widget.size());
+        const QRect seen(-page->widget()->pos(), page->viewport()->size());
+        if (!seen.contains(place))
+            page->ensureVisible(place.center().x(), place.center().y(), around, place.height() / 2 + around);
+    }
 }
 
 } // namespace opd::qt

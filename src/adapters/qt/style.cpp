@@ -1,9 +1,10 @@
 #include "adapters/qt/style.h"
 
-#include "adapters/qt/basics/colours.h"
-#include "adapters/qt/desk_style.h"
+#include "adapters/qt/look/colours.h"
+#include "adapters/qt/look/desk_style.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QToolTip>
 
 #include <iterator>
@@ -12,90 +13,6 @@
 namespace opd::qt {
 
 namespace {
-
-/// What "@name" stands for in the style sheet. A name that another one begins with comes behind that one.
-const std::pair<const char*, const QColor&> named[] = {
-    {"@window", colours::window},
-    {"@paperInUse", colours::paperInUse},
-    {"@paperRefused", colours::paperRefused},
-    {"@paperShowing", colours::paperShowing},
-    {"@paper", colours::paper},
-    {"@otherRow", colours::otherRow},
-    {"@buttonUnusable", colours::buttonUnusable},
-    {"@button", colours::button},
-    {"@heading", colours::heading},
-    {"@text", colours::text},
-    {"@quietText", colours::quietText},
-    {"@unusableText", colours::unusableText},
-    {"@title", colours::title},
-    {"@accent", colours::accent},
-    {"@border", colours::border},
-    {"@line", colours::line},
-    {"@alert", colours::alert},
-    {"@needed", colours::needed},
-};
-
-// One accent for what is active, grey for what only shows, white for what takes input. Text takes its colour from the
-// palette, which knows what cannot be used, wherever it is not said here.
-const char* const look = R"(
-QGroupBox { font-weight: bold; border: 1px solid @line; border-radius: 4px; margin-top: 8px; padding-top: 4px; }
-QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; color: @title; }
-QGroupBox * { font-weight: normal; }
-QLineEdit, QPlainTextEdit { background: @paper; border: 1px solid @border; border-radius: 3px; padding: 1px 4px; min-height: 19px; }
-QLineEdit[needed="true"] { border-left: 4px solid @needed; padding-left: 1px; }
-QLineEdit:focus, QPlainTextEdit:focus { border: 2px solid @accent; padding: 0 3px; background: @paperInUse; }
-QLineEdit[readOnly="true"], QPlainTextEdit[readOnly="true"], QLineEdit[lookupName="true"], QLineEdit:disabled, QPlainTextEdit:disabled {
-  background: @paperShowing; color: #33434f; }
-QLineEdit[prominent="true"] { font-size: 15pt; font-weight: bold; }
-QAbstractSpinBox QLineEdit, QAbstractSpinBox QLineEdit:focus, QAbstractSpinBox QLineEdit:disabled {
-  border: 0; padding: 0; background: transparent; min-height: 0; }
-QComboBox, QAbstractSpinBox { min-height: 19px; }
-QLineEdit[refused="true"], QPlainTextEdit[refused="true"] {
-  border: 2px solid @alert; padding: 0 3px; background: @paperRefused; }
-QLineEdit[refused="true"]:focus { border: 3px solid @alert; padding: 0 2px; min-height: 17px; }
-QPlainTextEdit[refused="true"]:focus { border: 3px solid @alert; padding: 0 2px; }
-QLabel[refused="true"], QCheckBox[refused="true"], QRadioButton[refused="true"] { color: @alert; }
-QLabel[needed="true"], QRadioButton[needed="true"] { color: @needed; }
-QLabel[hint="true"] { color: @quietText; }
-QLabel[alert="true"] { color: @alert; font-weight: bold; }
-QFrame[decoration="heading"] { background: @heading; border: 0; border-bottom: 1px solid @line; }
-QLabel[title="true"], QLabel[titleShadow="true"] { font-size: 14pt; font-weight: bold; }
-QLabel[title="true"] { color: @title; padding: 0 1px 1px 0; }
-QLabel[titleShadow="true"] { color: @paper; padding: 1px 0 0 1px; }
-QTableView { background: @paper; alternate-background-color: @otherRow; border: 1px solid @border; padding: 1px; outline: 0; }
-QTableView:focus { border: 2px solid @accent; padding: 0; }
-QTableView[refused="true"] { border-color: @alert; }
-QTableView QLineEdit { border: 1px solid @border; border-radius: 0; padding: 0 2px; min-height: 0; }
-QTableView QLineEdit:focus { border: 2px solid @accent; padding: 0 1px; }
-QHeaderView::section { background: @heading; border: 0; border-right: 1px solid @line; border-bottom: 1px solid @line;
-  padding: 4px 3px; font-weight: bold; }
-QPushButton { color: @text; background: @button; outline: 0; border: 1px solid @border; border-radius: 3px; padding: 3px 14px; min-height: 20px; }
-QPushButton:hover { background: #e6eff5; }
-QPushButton:pressed { background: #d3e2ec; }
-QPushButton:focus { border: 2px solid @accent; padding: 2px 13px; }
-QPushButton:disabled { color: @unusableText; background: @buttonUnusable; }
-QPushButton[primary="true"] { background: #1b6a98; border-color: #14526f; color: @paper; font-weight: bold; }
-QPushButton[primary="true"]:hover { background: #2079ad; }
-QPushButton[primary="true"]:focus { border: 2px solid #f0b429; }
-QPushButton[primary="true"]:disabled { background: @heading; border-color: @border; color: @quietText; }
-QPushButton[hospitalPrint="true"] { background: #38a4fc; border-color: #14526f; font-weight: bold; }
-QPushButton[hospitalPrint="true"]:hover { background: #9eaa79; }
-QPushButton[hospitalPrint="true"]:focus { border-color: #0b2f42; }
-QPushButton[hospitalPrint="true"]:disabled { background: @buttonUnusable; border-color: @border; }
-QPushButton[small="true"] { padding: 3px 8px; }
-QPushButton[small="true"]:focus { padding: 2px 7px; }
-QPushButton[lookup="true"] { padding: 0 4px; min-width: 18px; min-height: 18px; }
-QPushButton[lookup="true"]:focus { padding: 0 3px; min-height: 16px; }
-QMenu { background: @paper; border: 1px solid @border; padding: 2px; }
-QMenu::item { padding: 4px 24px 4px 12px; color: @text; }
-QMenu::item:selected { background: @accent; color: @paper; }
-QMenu::item:disabled { background: @paper; color: @unusableText; }
-QMenu::separator { height: 1px; background: @line; margin: 2px 0; }
-QToolTip { background: @paper; color: @text; border: 1px solid @border; padding: 2px; }
-QAbstractItemView { background: @paper; color: @text; }
-QCalendarWidget #qt_calendar_navigationbar { background: @accent; }
-QCalendarWidget QToolButton { color: @paper; }
-)";
 
 /// A colour for what can be used and one for what cannot.
 struct Shade {
@@ -109,7 +26,7 @@ const Shade shades[] = {
     {QPalette::WindowText, colours::text, colours::unusableText},
     {QPalette::Base, colours::paper, colours::paperShowing},
     {QPalette::AlternateBase, colours::otherRow, colours::otherRow},
-    {QPalette::Text, colours::text, colours::unusableText},
+    {QPalette::Text, colours::text, colours::shownText},
     {QPalette::PlaceholderText, colours::text, // what a box holds that is no entry of its list
      colours::unusableText},
     {QPalette::Button, colours::button, colours::buttonUnusable},
@@ -146,12 +63,40 @@ const QPalette& deskPalette() {
     return palette;
 }
 
-QString makeStyleSheet() {
-    QString sheet = QString::fromLatin1(look);
-    for (const auto& [name, colour] : named)
-        sheet.replace(QLatin1String(name), colour.name());
-    return sheet;
+/// False in a program of another, whose own windows keep the style that it chose.
+bool isOwnApplication() {
+    return qobject_cast<const DeskStyle*>(QApplication::style()) != nullptr;
 }
+
+/// Gives the desk's style to its windows in such a program, and to whatever comes into them later: a list that unfolds,
+/// a menu. Never taken down, as a widget may ask for its style to the end.
+class GuestDress final : public QObject {
+  public:
+    static GuestDress& ofProcess() {
+        static GuestDress& dress = *std::make_unique<GuestDress>().release();
+        return dress;
+    }
+
+    GuestDress() { qApp->installEventFilter(this); }
+
+    void begin(QWidget& window) {
+        window.setStyle(&m_style);
+        for (QWidget* part : window.findChildren<QWidget*>())
+            part->setStyle(&m_style);
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() != QEvent::Polish || !object->isWidgetType())
+            return false;
+        auto& part = static_cast<QWidget&>(*object);
+        if (part.parentWidget() != nullptr && part.parentWidget()->style() == &m_style && part.style() != &m_style)
+            part.setStyle(&m_style);
+        return false;
+    }
+
+  private:
+    DeskStyle m_style;
+};
 
 } // namespace
 
@@ -162,19 +107,10 @@ void dress(QApplication& /*application*/) {
 }
 
 void dress(QWidget& window) {
-    static const QString sheet = makeStyleSheet();
     window.setPalette(deskPalette());
-    // Under a style sheet widgets take their colours from the application instead of their parent.
-    for (QWidget* child : window.findChildren<QWidget*>())
-        child->setPalette(deskPalette());
-    window.setStyleSheet(window.styleSheet() + sheet);
-}
-
-// What has its colours keeps them: the style sheet has changed them since.
-void colour(QWidget& window) {
-    for (QWidget* child : window.findChildren<QWidget*>())
-        if (!child->testAttribute(Qt::WA_SetPalette))
-            child->setPalette(deskPalette());
+    if (!isOwnApplication())
+        GuestDress::ofProcess().begin(window);
+    window.ensurePolished(); // with all that is in it
 }
 
 } // namespace opd::qt

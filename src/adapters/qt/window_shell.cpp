@@ -1,9 +1,9 @@
 #include "adapters/qt/window_shell.h"
 
 #include "adapters/qt/basics/qt_text.h"
-#include "adapters/qt/basics/restyle.h"
 #include "adapters/qt/binder.h"
 #include "adapters/qt/forms.h"
+#include "adapters/qt/look/restyle.h"
 #include "adapters/qt/scroll_page.h"
 #include "adapters/qt/style.h"
 #include "adapters/qt/views/cell_float.h"
@@ -67,7 +67,6 @@ void WindowShell::bindTo(ui::Window& window, ui::WindowPlaces* places) {
             m_statusLine = label;
     floatOverCells();
     nameAll();
-    colour(*this); // what the views have added
     showAll();
 }
 
@@ -110,9 +109,8 @@ void WindowShell::present(bool modal, WindowShell* served) {
 }
 
 void WindowShell::fitScreen(const WindowShell* served) {
-    // The style sheet makes widgets larger, and only those that it has reached tell their true size.
     for (QWidget* widget : findChildren<QWidget*>())
-        widget->ensurePolished();
+        widget->ensurePolished(); // what the views have added does not know its size before
     layout()->activate();
     const QRect available = (served == nullptr ? this : served)->screen()->availableGeometry();
     const QSize frame = served == nullptr ? knownFrame : frameOf(*served);

@@ -1,11 +1,14 @@
-#include "adapters/qt/basics/colours.h"
+#include "adapters/qt/look/colours.h"
 #include "adapters/qt/message_box.h"
+#include "adapters/qt/style.h"
 #include "tests/adapters/qt/desk.h"
 #include "tests/adapters/qt/every_window.h"
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <algorithm>
 #include <cmath>
@@ -191,6 +194,71 @@ TEST(QtLook, AFormThatWasBuiltAheadLooksLikeOneThatWasNot) {
     const std::vector<QImage> expected = pagesOfForm(false);
     EXPECT_EQ(pagesOfForm(true), expected);
     QApplication::setCursorFlashTime(flashes);
+}
+
+/// A program whose own windows have another style than the desk's.
+struct HostWithAStyle {
+    HostWithAStyle() { QApplication::setStyle(QStringLiteral("windows")); }
+    ~HostWithAStyle() { dress(*qApp); }
+};
+
+TEST(QtLook, AFormLooksTheSameInTheProgramOfAnother) {
+    const int flashes = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    const std::vector<QImage> expected = pagesOfForm(false);
+    const DarkDesktop dark;
+    const HostWithAStyle host;
+    EXPECT_EQ(pagesOfForm(false), expected);
+    QApplication::setCursorFlashTime(flashes);
+}
+
+/// How a control looks, and in what state it is.
+struct Portraits {
+    std::vector<std::pair<std::string, QImage>> kept;
+
+    void add(const std::string& state, QWidget& widget) {
+        hands::settle();
+        const QImage picture = widget.grab().toImage();
+        for (const auto& [other, known] : kept) {
+            EXPECT_EQ(picture.size(), known.size()) << state << " moves what is around it";
+            EXPECT_NE(picture, known) << state << " looks like " << other;
+        }
+        kept.emplace_back(state, picture);
+    }
+};
+
+TEST(QtLook, EachStateOfAFieldAndOfAButtonLooksLikeNoOther) {
+    RegistrationDesk desk;
+    ui::TextBox& name = desk.form.header.txtLastName;
+    auto& field = *desk.widget<QLineEdit>("txtLastName");
+    Portraits fields;
+    desk.form.setFocus(desk.form.header.txtFirstName);
+    fields.add("usual", field);
+    name.setNeeded(true);
+    fields.add("needed", field);
+    desk.form.setFocus(name);
+    fields.add("focused", field);
+    name.setRefusal("Not this one.");
+    fields.add("refused and focused", field);
+    desk.form.setFocus(desk.form.header.txtFirstName);
+    fields.add("refused", field);
+    name.setRefusal("");
+    name.setEnabled(false);
+    fields.add("unusable", field);
+
+    for (ui::Button* button : {&desk.form.buttons.cmdSave, &desk.form.buttons.cmdCancel}) {
+        auto& widget = *desk.widget<QPushButton>(button->name().c_str());
+        Portraits buttons;
+        desk.form.setFocus(desk.form.header.txtFirstName);
+        buttons.add("usual", widget);
+        widget.setDown(true);
+        buttons.add("pressed", widget);
+        widget.setDown(false);
+        desk.form.setFocus(*button);
+        buttons.add("focused", widget);
+        button->setEnabled(false);
+        buttons.add("unusable", widget);
+    }
 }
 
 TEST(QtLook, AMessageCanBeReadUnderADarkDesktop) {

@@ -1,6 +1,6 @@
 #include "adapters/qt/views/calendar_popup.h"
 
-#include "adapters/qt/basics/colours.h"
+#include "adapters/qt/look/colours.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -46,6 +46,7 @@ bool opens(const QKeyEvent& key) {
 CalendarPopup::CalendarPopup(QLineEdit& field, std::function<QDate()> date, std::function<void(const QDate&)> picked)
     : QFrame(&field, Qt::Popup), m_field(field), m_date(std::move(date)), m_picked(std::move(picked)),
       m_year(new QSpinBox(this)), m_month(new QComboBox(this)), m_days(new QCalendarWidget(this)) {
+    setAttribute(Qt::WA_WindowPropagation); // the colours of the window that it belongs to
     setFrameShape(QFrame::StyledPanel);
     setAccessibleName(tr("Calendar"));
     m_year->setRange(firstYear, lastYear);

@@ -1,7 +1,7 @@
 #include "adapters/qt/views/control_view.h"
 
 #include "adapters/qt/basics/qt_text.h"
-#include "adapters/qt/basics/restyle.h"
+#include "adapters/qt/look/restyle.h"
 #include "adapters/qt/views/button_views.h"
 #include "adapters/qt/views/container_views.h"
 #include "adapters/qt/views/field_views.h"

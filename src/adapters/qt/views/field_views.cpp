@@ -1,7 +1,7 @@
 #include "adapters/qt/views/field_views.h"
 
 #include "adapters/qt/basics/qt_text.h"
-#include "adapters/qt/basics/restyle.h"
+#include "adapters/qt/look/restyle.h"
 #include "adapters/qt/views/calendar_popup.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"

@@ -24,6 +24,17 @@ inline const QColor remembered{0xb9, 0xd3, 0xe3}; ///< is chosen in a list that 
 inline const QColor border{0x7b, 0x8a, 0x96};
 inline const QColor line{0xc3, 0xcc, 0xd4}; ///< parts a window, marks nothing off that could be used
 inline const QColor alert{0xb3, 0x26, 0x1e};
-inline const QColor needed{0x8a, 0x53, 0x00}; ///< is missing before the work can be done
+inline const QColor needed{0x8a, 0x53, 0x00};    ///< is missing before the work can be done
+inline const QColor shownText{0x33, 0x43, 0x4f}; ///< on paperShowing
+
+inline const QColor buttonUnderMouse{0xe6, 0xef, 0xf5};
+inline const QColor buttonPressed{0xd3, 0xe2, 0xec};
+inline const QColor primary{0x1b, 0x6a, 0x98}; ///< the button that a window is for
+inline const QColor primaryUnderMouse{0x20, 0x79, 0xad};
+inline const QColor primaryEdge{0x14, 0x52, 0x6f};
+inline const QColor primaryInUse{0xf0, 0xb4, 0x29};
+inline const QColor hospitalPrint{0x38, 0xa4, 0xfc};
+inline const QColor hospitalPrintUnderMouse{0x9e, 0xaa, 0x79};
+inline const QColor hospitalPrintInUse{0x0b, 0x2f, 0x42};
 
 } // namespace opd::qt::colours

@@ -1,18 +1,18 @@
 -- What a desk may do. It runs the procedures, which reach their tables by themselves, and has rights of its own only
--- where its statements name a table, and where a procedure reaches into another database.
+-- where its statements name a table, where a procedure reaches into another database, and on Babelfish.
 USE LABORATORY;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd_desk') IS NULL CREATE ROLE opd_desk;
+IF NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd_desk') CREATE ROLE opd_desk;
 GO
 USE billing;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd_desk') IS NULL CREATE ROLE opd_desk;
+IF NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd_desk') CREATE ROLE opd_desk;
 GO
 GRANT EXECUTE ON dbo.sp_OPD_ComputeHospitalBill TO opd_desk;
 GO
 USE Build_File;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd_desk') IS NULL CREATE ROLE opd_desk;
+IF NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd_desk') CREATE ROLE opd_desk;
 GO
 GRANT SELECT ON dbo.tbCoAddress TO opd_desk;
 GRANT SELECT ON dbo.tbCoNationality TO opd_desk;
@@ -36,7 +36,7 @@ GRANT EXECUTE ON dbo.sp_Bui_Search_Doctor TO opd_desk;
 GO
 USE Patient_Data;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd_desk') IS NULL CREATE ROLE opd_desk;
+IF NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd_desk') CREATE ROLE opd_desk;
 GO
 GRANT SELECT ON dbo.tbHospitalInfo TO opd_desk;
 GRANT SELECT ON dbo.tbDeskVersion TO opd_desk;
@@ -89,11 +89,45 @@ GRANT EXECUTE ON dbo.sp_aopd_Update_TbMaster TO opd_desk;
 GRANT EXECUTE ON dbo.sp_aopd_Update_tbOutpatient TO opd_desk;
 GRANT EXECUTE ON dbo.sp_AOPD_UpdateOPDHistory TO opd_desk;
 GO
--- Babelfish runs a trigger with the rights of whoever runs the procedure, and a function within another's search too. Where
--- it knows no rights for a function, everybody has them, and the script goes on.
+-- On Babelfish a procedure reaches tables with the rights of whoever runs it, and so do its functions and the trigger.
 IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN
+  GRANT SELECT ON dbo.tbCounter TO opd_desk;
+  GRANT UPDATE ON dbo.tbCounter TO opd_desk;
+  GRANT SELECT ON dbo.tbDrawnNumber TO opd_desk;
+  GRANT INSERT ON dbo.tbDrawnNumber TO opd_desk;
+  GRANT DELETE ON dbo.tbDrawnNumber TO opd_desk;
+  GRANT INSERT ON dbo.tbMaster TO opd_desk;
   GRANT UPDATE ON dbo.tbMaster TO opd_desk;
+  GRANT SELECT ON dbo.tbMaster2 TO opd_desk;
+  GRANT INSERT ON dbo.tbMaster2 TO opd_desk;
+  GRANT UPDATE ON dbo.tbMaster2 TO opd_desk;
+  GRANT SELECT ON dbo.tbMasterAccount TO opd_desk;
+  GRANT SELECT ON dbo.tbMasterAllergies TO opd_desk;
+  GRANT INSERT ON dbo.tbMasterAllergies TO opd_desk;
+  GRANT UPDATE ON dbo.tbMasterAllergies TO opd_desk;
+  GRANT INSERT ON dbo.tbMasterDependent TO opd_desk;
+  GRANT SELECT ON dbo.tbMasterMedicalHistory TO opd_desk;
+  GRANT INSERT ON dbo.tbMasterMedicalHistory TO opd_desk;
+  GRANT UPDATE ON dbo.tbMasterMedicalHistory TO opd_desk;
+  GRANT INSERT ON dbo.tbOPDRevokedLog TO opd_desk;
+  GRANT INSERT ON dbo.tbOPDUserLog TO opd_desk;
+  GRANT INSERT ON dbo.tbOpdHMOLOA TO opd_desk;
+  GRANT UPDATE ON dbo.tbOpdHMOLOA TO opd_desk;
+  GRANT INSERT ON dbo.tbOutPatient TO opd_desk;
+  GRANT SELECT ON dbo.tbOutPatientContact TO opd_desk;
+  GRANT INSERT ON dbo.tbOutPatientContact TO opd_desk;
+  GRANT UPDATE ON dbo.tbOutPatientContact TO opd_desk;
+  GRANT SELECT ON dbo.tbOutPatientHistory TO opd_desk;
+  GRANT INSERT ON dbo.tbOutPatientHistory TO opd_desk;
+  GRANT UPDATE ON dbo.tbOutPatientHistory TO opd_desk;
+  GRANT SELECT ON dbo.tbOutProfile TO opd_desk;
+  GRANT INSERT ON dbo.tbOutProfile TO opd_desk;
+  GRANT UPDATE ON dbo.tbOutProfile TO opd_desk;
+  GRANT SELECT ON dbo.tbPatient TO opd_desk;
+END
 GO
+-- Where it knows no rights for a function, everybody has them, and the script goes on.
 IF SERVERPROPERTY(N'babelfish') IS NOT NULL
 BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Folded TO opd_desk;
@@ -125,4 +159,30 @@ END TRY
 BEGIN CATCH
   PRINT ERROR_MESSAGE();
 END CATCH
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN TRY
+  GRANT EXECUTE ON dbo.OPD_GivenNames TO opd_desk;
+END TRY
+BEGIN CATCH
+  PRINT ERROR_MESSAGE();
+END CATCH
+GO
+USE Build_File;
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+  GRANT SELECT ON dbo.vwDoctor TO opd_desk;
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN TRY
+  GRANT EXECUTE ON dbo.OPD_Folded TO opd_desk;
+END TRY
+BEGIN CATCH
+  PRINT ERROR_MESSAGE();
+END CATCH
+GO
+USE billing;
+GO
+IF SERVERPROPERTY(N'babelfish') IS NOT NULL
+  GRANT SELECT ON dbo.tbBill TO opd_desk;
 GO

@@ -5,7 +5,7 @@
 USE master;
 GO
 DECLARE @Password nvarchar(100) = N'';
-IF SUSER_ID(N'opd') IS NOT NULL
+IF EXISTS (SELECT 1 FROM sys.server_principals WHERE name = N'opd')
   PRINT N'The login opd is there already.';
 ELSE IF @Password = N''
   PRINT N'No login was made: 15-login.sql holds no password for it.';
@@ -21,25 +21,33 @@ END
 GO
 USE LABORATORY;
 GO
-IF SUSER_ID(N'opd') IS NOT NULL AND DATABASE_PRINCIPAL_ID(N'opd') IS NULL CREATE USER opd FOR LOGIN opd;
+IF EXISTS (SELECT 1 FROM sys.server_principals WHERE name = N'opd')
+   AND NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd')
+  CREATE USER opd FOR LOGIN opd;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd') IS NOT NULL ALTER ROLE opd_desk ADD MEMBER opd;
+IF EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd') ALTER ROLE opd_desk ADD MEMBER opd;
 GO
 USE Build_File;
 GO
-IF SUSER_ID(N'opd') IS NOT NULL AND DATABASE_PRINCIPAL_ID(N'opd') IS NULL CREATE USER opd FOR LOGIN opd;
+IF EXISTS (SELECT 1 FROM sys.server_principals WHERE name = N'opd')
+   AND NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd')
+  CREATE USER opd FOR LOGIN opd;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd') IS NOT NULL ALTER ROLE opd_desk ADD MEMBER opd;
+IF EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd') ALTER ROLE opd_desk ADD MEMBER opd;
 GO
 USE billing;
 GO
-IF SUSER_ID(N'opd') IS NOT NULL AND DATABASE_PRINCIPAL_ID(N'opd') IS NULL CREATE USER opd FOR LOGIN opd;
+IF EXISTS (SELECT 1 FROM sys.server_principals WHERE name = N'opd')
+   AND NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd')
+  CREATE USER opd FOR LOGIN opd;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd') IS NOT NULL ALTER ROLE opd_desk ADD MEMBER opd;
+IF EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd') ALTER ROLE opd_desk ADD MEMBER opd;
 GO
 USE Patient_Data;
 GO
-IF SUSER_ID(N'opd') IS NOT NULL AND DATABASE_PRINCIPAL_ID(N'opd') IS NULL CREATE USER opd FOR LOGIN opd;
+IF EXISTS (SELECT 1 FROM sys.server_principals WHERE name = N'opd')
+   AND NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd')
+  CREATE USER opd FOR LOGIN opd;
 GO
-IF DATABASE_PRINCIPAL_ID(N'opd') IS NOT NULL ALTER ROLE opd_desk ADD MEMBER opd;
+IF EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd') ALTER ROLE opd_desk ADD MEMBER opd;
 GO

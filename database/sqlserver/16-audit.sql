@@ -41,7 +41,23 @@ END
 GO
 -- Desks write it through their procedures alone, and none may read it. Whoever is to read what "opd-desk history" shows
 -- becomes a member of this role.
-IF DATABASE_PRINCIPAL_ID(N'opd_audit') IS NULL CREATE ROLE opd_audit;
+IF NOT EXISTS (SELECT 1 FROM sys.database_principals WHERE name = N'opd_audit') CREATE ROLE opd_audit;
 GO
 IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL GRANT SELECT ON dbo.tbMasterAudit TO opd_audit;
+GO
+-- The procedures ask whether the table is there, and a server tells that only to whoever may know of it. On Babelfish a
+-- procedure writes with the rights of whoever runs it; what changed stays unread there, too.
+IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL AND SERVERPROPERTY(N'babelfish') IS NULL
+  EXEC(N'GRANT VIEW DEFINITION ON dbo.tbMasterAudit TO opd_desk;');
+GO
+IF OBJECT_ID(N'dbo.tbMasterAudit', N'U') IS NOT NULL AND SERVERPROPERTY(N'babelfish') IS NOT NULL
+BEGIN
+  GRANT SELECT (AuditID, HospNum, Session, UserID) ON dbo.tbMasterAudit TO opd_desk;
+  GRANT INSERT ON dbo.tbMasterAudit TO opd_desk;
+  GRANT UPDATE (UserID) ON dbo.tbMasterAudit TO opd_desk;
+  GRANT SELECT ON dbo.tbAuditedSave TO opd_desk;
+  GRANT INSERT ON dbo.tbAuditedSave TO opd_desk;
+  GRANT UPDATE ON dbo.tbAuditedSave TO opd_desk;
+  GRANT DELETE ON dbo.tbAuditedSave TO opd_desk;
+END
 GO

@@ -1,7 +1,10 @@
 // Texts that try to leave their quotes, in every field and search box, over the wire: what the server receives has no
 // other shape than with harmless texts, and what a field shows is what is stored.
 #include "component/served_desk.h"
+#include "component/support.h"
 
+#include "com/class_registry.h"
+#include "com/connection_object.h"
 #include "registration/meanwhile/field_values.h"
 #include "registration/record/sent_fields.h"
 #include "search/master_search.h"
@@ -67,6 +70,18 @@ template <class Kind> std::vector<Kind*> boxesOf(const ui::Window& window) {
 
 class Injection : public testing::Test {
   protected:
+    /// The code search component as a desk creates it, on the desk's own connection.
+    Injection() {
+        registerClassesOf(codeSearchLibrary());
+        com::Object& search = m_desk.globals.gCodeSearch;
+        search = com::Object{com::createInstance("Trellicode.clsCodeSearch", com::iidLateBound).get()};
+        search.call("Initialize_Classes");
+        search.set("Connection",
+                   com::Ref<com::IUnknown>::sharing(com::makeConnectionObject(m_desk.globals.gConnection).get()));
+        ui::Desktop::setOfThread(&m_desk.desktop);
+    }
+    ~Injection() override { ui::Desktop::setOfThread(nullptr); }
+
     std::set<std::string> shapes() {
         std::set<std::string> found;
         for (const testserver::Received& received : m_desk.server.received())
@@ -80,10 +95,10 @@ class Injection : public testing::Test {
         for (ui::TextBox* box : boxesOf<ui::TextBox>(window)) {
             if (!box->enabled() || box->readOnly || !registration::isSent(fields, *box))
                 continue;
+            if (box->coded != nullptr)
+                lookUp(window, *box, text);
             window.written(*box, text);
             ++m_written;
-            if (box->coded != nullptr)
-                lookUp(window, *box->coded, text);
             if (!window.requestFocus(fields.header.txtLastName) || !box->refusal().empty())
                 restore(fields, *box);
         }
@@ -94,10 +109,34 @@ class Injection : public testing::Test {
         dependents.setCell(1, 1, "01/02/2015");
     }
 
-    /// The list of the codes, in whose search box the text is put.
-    void lookUp(ui::Window& window, const ui::CodedField& field, const std::string& text) {
-        m_desk.desktop.work([&](ui::Window& list) { writeInto(list, text); });
-        window.click(field.lookup);
+    /// The list of the codes: asked for the text, and whole with the text put into its search box.
+    void lookUp(ui::Window& window, ui::TextBox& code, const std::string& text) {
+        for (const std::string& asked : {text, std::string{}}) {
+            window.written(code, asked);
+            inNextWindow(text, [&] { window.click(code.coded->lookup); });
+            code.setRefusal("");
+        }
+    }
+
+    /// Every listing of the component likewise, those that no field asks for too.
+    void searchListings(const std::string& text) {
+        constexpr std::int32_t most = 50;
+        com::Object& search = m_desk.globals.gCodeSearch;
+        for (std::int32_t listing = 0; listing < most; ++listing) {
+            search.set("OtherSectionID", std::string{listing == 21 ? "AA" : ""});
+            inNextWindow(text, [&] { search.flag("SearchListing", {std::string{}, listing}); });
+        }
+        search.set("OtherSectionID", std::string{});
+    }
+
+    /// Puts the text into each box of the window that the work opens, if it opens one.
+    template <class Work> void inNextWindow(const std::string& text, const Work& work) {
+        m_desk.desktop.work([&](ui::Window& window) {
+            if (window.name() == "frmCodeSearch")
+                m_listings.insert(window.caption());
+            writeInto(window, text);
+        });
+        work();
         m_desk.desktop.forgetWork();
     }
 
@@ -173,6 +212,7 @@ class Injection : public testing::Test {
     }
 
     void searchFor(const std::string& text) {
+        searchListings(text);
         NoOpener opener;
         search::frmMasterSearch form(m_desk.session, opener, opener);
         m_desk.desktop.work([&](ui::Window& window) {
@@ -183,8 +223,11 @@ class Injection : public testing::Test {
         m_desk.desktop.forgetWork();
     }
 
+    const TemporaryFolder m_folder;
+    const Variable m_registry{"OPD_CLASS_REGISTRY", (m_folder / "classes.ini").string()};
     ServedDesk m_desk;
     std::unique_ptr<registration::RegistrationForm> m_form;
+    std::set<std::string> m_listings; ///< the titles of those that were shown
     int m_written = 0, m_refused = 0, m_registered = 0;
 };
 
@@ -211,6 +254,7 @@ TEST_F(Injection, LeavesEveryStatementInItsShapeAndStoresWhatTheFieldsShow) {
         for (const std::string& shape : shapes())
             EXPECT_TRUE(documented.contains(shape)) << shape;
     }
+    EXPECT_EQ(m_listings.size(), 8U) << "every listing of the component";
     std::cout << m_written << " fields written, " << m_refused << " texts refused\n";
 }
 

@@ -11,8 +11,9 @@
 #include <gtest/gtest.h>
 #include <iostream>
 #include <map>
-#include <mutex>
-#include <thread>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace opd::tests {
 
@@ -24,6 +25,7 @@ using namespace std::chrono_literals;
 struct Fault {
     const char* name;
     std::vector<std::string> told; ///< "@" stands for the step
+    bool isWaitedFor = false;      ///< no answer comes, or no end of one
 };
 
 const Fault faults[] = {{"dropped before", {"drop-before@"}},
@@ -31,11 +33,11 @@ const Fault faults[] = {{"dropped before", {"drop-before@"}},
                         {"cut in two", {"drop-within@"}},
                         {"no way back", {"drop-after@", "error@login#*:18456,Login failed."}},
                         {"garbage", {"garbage@"}},
-                        {"noise", {"garbage@:raw"}},
+                        {"noise", {"garbage@:raw"}, true},
                         {"an error", {"error@:50000,The disk is full."}},
                         {"a deadlock", {"error@:1205,Deadlock."}},
                         {"slow", {"slow@:250"}},
-                        {"silent", {"never@"}}};
+                        {"silent", {"never@"}, true}};
 constexpr std::size_t faultCount = std::size(faults);
 
 /// Something that a save stores, and what it is told to be where it is missing; nothing for what the transaction holds.
@@ -89,8 +91,7 @@ class Saves {
         const Contents before = contents();
         const long countedBefore = counted();
         std::string outcome;
-        const bool isSilent = std::string_view{fault.name} == "silent";
-        if (isSilent)
+        if (fault.isWaitedFor)
             m_desk.logOn(1s);
         for (int time = 0; time < times && m_open; ++time) {
             for (const std::string& told : fault.told) {
@@ -104,7 +105,7 @@ class Saves {
             m_isLogDoubtful = m_isLogDoubtful || m_desk.told("log of this change (perhaps stored)");
             outcome = outcome.empty() ? checked(before) : outcome;
         }
-        if (isSilent)
+        if (fault.isWaitedFor)
             m_desk.logOn(20s);
         if (m_open || m_desk.told("Unable to assign"))
             tryAgain();
@@ -294,10 +295,15 @@ class Saves {
 /// The outcomes, a line a step.
 class Table {
   public:
-    void add(const std::vector<std::string>& steps, std::size_t step, std::size_t fault, const std::string& outcome) {
-        const std::lock_guard guard(m_mutex);
-        m_steps = steps;
-        m_cells[{step, fault}] = outcome;
+    /// Reads what a desk wrote down, in lines "step|fault|outcome|statement".
+    void read(std::FILE* outcomes) {
+        std::rewind(outcomes);
+        std::size_t step = 0, fault = 0;
+        char outcome[32], statement[64];
+        while (std::fscanf(outcomes, "%zu|%zu|%31[^|]|%63[^\n]%*[^\n]", &step, &fault, outcome, statement) == 4) {
+            m_steps[step] = statement;
+            m_cells[{step, fault}] = outcome;
+        }
     }
 
     void print(const char* title) const {
@@ -305,12 +311,13 @@ class Table {
         for (const Fault& fault : faults)
             std::cout << fitted(fault.name, 19);
         std::cout << "\n";
-        for (std::size_t step = 0; step < m_steps.size(); ++step) {
-            std::cout << fitted(m_steps[step], 44);
+        for (const auto& [step, statement] : m_steps) {
+            std::cout << fitted(statement, 44);
             for (std::size_t fault = 0; fault < faultCount; ++fault)
                 std::cout << fitted(m_cells.contains({step, fault}) ? m_cells.at({step, fault}) : ".", 19);
             std::cout << "\n";
         }
+        std::cout << m_cells.size() << " of " << m_steps.size() * faultCount << " cells\n";
     }
 
   private:
@@ -320,50 +327,102 @@ class Table {
         return cut;
     }
 
-    std::mutex m_mutex;
-    std::vector<std::string> m_steps;
+    std::map<std::size_t, std::string> m_steps;
     std::map<std::pair<std::size_t, std::size_t>, std::string> m_cells;
 };
 
-/// How much is tried.
-struct Extent {
-    int times;         ///< how often a save meets its fault
-    std::size_t every; ///< one cell in so many, spread over steps and faults
+/// The cells that desks in processes of their own take one after the other.
+class Queue {
+  public:
+    Queue()
+        : m_next(static_cast<std::atomic<std::size_t>*>(
+              ::mmap(nullptr, sizeof *m_next, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
+    Queue(const Queue&) = delete;
+    Queue& operator=(const Queue&) = delete;
+    ~Queue() { ::munmap(m_next, sizeof *m_next); }
+
+    std::size_t take() { return (*m_next)++; }
+
+  private:
+    std::atomic<std::size_t>* m_next; ///< zero at first, as all new pages are
 };
 
-/// Every fault at every step, by several desks with a server each: the silent ones take their time.
-void tryEveryFault(bool edits, const Extent& extent, Table& table) {
-    constexpr std::size_t desks = 12;
-    std::atomic<std::size_t> next = 0;
-    std::vector<std::thread> threads;
-    for (std::size_t desk = 0; desk < desks; ++desk)
-        threads.emplace_back([&] {
-            Saves saves(edits);
-            const std::vector<std::string> steps = saves.steps();
-            EXPECT_GT(steps.size(), 15U);
-            // The slowest first.
-            for (std::size_t cell = next++; cell < steps.size() * faultCount; cell = next++) {
-                const std::size_t fault = faultCount - 1 - cell / steps.size(), step = cell % steps.size();
-                if ((fault + step) % extent.every != 0)
-                    continue;
-                SCOPED_TRACE(std::string{faults[fault].name} + " at " + std::to_string(step) + " " + steps[step]);
-                table.add(steps, step, fault, saves.meets(faults[fault], step, extent.times));
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
+/// What one desk does: meets the faults that no other has taken, the slowest first, and writes the outcomes down.
+void meetFaults(bool edits, int times, Queue& queue, std::FILE* outcomes) {
+    Saves saves(edits);
+    const std::vector<std::string> steps = saves.steps();
+    EXPECT_GT(steps.size(), 15U);
+    for (std::size_t cell = queue.take(); cell < steps.size() * faultCount; cell = queue.take()) {
+        const std::size_t fault = faultCount - 1 - cell / steps.size(), step = cell % steps.size();
+        SCOPED_TRACE(std::string{faults[fault].name} + " at " + std::to_string(step) + " " + steps[step]);
+        const std::string outcome = saves.meets(faults[fault], step, times);
+        std::fprintf(outcomes, "%zu|%zu|%s|%s\n", step, fault, outcome.c_str(), steps[step].c_str());
+    }
 }
 
-// Some minutes: OPD_FAULTS=all tries every fault at every step, OPD_FAULTS=twice has every save meet its fault twice.
-// Without it every step meets a part of the faults, and every fault a part of the steps.
+/// A desk with a server of its own in a process of its own: in one process a driver that waits keeps others waiting.
+/// It ends with 0 when all was as it should be.
+pid_t desk(bool edits, int times, Queue& queue, std::FILE* outcomes) {
+    std::cout.flush();
+    const pid_t child = ::fork();
+    if (child != 0)
+        return child;
+    try {
+        meetFaults(edits, times, queue, outcomes);
+    } catch (const std::exception& failure) {
+        ADD_FAILURE() << failure.what();
+    }
+    std::fflush(outcomes);
+    std::fflush(stdout);
+    ::_exit(testing::Test::HasFailure() ? 1 : 0);
+}
+
+/// The desks of one kind of save, at work.
+class Desks {
+  public:
+    Desks(bool edits, int times) {
+        for (Desk& each : m_desks) {
+            each.outcomes = std::tmpfile();
+            each.process = desk(edits, times, m_queue, each.outcomes);
+        }
+    }
+    Desks(const Desks&) = delete;
+    Desks& operator=(const Desks&) = delete;
+
+    ~Desks() {
+        for (const Desk& each : m_desks)
+            std::fclose(each.outcomes);
+    }
+
+    /// Waits for them.
+    Table outcomes() {
+        Table table;
+        for (const Desk& each : m_desks) {
+            int status = -1;
+            ::waitpid(each.process, &status, 0);
+            EXPECT_EQ(status, 0) << "see above";
+            table.read(each.outcomes);
+        }
+        return table;
+    }
+
+  private:
+    struct Desk {
+        pid_t process;
+        std::FILE* outcomes;
+    };
+
+    Queue m_queue;
+    std::array<Desk, 8> m_desks{};
+};
+
+// OPD_FAULTS=twice has every save meet its fault twice.
 TEST(ServerFaults, EachAtEveryStepOfASaveLeavesAllOrNothingATrueMessageAndOneRegistration) {
     const char* const asked = std::getenv("OPD_FAULTS");
-    const Extent extent{asked != nullptr && std::string_view{asked} == "twice" ? 2 : 1, asked != nullptr ? 1UL : 5UL};
-    for (const bool edits : {false, true}) {
-        Table table;
-        tryEveryFault(edits, extent, table);
-        table.print(edits ? "A visit on file is updated" : "A new patient is registered");
-    }
+    const int times = asked != nullptr && std::string_view{asked} == "twice" ? 2 : 1;
+    Desks registering(false, times), updating(true, times);
+    registering.outcomes().print("A new patient is registered");
+    updating.outcomes().print("A visit on file is updated");
 }
 
 } // namespace

@@ -139,6 +139,35 @@ TEST_P(Contract, ReadsValuesByTheirKinds) {
     EXPECT_EQ(rows("Patient_Data..sp_aopd_LoadOutPatient 'nobody'"), Rows{});
 }
 
+// What answers several times is read to its end: the first answer with columns is the statement's, a failure behind it
+// is not lost, and the next statement has its own answer.
+TEST_P(Contract, ReadsEveryAnswerToItsEnd) {
+    const std::string one = "Select HospNum from Patient_Data..tbMaster where HospNum = '00000001'";
+    const std::string all = "Select ServiceID, Service from Build_File..tbCoService";
+    const std::string remarks = " Patient_Data..tbOutPatient set Remarks = 'several' where IDNum = '2600000001B'";
+    const std::string ofRemarks = "Select Remarks from Patient_Data..tbOutPatient where IDNum = '2600000001B'";
+    if (!hospital->takesBatches()) { // refused as a whole
+        const Rows before = rows(ofRemarks);
+        for (const std::string& batch : {one + "; " + all, "Update" + remarks + "; " + one, one + "; Update" + remarks})
+            EXPECT_NE(error(batch), "") << batch;
+        EXPECT_EQ(rows(ofRemarks), before);
+        return;
+    }
+    EXPECT_EQ(rows(one + "; " + all + "; " + all), Rows{"00000001"});
+    EXPECT_EQ(rows(all + "; " + one).size(), 64U);
+    EXPECT_EQ(rows(one + " and LastName = 'nobody'; " + one), Rows{}) << "an empty answer is one";
+    EXPECT_EQ(rows("Update" + remarks + "; " + ofRemarks), Rows{"several"}) << "a count is none";
+    expectError(one + "; " + all + "; Select * from Patient_Data..tbNothing", "42S02/208");
+    {
+        const ado::Transaction givenUp(*connection);
+        EXPECT_EQ(rows("Update Patient_Data..tbOutPatient set Remarks = 'undone' where IDNum = '2600000001B'; " +
+                       ofRemarks + "; " + all),
+                  Rows{"undone"});
+    }
+    EXPECT_EQ(rows(ofRemarks), Rows{"several"});
+    EXPECT_EQ(rows(one), Rows{"00000001"});
+}
+
 TEST_P(Contract, TellsWhatIsWrongAsAServerDoes) {
     const struct {
         const char* statement;

@@ -15,8 +15,12 @@ namespace opd::tests {
 inline constexpr DateTime generationDay{2026, 6, 30, 0, 0, 0}; ///< the generated hospital's own day
 inline constexpr DateTime morning{2026, 7, 1, 10, 30, 15};     ///< and the one on which it is used
 
-/// A database that tests reach through connections alone. It holds the patients and lists of a generated hospital, and
-/// its own clock stands still in the morning.
+/// The visit of the generated hospital that has a bill already.
+inline constexpr const char* billedVisit = "2600000001B";
+inline constexpr double billedAmount = 1234.5;
+
+/// A database that tests reach through connections alone. It holds the patients and lists of a generated hospital and
+/// the bill of a visit, and its own clock stands still in the morning.
 ///
 /// A server as hospitals have them (`isReal`) differs: its clock runs and is not set, one hospital serves all tests of
 /// a run, so that each leaves the generated patients as they are and writes under numbers of its own, and errors that
@@ -27,6 +31,7 @@ class Hospital {
     virtual std::unique_ptr<ado::Connection> connect() = 0;
     virtual void setClock(const DateTime& moment) = 0;
     virtual bool isReal() const { return false; }
+    virtual bool takesBatches() const { return true; } ///< several statements in one text
 };
 
 /// The rows of a statement as texts, null as "-", columns parted by "|".

@@ -62,6 +62,17 @@ TEST_P(Contract, LooksUpWhatIsMeant) {
         {complaints + "cc015'", {"CC015|TOOTHACHE|TEETH"}},
         {complaints + "oothac'", {"CC015|TOOTHACHE|TEETH"}},
         {complaints + "[T]OOTHACHE'", {}},
+        {"Patient_Data..sp_AOPD_SearchChiefComplaintID 'cc015'", {"CC015|TOOTHACHE"}},
+        {"Patient_Data..sp_AOPD_SearchChiefComplaintID 'CC01'", {}},
+        {"Build_File..global_SearchBarangay 'bag02 ','1'", {"BAG02|BAGUMBAYAN"}},
+        {"Build_File..global_SearchBarangay 'BAG','1'", {}},
+        {"Patient_Data..sp_Adm_LoadAllergy 'a01'", {"A01|PENICILLIN"}},
+        {"Patient_Data..sp_Adm_LoadAllergy ''", {}},
+        {"Patient_Data..sp_Adm_LoadDoctor 'D302'", {"D302|CARPIO|EMMANUEL|"}},
+        {"Patient_Data..sp_Adm_LoadService '2'", {"2|SURGERY"}},
+        {"Patient_Data..sp_Adm_LoadService '20000'", {}},
+        {"Patient_Data..SP_AOPD_CheckCompanyAccount 'HMO-01'", {"HMO-01"}},
+        {"Patient_Data..SP_AOPD_CheckCompanyAccount 'COM-01'", {}}, // neither insurance nor health plan
         {doctors("2", "d001 ", '7'), maria},
         {doctors("", "D001", '7'), maria},
         {doctors("63", "D001", '7'), {}}, // a service she does not work for

@@ -122,6 +122,7 @@ TEST_P(Contract, WhatBelongsToThePatientIsReplacedAsAWhole) {
                 "'MT','CAPTAIN','POSITION',1,2,'FAX','MAIL','SE','SEA','SET','SEF','SEE','1','','HOUSE',"
                 "'a@b.ph','0917 " +
                 round + "' "));
+        EXPECT_EQ(saved.loaded("sp_adm_LoadPatient", patient).Fields("EmploymentType"), ado::Value(1));
         EXPECT_EQ(joined(saved.loaded("sp_adm_LoadPatient", patient),
                          {"BirthPlace", "mother", "ContactName", "EmploymentLocation", "PhilHealth", "CellNum"}),
                   "PLACE " + round + "|MOTHER|C|2|1|0917 " + round);
@@ -181,6 +182,10 @@ TEST_P(Contract, WhatFollowsAVisitIsKeptWithIt) {
     EXPECT_EQ(period("06/20/2026").get<DateTime>()->date(), (DateTime{2026, 6, 20, 0, 0, 0}));
     EXPECT_TRUE(period("").isNull());
     EXPECT_EQ(rows("billing..sp_OPD_ComputeHospitalBill'" + visit + "'"), Rows{});
+    const ado::Recordset bill =
+        connection->Execute(sql(std::string{"billing..sp_OPD_ComputeHospitalBill'"} + billedVisit + "'"));
+    ASSERT_EQ(bill.all().rows.size(), 1U);
+    EXPECT_EQ(bill.Fields("HospitalBill"), ado::Value(billedAmount));
 }
 
 TEST_P(Contract, AStatusIsWrittenAndLogged) {

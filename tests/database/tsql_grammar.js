@@ -5,7 +5,7 @@ const { CharStreams, CommonTokenStream } = require("antlr4ts");
 const { TSQLGrammar, TSqlLexer } = require("antlr4ts-sql");
 
 // What the grammar does not know, although servers do: GRANT of these two rights.
-const known = text => text.replace(/^(\s*GRANT) (UPDATE|DELETE)\b/gm, "$1 INSERT");
+const known = text => text.replace(/\bGRANT (UPDATE|DELETE)\b/g, "GRANT INSERT");
 
 function faultsOf(batch) {
     const faults = [];

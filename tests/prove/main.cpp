@@ -7,7 +7,9 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <iostream>
 #include <optional>
 #include <string_view>
 
@@ -27,16 +29,27 @@ class ServerHospital final : public tests::Hospital {
     bool isReal() const override { return true; }
 };
 
-/// The server that the environment names. The password does not stay there.
-std::optional<prove::Server> serverOfProcess() {
+/// A password that the environment holds stays neither there nor where others may look for the environment.
+std::optional<std::string> passwordOfEnvironment() {
+    char* const given = std::getenv("OPD_TEST_PASSWORD");
+    if (given == nullptr)
+        return std::nullopt;
+    std::string password = given;
+    std::fill_n(given, password.size(), '\0');
+    ::unsetenv("OPD_TEST_PASSWORD");
+    return password;
+}
+
+/// The server that the environment names.
+std::optional<prove::Server> serverOfProcess(bool passwordFromInput) {
+    std::optional<std::string> password = passwordOfEnvironment();
+    if (std::string line; passwordFromInput && std::getline(std::cin, line))
+        password = line;
     const char* const name = std::getenv("OPD_TEST_SERVER");
     const char* const user = std::getenv("OPD_TEST_USER");
-    const char* const password = std::getenv("OPD_TEST_PASSWORD");
-    if (name == nullptr || user == nullptr || password == nullptr)
+    if (name == nullptr || user == nullptr || !password)
         return std::nullopt;
-    prove::Server server{name, user, password};
-    ::unsetenv("OPD_TEST_PASSWORD");
-    return server;
+    return prove::Server{name, user, *password};
 }
 
 int verdict(const std::string& server, const testing::UnitTest& all) {
@@ -95,12 +108,11 @@ INSTANTIATE_TEST_SUITE_P(Server, Contract,
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    bool anew = false, keep = false;
-    for (int i = 1; i < argc; ++i) {
-        anew = anew || std::string_view{argv[i]} == "--anew";
-        keep = keep || std::string_view{argv[i]} == "--keep";
-    }
-    const std::optional<prove::Server> server = serverOfProcess();
+    const auto isGiven = [&](std::string_view option) {
+        return std::find(argv + 1, argv + argc, option) != argv + argc;
+    };
+    const bool anew = isGiven("--anew"), keep = isGiven("--keep");
+    const std::optional<prove::Server> server = serverOfProcess(isGiven("--password-stdin"));
     if (!server) {
         fmt::print("Skipped: OPD_TEST_SERVER, OPD_TEST_USER and OPD_TEST_PASSWORD name no server to prove.\n");
         return skipped;

@@ -78,6 +78,8 @@ void Proof::make() {
     options.patients = 12;
     options.today = tests::generationDay;
     setup.make(options);
+    setup.send("a bill", std::string{"INSERT INTO billing.dbo.tbBill (IDNum, Amount) VALUES (N'"} + tests::billedVisit +
+                             "', " + std::to_string(tests::billedAmount) + ");");
     if (onTerminal)
         fmt::print(stderr, "\r\x1b[K");
 }

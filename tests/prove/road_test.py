@@ -5,11 +5,13 @@ cannot be asked, each with its last sentence and its status.
 Usage: road_test.py PROVE-SERVER PROGRAM TEST-SERVER DESK
 """
 
+import contextlib
 import os
 import re
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 USER, PASSWORD = "desk", "Desk-1234"
@@ -19,6 +21,8 @@ class StandIn:
     def __init__(self, server, desk, folder, *faults):
         hospital = folder / "hospital"
         subprocess.run([desk, "create-database", hospital, "--patients", "12", "--now", "06/30/2026 00:00"], check=True)
+        subprocess.run([desk, "sql", "--write", hospital, "INSERT INTO billing_tbBill VALUES ('2600000001B', 1234.5)"],
+                       check=True)
         self.log = folder / "log"
         self.command = [server, hospital, "--stand-in", "OPDProof_", "--log", self.log,
                         *(part for fault in faults for part in ("--fault", fault))]
@@ -34,12 +38,24 @@ class StandIn:
 
 
 def proved(script, program, port, password, *options):
-    answer = subprocess.run([script, "--server", f"127.0.0.1,{port}", "--user", USER, "--password-stdin", *options],
-                            input=password + "\n", capture_output=True, text=True, check=False,
-                            env={**os.environ, "OPD_PROVE_PROGRAM": program})
-    print(answer.stdout + answer.stderr)
-    assert password not in answer.stdout + answer.stderr, "the password is shown"
-    return answer.returncode, answer.stdout
+    with tempfile.TemporaryFile("w+") as told:
+        process = subprocess.Popen([script, "--server", f"127.0.0.1,{port}", "--user", USER, "--password-stdin", *options],
+                                   stdin=subprocess.PIPE, stdout=told, stderr=subprocess.STDOUT, text=True,
+                                   env={**os.environ, "OPD_PROVE_PROGRAM": program})
+        process.stdin.write(password + "\n")
+        process.stdin.close()
+        place, seen = Path(f"/proc/{process.pid}"), b""
+        while process.poll() is None:  # the program takes the place of the script
+            with contextlib.suppress(OSError):
+                seen += (place / "cmdline").read_bytes() + (place / "environ").read_bytes()
+            time.sleep(0.05)
+        told.seek(0)
+        answer = told.read()
+    print(answer)
+    assert process.returncode == 2 or program.encode() + b"\0--password-stdin" in seen, "nobody looked at it"
+    assert password.encode() not in seen, "the password is there for others"
+    assert password not in answer, "the password is shown"
+    return process.returncode, answer
 
 
 def main(script, program, server, desk):
@@ -56,7 +72,7 @@ def main(script, program, server, desk):
         assert foreign is None, received[foreign.start() - 100:foreign.end() + 20]
         assert "N'LB', N'LABORATORY')" in received, "a name within quotes was taken for a database"
 
-        status, table = proved(script, program, stand_in.port, "wrong")
+        status, table = proved(script, program, stand_in.port, "Wrong-1234")
         assert status == 2 and "could not be asked: Login failed" in table
     with tempfile.TemporaryDirectory() as name, \
             StandIn(server, desk, Path(name), "error@sp_AOPD_ComputeAge '0:50000") as stand_in:

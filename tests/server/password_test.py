@@ -5,7 +5,10 @@ Usage: password_test.py SERVER DESK
 """
 
 import os
+import resource
+import signal
 import stat
+import struct
 import subprocess
 import sys
 from pathlib import Path
@@ -39,10 +42,39 @@ def expect_hidden(what, content):
 
 
 def look_over(desk):
-    """What others see of a running desk, of what it started, and what stands over a core dump of either."""
+    """What others see of a running desk, and of what it started."""
     for pid in tree(desk.pid):
         for name in ("cmdline", "environ", "comm", "status", "maps"):
             expect_hidden(f"/proc/{pid}/{name}", Path(f"/proc/{pid}/{name}").read_bytes())
+
+
+class CoreDump:
+    """What the kernel writes of a process that it ends, in the folder where that works; a 64-bit ELF file."""
+
+    def __init__(self, process, folder):
+        resource.prlimit(process.pid, resource.RLIMIT_CORE, (resource.RLIM_INFINITY, resource.RLIM_INFINITY))
+        fields = Path(f"/proc/{process.pid}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()
+        self.words_at, self.words_end = int(fields[45]), int(fields[48])  # the command line and the environment
+        process.send_signal(signal.SIGQUIT)
+        process.communicate()
+        self.content = next(folder.glob("core*")).read_bytes()
+        place, size, count = struct.unpack_from("<Q14xHH", self.content, 32)
+        self.parts = [struct.unpack_from("<II6Q", self.content, place + at * size) for at in range(count)]
+
+    @staticmethod
+    def can_be_had():
+        return not Path("/proc/sys/kernel/core_pattern").read_text(encoding="utf-8").startswith(("|", "/"))
+
+    def notes(self):
+        """Name and command line of the process, the files that it had open in memory, and whatever else stands there."""
+        return b"".join(self.content[offset:offset + length]
+                        for kind, _, offset, _, _, length, *_ in self.parts if kind == 4)
+
+    def words(self):
+        """The command line and the environment in the memory of the process."""
+        return b"".join(self.content[offset + self.words_at - address:offset + self.words_end - address]
+                        for kind, _, offset, address, _, length, *_ in self.parts
+                        if kind == 1 and address <= self.words_at < address + length)
 
 
 class Workstation:
@@ -54,7 +86,7 @@ class Workstation:
 
     def start(self, *words):
         return subprocess.Popen([self.desk, *words], env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                stderr=subprocess.PIPE)
+                                stderr=subprocess.PIPE, cwd=self.server.path)
 
     @staticmethod
     def end(process, given=b""):
@@ -86,6 +118,20 @@ class Workstation:
         expect_hidden("the trace", self.trace.read_bytes())
         assert stat.S_IMODE(self.trace.stat().st_mode) == 0o600 and self.trace.stat().st_size > 1000
 
+    def is_dumped(self):
+        process = self.run()
+        process.stdout.read(1)
+        dump = CoreDump(process, self.server.path)
+        expect_hidden("the notes of a core dump", dump.notes())
+        expect_hidden("the command line in a core dump", dump.words())
+        assert b"opd-desk" in dump.notes() and b"--settings" in dump.words() and b"OPD_SETTINGS" in dump.words()
+
+    def makes_a_hospital(self):
+        process = self.start("create-server", "--server", f"localhost,{self.server.port}", "--user", "desk",
+                             "--password-stdin", "--desk-password-stdin")
+        look_over(process)
+        return self.end(process, f"{PASSWORD}\n{PASSWORD}\n".encode())
+
     def shell_of_the_database(self):
         process = self.start("sql", self.server.path / "hospital")
         look_over(process)
@@ -99,6 +145,8 @@ def main(program, desk):
         workstation.configure()
         workstation.opens_a_patient()
         workstation.shell_of_the_database()
+        if CoreDump.can_be_had():
+            workstation.is_dumped()
 
         server.tell("fault error@select:50000,Refused.")
         workstation.expect_refused("Refused.")
@@ -110,6 +158,13 @@ def main(program, desk):
         workstation.configure("--encrypt", "required")
         workstation.expect_refused("with encryption, as the settings require")
         assert server.received()[before:] == [], "it logged on without encryption"
+    with Server(program, desk, "--password", PASSWORD, "--stand-in", "Scripts_") as server:
+        workstation = Workstation(server, desk)
+        assert workstation.makes_a_hospital() == (0, "")
+        assert any("CREATE LOGIN" in statement and "Pa{ss}" in statement for statement in server.received())
+        server.tell("fault error@CREATE LOGIN:15118,Password validation failed.")
+        status, told = workstation.makes_a_hospital()
+        assert status != 0 and "15-login.sql" in told and told.endswith("Password validation failed.\n"), told
     with Server(program, desk, "--password", "another") as server:
         workstation = Workstation(server, desk)
         workstation.configure()

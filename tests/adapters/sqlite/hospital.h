@@ -21,6 +21,8 @@ class EmbeddedHospital : public Hospital {
         options.patients = patients;
         options.now = generationDay;
         adapters::sqlite::createDatabase(folder(), options, {});
+        runAsAdministrator(std::string{"INSERT INTO billing_tbBill VALUES ('"} + billedVisit + "', " +
+                           std::to_string(billedAmount) + ")");
         m_providers.add("embedded", adapters::sqlite::makeSqliteProvider(m_clock));
     }
     /// Made by the statements of a file.
@@ -48,6 +50,7 @@ class EmbeddedHospital : public Hospital {
     }
 
     void setClock(const DateTime& moment) override { m_clock.moment = moment; }
+    bool takesBatches() const override { return false; }
 
   private:
     TemporaryFolder m_folder;

@@ -6,6 +6,9 @@
 #include "base/os/system_clock.h"
 #include "base/text/text.h"
 #include "component/init_dll.h"
+#include "host/care/hospital_connection.h"
+#include "host/care/hospital_row.h"
+#include "host/care/visit_counts.h"
 
 #include <fmt/core.h>
 
@@ -46,9 +49,9 @@ const char* onOrOff(bool on) {
     return on ? "on" : "off";
 }
 
-void showFlags(const std::filesystem::path& folder, const std::string& wanted) {
+void showFlags(ado::Connection& connection, const std::string& wanted) {
     bool isKnown = wanted.empty();
-    for (const auto& [name, on] : sqlite::flagsOf(folder)) {
+    for (const auto& [name, on] : flagsOf(connection)) {
         if (!wanted.empty() && !text::equalsIgnoringCase(name, wanted))
             continue;
         fmt::print("{:<32}{}\n", name, onOrOff(on));
@@ -56,6 +59,17 @@ void showFlags(const std::filesystem::path& folder, const std::string& wanted) {
     }
     if (!isKnown)
         throw std::runtime_error("There is no flag \"" + wanted + "\"; \"opd-desk flag\" lists them.");
+}
+
+void changeNames(HospitalConnection& hospital, const sqlite::HospitalNames& names) {
+    if (!hospital.folder().empty()) {
+        sqlite::setNames(hospital.folder(), names);
+        return;
+    }
+    for (const auto& [column, text] : {std::pair{"Company", names.name}, std::pair{"Address1", names.address},
+                                       std::pair{"ClientName", names.clientCode}})
+        if (text)
+            setText(hospital.connection(), column, *text);
 }
 
 } // namespace
@@ -83,26 +97,27 @@ void check(const AdministerOptions& options) {
 }
 
 void flag(const AdministerOptions& options) {
-    const std::filesystem::path folder = folderOf(options);
+    HospitalConnection hospital(options);
     if (!options.onOrOff.empty())
-        sqlite::setFlag(folder, options.flag, options.onOrOff == "on");
-    showFlags(folder, options.flag);
+        setFlag(hospital.connection(), options.flag, options.onOrOff == "on");
+    showFlags(hospital.connection(), options.flag);
 }
 
 void hospital(const AdministerOptions& options) {
-    const std::filesystem::path folder = folderOf(options);
-    sqlite::setNames(folder, options.names);
-    const sqlite::HospitalNames names = sqlite::namesOf(folder);
-    fmt::print("Name     {}\nAddress  {}\nClient   {}\n", *names.name, *names.address, *names.clientCode);
+    HospitalConnection hospital(options);
+    changeNames(hospital, options.names);
+    const auto shown = [&](const char* column) { return textIn(hospital.connection(), column); };
+    fmt::print("Name     {}\nAddress  {}\nClient   {}\n", shown("Company"), shown("Address1"), shown("ClientName"));
 }
 
 void statistics(const AdministerOptions& options) {
     constexpr long week = 7;
     const DateTime last = dayOf(options.until, os::SystemClock{}.now());
     const DateTime first = dayOf(options.from, addDays(last, 1 - week));
+    HospitalConnection hospital(options);
     fmt::print("{:<12}{:<16}{:<32}{:>7}{:>9}\n", "Day", "User", "Service", "Visits", "Revoked");
     long visits = 0, revoked = 0;
-    for (const sqlite::VisitCount& count : sqlite::visitCounts(folderOf(options), first, last)) {
+    for (const VisitCount& count : visitCounts(hospital.connection(), first, last)) {
         fmt::print("{:<12}{:<16}{:<32}{:>7}{:>9}\n", count.day, count.user, count.service, count.visits, count.revoked);
         visits += count.visits;
         revoked += count.revoked;

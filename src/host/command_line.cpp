@@ -181,26 +181,28 @@ void CommandLine::addHistory() {
     CLI::App* sub = addCommand("history", "Show what was changed in a patient's record, by whom, where and when.",
                                [this] { history(audit); });
     sub->add_option("HOSPNUM", audit.hospNum, "The patient's hospital number")->required();
+    addHospital(*sub, audit);
+    addLogin(*sub, audit, "Login at the server instead of the desk's; a member of opd_audit");
+}
+
+void CommandLine::addHospital(CLI::App& sub, HospitalOptions& which) {
     CLI::Option* where =
-        sub->add_option("--database", audit.database, "Folder of a hospital; the configured one without it");
+        sub.add_option("--database", which.database, "Folder of a hospital; the configured one without it");
     where->type_name(aFolder);
-    sub->add_option("--settings", audit.settings, "Settings file instead of the user's own")
+    sub.add_option("--settings", which.settings, "Settings file instead of the user's own")
         ->type_name(aFile)
         ->excludes(where);
-    sub->add_option("--user", audit.user, "Login at the server instead of the desk's; a member of opd_audit")
-        ->excludes(where);
-    sub->add_flag("--password-stdin", audit.passwordFromInput, "Read its password from standard input, one line");
+}
+
+void CommandLine::addLogin(CLI::App& sub, HospitalOptions& which, const char* whose) {
+    sub.add_option("--user", which.user, whose)->excludes(sub.get_option("--database"));
+    sub.add_flag("--password-stdin", which.passwordFromInput, "Read its password from standard input, one line");
 }
 
 /// A command about the hospital that is configured, or one in a folder.
 CLI::App* CommandLine::administer(const char* name, const char* what, void (*does)(const AdministerOptions&)) {
     CLI::App* sub = addCommand(name, what, [this, does] { does(administration); });
-    CLI::Option* where =
-        sub->add_option("--database", administration.database, "Folder of a hospital; the configured one without it");
-    where->type_name(aFolder);
-    sub->add_option("--settings", administration.settings, "Settings file instead of the user's own")
-        ->type_name(aFile)
-        ->excludes(where);
+    addHospital(*sub, administration);
     return sub;
 }
 
@@ -219,11 +221,14 @@ void CommandLine::addAdministration() {
     CLI::App* flags = administer("flag", "Show the hospital's optional behaviours, or turn one on or off.", &flag);
     flags->add_option("NAME", administration.flag, "One of them, in any letter case");
     flags->add_option("STATE", administration.onOrOff, "Turn it on or off")->check(CLI::IsMember({"on", "off"}));
+    addLogin(*flags, administration, "Login at the server instead of the desk's; one that may change tbHospitalInfo");
     CLI::App* names = administer("hospital", "Show or change what the hospital is called.", &hospital);
     names->add_option("--name", administration.names.name, "On the data sheet and in the windows");
     names->add_option("--address", administration.names.address, "Below the name");
     names->add_option("--client", administration.names.clientCode, "Client code");
+    addLogin(*names, administration, "Login at the server instead of the desk's; one that may change tbHospitalInfo");
     CLI::App* visits = administer("statistics", "Count the visits by day, user and service.", &statistics);
+    addLogin(*visits, administration, "Login at the server instead of the desk's");
     visits->add_option("--from", administration.from, "First day; six days before the last")->type_name(aDay);
     visits->add_option("--until", administration.until, "Last day; today without it")->type_name(aDay);
 }

@@ -33,6 +33,8 @@ class CommandLine {
     void addAdministration();
     void addManual();
     CLI::App* addCommand(const char* name, const char* what, std::function<void()> does);
+    static void addHospital(CLI::App& sub, HospitalOptions& which);
+    static void addLogin(CLI::App& sub, HospitalOptions& which, const char* whose);
     CLI::App* administer(const char* name, const char* what, void (*does)(const AdministerOptions&));
 
     std::string folder;

@@ -77,11 +77,17 @@ bool hasDesktop(const std::string& name);
 /// Plays the host of the component: shows the search again and again until the clerk closes it.
 void run(const RunOptions& options);
 
-/// What the commands of an administrator are about.
-struct AdministerOptions {
+/// Which hospital a command is about.
+struct HospitalOptions {
     std::string database; ///< folder of a hospital; the configured one without it
     std::string settings; ///< file that says which one that is, instead of the user's own
-    std::string file;     ///< of a backup
+    std::string user;     ///< login at a server instead of the desk's
+    bool passwordFromInput = false;
+};
+
+/// What the commands of an administrator are about.
+struct AdministerOptions : HospitalOptions {
+    std::string file; ///< of a backup
     std::string flag;
     std::string onOrOff;
     adapters::sqlite::HospitalNames names;
@@ -111,12 +117,8 @@ void statistics(const AdministerOptions& options);
 /// command mends it. Throws when anything is wrong. Changes nothing, and shows no password.
 void doctor(const AdministerOptions& options);
 
-struct HistoryOptions {
+struct HistoryOptions : HospitalOptions {
     std::string hospNum;
-    std::string database; ///< folder of a hospital; the configured one without it
-    std::string settings; ///< file that says which one that is, instead of the user's own
-    std::string user;     ///< login at a server instead of the desk's
-    bool passwordFromInput = false;
 };
 
 /// Shows what saves changed in a patient's record, the newest first. Throws when nothing is known of it.

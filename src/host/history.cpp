@@ -1,16 +1,9 @@
-#include "adapters/settings/ini_store.h"
-#include "adapters/sqlite/provider.h"
 #include "ado/error.h"
-#include "ado/provider_module.h"
 #include "ado/recordset.h"
 #include "base/clock/date_text.h"
-#include "base/os/library.h"
-#include "base/os/system_clock.h"
 #include "base/text/text.h"
-#include "component/init_dll.h"
-#include "host/commands.h"
+#include "host/care/hospital_connection.h"
 #include "host/history_words.h"
-#include "host/program_folder.h"
 
 #include <fmt/core.h>
 
@@ -20,36 +13,8 @@ namespace opd::host {
 
 namespace {
 
-// What a server says of a table that is not there, and of one that the login may not read.
-constexpr long noSuchTable = 208;
-constexpr long mayNotRead = 229;
-
 constexpr std::size_t hospNumLength = 8;
 constexpr std::size_t secondsLength = 3; ///< ":09"
-
-settings::IniStore storeOf(const std::string& file) {
-    return file.empty() ? settings::IniStore{} : settings::IniStore{file};
-}
-
-/// Where the hospital is, and who asks: what is configured, unless the command says otherwise.
-ado::LogOn logOnOf(const HistoryOptions& options) {
-    const settings::IniStore store = storeOf(options.settings);
-    const auto configured = [&](const char* key) {
-        return store.get(connectionSettingsApplication, connectionSettingsSection, key);
-    };
-    if (!options.database.empty())
-        return {{}, {}, options.database, "LABORATORY"};
-    ado::LogOn logOn{configured("User"), configured("Password"), configured("Server"), "LABORATORY"};
-    if (logOn.server.empty())
-        throw std::runtime_error("No database is configured. Name a hospital's folder with --database FOLDER.");
-    if (!options.user.empty())
-        logOn.user = options.user;
-    if (options.passwordFromInput)
-        logOn.password = passwordFromInput();
-    refuseSemicolon("user", logOn.user);
-    refuseSemicolon("password", logOn.password);
-    return logOn;
-}
 
 /// A number that is written without its zeros gets them back.
 std::string hospNumOf(const std::string& written) {
@@ -72,7 +37,7 @@ ado::Recordset changesOf(ado::Connection& connection, const std::string& hospNum
         if (error.number() == noSuchTable)
             throw std::runtime_error("This server keeps no record of changes: its table tbMasterAudit is missing. The "
                                      "script 16-audit.sql makes it; what was saved before is not in it.");
-        if (error.number() == mayNotRead)
+        if (error.number() == mayNot)
             throw std::runtime_error("This login may not read the record of changes. Name one that is a member of the "
                                      "role opd_audit: --user LOGIN --password-stdin.");
         throw;
@@ -113,16 +78,9 @@ void print(ado::Connection& connection, ado::Recordset changes) {
 } // namespace
 
 void history(const HistoryOptions& options) {
-    static const os::SystemClock clock;
     const std::string hospNum = hospNumOf(options.hospNum);
-    ado::Providers providers;
-    providers.add("folder", adapters::sqlite::makeSqliteProvider(clock));
-    providers.add("server",
-                  std::make_shared<ado::ModuleProvider>(programFolder(), [&](const std::string& key) -> std::string {
-                      return storeOf(options.settings).get(connectionSettingsApplication, serverSettingsSection, key);
-                  }));
-    ado::Connection connection(providers);
-    connection.Open(ado::connectionString(logOnOf(options)));
+    HospitalConnection hospital(options);
+    ado::Connection& connection = hospital.connection();
     ado::Recordset changes = changesOf(connection, hospNum);
     if (changes.EndOfFile())
         throw std::runtime_error("No change of patient " + hospNum + " is on record.");

@@ -10,7 +10,7 @@ inline constexpr int longestSearch = 100;
 
 /// The controls that both search dialogs have, a line each, in the order in which a clerk meets them.
 struct SearchDialogFields {
-    explicit SearchDialogFields(ui::Container& form) : window(form) {}
+    explicit SearchDialogFields(ui::Container& form) : window(form) { imgTitle.spokenName = "Magnifying glass"; }
 
     ui::Container& window;
 

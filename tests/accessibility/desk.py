@@ -6,6 +6,7 @@ import time
 import pyatspi
 from gi.repository import GLib
 
+KEYS = {"F1": 0xFFBE, "Escape": 0xFF1B}
 PATIENCE = 20  # seconds; a busy machine is slow to show a window
 SPOKEN = {"text", "push button", "check box", "radio button", "combo box", "spin button", "table", "page tab"}
 # Parts that the toolkit makes of its own, and that keys reach without them.
@@ -113,10 +114,19 @@ class Desk:
         self.until(f"way to press {name}", lambda: has(button, pyatspi.STATE_SENSITIVE))
         act(button, "Press")
 
+    def key(self, name):
+        """A key that has no action of its own."""
+        pyatspi.Registry.generateKeyboardEvent(KEYS[name], None, pyatspi.KEY_SYM)
+
+    def active(self, window):
+        """Waits until the window has the keyboard, and returns what in it has the focus."""
+        self.until(f"focus in {window.name}", lambda: has(window, pyatspi.STATE_ACTIVE) and focused(window))
+        return focused(window)
+
     def turn_to(self, window, page):
         act(self.find(window, "page tab", page), "Press")
-        self.until(f"page {page}", lambda: any(node.name == page and node.getRoleName() == "filler"
-                                               for node in tree(window)))
+        self.until(f"page {page} with the focus on it", lambda: any(
+            node.name == page and node.getRoleName() == "filler" and focused(node) for node in tree(window)))
 
     def choose(self, window, label, entry):
         """An entry of a list of choices, found by its label."""
@@ -130,11 +140,23 @@ class Desk:
         self.until(f"choice {entry} in {label}", lambda: box.name == entry)
 
 
+def focused(window):
+    """What has the focus; the tab of the page that is shown says so of itself, too."""
+    return [node for node in tree(window) if has(node, pyatspi.STATE_FOCUSED) and node.getRoleName() != "page tab"]
+
+
 def faults(window):
     """What an assistive program cannot say of a window."""
     where = f"{window.getRoleName()} \"{window.name}\""
     if window.getRoleName() not in ("frame", "dialog", "alert") or not window.name:
         yield f"{where}: is no window with a name"
+    if window.getRoleName() == "dialog" and not has(window, pyatspi.STATE_MODAL):
+        yield f"{where}: does not say that the windows behind it wait"
+    for node in tree(window):
+        if node.getRoleName() == "frame" and node != window:
+            yield f"{where}: a part of it calls itself a window"
+        if node.getRoleName() == "image" and not node.name and window.getRoleName() != "alert":
+            yield f"{where}: a picture has no name"
     seen = {}
     for node in tree(window):
         role, name = node.getRoleName(), node.name

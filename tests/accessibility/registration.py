@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Walks the windows of a desk as a screen reader does, and registers a patient with what such a program has alone: texts,
-actions and marks. Then asks the hospital what is stored.    registration.py DESK HOSPITAL"""
+actions and marks. Then asks the hospital what is stored.    registration.py DESK HOSPITAL PHOTOGRAPH"""
 
 import subprocess
 import sys
 
 import pyatspi
-from desk import Desk, faults, has, tree
+from desk import Desk, faults, has, text_of, tree
 
 MORNING = "11/25/2026 10:00"
 STORED = """SELECT m.LastName, m.FirstName, m.Sex, m.BirthDate, m.Barangay, m.ZipCode, m.CivilStatus, e.ReligionID,
@@ -20,6 +20,11 @@ found = []
 
 def look(window):
     found.extend(faults(window))
+
+
+def must(is_so, what):
+    if not is_so:
+        found.append(what)
 
 
 def search(desk):
@@ -45,12 +50,51 @@ def pick_religion(desk, form):
     desk.reads(form, "Religion name", "AGNOSTIC")
 
 
+def refused(desk, form):
+    """A save that lacks something tells what, and the focus stands at that field, which says it again."""
+    desk.press(form, "Register")
+    box = desk.until("message", lambda: next((window for window in desk.windows()
+                                              if window.getRoleName() == "alert"), None))
+    look(box)
+    said = [node.name for node in tree(box) if node.getRoleName() == "label"]
+    desk.press(box, "OK")
+    field = desk.active(form)[0]
+    must(field.getRoleName() == "text" and field.description in said,
+         f"{said} was refused, and \"{field.name}\" says \"{field.description}\"")
+
+
+def pick_class(desk, form):
+    """In a search dialog, whose first record is marked when it opens."""
+    needed = desk.find(form, "text", "Patient Classification")
+    must(needed.description.startswith("Still needed"), f"the class is needed and says \"{needed.description}\"")
+    desk.press(form, "Look up Patient Classification")
+    dialog = desk.until("dialog", lambda: next((window for window in desk.windows()
+                                                if window.getRoleName() == "dialog"), None))
+    desk.active(dialog)
+    look(dialog)
+    must(any(has(node, pyatspi.STATE_SELECTED) for node in tree(dialog) if node.getRoleName() == "table cell"),
+         f"{dialog.name}: no record is marked")
+    desk.press(dialog, "Select")
+    desk.until("class", lambda: text_of(needed) and not needed.description)
+
+
 def register(desk):
     form = desk.window("Registration", "frame")
-    for page in ("Additional Information", "Consultation Information", "Diagnosis & History", "Employment & Dependent",
-                 "Personal Information"):
+    for page in ("Consultation Information", "Diagnosis & History", "Employment & Dependent", "Additional Information"):
         desk.turn_to(form, page)
         look(form)
+    for name in ("OPD No.", "Hosp. No.", "Age"):
+        must(has(desk.find(form, "text", name), pyatspi.STATE_READ_ONLY), f"{name} can be written")
+    desk.turn_to(form, "Personal Information")
+    look(form)
+    refused(desk, form)
+    desk.turn_to(form, "Additional Information")
+    pick_class(desk, form)
+    desk.turn_to(form, "Additional Information")
+    desk.press(form, "Capture")
+    desk.find(form, "image", "Photograph")
+    look(form)
+    desk.turn_to(form, "Personal Information")
     desk.write(form, "First Name", "ligaya luz")
     desk.tick(form, "radio button", "Female")
     desk.write(form, "Birthdate", "05/20/1991")
@@ -78,23 +122,56 @@ def register(desk):
     desk.press(box, "OK")
 
 
-def walk_the_rest(desk):
-    """The data sheet, and the windows that a registration does not pass."""
-    sheet = desk.window("Out-Patient & Emergency Room Record", "frame")
-    look(sheet)
-    desk.press(sheet, "Close")
-    window = desk.window("Master Patient Search", "frame")
+def walk_search(desk, window):
+    """The card of its keys, the calendar of its date and what else it leads to."""
+    desk.active(window)
+    desk.key("F1")
+    card = desk.window('Keys of "Master Patient Search"', "dialog")
+    desk.active(card)
+    look(card)
+    desk.find(card, "table cell", "Alt+V")
+    desk.press(card, "Close")
     desk.press(window, "Today's Visits")
     visits = desk.window("Today's Visits")
     desk.find(visits, "table cell", "QUIZON, LIGAYA LUZ")
+    desk.active(visits)
     look(visits)
+    must(has(desk.find(visits, "push button", "Open"), pyatspi.STATE_IS_DEFAULT), "Enter opens a visit, which nothing says")
+    desk.press(visits, "Open")
 
 
-def main(program, hospital):
-    with Desk(program, "run", "--database", hospital, "--user", "CLERK", "--now", MORNING) as desk:
+def changed_meanwhile(desk, other):
+    """What another desk stored while the visit was open here, field by field, and the way back."""
+    form = desk.window("Registration", "dialog")
+    other()
+    desk.write(form, "Occupation", "teacher")
+    desk.press(form, "Update")
+    question = desk.window("Changed at Another Desk", "dialog")
+    desk.active(question)
+    look(question)
+    for name, text in (("When it was opened here", ""), ("Stored now", "NURSE"), ("This desk would write", "TEACHER")):
+        desk.reads(question, name, text)
+        must(has(desk.find(question, "text", name), pyatspi.STATE_READ_ONLY), f"{name} can be written")
+    desk.find(question, "table cell", "Occupation")
+    desk.press(question, "Take theirs")
+    desk.reads(form, "Occupation", "NURSE")
+    desk.press(form, "Cancel")
+
+
+def main(program, hospital, photograph):
+    def other():
+        subprocess.run([program, "sql", "--write", hospital,
+                        "UPDATE Patient_Data_tbMaster SET Occupation = 'NURSE' WHERE LastName = 'QUIZON'"], check=True)
+
+    with Desk(program, "run", "--database", hospital, "--user", "CLERK", "--now", MORNING,
+              "--camera-file", photograph) as desk:
         search(desk)
         register(desk)
-        walk_the_rest(desk)
+        sheet = desk.window("Out-Patient & Emergency Room Record", "frame")
+        look(sheet)
+        desk.press(sheet, "Close")
+        walk_search(desk, desk.window("Master Patient Search", "frame"))
+        changed_meanwhile(desk, other)
     stored = subprocess.run([program, "sql", hospital, STORED], capture_output=True, text=True, check=True).stdout
     stored = stored.strip().replace("\r", "").replace("\n", "~")
     if stored != EXPECTED:

@@ -4,6 +4,7 @@
 # Ends with 77 where there can be none.
 set -euo pipefail
 desk="$1" program="$2"
+here="$(cd "$(dirname "$0")" && pwd)"
 launcher=/usr/libexec/at-spi-bus-launcher
 for needed in Xvfb dbus-run-session dbus-send "$launcher"; do
     command -v "$needed" >/dev/null || { echo "Skipped: $needed is missing."; exit 77; }
@@ -24,7 +25,7 @@ for _ in $(seq 100); do [[ -s "$folder/display" ]] && break; sleep 0.1; done
 export DISPLAY=":$(<"$folder/display")" QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0
 export XDG_RUNTIME_DIR="$folder" HOME="$folder" OPD_CLASS_REGISTRY="$folder/classes.ini" LANG=C.UTF-8
 "$desk" create-database "$folder/hospital" --patients 60 --now "11/25/2026 10:00"
-sqlite3 "$folder/hospital/hospital.db" "update Patient_Data_tbHospitalInfo set isAllowCreateNewIDnum = 1"
+sqlite3 "$folder/hospital/hospital.db" "update Patient_Data_tbHospitalInfo set isAllowCreateNewIDnum = 1, IsAllowOPDPatientClass = 1"
 cat >"$folder/session.sh" <<END
 "$launcher" --launch-immediately &
 bus=\$!
@@ -35,7 +36,7 @@ for _ in \$(seq 50); do
 done
 dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus org.a11y.Bus.GetAddress >/dev/null 2>&1 || exit 77
 status=0
-/usr/bin/python3 -B "$program" "$desk" "$folder/hospital" || status=\$?
+/usr/bin/python3 -B "$program" "$desk" "$folder/hospital" "$here/../scripts/face.png" || status=\$?
 kill \$bus 2>/dev/null
 exit \$status
 END

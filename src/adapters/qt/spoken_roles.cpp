@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QFrame>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -17,6 +18,12 @@ class SpokenWindow final : public QAccessibleWidget {
 
     QAccessible::Role role() const override {
         return (widget()->windowFlags() & Qt::Dialog) == Qt::Dialog ? QAccessible::Dialog : QAccessible::Window;
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = widget()->isModal();
+        return state;
     }
 };
 
@@ -70,6 +77,8 @@ QAccessibleInterface* spoken(const QString&, QObject* thing) {
         return new SpokenWindow(shell);
     if (auto* option = qobject_cast<QRadioButton*>(thing))
         return new SpokenOption(option);
+    if (thing->metaObject() == &QFrame::staticMetaObject) // what the toolkit calls it, programs take for a window
+        return new QAccessibleWidget(static_cast<QFrame*>(thing), QAccessible::Pane);
     auto* label = qobject_cast<QLabel*>(thing);
     if (label != nullptr && label->property("decoration") == QStringLiteral("statusLine"))
         return new SpokenStatus(label);

@@ -11,6 +11,7 @@
 
 #include <QCloseEvent>
 #include <QLayout>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QTableView>
@@ -66,6 +67,8 @@ void WindowShell::bindTo(ui::Window& window, ui::WindowPlaces* places) {
         if (label->property("decoration") == QStringLiteral("statusLine"))
             m_statusLine = label;
     floatOverCells();
+    if (m_window->defaultButton != nullptr) // the model presses it; this tells so
+        static_cast<QPushButton*>(viewOf(*m_window->defaultButton)->widget())->setDefault(true);
     nameAll();
     showAll();
 }

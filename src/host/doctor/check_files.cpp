@@ -20,7 +20,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* reinstall = "sudo apt install --reinstall opd-registration";
+// The package comes from a file: no repository has it.
+constexpr const char* reinstall = "sudo apt install --reinstall ./opd-registration_*.deb";
 
 bool isPrivate(const fs::path& file) {
     std::error_code unreadable;

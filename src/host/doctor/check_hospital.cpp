@@ -19,7 +19,7 @@ constexpr long noRight = 229;
 constexpr long onlyReads = 3906;
 constexpr long damaged = 824;
 
-constexpr const char* install = "sudo apt install --only-upgrade opd-registration";
+constexpr const char* install = "sudo apt install ./opd-registration_*.deb"; // the newer one
 
 /// The option that names the hospital to a command.
 std::string namedBy(const Desk& desk) {

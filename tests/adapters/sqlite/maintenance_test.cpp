@@ -103,32 +103,5 @@ TEST(Maintenance, AJournalWithoutItsFileIsNoPartOfTheNextOne) {
     EXPECT_TRUE(std::filesystem::exists(backup)) << "an administrator's file of nearly a draft's name";
 }
 
-TEST(Maintenance, FlagsAndNamesAreChangedAndVisitsCounted) {
-    EmbeddedHospital hospital;
-    setFlag(hospital.folder(), "ISALLOWCORVANE", true);
-    int on = 0;
-    for (const auto& [name, isOn] : flagsOf(hospital.folder()))
-        on += isOn ? 1 : 0;
-    EXPECT_EQ(on, 1);
-    EXPECT_THROW(setFlag(hospital.folder(), "ClientName", true), std::runtime_error);
-    setNames(hospital.folder(), {"O'HARA \"A\"", std::nullopt, "RVT"});
-    const HospitalNames names = namesOf(hospital.folder());
-    EXPECT_EQ(*names.name + "|" + *names.clientCode, "O'HARA \"A\"|RVT");
-    EXPECT_NE(*names.address, "");
-
-    hospital.runAsAdministrator(
-        "UPDATE Patient_Data_tbOutPatient SET OPDStatus = 'R', AdmDate = '2026-06-29 23:59:00'");
-    const DateTime day{2026, 6, 29};
-    long visits = 0, revoked = 0;
-    for (const VisitCount& count : visitCounts(hospital.folder(), day, day)) {
-        EXPECT_EQ(count.day, "2026-06-29");
-        visits += count.visits;
-        revoked += count.revoked;
-    }
-    EXPECT_EQ(visits, 4);
-    EXPECT_EQ(revoked, visits);
-    EXPECT_TRUE(visitCounts(hospital.folder(), addDays(day, 1), addDays(day, 9)).empty());
-}
-
 } // namespace
 } // namespace opd::adapters::sqlite

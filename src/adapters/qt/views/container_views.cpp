@@ -48,12 +48,24 @@ TabsView::TabsView(ui::Tabs& tabs, QWidget* widget)
     : ControlView(tabs, widget, nullptr), m_pages(tabs), m_tabs(static_cast<QTabWidget*>(widget)) {
     m_tabs->setFocusPolicy(Qt::NoFocus);
     m_tabs->tabBar()->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(m_tabs, &QTabWidget::currentChanged, m_tabs, [this](int page) { follow(page); });
+}
+
+// The mouse asks the model before a page is turned; an assistive program turns it and is asked about behind that. When
+// the current page goes, the toolkit shows another one, which the model has its own say about.
+void TabsView::follow(int page) {
+    const ui::Page& left = *m_pages.pages().at(static_cast<std::size_t>(m_pages.current()));
+    if (isWriting() || isReleased() || page < 0 || page == m_pages.current() || !left.visible() || !left.enabled())
+        return;
+    window().pickPage(m_pages, page);
+    if (!isReleased())
+        show(ui::Aspect::CurrentPage);
 }
 
 void TabsView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
     if (aspect == ui::Aspect::CurrentPage)
-        m_tabs->setCurrentIndex(m_pages.current());
+        write([this] { m_tabs->setCurrentIndex(m_pages.current()); });
 }
 
 void TabsView::setSpoken(const QString& name, const QString& tip) {

@@ -39,6 +39,8 @@ class TabsView final : public ControlView {
     QString shownText() const override;
 
   private:
+    void follow(int page);
+
     ui::Tabs& m_pages;
     QTabWidget* m_tabs;
 };

@@ -3,9 +3,7 @@
 #include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/whole_copy.h"
-#include "base/clock/date_text.h"
 #include "base/os/system_clock.h"
-#include "base/text/text.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -212,13 +210,6 @@ std::filesystem::path replaceContent(const std::filesystem::path& file, const Dr
     return kept;
 }
 
-std::string flagNamed(const std::filesystem::path& folder, const std::string& name) {
-    for (const auto& [flag, on] : flagsOf(folder))
-        if (text::equalsIgnoringCase(flag, name))
-            return flag;
-    throw std::runtime_error("There is no flag \"" + name + "\".");
-}
-
 void set(Database& database, const std::string& column, const ado::Value& value) {
     Query update(database, ("UPDATE Patient_Data_tbHospitalInfo SET " + column + " = ?").c_str());
     update.bind(1, value);
@@ -267,32 +258,6 @@ std::vector<std::string> faultsOf(const std::filesystem::path& place) {
     return faults;
 }
 
-std::vector<std::pair<std::string, bool>> flagsOf(const std::filesystem::path& folder) {
-    const Hospital hospital(databaseFile(folder));
-    std::vector<std::pair<std::string, bool>> flags;
-    for (const std::string& column :
-         texts(hospital, "SELECT name FROM pragma_table_info('Patient_Data_tbHospitalInfo') "
-                         "WHERE type = 'INTEGER'")) {
-        Query value(hospital, ("SELECT " + column + " FROM Patient_Data_tbHospitalInfo").c_str());
-        flags.emplace_back(column, value.next() && value.value(0).asFlag());
-    }
-    return flags;
-}
-
-void setFlag(const std::filesystem::path& folder, const std::string& name, bool on) {
-    const std::string column = flagNamed(folder, name);
-    Hospital hospital(databaseFile(folder));
-    set(hospital, column, std::int64_t{on});
-}
-
-HospitalNames namesOf(const std::filesystem::path& folder) {
-    const Hospital hospital(databaseFile(folder));
-    Query row(hospital, "SELECT Company, Address1, ClientName FROM Patient_Data_tbHospitalInfo");
-    if (!row.next())
-        throw std::runtime_error("The hospital has no row of settings.");
-    return {row.value(0).asText(), row.value(1).asText(), row.value(2).asText()};
-}
-
 void setNames(const std::filesystem::path& folder, const HospitalNames& names) {
     Hospital hospital(databaseFile(folder));
     hospital.run("BEGIN IMMEDIATE");
@@ -301,23 +266,6 @@ void setNames(const std::filesystem::path& folder, const HospitalNames& names) {
         if (value)
             set(hospital, column, *value);
     hospital.run("COMMIT");
-}
-
-std::vector<VisitCount> visitCounts(const std::filesystem::path& folder, const DateTime& first, const DateTime& last) {
-    const Hospital hospital(databaseFile(folder));
-    Query counts(hospital, R"(
-        SELECT substr(v.AdmDate, 1, 10), coalesce(v.UserID, ''), coalesce(s.Service, v.ServiceID1, ''), count(*),
-               sum(coalesce(v.OPDStatus, '') = 'R')
-        FROM Patient_Data_tbOutPatient v LEFT JOIN Build_File_tbCoService s ON s.ServiceID = v.ServiceID1
-        WHERE substr(v.AdmDate, 1, 10) BETWEEN ? AND ? GROUP BY 1, 2, 3 ORDER BY 1, 2, 3)");
-    counts.bind(1, isoDateText(first.date()));
-    counts.bind(2, isoDateText(last.date()));
-    std::vector<VisitCount> found;
-    while (counts.next())
-        found.push_back({counts.value(0, Query::Kind::AsStored).asText(), counts.value(1).asText(),
-                         counts.value(2).asText(), static_cast<long>(counts.value(3).asNumber()),
-                         static_cast<long>(counts.value(4).asNumber())});
-    return found;
 }
 
 } // namespace opd::adapters::sqlite

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "base/clock/date_time.h"
-
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// What an administrator does with an embedded hospital, while its desks work. Every function throws ado::Error or
@@ -24,31 +21,13 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
 /// What is wrong with a hospital, a line each; nothing when all is right. `place` is a folder or the file of a backup.
 std::vector<std::string> faultsOf(const std::filesystem::path& place);
 
-/// The hospital's optional behaviours and whether they are on.
-std::vector<std::pair<std::string, bool>> flagsOf(const std::filesystem::path& folder);
-
-/// Turns one on or off; the name in any letter case.
-void setFlag(const std::filesystem::path& folder, const std::string& name, bool on);
-
-/// What the hospital is called; what is not set stays as it is.
+/// What the hospital is called; what is not set stays as it is. They are no statement's values, so that a name may have
+/// an apostrophe.
 struct HospitalNames {
     std::optional<std::string> name;
     std::optional<std::string> address;
     std::optional<std::string> clientCode;
 };
-HospitalNames namesOf(const std::filesystem::path& folder);
 void setNames(const std::filesystem::path& folder, const HospitalNames& names);
-
-/// Visits that were registered, counted.
-struct VisitCount {
-    std::string day; ///< "yyyy-mm-dd"
-    std::string user;
-    std::string service; ///< its name, or its code where the list does not know it
-    long visits = 0;
-    long revoked = 0; ///< of these
-};
-
-/// A count for each day of the span (both days included), user and first service, in this order.
-std::vector<VisitCount> visitCounts(const std::filesystem::path& folder, const DateTime& first, const DateTime& last);
 
 } // namespace opd::adapters::sqlite

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ado/connection.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// The hospital's one row of settings (`tbHospitalInfo`), over the connection that desks use. Every function throws
+/// ado::Error, and std::runtime_error with one clear message.
+namespace opd::host {
+
+/// The hospital's optional behaviours and whether they are on.
+std::vector<std::pair<std::string, bool>> flagsOf(ado::Connection& connection);
+
+/// Turns one on or off; the name in any letter case.
+void setFlag(ado::Connection& connection, const std::string& name, bool on);
+
+/// What a text column holds; empty where it holds nothing.
+std::string textIn(ado::Connection& connection, const std::string& column);
+void setText(ado::Connection& connection, const std::string& column, const std::string& text);
+
+} // namespace opd::host

@@ -4,8 +4,6 @@
 #include <QGridLayout>
 #include <QScrollBar>
 
-#include <algorithm>
-
 namespace opd::qt {
 
 namespace {
@@ -39,6 +37,11 @@ void ScrollPage::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
 }
 
+void ScrollPage::showEvent(QShowEvent* event) {
+    spreadRows();
+    QScrollArea::showEvent(event);
+}
+
 bool ScrollPage::eventFilter(QObject* object, QEvent* event) {
     const bool handled = QScrollArea::eventFilter(object, event);
     if (object == widget() && event->type() == QEvent::LayoutRequest)
@@ -58,18 +61,26 @@ int ScrollPage::heightWithSpacing(int spacing) {
     return widget()->minimumSizeHint().height();
 }
 
+/// The largest distance with which the content has its height within the room; the usual one where it has to scroll.
+int ScrollPage::spacingFor(int room) {
+    if (heightWithSpacing(closest) > room)
+        return usual;
+    int fits = closest;
+    for (int tooMuch = furthest + 1; tooMuch - fits > 1;) {
+        const int tried = (fits + tooMuch) / 2;
+        (heightWithSpacing(tried) <= room ? fits : tooMuch) = tried;
+    }
+    return fits;
+}
+
+// A page that is not seen is spread when it is.
 void ScrollPage::spreadRows() {
-    if (widget() == nullptr || widget()->layout() == nullptr)
+    if (!isVisible() || widget() == nullptr || widget()->layout() == nullptr)
         return;
     const int room = viewport()->height();
     if (room == m_room && m_spacing >= 0 && heightWithSpacing(m_spacing) == m_height)
         return; // nothing has changed but what was done here
-    const int least = heightWithSpacing(closest);
-    const int perPixel = std::max(1, heightWithSpacing(closest + 1) - least);
-    int spacing = room < least ? usual : std::min(closest + (room - least) / perPixel, furthest);
-    while (spacing > closest && room >= least && heightWithSpacing(spacing) > room)
-        --spacing;
-    m_height = heightWithSpacing(spacing);
+    m_height = heightWithSpacing(spacingFor(room));
     m_room = room;
 }
 

@@ -21,10 +21,12 @@ class ScrollPage final : public QScrollArea {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
     void spreadRows();
+    int spacingFor(int room);
     int heightWithSpacing(int spacing);
 
     int m_spacing = -1;

@@ -43,9 +43,9 @@ bool opens(const QKeyEvent& key) {
 
 } // namespace
 
-CalendarPopup::CalendarPopup(QLineEdit& field, std::function<QDate()> date, std::function<void(const QDate&)> picked)
-    : QFrame(&field, Qt::Popup), m_field(field), m_date(std::move(date)), m_picked(std::move(picked)),
-      m_year(new QSpinBox(this)), m_month(new QComboBox(this)), m_days(new QCalendarWidget(this)) {
+CalendarPopup::CalendarPopup(QLineEdit& field, std::function<void(const QDate&)> picked)
+    : QFrame(&field, Qt::Popup), m_field(field), m_picked(std::move(picked)), m_year(new QSpinBox(this)),
+      m_month(new QComboBox(this)), m_days(new QCalendarWidget(this)) {
     setAttribute(Qt::WA_WindowPropagation); // the colours of the window that it belongs to
     setFrameShape(QFrame::StyledPanel);
     setAccessibleName(tr("Calendar"));
@@ -72,27 +72,23 @@ CalendarPopup::CalendarPopup(QLineEdit& field, std::function<QDate()> date, std:
     connect(m_days, &QCalendarWidget::currentPageChanged, this, &CalendarPopup::showTurned);
     connect(m_days, &QCalendarWidget::clicked, this, &CalendarPopup::pick);
     connect(m_days, &QCalendarWidget::activated, this, &CalendarPopup::pick);
-
-    auto* const button = field.addAction(sheetIcon(), QLineEdit::TrailingPosition);
-    button->setText(tr("Calendar"));
-    button->setToolTip(tr("Calendar (F4)"));
-    connect(button, &QAction::triggered, this, &CalendarPopup::openUp);
-    field.installEventFilter(this);
 }
 
-void CalendarPopup::openUp() {
-    if (m_field.isReadOnly() || !m_field.isEnabled())
-        return;
-    m_days->setSelectedDate(m_date());
+void CalendarPopup::openAt(const QDate& date) {
+    m_days->setSelectedDate(date);
     showTurned(m_days->yearShown(), m_days->monthShown());
+    place();
+    show();
+    m_year->setFocus(Qt::PopupFocusReason);
+    m_year->selectAll();
+}
+
+void CalendarPopup::place() {
     m_days->setMinimumHeight(rowsOfMonth * (fontMetrics().height() + spaceInRow));
     adjustSize();
     const QRect room = m_field.screen()->availableGeometry();
     const QPoint below = m_field.mapToGlobal(QPoint(0, m_field.height()));
     move(qMin(below.x(), room.right() - width()), qMin(below.y(), room.bottom() - height()));
-    show();
-    m_year->setFocus(Qt::PopupFocusReason);
-    m_year->selectAll();
 }
 
 // The day stays, as far as the month has it.
@@ -126,9 +122,26 @@ void CalendarPopup::keyPressEvent(QKeyEvent* event) {
         QFrame::keyPressEvent(event);
 }
 
-bool CalendarPopup::eventFilter(QObject* object, QEvent* event) {
-    if (object != &m_field || event->type() != QEvent::KeyPress || !opens(static_cast<QKeyEvent&>(*event)))
-        return QFrame::eventFilter(object, event);
+CalendarButton::CalendarButton(QLineEdit& field, std::function<QDate()> date, std::function<void(const QDate&)> picked)
+    : QObject(&field), m_field(field), m_date(std::move(date)), m_picked(std::move(picked)) {
+    auto* const button = field.addAction(sheetIcon(), QLineEdit::TrailingPosition);
+    button->setText(tr("Calendar"));
+    button->setToolTip(tr("Calendar (F4)"));
+    connect(button, &QAction::triggered, this, &CalendarButton::openUp);
+    field.installEventFilter(this);
+}
+
+void CalendarButton::openUp() {
+    if (m_field.isReadOnly() || !m_field.isEnabled())
+        return;
+    if (m_calendar == nullptr)
+        m_calendar = new CalendarPopup(m_field, m_picked);
+    m_calendar->openAt(m_date());
+}
+
+bool CalendarButton::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !opens(static_cast<QKeyEvent&>(*event)))
+        return QObject::eventFilter(object, event);
     openUp();
     return true;
 }

@@ -211,7 +211,7 @@ void MaskedView::addCalendar() {
         window().edited(m_box, dateText({day.year(), day.month(), day.day(), 0, 0, 0}));
         selectContent();
     };
-    new CalendarPopup(*m_edit, opensAt, picked); // the field owns it
+    new CalendarButton(*m_edit, opensAt, picked); // the field owns it
 }
 
 void MaskedView::selectContent() {

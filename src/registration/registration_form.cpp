@@ -38,8 +38,11 @@ RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
     m_window.onLoad = [this] { loadForm(m_session, m_fields, m_record); };
     m_window.onFailure = [this](const std::exception& failure) { data::reportFailure(m_session, failure); };
     bindMarks(m_fields);
-    bindApostrophes(m_window, m_fields);
     m_guidance.emplace(m_window, m_fields, m_record, m_session.globals);
+    m_window.onContentChange = [this](ui::Control& changed) {
+        takeBackUnstorable(changed);
+        m_guidance->follow(changed);
+    };
     bindButtons();
     disableIdleButtons();
 }

@@ -24,6 +24,10 @@ bool takesFocus(Kind kind) {
     }
 }
 
+bool isContainer(Kind kind) {
+    return kind == Kind::Frame || kind == Kind::Page || kind == Kind::Tabs || kind == Kind::Window;
+}
+
 } // namespace
 
 Control::Control(Kind kind, Container* container, std::string name, std::string caption)
@@ -107,13 +111,15 @@ void Control::tellView(Aspect aspect) {
 void Control::raiseChange() {
     if (onChange)
         onChange();
+    if (Window& changed = window(); changed.onContentChange)
+        changed.onContentChange(*this);
 }
 
 void Container::collect(std::vector<Control*>& everything) const {
     for (Control* member : m_members) {
         everything.push_back(member);
-        if (const auto* container = dynamic_cast<const Container*>(member))
-            container->collect(everything);
+        if (isContainer(member->kind()))
+            static_cast<const Container*>(member)->collect(everything);
     }
 }
 

@@ -111,8 +111,8 @@ void ComboBox::picked(int index) {
 std::vector<OptionButton*> OptionButton::group() const {
     std::vector<OptionButton*> options;
     for (Control* member : container()->members())
-        if (auto* option = dynamic_cast<OptionButton*>(member))
-            options.push_back(option);
+        if (member->kind() == Kind::OptionButton)
+            options.push_back(static_cast<OptionButton*>(member));
     return options;
 }
 

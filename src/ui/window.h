@@ -56,6 +56,7 @@ class Window : public Container {
     std::function<void()> onLoad;
     std::function<void()> onUnload;
     std::function<void(KeyPress&)> onKeyPress;            ///< previews every character while `keyPreview` is set
+    std::function<void(Control&)> onContentChange;        ///< of any control, after its own `onChange`
     std::function<void()> onCloseRequest;                 ///< the clerk closes the frame; unloads when there is none
     std::function<void(const std::exception&)> onFailure; ///< a handler let a failure through
     std::function<std::string()> stillToDo;               ///< what the window's work lacks yet; read whenever shown

@@ -23,7 +23,8 @@ template <class T> T& as(Control& control) {
 /// Takes the change events of controls away until the end of its scope.
 class Silence {
   public:
-    explicit Silence(const std::vector<Control*>& controls) {
+    Silence(Window& window, const std::vector<Control*>& controls)
+        : m_window(window), m_ofWindow(std::exchange(window.onContentChange, nullptr)) {
         for (Control* control : controls) {
             take(control->onChange);
             if (control->kind() == Kind::Grid)
@@ -31,6 +32,7 @@ class Silence {
         }
     }
     ~Silence() {
+        m_window.onContentChange = std::move(m_ofWindow);
         for (auto& [place, handler] : m_taken)
             *place = std::move(handler);
     }
@@ -45,6 +47,8 @@ class Silence {
             m_taken.emplace_back(&handler, std::exchange(handler, nullptr));
     }
 
+    Window& m_window;
+    std::function<void(Control&)> m_ofWindow;
     std::vector<std::pair<Handler*, Handler>> m_taken;
 };
 
@@ -112,7 +116,7 @@ WindowContent::State WindowContent::stateOf(const Control& control) {
 
 void WindowContent::restore(Window& window) const {
     const std::vector<Control*> controls = controlsOf(window);
-    const Silence silence(controls);
+    const Silence silence(window, controls);
     for (const bool tabs : {false, true}) // a page is shown when it is known to be usable
         for (Control* control : controls)
             if (const auto state = m_states.find(control->name());

@@ -34,43 +34,42 @@ std::size_t endOfWord(std::string_view statement, std::size_t at) {
 
 } // namespace
 
-bool StatementShape::readText(std::string_view statement, std::size_t& at) {
+std::size_t StatementShape::readText(std::string_view statement, std::size_t at) {
     const std::size_t close = statement.find('\'', at + 1);
     if (close == std::string_view::npos || (close + 1 < statement.size() && statement[close + 1] == '\''))
-        return false;
+        return std::string_view::npos;
     m_values.push_back(statement.substr(at + 1, close - at - 1));
     m_key += m_values.back().ends_with('%') ? "%'" : "'";
-    at = close + 1;
-    return true;
+    return close + 1;
+}
+
+std::size_t StatementShape::readNumber(std::string_view statement, std::size_t at) {
+    const std::size_t end = endOfWord(statement, at);
+    m_values.push_back(statement.substr(at, end - at));
+    m_key += '#';
+    return end;
 }
 
 bool StatementShape::read(std::string_view statement) {
     m_key.clear();
     m_values.clear();
+    std::size_t done = 0; // all before it is in the key
     for (std::size_t at = 0; at < statement.size();) {
-        std::size_t end = at + 1;
-        switch (sortOf(statement[at])) {
-        case Sort::Letter:
-            end = endOfWord(statement, at);
-            m_key.append(statement, at, end - at);
-            break;
-        case Sort::Digit:
-            end = endOfWord(statement, at);
-            m_values.push_back(statement.substr(at, end - at));
-            m_key += '#';
-            break;
-        case Sort::Quote:
-            if (!readText(statement, end = at))
-                return false;
-            break;
-        case Sort::Other:
-            m_key += statement[at];
-            break;
-        case Sort::Strange:
+        const Sort sort = sortOf(statement[at]);
+        if (sort == Sort::Other) {
+            ++at;
+        } else if (sort == Sort::Letter) {
+            at = endOfWord(statement, at + 1);
+        } else if (sort == Sort::Strange) {
             return false;
+        } else {
+            m_key.append(statement, done, at - done);
+            at = done = sort == Sort::Quote ? readText(statement, at) : readNumber(statement, at);
         }
-        at = end;
     }
+    if (done == std::string_view::npos)
+        return false;
+    m_key.append(statement, done);
     return true;
 }
 

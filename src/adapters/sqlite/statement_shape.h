@@ -20,7 +20,9 @@ class StatementShape {
     const std::vector<std::string_view>& values() const { return m_values; }
 
   private:
-    bool readText(std::string_view statement, std::size_t& at);
+    /// Read a value, and answer where it ends; npos for a quote that no statement of the desk has.
+    std::size_t readText(std::string_view statement, std::size_t at);
+    std::size_t readNumber(std::string_view statement, std::size_t at);
 
     std::string m_key;
     std::vector<std::string_view> m_values;

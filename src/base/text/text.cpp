@@ -21,6 +21,11 @@ std::size_t sequenceLength(unsigned char lead) {
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
 }
 
+/// True for a character of one byte.
+bool isPlain(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
 /// The capital of a character of one byte.
 char plainUpper(char character) {
     return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
@@ -149,10 +154,14 @@ std::size_t length(std::string_view utf8) {
 
 // Columns are looked up by their names with this, many times for a form.
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {
-    if (plainBeginning(left) != left.size() || plainBeginning(right) != right.size())
-        return upper(left) == upper(right);
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char one, char other) { return plainUpper(one) == plainUpper(other); });
+    const std::size_t size = std::min(left.size(), right.size());
+    for (std::size_t at = 0; at < size; ++at) {
+        if (!isPlain(left[at]) || !isPlain(right[at])) // the rest needs to be read as characters
+            return upper(left.substr(at)) == upper(right.substr(at));
+        if (left[at] != right[at] && plainUpper(left[at]) != plainUpper(right[at]))
+            return false;
+    }
+    return left.size() == right.size();
 }
 
 std::string replaced(std::string_view utf8, std::string_view from, std::string_view to) {

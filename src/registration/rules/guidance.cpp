@@ -31,19 +31,16 @@ Guidance::Guidance(ui::Window& window, Fields& fields, const Record& record, con
                       {"F6", "next field that is still needed", [this] { return nextMissing(); }}};
     window.stillToDo = [this] { return stateOfSave(); };
     alsoOn(fields.header.txtBirthDate.onChange, [this] { showAgeInMonths(m_fields.header, m_globals.gServerDate); });
-    // What the window had to report ("nobody of that name", a complaint taken over) is read by the time the clerk goes
-    // on writing, and would then hide what is still needed.
-    std::vector<ui::Control*> everything;
-    window.collect(everything);
-    for (ui::Control* field : everything)
-        if (field->kind() != ui::Kind::Tabs)
-            alsoOn(field->onChange, [this] { followChange(); });
     for (ui::OptionButton* choice :
          {&fields.header.male, &fields.header.female, &fields.personal.insured, &fields.personal.notInsured})
         alsoOn(choice->onClick, [this] { markNeeded(); });
 }
 
-void Guidance::followChange() {
+// What the window had to report ("nobody of that name", a complaint taken over) is read by the time the clerk goes on
+// writing, and would then hide what is still needed.
+void Guidance::follow(const ui::Control& changed) {
+    if (!m_follows || changed.kind() == ui::Kind::Tabs)
+        return;
     m_window.setStatus({});
     markNeeded();
 }
@@ -66,6 +63,7 @@ std::string Guidance::stillNeeded() const {
 }
 
 void Guidance::markNeeded() {
+    m_follows = true;
     std::vector<ui::Control*> missing = missingFields(m_fields, m_globals);
     for (ui::Control* field : m_needed)
         field->setNeeded(std::find(missing.begin(), missing.end(), field) != missing.end());

@@ -18,11 +18,13 @@ class Guidance {
     Guidance(const Guidance&) = delete;
     Guidance& operator=(const Guidance&) = delete;
 
-    /// Marks the fields that a save still needs, and no others. A change of a field does so by itself.
+    /// Marks the fields that a save still needs, and no others.
     void markNeeded();
 
+    /// The same for each change of a field, once they were marked for the first time.
+    void follow(const ui::Control& changed);
+
   private:
-    void followChange();
     std::string stateOfSave() const;
     std::string stillNeeded() const;
     ui::Control* nextMissing() const;
@@ -32,6 +34,7 @@ class Guidance {
     const Record& m_record;
     const Globals& m_globals;
     std::vector<ui::Control*> m_needed; ///< the fields that are marked
+    bool m_follows = false;
 };
 
 /// What of the form's registration stands in the database: its numbers. Empty while nothing does.

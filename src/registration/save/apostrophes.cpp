@@ -3,10 +3,7 @@
 #include "ado/statement.h"
 #include "base/text/text.h"
 #include "registration/record/sent_fields.h"
-#include "registration/rules/marks.h"
 #include "registration/subrecords/dependent_columns.h"
-
-#include <functional>
 
 namespace opd::registration {
 
@@ -45,8 +42,8 @@ std::vector<ui::TextBox*> sentBoxes(const ui::Window& window, const Fields& fiel
     window.collect(everything);
     std::vector<ui::TextBox*> boxes;
     for (ui::Control* control : everything)
-        if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && isSent(fields, *box))
-            boxes.push_back(box);
+        if (control->kind() == ui::Kind::TextBox && isSent(fields, *control))
+            boxes.push_back(static_cast<ui::TextBox*>(control));
     return boxes;
 }
 
@@ -104,9 +101,9 @@ bool settleApostrophes(ui::Desktop& desktop, const ui::Window& window, Fields& f
     return settleDependents(desktop, fields.employment.mshDependents);
 }
 
-void bindApostrophes(const ui::Window& window, const Fields& fields) {
-    for (ui::TextBox* box : sentBoxes(window, fields))
-        takeBackWhen(*box, unstorable, [box] { return !holdsApostrophe(box->text()); });
+void takeBackUnstorable(ui::Control& changed) {
+    if (changed.refusal() == unstorable && !holdsApostrophe(changed.shownText()))
+        changed.setRefusal({});
 }
 
 } // namespace opd::registration

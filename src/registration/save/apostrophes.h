@@ -11,8 +11,7 @@ namespace opd::registration {
 /// accent by itself. False when the clerk declined: the focus is at the field then, and nothing else was changed.
 bool settleApostrophes(ui::Desktop& desktop, const ui::Window& window, Fields& fields);
 
-/// Binds the taking back of the marks that a declined question leaves. It adds to the handlers that stand when it is
-/// called.
-void bindApostrophes(const ui::Window& window, const Fields& fields);
+/// Takes back the mark that a declined question leaves, when the field was changed into something that can be stored.
+void takeBackUnstorable(ui::Control& changed);
 
 } // namespace opd::registration

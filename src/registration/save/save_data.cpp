@@ -123,14 +123,16 @@ std::vector<Statement> visitStatements(const Globals& globals, const Fields& fie
 bool writePatientAndVisit(Session& session, const Fields& fields, Record& record, bool updateOnly) {
     const std::vector<std::string> doctors = updateOnly ? std::vector<std::string>{} : doctorsToCount(fields, record);
     const bool looks = record.isEdit() && data::watchesOtherDesks(session.settings);
+    // Everything is put together before the transaction begins, which keeps the other desks out.
+    const std::vector<Statement> ofPatient = patientStatements(session.globals, fields, record);
+    const std::vector<Statement> ofVisit =
+        updateOnly ? std::vector<Statement>{} : visitStatements(session.globals, fields, record, doctors);
     ado::Transaction transaction(session.connection());
     record.isOutdated = looks && !record.rows.stillStand(session);
     if (record.isOutdated)
         return false;
-    for (const Statement& statement : patientStatements(session.globals, fields, record))
-        data::execute(session, statement);
-    if (!updateOnly)
-        for (const Statement& statement : visitStatements(session.globals, fields, record, doctors))
+    for (const std::vector<Statement>* statements : {&ofPatient, &ofVisit})
+        for (const Statement& statement : *statements)
             data::execute(session, statement);
     commit(record, transaction, doctors);
     return true;

@@ -27,6 +27,10 @@ constexpr auto longestNap = 10ms;
 /// How many pages the journal may have before it is copied into the file: the library's own choice.
 constexpr int longJournal = 1000;
 
+/// What a connection keeps at hand for its statements' many small pieces of memory: a save takes some hundred.
+constexpr int pieceBytes = 1200;
+constexpr int pieces = 256;
+
 /// After how many steps of the engine a working statement looks at the clock.
 constexpr int stepsBetweenLooks = 20000;
 
@@ -73,6 +77,10 @@ int Database::Waiting::onProgress(void* waiting) {
 }
 
 Database::Database(const std::filesystem::path& file, Mode mode, const Clock& clock) : m_queue(queueOf(file)) {
+    // Nobody asks how much memory the engine has, and counting takes a lock each time. Another library of the process
+    // may have begun to use the engine: it goes on as it is then.
+    static const int uncounted = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    static_cast<void>(uncounted);
     sqlite3* handle = nullptr;
     // A connection is used by one thread at a time, so the engine need not see to that at every cell.
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
@@ -81,6 +89,7 @@ Database::Database(const std::filesystem::path& file, Mode mode, const Clock& cl
     if (result != SQLITE_OK)
         fail();
     sqlite3_extended_result_codes(handle, 1);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_LOOKASIDE, nullptr, pieceBytes, pieces);
     sqlite3_busy_handler(handle, &Waiting::onBusy, m_waiting.get());
     sqlite3_progress_handler(handle, stepsBetweenLooks, &Waiting::onProgress, m_waiting.get());
     statementBegins();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -13,10 +14,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The file begins with the number of the last place that was given out. The byte at each place's number is locked by
-/// who stands there, and this one by who takes a place.
-constexpr std::int64_t counter = 0;
-constexpr std::int64_t firstPlace = sizeof(std::int64_t);
+/// The file is one number, that of the last place that was given out. The byte at each place's number is locked by who
+/// stands there; it lies behind the number, and need not be there.
+using Counter = std::atomic<std::int64_t>;
+static_assert(Counter::is_always_lock_free, "several programs count in the same memory");
+constexpr std::int64_t firstPlace = sizeof(Counter);
 
 /// Whoever is next asks often, so that the database is not idle for long. The others sleep for less than those before
 /// them take at the least: seventy who all ask a thousand times a second would keep the processors from the one who
@@ -42,6 +44,8 @@ bool lock(int file, int command, short kind, std::int64_t byte) {
 } // namespace
 
 WriterQueue::~WriterQueue() {
+    if (m_counter != nullptr)
+        munmap(m_counter, sizeof(Counter));
     if (m_file >= 0)
         close(m_file);
 }
@@ -54,18 +58,23 @@ void WriterQueue::open() {
         std::ignore = fchmod(m_file, database.st_mode & 0666);
 }
 
+// The room on the disk is asked for first: memory that stands for a file without room ends the program.
+bool WriterQueue::mapCounter() {
+    if (m_file < 0 || posix_fallocate(m_file, 0, sizeof(Counter)) != 0)
+        return false;
+    void* const mapped = mmap(nullptr, sizeof(Counter), PROT_READ | PROT_WRITE, MAP_SHARED, m_file, 0);
+    m_counter = mapped == MAP_FAILED ? nullptr : static_cast<Counter*>(mapped);
+    return m_counter != nullptr;
+}
+
 void WriterQueue::takePlace() {
     if (m_file < 0)
         open();
-    if (m_file < 0 || !lock(m_file, F_OFD_SETLKW, F_WRLCK, counter))
+    if (m_counter == nullptr && !mapCounter())
         return;
-    std::int64_t last = 0;
-    if (pread(m_file, &last, sizeof last, counter) != sizeof last)
-        last = firstPlace;
-    const std::int64_t place = last + 1;
-    if (lock(m_file, F_OFD_SETLK, F_WRLCK, place) && pwrite(m_file, &place, sizeof place, counter) == sizeof place)
+    const std::int64_t place = firstPlace + m_counter->fetch_add(1) + 1;
+    if (lock(m_file, F_OFD_SETLK, F_WRLCK, place))
         m_place = place;
-    lock(m_file, F_OFD_SETLK, F_UNLCK, counter);
 }
 
 std::int64_t WriterQueue::distance() const {

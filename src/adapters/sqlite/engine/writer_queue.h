@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -25,13 +26,15 @@ class WriterQueue {
 
   private:
     void open();
+    bool mapCounter();
     void takePlace();
 
     /// How many places before its own the first one is that somebody stands in; 0 when there is none.
     std::int64_t distance() const;
 
     std::filesystem::path m_path;
-    int m_file = -1;          ///< opened by the first who writes
+    int m_file = -1; ///< opened by the first who writes
+    std::atomic<std::int64_t>* m_counter = nullptr;
     std::int64_t m_place = 0; ///< 0 while it stands in no queue
 };
 

@@ -152,7 +152,9 @@ std::optional<KeyStroke> Window::pressTyped(const KeyStroke& stroke) {
     const char32_t taken = pressKey(code);
     if (stroke.isCharacter())
         left.character = taken;
-    const bool isLeft = stroke.isCharacter() ? taken >= key::space : stroke.key == Key::Backspace && taken == code;
+    const bool isUnused =
+        taken == code && (stroke.key == Key::Backspace || (stroke.key == Key::Enter && breaksLines()));
+    const bool isLeft = stroke.isCharacter() ? taken >= key::space : isUnused;
     return isLeft && m_focus != nullptr && m_focus == before ? std::optional{left} : std::nullopt;
 }
 

@@ -31,7 +31,7 @@ bool hasLines(const Control& field) {
 
 /// Whether the clerk may write there at all.
 bool takesText(const Control& field) {
-    return field.kind() == Kind::MaskedBox ||
+    return field.kind() == Kind::MaskedBox || field.kind() == Kind::DatePicker ||
            (field.kind() == Kind::TextBox && !static_cast<const TextBox&>(field).readOnly);
 }
 

@@ -111,16 +111,20 @@ void QtDriver::setPicker(ui::DatePicker& picker, const DateTime& value) {
     click(picker);
     // A window that becomes active while a part is typed would start the field anew.
     hands::waitUntilActive(*shell());
+    if (picker.format() == ui::DatePicker::Format::Date) {
+        selectContent();
+        type(dateText(value));
+        return;
+    }
     auto* const edit = static_cast<QDateTimeEdit*>(target->widget());
     const auto enter = [&](QDateTimeEdit::Section section, const std::string& text) {
         edit->setSelectedSection(section);
         type(text);
     };
-    const bool isDate = picker.format() == ui::DatePicker::Format::Date;
-    const std::string text = isDate ? dateText(value) : timeText(value);
-    enter(isDate ? QDateTimeEdit::MonthSection : QDateTimeEdit::HourSection, text.substr(0, 2));
-    enter(isDate ? QDateTimeEdit::DaySection : QDateTimeEdit::MinuteSection, text.substr(3, 2));
-    enter(isDate ? QDateTimeEdit::YearSection : QDateTimeEdit::AmPmSection, text.substr(6));
+    const std::string text = timeText(value);
+    enter(QDateTimeEdit::HourSection, text.substr(0, 2));
+    enter(QDateTimeEdit::MinuteSection, text.substr(3, 2));
+    enter(QDateTimeEdit::AmPmSection, text.substr(6));
 }
 
 void QtDriver::type(const std::string& characters) {

@@ -74,7 +74,11 @@ bool ClinicalCodes::findDoctor(const LookupRequest& request, ui::CodedField& doc
 void ClinicalCodes::bindService(CodeEntry& entry, ui::CodedField& service, ui::CodedField* doctor) {
     entry.bind(service, [this, &service, doctor](const LookupRequest& request) {
         const ServiceOutcome outcome = findService(request, service);
-        if (outcome == ServiceOutcome::NotFound && !request.forced) {
+        if (outcome == ServiceOutcome::NotFound && request.forced) { // a list that was closed without a choice
+            service.code.window().setFocus(service.code);
+            return true;
+        }
+        if (outcome == ServiceOutcome::NotFound) {
             // An unknown code may be left, but no other service's name stands beside it.
             service.mark("No service has this code.");
             service.name.setText("");

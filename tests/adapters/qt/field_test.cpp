@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
-#include <QDateTimeEdit>
 #include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
@@ -65,8 +64,7 @@ TEST(QtFields, WhatAssistiveProgramsWriteReachesTheModelThroughTheSameRules) {
     desk.widget<QComboBox>("cboCivilStatus")->setCurrentIndex(2);
     EXPECT_EQ(form.personal.cboCivilStatus.text(), "Married");
     EXPECT_EQ(clicks, 3);
-    desk.widget<QDateTimeEdit>("dtpAdmDate")->setDate(QDate(2024, 11, 5));
-    EXPECT_EQ(form.header.dtpAdmDate.text(), "11/05/2024");
+    EXPECT_EQ(afterWriting(desk, form.header.dtpAdmDate, "dtpAdmDate", "11/05/2024"), "11/05/2024");
 
     // A field that refuses to be left keeps the clerk, and what was written elsewhere is gone from the screen, too.
     form.header.dtpAdmDate.onValidate = [](bool& refuse) { refuse = true; };
@@ -111,6 +109,43 @@ TEST(QtFields, WhatIsComposedDroppedOrPastedByTheMenuPassesTheSameFilterAndUndoI
     QCoreApplication::sendEvent(edit, &drop);
     EXPECT_EQ(box.text(), "DE LUNA");
     EXPECT_EQ(desk.hands.shownText(box), "DE LUNA");
+}
+
+TEST(QtFields, ADateThatAlwaysHasAValueIsTypedPastedOrPickedAndNotLeftWithWhatIsNone) {
+    RegistrationDesk desk;
+    ui::DatePicker& date = desk.form.header.dtpAdmDate;
+    const auto enter = [&](const char* typed, const char* key) {
+        desk.form.setFocus(date);
+        hands::settle();
+        desk.type(typed);
+        desk.press(key);
+        return date.text() + " shows " + desk.hands.shownText(date) + (desk.form.focus() == &date ? ", stays" : "");
+    };
+    date.setValue({2026, 11, 25, 14, 5, 0});
+    EXPECT_EQ(enter("04302026", "Tab"), "04/30/2026 shows 04/30/2026");
+    EXPECT_EQ(enter("3/7/2025", "Tab"), "03/07/2025 shows 03/07/2025");
+    EXPECT_EQ(enter("02302025", "Tab"), "03/07/2025 shows 02/30/2025, stays");
+    EXPECT_NE(date.refusal(), "");
+    QApplication::clipboard()->setText(" 2026-05-20");
+    EXPECT_EQ(enter("", "Ctrl+V"), "05/20/2026 shows 05/20/2026, stays");
+    EXPECT_EQ(date.refusal(), "");
+    EXPECT_EQ(enter("", "Down"), "05/19/2026 shows 05/19/2026, stays");
+    desk.press("F4");
+    for (const char* key : {"Tab", "Tab", "Left", "Enter"})
+        desk.press(key);
+    EXPECT_EQ(enter("", "Tab"), "05/18/2026 shows 05/18/2026");
+    desk.form.buttons.cmdCancel.causesValidation = false;
+    desk.form.cancelButton = &desk.form.buttons.cmdCancel;
+    EXPECT_EQ(enter("1130", "Escape"), "05/18/2026 shows 11/30/    , stays") << "Esc asks no date";
+    EXPECT_TRUE(desk.form.requestFocus(desk.form.buttons.cmdCancel));
+    EXPECT_EQ(desk.hands.shownText(date), "05/18/2026");
+    EXPECT_EQ(date.value().hour, 14);
+
+    ui::DatePicker& time = desk.form.header.txtAdmTime;
+    desk.form.setFocus(time);
+    QApplication::clipboard()->setText("16:45");
+    desk.press("Ctrl+V");
+    EXPECT_EQ(time.text(), "04:45 PM");
 }
 
 TEST(QtFields, TheProgramShowsWhatCouldNotBeTyped) {

@@ -123,12 +123,15 @@ void CalendarPopup::keyPressEvent(QKeyEvent* event) {
 }
 
 CalendarButton::CalendarButton(QLineEdit& field, std::function<QDate()> date, std::function<void(const QDate&)> picked)
-    : QObject(&field), m_field(field), m_date(std::move(date)), m_picked(std::move(picked)) {
-    auto* const button = field.addAction(sheetIcon(), QLineEdit::TrailingPosition);
-    button->setText(tr("Calendar"));
-    button->setToolTip(tr("Calendar (F4)"));
-    connect(button, &QAction::triggered, this, &CalendarButton::openUp);
+    : QObject(&field), m_field(field), m_action(field.addAction(sheetIcon(), QLineEdit::TrailingPosition)),
+      m_date(std::move(date)), m_picked(std::move(picked)) {
+    connect(m_action, &QAction::triggered, this, &CalendarButton::openUp);
     field.installEventFilter(this);
+}
+
+void CalendarButton::nameAfter(const QString& field) {
+    m_action->setText(tr("Calendar of %1").arg(field));
+    m_action->setToolTip(tr("Calendar (F4)"));
 }
 
 void CalendarButton::openUp() {

@@ -47,6 +47,9 @@ class CalendarButton final : public QObject {
     /// owns it.
     CalendarButton(QLineEdit& field, std::function<QDate()> date, std::function<void(const QDate&)> picked);
 
+    /// Calls itself after the field: a form has several.
+    void nameAfter(const QString& field);
+
   protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -54,6 +57,7 @@ class CalendarButton final : public QObject {
     void openUp();
 
     QLineEdit& m_field;
+    QAction* m_action;
     std::function<QDate()> m_date;
     std::function<void(const QDate&)> m_picked;
     CalendarPopup* m_calendar = nullptr;

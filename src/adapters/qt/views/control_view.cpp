@@ -4,6 +4,7 @@
 #include "adapters/qt/look/restyle.h"
 #include "adapters/qt/views/button_views.h"
 #include "adapters/qt/views/container_views.h"
+#include "adapters/qt/views/date_view.h"
 #include "adapters/qt/views/field_views.h"
 #include "adapters/qt/views/grid_view.h"
 #include "adapters/qt/views/picture_view.h"
@@ -30,6 +31,10 @@ namespace {
 void setVisible(QWidget& widget, bool visible) {
     if (!visible || widget.testAttribute(Qt::WA_WState_ExplicitShowHide))
         widget.setVisible(visible);
+}
+
+bool isDate(const ui::Control& picker) {
+    return static_cast<const ui::DatePicker&>(picker).format() == ui::DatePicker::Format::Date;
 }
 
 } // namespace
@@ -116,7 +121,9 @@ std::unique_ptr<ControlView> makeView(ui::Control& control, QWidget* widget, QLa
     case ui::Kind::MaskedBox:
         return std::make_unique<MaskedView>(static_cast<ui::MaskedBox&>(control), widget, label);
     case ui::Kind::DatePicker:
-        return std::make_unique<PickerView>(static_cast<ui::DatePicker&>(control), widget, label);
+        if (isDate(control))
+            return std::make_unique<DateView>(static_cast<ui::DatePicker&>(control), widget, label);
+        return std::make_unique<TimeView>(static_cast<ui::DatePicker&>(control), widget, label);
     case ui::Kind::ComboBox:
         return std::make_unique<ComboView>(static_cast<ui::ComboBox&>(control), widget, label);
     case ui::Kind::OptionButton:
@@ -155,7 +162,8 @@ bool fits(const ui::Control& control, const QWidget& widget) {
     case ui::Kind::MaskedBox:
         return qobject_cast<const QLineEdit*>(&widget) != nullptr;
     case ui::Kind::DatePicker:
-        return qobject_cast<const QDateTimeEdit*>(&widget) != nullptr;
+        return isDate(control) ? qobject_cast<const QLineEdit*>(&widget) != nullptr
+                               : qobject_cast<const QDateTimeEdit*>(&widget) != nullptr;
     case ui::Kind::ComboBox:
         return qobject_cast<const QComboBox*>(&widget) != nullptr;
     case ui::Kind::OptionButton:

@@ -3,6 +3,7 @@
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/look/restyle.h"
 #include "adapters/qt/views/calendar_popup.h"
+#include "adapters/qt/views/masked_line.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
 #include "ui/line_edit.h"
@@ -18,8 +19,6 @@
 namespace opd::qt {
 
 namespace {
-
-constexpr QChar place = u'_'; ///< in a mask, where a digit is missing
 
 /// What may be typed is limited by the model; the widget holds every text.
 constexpr int anyLength = 1 << 24;
@@ -186,19 +185,19 @@ void MaskedView::show(ui::Aspect aspect) {
 }
 
 void MaskedView::showText() {
-    QString mask = qt::toQt(m_box.mask()).replace('#', '0'); // the toolkit's sign for a digit or nothing
-    if (!mask.isEmpty())
-        mask += QStringLiteral(";") + place;
-    if (m_edit->inputMask() != mask) {
-        m_edit->setInputMask(mask);
-        if (mask.isEmpty())
-            m_edit->setMaxLength(anyLength);
-    }
+    const QString before = m_edit->inputMask();
+    masked::setMask(*m_edit, m_box.mask());
+    if (m_box.mask().empty() && !before.isEmpty())
+        m_edit->setMaxLength(anyLength);
     if (typed() == qt::toQt(m_box.text()))
         return;
-    QString text = m_box.isBlank() ? QString() : qt::toQt(m_box.text());
-    m_edit->setText(m_box.mask().empty() ? text : text.replace(' ', place));
-    m_edit->setCursorPosition(m_box.mask().empty() ? static_cast<int>(m_edit->text().size()) : 0);
+    const QString text = m_box.isBlank() ? QString() : qt::toQt(m_box.text());
+    if (!m_box.mask().empty()) {
+        masked::show(*m_edit, text);
+        return;
+    }
+    m_edit->setText(text);
+    m_edit->setCursorPosition(static_cast<int>(text.size()));
 }
 
 // A picked date comes as a typed one does, and is asked about when the box is left.
@@ -211,7 +210,13 @@ void MaskedView::addCalendar() {
         window().edited(m_box, dateText({day.year(), day.month(), day.day(), 0, 0, 0}));
         selectContent();
     };
-    new CalendarButton(*m_edit, opensAt, picked); // the field owns it
+    m_calendar = new CalendarButton(*m_edit, opensAt, picked); // the field owns it
+}
+
+void MaskedView::setSpoken(const QString& name, const QString& tip) {
+    ControlView::setSpoken(name, tip);
+    if (m_calendar != nullptr)
+        m_calendar->nameAfter(name);
 }
 
 void MaskedView::selectContent() {
@@ -224,32 +229,15 @@ void MaskedView::insert(const QString& text) {
         m_edit->insert(fittingPart(text, m_box.maxLength(), m_edit->text(), m_edit->selectedText()));
         return;
     }
-    if (lengthOf(text) == m_box.mask().size())
-        m_edit->selectAll();
-    m_edit->insert(QString(text).replace(' ', place));
+    masked::insert(*m_edit, m_box.mask(), text);
 }
 
 void MaskedView::placeCursor(const QPoint& point) {
     m_edit->setCursorPosition(m_edit->cursorPositionAt(point));
 }
 
-// A separator closes the part before it, and a blank empties a place; the model knows how.
 bool MaskedView::takes(char32_t character) {
-    if (m_box.mask().empty() || (character >= U'0' && character <= U'9'))
-        return false;
-    ui::LineEdit edit;
-    edit.load(qt::fromQt(typed()), {.mask = m_box.mask()});
-    const int start = m_edit->selectionStart();
-    const auto cursor = static_cast<std::size_t>(m_edit->cursorPosition());
-    edit.place(start < 0 ? cursor : static_cast<std::size_t>(start),
-               start < 0 ? cursor : static_cast<std::size_t>(m_edit->selectionEnd()));
-    edit.insert(text::encode(character));
-    if (QString text = qt::toQt(edit.text()); text != typed()) {
-        m_edit->selectAll();
-        m_edit->insert(text.replace(' ', place));
-    }
-    m_edit->setCursorPosition(static_cast<int>(edit.caret()));
-    return true;
+    return !m_box.mask().empty() && masked::takes(*m_edit, m_box.mask(), character);
 }
 
 // Wherever an empty date is clicked, typing starts with the month.
@@ -266,9 +254,8 @@ QString MaskedView::selection() const {
     return blanked(m_edit->selectedText());
 }
 
-// An empty place is shown, for a blank is too narrow to be seen as one, and is a blank for everybody else.
-QString MaskedView::blanked(QString text) const {
-    return m_box.mask().empty() ? text : text.replace(place, ' ');
+QString MaskedView::blanked(const QString& text) const {
+    return m_box.mask().empty() ? text : masked::blanked(text);
 }
 
 QString MaskedView::typed() const {
@@ -279,13 +266,11 @@ QString MaskedView::shownText() const {
     return typed();
 }
 
-PickerView::PickerView(ui::DatePicker& picker, QWidget* widget, QLabel* label)
+TimeView::TimeView(ui::DatePicker& picker, QWidget* widget, QLabel* label)
     : ControlView(picker, widget, label), m_picker(picker), m_edit(static_cast<QDateTimeEdit*>(widget)) {
-    const bool isDate = picker.format() == ui::DatePicker::Format::Date;
     m_edit->setTimeSpec(Qt::UTC); // a wall clock's reading: no hour is missing in spring
     m_edit->setLocale(QLocale::c());
-    m_edit->setDisplayFormat(isDate ? QStringLiteral("MM/dd/yyyy") : QStringLiteral("hh:mm AP"));
-    m_edit->setCalendarPopup(isDate);
+    m_edit->setDisplayFormat(QStringLiteral("hh:mm AP"));
     m_edit->setAcceptDrops(false);
     QObject::connect(m_edit, &QDateTimeEdit::dateTimeChanged, m_edit, [this](const QDateTime& value) {
         if (!isWriting())
@@ -293,7 +278,7 @@ PickerView::PickerView(ui::DatePicker& picker, QWidget* widget, QLabel* label)
     });
 }
 
-void PickerView::show(ui::Aspect aspect) {
+void TimeView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
     const QDateTime value = toQt(m_picker.value());
     if (aspect != ui::Aspect::Text || m_edit->dateTime() == value)
@@ -301,13 +286,13 @@ void PickerView::show(ui::Aspect aspect) {
     write([&] { m_edit->setDateTime(value); });
 }
 
-void PickerView::selectContent() {
+void TimeView::selectContent() {
     // The first part, so that typing digits fills part after part.
     m_edit->setSelectedSection(m_edit->sectionAt(0));
 }
 
 // One letter is enough to change between morning and afternoon.
-bool PickerView::takes(char32_t character) {
+bool TimeView::takes(char32_t character) {
     if (m_edit->currentSection() != QDateTimeEdit::AmPmSection)
         return false;
     const char32_t letter = text::upper(character);
@@ -319,12 +304,24 @@ bool PickerView::takes(char32_t character) {
     return letter >= U'A' && letter <= U'Z';
 }
 
-QString PickerView::shownText() const {
+// A whole time in another spelling is taken, too; anything else changes nothing.
+void TimeView::insert(const QString& text) {
+    const std::optional<DateTime> time = parseTime(qt::fromQt(text));
+    if (!time)
+        return;
+    DateTime value = m_picker.value();
+    value.hour = time->hour;
+    value.minute = time->minute;
+    value.second = time->second;
+    window().edited(m_picker, value);
+}
+
+QString TimeView::shownText() const {
     return m_edit->text();
 }
 
-QPoint PickerView::clickPoint() const {
-    return {8, m_edit->height() / 2}; // on the text, not on the button that opens the calendar
+QPoint TimeView::clickPoint() const {
+    return {8, m_edit->height() / 2}; // on the text, not on the arrows
 }
 
 ComboView::ComboView(ui::ComboBox& box, QWidget* widget, QLabel* label)

@@ -9,6 +9,8 @@ class QPlainTextEdit;
 
 namespace opd::qt {
 
+class CalendarButton;
+
 /// A text in one line.
 class TextView final : public ControlView {
   public:
@@ -55,6 +57,7 @@ class MaskedView final : public ControlView {
     MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label);
 
     void show(ui::Aspect aspect) override;
+    void setSpoken(const QString& name, const QString& tip) override;
     void selectContent() override;
     void insert(const QString& text) override;
     void placeCursor(const QPoint& point) override;
@@ -65,22 +68,24 @@ class MaskedView final : public ControlView {
     QString shownText() const override;
 
   private:
-    QString blanked(QString text) const;
+    QString blanked(const QString& text) const;
     QString typed() const;
     void addCalendar();
     void showText();
 
     ui::MaskedBox& m_box;
     QLineEdit* m_edit;
+    CalendarButton* m_calendar = nullptr;
 };
 
-/// A date, with a calendar to pick it from, or a time of day.
-class PickerView final : public ControlView {
+/// A time of day.
+class TimeView final : public ControlView {
   public:
-    PickerView(ui::DatePicker& picker, QWidget* widget, QLabel* label);
+    TimeView(ui::DatePicker& picker, QWidget* widget, QLabel* label);
 
     void show(ui::Aspect aspect) override;
     void selectContent() override;
+    void insert(const QString& text) override;
     bool takes(char32_t character) override;
     QString shownText() const override;
     QPoint clickPoint() const override;

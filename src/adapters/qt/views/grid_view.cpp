@@ -19,6 +19,9 @@ namespace {
 /// Widths are given for a small font whose characters were this many twips wide; they grow with the font that is used.
 constexpr int twipsPerCharacter = 84;
 
+constexpr int rowsLookedAt = 30; ///< for the width of their texts; about what a window shows
+constexpr int besideText = 8;
+
 /// Paints what is chosen in full while the list has the focus only: there is one place that the next key goes to.
 class RowPainter final : public QStyledItemDelegate {
   public:
@@ -152,6 +155,33 @@ void GridView::show(ui::Aspect aspect) {
 void GridView::showCells() {
     const QScopedValueRollback writing(m_writing, true);
     m_rows.replaced();
+    widenColumns();
+}
+
+/// How wide a column must be for the rows that are seen first.
+int GridView::neededWidth(int column) const {
+    const QFontMetrics metrics = m_table->fontMetrics();
+    int widest = 0;
+    for (int row = 0; row < std::min(m_rows.rowCount(), rowsLookedAt); ++row)
+        widest = std::max(widest, metrics.horizontalAdvance(toQt(m_grid.cell(row + 1, column))));
+    return widest + besideText;
+}
+
+// A long name is not cut while the last column has room to spare. What it has not is left to the widths that are given.
+void GridView::widenColumns() {
+    const int last = m_rows.columnCount() - 1;
+    if (last < 1)
+        return;
+    int spare = m_table->viewport()->width() - neededWidth(last);
+    for (int i = 0; i < last; ++i)
+        spare -= m_table->columnWidth(i); // 0 of a hidden one
+    for (int i = 0; i < last && spare > 0; ++i) {
+        const int more = m_table->isColumnHidden(i) ? 0 : std::min(spare, neededWidth(i) - m_table->columnWidth(i));
+        if (more <= 0)
+            continue;
+        m_table->setColumnWidth(i, m_table->columnWidth(i) + more);
+        spare -= more;
+    }
 }
 
 void GridView::showTable() {
@@ -164,6 +194,7 @@ void GridView::showTable() {
         if (twips > 0)
             m_table->setColumnWidth(i, std::max(width, m_table->horizontalHeader()->sectionSizeHint(i)));
     }
+    widenColumns();
 }
 
 void GridView::showCurrentCell() {

@@ -57,6 +57,8 @@ class GridView final : public ControlView {
     void followMark();
     void showTable();
     void showCells();
+    int neededWidth(int column) const;
+    void widenColumns();
     void showCurrentCell();
 
     ui::Grid& m_grid;

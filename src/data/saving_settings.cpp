@@ -10,4 +10,9 @@ bool watchesOtherDesks(const settings::Store& settings) {
                                      "no");
 }
 
+bool allowsOneVisitADay(const settings::Store& settings) {
+    return text::equalsIgnoringCase(text::trimmed(settings.get(settingsApplication, savingSection, "OneVisitADay")),
+                                    "yes");
+}
+
 } // namespace opd::data

@@ -11,4 +11,8 @@ inline constexpr const char* savingSection = "Saving";
 /// "WatchOtherDesks" is "no". Throws std::runtime_error when the settings cannot be read.
 bool watchesOtherDesks(const settings::Store& settings);
 
+/// Whether a save of a patient on file looks whether another desk has registered the patient today since the form was
+/// opened, and refuses then. It does when the setting "OneVisitADay" is "yes". Throws std::runtime_error likewise.
+bool allowsOneVisitADay(const settings::Store& settings);
+
 } // namespace opd::data

@@ -138,6 +138,10 @@ void CommandLine::addConfigure() {
                     "Before a visit is updated, ask what other desks stored into it meanwhile; yes without it")
         ->check(CLI::IsMember({"yes", "no"}));
     sub->add_option(
+           "--one-visit-a-day", settings.oneVisitADay,
+           "Before a patient on file is registered, ask again whether another desk did that today; no without it")
+        ->check(CLI::IsMember({"yes", "no"}));
+    sub->add_option(
            "--carry-sex-and-birth-date", settings.carrySearch,
            "Put sex and birth date of a search into the form of the new patient that it leads to; no without it")
         ->check(CLI::IsMember({"yes", "no"}));

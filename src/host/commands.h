@@ -19,6 +19,7 @@ struct ConfigureOptions {
     std::string pictures;        ///< folder of the patients' photographs
     std::string quickEntry;      ///< "yes" or "no"; what is stored stays without it
     std::string watchOtherDesks; ///< "yes" or "no"; what is stored stays without it
+    std::string oneVisitADay;    ///< whether a second registration of the day is refused within the save; likewise
     std::string carrySearch;     ///< whether sex and birth date go into a new patient's form; likewise
     std::string settings;        ///< file; the user's own store without it
 

@@ -78,6 +78,8 @@ void configure(const ConfigureOptions& options) {
         values.push_back({entrySettingsSection, "QuickEntry", options.quickEntry});
     if (!options.watchOtherDesks.empty())
         values.push_back({savingSettingsSection, "WatchOtherDesks", options.watchOtherDesks});
+    if (!options.oneVisitADay.empty())
+        values.push_back({savingSettingsSection, "OneVisitADay", options.oneVisitADay});
     if (!options.carrySearch.empty())
         values.push_back({searchingSettingsSection, "CarrySexAndBirthDate", options.carrySearch});
     settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};

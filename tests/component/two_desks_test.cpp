@@ -353,5 +353,28 @@ TEST_F(TwoDesks, NobodyComesBetweenTheAskingAndTheWriteAndAKilledDeskLeavesNoHal
     hospital.globals.gConnection = hospital.connect();
 }
 
+// Both desks looked at the day when they opened the form, and found no registration.
+TEST_F(TwoDesks, APatientOnFileIsRegisteredOnceADay) {
+    const search::Opening opening{"New", hospNum, "(TO BE GENERATED)", {}};
+    hospital.store.set("Saving", "OneVisitADay", "yes");
+    auto form = hospital.open(opening);
+    form->fields().personal.txtHouseStreet.setText("2 MY ST.");
+    registration::RegistrationForm theirs(other.session, opening);
+    theirs.SetRegistrationMode();
+    theirs.fields().personal.txtHouseStreet.setText("1 OTHER ST.");
+    ASSERT_TRUE(theirs.validate());
+    ASSERT_TRUE(registration::SaveData(other.session, theirs.fields(), theirs.record(), false));
+
+    EXPECT_FALSE(update(*form));
+    EXPECT_TRUE(hospital.desktop.messages.back().text.starts_with("Patient has a current OPD registration as Adm. # " +
+                                                                  theirs.record().AdmissionNumber + "."))
+        << hospital.desktop.messages.back().text;
+    EXPECT_EQ(street(), "1 OTHER ST.");
+    otherProgram("Update Patient_Data..tbOutPatient set OPDStatus = 'R' where IDNum = '" +
+                 theirs.record().AdmissionNumber + "'");
+    EXPECT_TRUE(update(*form));
+    EXPECT_EQ(street(), "2 MY ST.");
+}
+
 } // namespace
 } // namespace opd::tests

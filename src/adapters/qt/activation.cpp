@@ -9,28 +9,33 @@
 
 namespace opd::qt {
 
-namespace {
-
-bool isOurs(const QWidget& widget) {
+bool isOwnWindow(const QWidget& widget) {
     return widget.isWindow() && (qobject_cast<const WindowShell*>(&widget) != nullptr ||
                                  qobject_cast<const QMessageBox*>(&widget) != nullptr);
 }
 
-void activateTop() {
-    if (QWidget* modal = QApplication::activeModalWidget()) {
-        modal->activateWindow();
-        return;
-    }
+QWidget* topWindow() {
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    QWidget* top = nullptr;
     for (QWidget* widget : QApplication::topLevelWidgets())
-        if (isOurs(*widget) && widget->isVisible())
-            widget->activateWindow();
+        if (isOwnWindow(*widget) && widget->isVisible())
+            top = widget;
+    return top;
+}
+
+namespace {
+
+void activateTop() {
+    if (QWidget* top = topWindow())
+        top->activateWindow();
 }
 
 } // namespace
 
 bool Activation::eventFilter(QObject* object, QEvent* event) {
     if ((event->type() == QEvent::Show || event->type() == QEvent::Hide) && object->isWidgetType() &&
-        isOurs(static_cast<QWidget&>(*object)))
+        isOwnWindow(static_cast<QWidget&>(*object)))
         QTimer::singleShot(0, this, [] { activateTop(); });
     return false;
 }

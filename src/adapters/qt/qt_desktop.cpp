@@ -38,6 +38,10 @@ QtDesktop::QtDesktop(script::Player* player, ui::WindowPlaces* places)
     nameSpokenRoles();
     qApp->installEventFilter(&m_activation);
     qApp->installEventFilter(&m_input);
+    if (m_player == nullptr && QGuiApplication::platformName() == QStringLiteral("xcb")) {
+        m_typeAhead = std::make_unique<TypeAhead>();
+        qApp->installEventFilter(m_typeAhead.get());
+    }
     qApp->installEventFilter(&m_waiting); // installed last, asked first
 }
 
@@ -74,7 +78,13 @@ WindowShell* QtDesktop::open(ui::Window& window, bool modal) {
     WindowShell* const served = modal ? currentShell() : nullptr;
     WindowShell* const shell = owned.release(); // it deletes itself when the window is unloaded
     m_shells.push_back(shell);
-    QObject::connect(shell, &WindowShell::gone, &m_activation, [this, shell] { std::erase(m_shells, shell); });
+    QObject::connect(shell, &WindowShell::gone, &m_activation, [this, shell] {
+        std::erase(m_shells, shell);
+        if (m_typeAhead != nullptr)
+            m_typeAhead->begin(); // before the display takes the window away
+    });
+    if (m_typeAhead != nullptr)
+        m_typeAhead->takeIn();
     shell->present(modal, served);
     m_stock.prepareSoon();
     if (m_player != nullptr && shell->isOpen())

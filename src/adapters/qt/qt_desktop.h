@@ -5,6 +5,7 @@
 #include "adapters/qt/input_filter.h"
 #include "adapters/qt/qt_driver.h"
 #include "adapters/qt/report/qt_output.h"
+#include "adapters/qt/type_ahead.h"
 #include "adapters/qt/waiting.h"
 #include "script/player.h"
 #include "ui/desktop.h"
@@ -67,6 +68,7 @@ class QtDesktop final : public ui::Desktop {
     InputFilter m_input{*this};
     Activation m_activation;
     Waiting m_waiting;
+    std::unique_ptr<TypeAhead> m_typeAhead; ///< where keys are sent to windows by a display that a clerk types at
     FormStock m_stock;
     std::vector<WindowShell*> m_shells;
     bool m_busy = false;

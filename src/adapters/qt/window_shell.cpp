@@ -212,8 +212,8 @@ void WindowShell::closed() {
     knownFrame = frameOf(*this);
     for (const auto& view : m_views)
         view->release();
-    hide();
     emit gone();
+    hide();
     // A handler of this very window may have unloaded it: its widgets must outlive the event being handled.
     deleteLater();
 }

@@ -26,14 +26,10 @@ bool isNumeric(const std::string& number) {
 }
 
 bool passesSameDayCheck(const Session& session, const std::string& hospNum) {
-    const ado::Recordset found = data::openClient(
-        session, statements::registrationOf(hospNum, dateText(session.clock.now())), dynamic, optimistic);
-    if (found.RecordCount() <= 0)
+    const std::string registered = registeredToday(session, hospNum);
+    if (registered.empty())
         return true;
-    const std::string number = text::trimmed(data::textOf(found, "IdNum"));
-    const std::string message = isNumeric(number) ? "Patient already was currently admitted as Adm. # "
-                                                  : "Patient has a current OPD registration as Adm. # ";
-    session.desktop.ask({.text = message + number, .caption = "Verification", .icon = ui::Icon::Exclamation});
+    session.desktop.ask({.text = registered, .caption = "Verification", .icon = ui::Icon::Exclamation});
     return false;
 }
 
@@ -70,6 +66,17 @@ bool loadVisit(const Session& session, Fields& fields, Record& record) {
 }
 
 } // namespace
+
+std::string registeredToday(const Session& session, const std::string& hospNum) {
+    const ado::Recordset found = data::openClient(
+        session, statements::registrationOf(hospNum, dateText(session.clock.now())), dynamic, optimistic);
+    if (found.RecordCount() <= 0)
+        return {};
+    const std::string number = text::trimmed(data::textOf(found, "IdNum"));
+    return (isNumeric(number) ? "Patient already was currently admitted as Adm. # "
+                              : "Patient has a current OPD registration as Adm. # ") +
+           number;
+}
 
 void LoadAllergies(const Session& session, HistoryTab& history, Record& record) {
     const ado::Recordset allergies = record.rows.ask(session, statements::allergies(record.HospNum), optimistic);

@@ -11,6 +11,10 @@ namespace opd::registration {
 /// edited, which the clerk was told. For any other form type true. Throws ado::Error.
 bool SearchPatient(const Session& session, Fields& fields, Record& record);
 
+/// What tells the clerk that the patient has a registration or an admission of today; empty without one. Throws
+/// ado::Error.
+std::string registeredToday(const Session& session, const std::string& hospNum);
+
 /// Loads the allergies of `HospNum`, as they are saved with every visit. Throws ado::Error.
 void LoadAllergies(const Session& session, HistoryTab& history, Record& record);
 

@@ -2,6 +2,7 @@
 
 #include "data/rows.h"
 #include "data/saving_settings.h"
+#include "registration/load/visit_loader.h"
 #include "registration/record/codes.h"
 #include "registration/save/following_parts.h"
 #include "registration/save/numbers.h"
@@ -118,6 +119,16 @@ std::vector<Statement> visitStatements(const Globals& globals, const Fields& fie
     return statements;
 }
 
+/// A patient on file may have been registered at another desk since this form was opened, which would be a second visit
+/// of the day. Asked behind the first write, for which the other one's save has to wait.
+void refuseSecondRegistration(const Session& session, const Record& record) {
+    const bool isFirstTry = !record.isWritten && !record.mayBeWritten;
+    if (!isFirstTry || record.isNewPatient() || !record.isNewVisit() || !data::allowsOneVisitADay(session.settings))
+        return;
+    if (const std::string registered = registeredToday(session, record.SaveHospNum); !registered.empty())
+        throw ado::Error(registered + ". It was made at another desk after this form was opened.");
+}
+
 /// False, with nothing written, when another desk stored something since the form was loaded. The rows are asked for
 /// inside the transaction, so that on a database that lets one writer in at a time nobody comes between.
 bool writePatientAndVisit(Session& session, const Fields& fields, Record& record, bool updateOnly) {
@@ -131,9 +142,12 @@ bool writePatientAndVisit(Session& session, const Fields& fields, Record& record
     record.isOutdated = looks && !record.rows.stillStand(session);
     if (record.isOutdated)
         return false;
-    for (const std::vector<Statement>* statements : {&ofPatient, &ofVisit})
-        for (const Statement& statement : *statements)
-            data::execute(session, statement);
+    for (const Statement& statement : ofPatient)
+        data::execute(session, statement);
+    if (!updateOnly)
+        refuseSecondRegistration(session, record);
+    for (const Statement& statement : ofVisit)
+        data::execute(session, statement);
     commit(record, transaction, doctors);
     return true;
 }

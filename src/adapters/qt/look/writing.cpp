@@ -112,9 +112,13 @@ void renew(QWidget& widget) {
 
 QFont fontOfTitle(const QStyleOptionGroupBox& group) {
     const auto* const box = qobject_cast<const QWidget*>(group.styleObject);
-    QFont font = box == nullptr ? QApplication::font() : box->font();
-    font.setBold(true);
-    return font;
+    const QFont font = box == nullptr ? QApplication::font() : box->font();
+    static QFont last, bold; // making one anew for every question is half of what a group costs
+    if (last != font || !bold.bold()) {
+        last = bold = font;
+        bold.setBold(true);
+    }
+    return bold;
 }
 
 void titleOfGroup(QPainter& painter, const QStyleOptionGroupBox& group, const QRect& place) {

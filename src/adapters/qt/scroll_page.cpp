@@ -49,15 +49,23 @@ bool ScrollPage::eventFilter(QObject* object, QEvent* event) {
     return handled;
 }
 
-/// The height of the content with this distance between its rows.
+/// Has the layouts of a page and what stands in it forget the sizes that they remember.
+void ScrollPage::forgetSizes() {
+    for (QLayout* layout : widget()->findChildren<QLayout*>()) {
+        layout->invalidate();
+        if (layout->parentWidget() != widget())
+            layout->parentWidget()->updateGeometry();
+    }
+}
+
+/// The height that the content needs with this distance between its rows; nothing is moved for the question.
 int ScrollPage::heightWithSpacing(int spacing) {
-    if (spacing != m_spacing)
-        for (QGridLayout* rows : widget()->findChildren<QGridLayout*>()) {
+    if (spacing != m_spacing) {
+        for (QGridLayout* rows : widget()->findChildren<QGridLayout*>())
             rows->setVerticalSpacing(spacing);
-            rows->parentWidget()->updateGeometry(); // what is around remembers its old size otherwise
-        }
+        forgetSizes();
+    }
     m_spacing = spacing;
-    widget()->layout()->activate();
     return widget()->minimumSizeHint().height();
 }
 
@@ -82,6 +90,7 @@ void ScrollPage::spreadRows() {
         return; // nothing has changed but what was done here
     m_height = heightWithSpacing(spacingFor(room));
     m_room = room;
+    widget()->layout()->activate(); // once, for the spacing that was found
 }
 
 // The toolkit's own way is content when it sees the text cursor.

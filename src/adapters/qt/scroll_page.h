@@ -27,6 +27,7 @@ class ScrollPage final : public QScrollArea {
   private:
     void spreadRows();
     int spacingFor(int room);
+    void forgetSizes();
     int heightWithSpacing(int spacing);
 
     int m_spacing = -1;

@@ -26,7 +26,7 @@ const Shade shades[] = {
     {QPalette::WindowText, colours::text, colours::unusableText},
     {QPalette::Base, colours::paper, colours::paperShowing},
     {QPalette::AlternateBase, colours::otherRow, colours::otherRow},
-    {QPalette::Text, colours::text, colours::shownText},
+    {QPalette::Text, colours::text, colours::unusableText},
     {QPalette::PlaceholderText, colours::text, // what a box holds that is no entry of its list
      colours::unusableText},
     {QPalette::Button, colours::button, colours::buttonUnusable},

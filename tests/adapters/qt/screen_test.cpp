@@ -70,6 +70,11 @@ TEST(QtScreen, FieldsGrowWithTheWindowAndNoPageStaysEmpty) {
     });
     SearchDesk search;
     RegistrationDesk form;
+    form.shell().resize(1366 - 8, 640);
+    hands::settle();
+    const auto& longest = *form.widget<QScrollArea>("scrollPersonal");
+    const int unused = longest.viewport()->height() - longest.widget()->minimumSizeHint().height();
+    EXPECT_TRUE(unused >= 0 && unused < 15) << "one more pixel between the rows would not fit; unused " << unused;
     const QWidget* const growing[] = {search.widget<QWidget>("gridPatientList"), form.widget<QWidget>("txtHouseStreet"),
                                       form.widget<QWidget>("txtFather_0")};
     std::vector<int> before;

@@ -3,10 +3,13 @@
 #include "adapters/qt/look/colours.h"
 #include "adapters/qt/look/marks.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QStyleOption>
 
 #include <algorithm>
+#include <cmath>
+#include <vector>
 
 namespace opd::qt::shapes {
 
@@ -14,6 +17,7 @@ namespace {
 
 constexpr double rounding = 3; ///< of the corners of fields and buttons
 constexpr double roundingOfGroup = 4;
+const QColor noGround;
 constexpr int neededEdge = 4; ///< the width of the mark of a field that is needed still
 
 bool has(const QStyleOption& option, QStyle::StateFlag state) {
@@ -25,27 +29,94 @@ struct Edge {
     int width;
 };
 
-/// A rectangle with its edge wholly inside and whatever brush the painter has.
-void drawInside(QPainter& painter, const QRect& rect, const Edge& edge, double radius) {
+/// How the corners of a rectangle are drawn, which is most of what a rounded one costs.
+struct Corners {
+    Edge edge;
+    QColor ground; ///< invalid where none is to be filled
+    double radius;
+    double scale; ///< of the screen
+
+    /// How far they reach into the rectangle.
+    int reach() const { return std::max(edge.width, static_cast<int>(std::ceil(radius))) + 1; }
+
+    bool operator==(const Corners& other) const {
+        return edge.colour == other.edge.colour && edge.width == other.edge.width && ground == other.ground &&
+               radius == other.radius && scale == other.scale;
+    }
+};
+
+void drawWhole(QPainter& painter, const QRectF& rect, const Corners& corners) {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edge.colour, edge.width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    const double half = edge.width / 2.0;
-    const double inner = std::max(0.0, radius - half);
-    painter.drawRoundedRect(QRectF(rect).adjusted(half, half, -half, -half), inner, inner);
+    painter.setPen(QPen(corners.edge.colour, corners.edge.width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setBrush(corners.ground.isValid() ? QBrush(corners.ground) : QBrush(Qt::NoBrush));
+    const double half = corners.edge.width / 2.0;
+    const double inner = std::max(0.0, corners.radius - half);
+    painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), inner, inner);
 }
 
-void stroke(QPainter& painter, const QRect& rect, const Edge& edge, double radius) {
-    painter.save();
-    painter.setBrush(Qt::NoBrush);
-    drawInside(painter, rect, edge, radius);
-    painter.restore();
+/// The four corners, and nothing between them.
+QImage drawn(const Corners& corners) {
+    const int side = 2 * corners.reach();
+    QImage image(QSize(side, side) * corners.scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(corners.scale);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    drawWhole(painter, QRectF(0, 0, side, side), corners);
+    return image;
 }
 
-void fill(QPainter& painter, const QRect& rect, const Edge& edge, const QColor& ground, double radius) {
-    painter.save();
-    painter.setBrush(ground);
-    drawInside(painter, rect, edge, radius);
-    painter.restore();
+/// Kept: there are a few dozen of them, and each window draws hundreds.
+const QImage& imageOf(const Corners& corners) {
+    static std::vector<std::pair<Corners, QImage>> kept;
+    const auto found =
+        std::find_if(kept.begin(), kept.end(), [&](const auto& known) { return known.first == corners; });
+    return found != kept.end() ? found->second : kept.emplace_back(corners, drawn(corners)).second;
+}
+
+void drawCorners(QPainter& painter, const QRect& rect, const QImage& image, int reach) {
+    const double scale = image.devicePixelRatio();
+    for (const bool right : {false, true})
+        for (const bool low : {false, true}) {
+            const QPointF place(right ? rect.right() + 1 - reach : rect.left(),
+                                low ? rect.bottom() + 1 - reach : rect.top());
+            const QPointF part(right ? reach : 0, low ? reach : 0);
+            painter.drawImage(QRectF(place, QSizeF(reach, reach)), image,
+                              QRectF(part * scale, QSizeF(reach, reach) * scale));
+        }
+}
+
+void drawEdges(QPainter& painter, const QRect& rect, const Corners& corners) {
+    const auto& [colour, width] = corners.edge;
+    const int reach = corners.reach();
+    const int across = rect.width() - 2 * reach, down = rect.height() - 2 * reach;
+    painter.fillRect(rect.left() + reach, rect.top(), across, width, colour);
+    painter.fillRect(rect.left() + reach, rect.bottom() + 1 - width, across, width, colour);
+    painter.fillRect(rect.left(), rect.top() + reach, width, down, colour);
+    painter.fillRect(rect.right() + 1 - width, rect.top() + reach, width, down, colour);
+}
+
+void drawGround(QPainter& painter, const QRect& rect, const Corners& corners) {
+    const int width = corners.edge.width, reach = corners.reach();
+    const QRect middle = rect.adjusted(reach, width, -reach, -width);
+    painter.fillRect(middle, corners.ground);
+    for (const int left : {rect.left() + width, rect.right() + 1 - reach})
+        painter.fillRect(left, rect.top() + reach, reach - width, rect.height() - 2 * reach, corners.ground);
+}
+
+/// A rounded rectangle with its edge wholly inside. On a screen of a broken scale nothing falls on whole pixels.
+void draw(QPainter& painter, const QRect& rect, const Edge& edge, const QColor& ground, double radius) {
+    const Corners corners{edge, ground, radius, painter.device()->devicePixelRatioF()};
+    const int least = 2 * corners.reach();
+    if (corners.scale != std::floor(corners.scale) || rect.width() < least || rect.height() < least) {
+        painter.save();
+        drawWhole(painter, rect, corners);
+        painter.restore();
+        return;
+    }
+    if (ground.isValid())
+        drawGround(painter, rect, corners);
+    drawEdges(painter, rect, corners);
+    drawCorners(painter, rect, imageOf(corners), corners.reach());
 }
 
 /// A refusal counts more than the focus.
@@ -66,9 +137,8 @@ const QColor& paperOf(const QStyleOption& option, const QWidget* widget) {
 
 void markNeeded(QPainter& painter, const QRect& rect) {
     painter.save();
-    painter.setClipRect(QRect(rect.left(), rect.top(), neededEdge, rect.height()));
-    painter.setBrush(colours::needed);
-    drawInside(painter, rect, {colours::needed, 1}, rounding);
+    painter.setClipRect(QRect(rect.left(), rect.top(), neededEdge, rect.height()), Qt::IntersectClip);
+    draw(painter, rect, {colours::needed, 1}, colours::needed, rounding);
     painter.restore();
 }
 
@@ -127,12 +197,12 @@ const QColor& groundOf(const ButtonLook& look, const QStyleOption& option) {
 } // namespace
 
 void frameOfChoice(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
-    stroke(painter, option.rect, edgeOf(option, widget), rounding);
+    draw(painter, option.rect, edgeOf(option, widget), noGround, rounding);
 }
 
 void field(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     const Edge edge = edgeOf(option, widget);
-    fill(painter, option.rect, edge, paperOf(option, widget), liesOnCell(widget) ? 0 : rounding);
+    draw(painter, option.rect, edge, paperOf(option, widget), liesOnCell(widget) ? 0 : rounding);
     if (edge.width == 1 && isMarked(widget, "needed"))
         markNeeded(painter, option.rect);
 }
@@ -140,11 +210,11 @@ void field(QPainter& painter, const QStyleOption& option, const QWidget* widget)
 void frameOfTable(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     Edge edge = edgeOf(option, widget);
     edge.width = std::min(edge.width, has(option, QStyle::State_HasFocus) ? 2 : 1);
-    fill(painter, option.rect, edge, colours::paper, 0);
+    draw(painter, option.rect, edge, colours::paper, 0);
 }
 
 void focusFrame(QPainter& painter, const QStyleOption& option) {
-    stroke(painter, option.rect, {colours::accent, 2}, rounding);
+    draw(painter, option.rect, {colours::accent, 2}, noGround, rounding);
 }
 
 void checkBox(QPainter& painter, const QStyleOption& option) {
@@ -178,7 +248,7 @@ void button(QPainter& painter, const QStyleOption& option, const QWidget* widget
     const ButtonLook& look = lookOf(widget);
     const bool focused = has(option, QStyle::State_HasFocus);
     const QColor& edge = focused ? look.inUse : has(option, QStyle::State_Enabled) ? look.edge : colours::border;
-    fill(painter, option.rect, {edge, focused ? 2 : 1}, groundOf(look, option), rounding);
+    draw(painter, option.rect, {edge, focused ? 2 : 1}, groundOf(look, option), rounding);
 }
 
 QColor textOfButton(const QStyleOption& option, const QWidget* widget) {
@@ -200,14 +270,14 @@ void heading(QPainter& painter, const QStyleOption& option) {
 }
 
 void tip(QPainter& painter, const QStyleOption& option) {
-    fill(painter, option.rect, {colours::border, 1}, colours::paper, 0);
+    draw(painter, option.rect, {colours::border, 1}, colours::paper, 0);
 }
 
 void frameOfGroup(QPainter& painter, const QRect& frame, const QRect& title) {
     painter.save();
     if (!title.isEmpty())
-        painter.setClipRegion(QRegion(frame).subtracted(title));
-    stroke(painter, frame, {colours::line, 1}, roundingOfGroup);
+        painter.setClipRegion(QRegion(frame).subtracted(title), Qt::IntersectClip);
+    draw(painter, frame, {colours::line, 1}, noGround, roundingOfGroup);
     painter.restore();
 }
 

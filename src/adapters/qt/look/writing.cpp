@@ -4,7 +4,6 @@
 #include "adapters/qt/look/marks.h"
 
 #include <QAbstractButton>
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
@@ -24,7 +23,7 @@ constexpr double sizeOfProminent = 15;
 /// Whatever is not said here comes from the window.
 struct Writing {
     const QColor* text = nullptr;
-    const QColor* unusable = nullptr; ///< the text of what cannot be used
+    const QColor* unusable = nullptr; ///< the same of what cannot be used
     QPalette::ColorRole role = QPalette::WindowText;
     bool bold = false;
     double size = 0; ///< in points, of what is bold
@@ -50,6 +49,7 @@ Writing writingOfLabel(const QWidget& label) {
 Writing writingOfField(const QWidget& field, bool readOnly) {
     const bool prominent = isMarked(&field, "prominent");
     return {.text = readOnly || isMarked(&field, "lookupName") ? &colours::shownText : nullptr,
+            .unusable = &colours::shownText, // it goes on showing what it holds
             .role = QPalette::Text,
             .bold = prominent,
             .size = prominent ? sizeOfProminent : 0};
@@ -59,16 +59,19 @@ Writing writingOf(const QWidget& widget) {
     if (qobject_cast<const QLabel*>(&widget) != nullptr)
         return writingOfLabel(widget);
     if (const auto* line = qobject_cast<const QLineEdit*>(&widget))
-        return writingOfField(widget, line->isReadOnly());
+        return line->hasFrame() ? writingOfField(widget, line->isReadOnly()) : Writing{};
     if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&widget))
         return writingOfField(widget, memo->isReadOnly());
     if (qobject_cast<const QPushButton*>(&widget) != nullptr)
         return {.bold = isMarked(&widget, "primary") || isMarked(&widget, "hospitalPrint")};
     if (qobject_cast<const QAbstractButton*>(&widget) != nullptr)
         return writingOfLabel(widget);
-    if (qobject_cast<const QAbstractSpinBox*>(&widget) != nullptr)
-        return {.unusable = &colours::unusableText, .role = QPalette::Text}; // as its label is written
-    return {.bold = qobject_cast<const QHeaderView*>(&widget) != nullptr};
+    if (qobject_cast<const QHeaderView*>(&widget) != nullptr)
+        return {.bold = true};
+    return qobject_cast<const QTableView*>(&widget) != nullptr
+               ? Writing{.unusable = &colours::paper, .role = QPalette::Base}
+               // an empty list is no field that only shows
+               : Writing{};
 }
 
 /// A palette and a font of which only what is set here counts.
@@ -112,9 +115,13 @@ void renew(QWidget& widget) {
 
 QFont fontOfTitle(const QStyleOptionGroupBox& group) {
     const auto* const box = qobject_cast<const QWidget*>(group.styleObject);
-    QFont font = box == nullptr ? QApplication::font() : box->font();
-    font.setBold(true);
-    return font;
+    const QFont font = box == nullptr ? QApplication::font() : box->font();
+    static QFont last, bold; // making one anew for every question is half of what a group costs
+    if (last != font || !bold.bold()) {
+        last = bold = font;
+        bold.setBold(true);
+    }
+    return bold;
 }
 
 void titleOfGroup(QPainter& painter, const QStyleOptionGroupBox& group, const QRect& place) {

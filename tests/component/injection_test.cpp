@@ -109,22 +109,21 @@ class Injection : public testing::Test {
         dependents.setCell(1, 1, "01/02/2015");
     }
 
-    /// The list of the codes: asked for the text, and whole with the text put into its search box.
+    /// The list of the codes, asked for the text; where it opens, the text is put into its search box.
     void lookUp(ui::Window& window, ui::TextBox& code, const std::string& text) {
-        for (const std::string& asked : {text, std::string{}}) {
-            window.written(code, asked);
-            inNextWindow(text, [&] { window.click(code.coded->lookup); });
-            code.setRefusal("");
-        }
+        window.written(code, text);
+        inNextWindow(text, [&] { window.click(code.coded->lookup); });
+        code.setRefusal("");
     }
 
-    /// Every listing of the component likewise, those that no field asks for too.
+    /// Every listing of the component, asked for the text and whole, those that no field asks for too.
     void searchListings(const std::string& text) {
         constexpr std::int32_t most = 50;
         com::Object& search = m_desk.globals.gCodeSearch;
         for (std::int32_t listing = 0; listing < most; ++listing) {
             search.set("OtherSectionID", std::string{listing == 21 ? "AA" : ""});
-            inNextWindow(text, [&] { search.flag("SearchListing", {std::string{}, listing}); });
+            for (const std::string& asked : {text, std::string{}})
+                inNextWindow(text, [&] { search.flag("SearchListing", {asked, listing}); });
         }
         search.set("OtherSectionID", std::string{});
     }

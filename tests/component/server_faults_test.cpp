@@ -317,7 +317,13 @@ class Table {
                 std::cout << fitted(m_cells.contains({step, fault}) ? m_cells.at({step, fault}) : ".", 19);
             std::cout << "\n";
         }
-        std::cout << m_cells.size() << " of " << m_steps.size() * faultCount << " cells\n";
+        std::map<std::string, int> times;
+        for (const auto& [cell, outcome] : m_cells)
+            ++times[outcome];
+        std::cout << m_cells.size() << " of " << m_steps.size() * faultCount << " cells";
+        for (const auto& [outcome, count] : times)
+            std::cout << ", " << outcome << " " << count;
+        std::cout << "\n";
     }
 
   private:

@@ -19,12 +19,12 @@ namespace {
 
 constexpr int passed = 0, failed = 1, notAsked = 2, skipped = 77;
 
-std::optional<prove::Proof> theProof; ///< of the one server that there is
+std::optional<prove::Proof> ofProcess;
 
 /// What a case sees of it.
 class ServerHospital final : public tests::Hospital {
   public:
-    std::unique_ptr<ado::Connection> connect() override { return theProof->connect(); }
+    std::unique_ptr<ado::Connection> connect() override { return prove::theProof().connect(); }
     void setClock(const DateTime&) override {} // a server goes by its own
     bool isReal() const override { return true; }
 };
@@ -74,7 +74,7 @@ class Made {
     ~Made() {
         try {
             if (!m_keep)
-                theProof->drop();
+                prove::theProof().drop();
         } catch (const std::exception& failure) {
             fmt::print("The databases of this proof are still there: {}\n", failure.what());
         }
@@ -85,18 +85,22 @@ class Made {
 };
 
 int ask(const prove::Server& server, bool anew, bool keep) {
-    theProof.emplace(server);
+    prove::Proof& proof = ofProcess.emplace(server);
     if (anew)
-        theProof->drop();
-    theProof->refuseEarlierOnes();
+        proof.drop();
+    proof.refuseEarlierOnes();
     const Made made(keep);
-    theProof->make();
+    proof.make();
     const int ignored = RUN_ALL_TESTS();
     static_cast<void>(ignored); // the table and the verdict say more
     return verdict(server.name, *testing::UnitTest::GetInstance());
 }
 
 } // namespace
+
+opd::prove::Proof& opd::prove::theProof() {
+    return *ofProcess;
+}
 
 namespace opd::tests {
 

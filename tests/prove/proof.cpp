@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <random>
 #include <thread>
 #include <unistd.h>
 
@@ -41,6 +42,33 @@ std::string dropOf(const std::string& database) {
     const std::string exists = "IF DB_ID(N'" + database + "') IS NOT NULL";
     return exists + " AND SERVERPROPERTY(N'babelfish') IS NULL EXEC(N'ALTER DATABASE " + database +
            " SET SINGLE_USER WITH ROLLBACK IMMEDIATE;');\nGO\n" + exists + " DROP DATABASE " + database + ";\nGO\n";
+}
+
+const std::string deskLogin = std::string{ownPrefix} + "desk";
+
+/// A login with the role of the desks in each database.
+std::string loginOf(const std::string& password) {
+    std::string script = "USE master;\nGO\nCREATE LOGIN " + deskLogin + " WITH PASSWORD = N'" + password +
+                         "', DEFAULT_DATABASE = LABORATORY;\nGO\n";
+    for (const char* database : databases)
+        script += std::string{"USE "} + database + ";\nGO\nCREATE USER " + deskLogin + " FOR LOGIN " + deskLogin +
+                  ";\nGO\nALTER ROLE opd_desk ADD MEMBER " + deskLogin + ";\nGO\n";
+    return script;
+}
+
+std::string dropOfLogin() {
+    return "IF EXISTS (SELECT 1 FROM sys.server_principals WHERE name = N'" + deskLogin + "') DROP LOGIN " + deskLogin +
+           ";\n";
+}
+
+/// Long enough for the rules of any server.
+std::string newPassword() {
+    std::random_device source;
+    std::uniform_int_distribution<> letter('a', 'z');
+    std::string password = "P4-";
+    while (password.size() < 24)
+        password += static_cast<char>(letter(source));
+    return password;
 }
 
 /// A server may still be busy with the end of a connection, and its database in use.
@@ -97,6 +125,18 @@ void Proof::drop() {
     setup.send("leaving its databases", "USE master;\nGO\n");
     for (const char* database : databases)
         patiently([&] { setup.send("dropping a database", dropOf(database)); });
+    patiently([&] { setup.send("dropping the login of a desk", dropOfLogin()); });
+}
+
+void Proof::makeDeskLogin() {
+    m_deskPassword = newPassword();
+    setup::ServerSetup(*m_administrator).send("a login of a desk", dropOfLogin() + "GO\n" + loginOf(m_deskPassword));
+}
+
+std::unique_ptr<ado::Connection> Proof::connectAsDesk() const {
+    auto connection = std::make_unique<ado::Connection>(m_providers);
+    connection->Open(ado::connectionString({deskLogin, m_deskPassword, m_server.name, ownName("LABORATORY")}));
+    return connection;
 }
 
 } // namespace opd::prove

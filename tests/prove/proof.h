@@ -26,8 +26,14 @@ class Proof {
     /// ado::Error.
     void make();
 
-    /// Takes the databases away, those of an earlier proof as well. Throws ado::Error.
+    /// Takes databases and login away, those of an earlier proof as well. Throws ado::Error.
     void drop();
+
+    /// Makes a login that has the role of the desks and nothing else. Throws ado::Error.
+    void makeDeskLogin();
+
+    /// A connection of that login. Throws ado::Error.
+    std::unique_ptr<ado::Connection> connectAsDesk() const;
 
     /// A connection as a desk has one.
     std::unique_ptr<ado::Connection> connect() const { return connect("LABORATORY"); }
@@ -38,6 +44,10 @@ class Proof {
     Server m_server;
     ado::Providers m_providers;
     std::unique_ptr<ado::Connection> m_administrator;
+    std::string m_deskPassword; ///< of the login; nobody else knows it
 };
+
+/// The proof of the one server that there is.
+Proof& theProof();
 
 } // namespace opd::prove

@@ -59,10 +59,11 @@ def proved(script, program, port, password, *options):
 
 
 def main(script, program, server, desk):
-    with tempfile.TemporaryDirectory() as name, StandIn(server, desk, Path(name)) as stand_in:
+    refused = ("error@Select OldValue:229", "error@'no visit':229")  # it knows no rights
+    with tempfile.TemporaryDirectory() as name, StandIn(server, desk, Path(name), *refused) as stand_in:
         status, table = proved(script, program, stand_in.port, PASSWORD)
         cases = re.findall(r"^passed +\d+\.\d\d  \w+", table, re.MULTILINE)
-        assert status == 0 and len(cases) >= 14 and "FAILED" not in table, "the stand-in does not pass"
+        assert status == 0 and len(cases) >= 22 and "FAILED" not in table, "the stand-in does not pass"
         assert table.splitlines()[-1].endswith(f"({len(cases)} of {len(cases)} cases): desks can work with it.")
         # Every batch of the scripts came, and nothing named a database but the proof's own.
         received = stand_in.log.read_text(encoding="utf-8")
@@ -75,7 +76,7 @@ def main(script, program, server, desk):
         status, table = proved(script, program, stand_in.port, "Wrong-1234")
         assert status == 2 and "could not be asked: Login failed" in table
     with tempfile.TemporaryDirectory() as name, \
-            StandIn(server, desk, Path(name), "error@sp_AOPD_ComputeAge '0:50000") as stand_in:
+            StandIn(server, desk, Path(name), "error@sp_AOPD_ComputeAge '0:50000", *refused) as stand_in:
         status, table = proved(script, program, stand_in.port, PASSWORD, "--keep")
         assert status == 1 and "\nFAILED" in table and f" 1 of {len(cases)} cases failed. " in table, "no failure is told"
 

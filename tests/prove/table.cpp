@@ -35,10 +35,13 @@ void Table::OnTestProgramStart(const testing::UnitTest&) {
 
 void Table::OnTestEnd(const testing::TestInfo& test) {
     const testing::TestResult& result = *test.result();
-    fmt::print("{:<9}{:>9.2f}  {}\n", result.Passed() ? "passed" : "FAILED",
+    fmt::print("{:<9}{:>9.2f}  {}\n",
+               result.Passed()    ? "passed"
+               : result.Skipped() ? "skipped"
+                                  : "FAILED",
                static_cast<double>(result.elapsed_time()) / 1000, inWords(test.name()));
     for (int part = 0; part < result.total_part_count(); ++part)
-        if (result.GetTestPartResult(part).failed())
+        if (!result.GetTestPartResult(part).passed())
             printIndented(result.GetTestPartResult(part).message());
     std::fflush(stdout);
 }

@@ -63,7 +63,8 @@ class CoreDump:
 
     @staticmethod
     def can_be_had():
-        return not Path("/proc/sys/kernel/core_pattern").read_text(encoding="utf-8").startswith(("|", "/"))
+        return resource.getrlimit(resource.RLIMIT_CORE)[1] == resource.RLIM_INFINITY and \
+            not Path("/proc/sys/kernel/core_pattern").read_text(encoding="utf-8").startswith(("|", "/"))
 
     def notes(self):
         """Name and command line of the process, the files that it had open in memory, and whatever else stands there."""

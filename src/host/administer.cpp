@@ -6,9 +6,9 @@
 #include "base/os/system_clock.h"
 #include "base/text/text.h"
 #include "component/init_dll.h"
-#include "host/care/hospital_connection.h"
-#include "host/care/hospital_row.h"
-#include "host/care/visit_counts.h"
+#include "host/hospital_connection.h"
+#include "host/hospital_row.h"
+#include "host/visit_counts.h"
 
 #include <fmt/core.h>
 

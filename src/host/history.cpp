@@ -2,8 +2,8 @@
 #include "ado/recordset.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
-#include "host/care/hospital_connection.h"
 #include "host/history_words.h"
+#include "host/hospital_connection.h"
 
 #include <fmt/core.h>
 

@@ -76,9 +76,12 @@ def try_hospital(work):
     expect(work.doctor(), ("picture folder", "is no folder", "mv "))
     (hospital / "Pictures").unlink()
 
-    sql = ("sql", "--write", str(hospital))
+    sql, backup = ("sql", "--write", str(hospital)), str(work.home / "backup")
+    work.desk("backup", backup)
     work.desk(*sql, "drop table Patient_Data_tbMasterDependent")
     expect(work.doctor(), ("procedures", "Patient_Data..sp_Adm_", "opd-desk restore"))
+    work.desk("restore", backup)
+    expect(work.doctor())
     work.desk(*sql, "pragma user_version = 99")
     expect(work.doctor(), ("version", "newer than this program's", "apt install"))
     (hospital / "hospital.db").write_bytes(b"x" * 8192)
@@ -91,9 +94,13 @@ def try_program(work):
     data_sheet.write_text("no report")
     work.bin.chmod(0o777)
     found = work.doctor("--database", str(work.home))
-    for what, command in (("report file", "apt install --reinstall"), ("program", "chmod go-w " + str(work.bin))):
+    for what, command in (("report file", "apt install --reinstall"), ("program", "chmod go-w " + str(work.bin)),
+                          ("windows", "chmod go-w " + str(work.bin))):
         assert command in found[what][1], found
     work.bin.chmod(0o700)
+    os.unlink(work.bin / "Reports" / "Label.rpt")
+    ended = work.desk("doctor", "--database", str(work.home)).stdout
+    assert "Label.rpt cannot be read" in ended and ended.count("WRONG report file") == 2, ended
 
 
 def try_server(work, program, desk):

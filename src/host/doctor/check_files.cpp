@@ -1,17 +1,17 @@
 #include "adapters/report/engine.h"
 #include "ado/provider.h"
-#include "base/os/library.h"
 #include "base/os/system_clock.h"
 #include "base/os/trust.h"
 #include "component/init_dll.h"
 #include "data/connection_settings.h"
 #include "host/doctor/checks.h"
 #include "host/program_folder.h"
+#include "reports/papers.h"
 #include "reports/photograph.h"
 
 #include <fmt/core.h>
 
-#include <algorithm>
+#include <set>
 #include <unistd.h>
 
 namespace opd::host {
@@ -46,13 +46,7 @@ Finding libraryFinding(const fs::path& file) {
         os::trustedLibrary(file);
         return right("program", file.string());
     } catch (const os::LibraryError& error) {
-        std::error_code gone;
-        if (!fs::exists(file, gone))
-            return wrong("program", error.what(), reinstall);
-        const std::string reason = error.what(); // names last, in quotes, what others can change
-        const std::size_t end = reason.rfind('"');
-        const std::size_t begin = reason.rfind('"', end - 1) + 1;
-        return wrong("program", reason, "sudo chmod go-w " + shellWord(reason.substr(begin, end - begin)));
+        return wrong("program", error.what(), libraryMend(file, error));
     }
 }
 
@@ -60,12 +54,13 @@ Findings reportFindings() {
     const os::SystemClock clock;
     const adapters::ReportEngine engine({.clock = clock});
     const fs::path folder = programFolder() / "Reports";
-    std::vector<fs::path> files{folder / "DataSheet.rpt"};
+    std::set<fs::path> files; // those of the desk, whether they are there or not, and what a hospital has added
+    for (const char* own : {"DataSheet.rpt", reports::patientLabel.file, reports::patientCard.file})
+        files.insert(folder / own);
     std::error_code missingFolder;
     for (const auto& entry : fs::directory_iterator(folder, missingFolder))
-        if (entry.path().extension() == ".rpt" && entry.path() != files.front())
-            files.push_back(entry.path());
-    std::sort(files.begin(), files.end());
+        if (entry.path().extension() == ".rpt")
+            files.insert(entry.path());
     Findings found;
     for (const fs::path& file : files) {
         try {
@@ -92,12 +87,22 @@ Finding pictureFinding(const Desk& desk) {
     if (!fs::is_directory(existing, unreadable))
         return wrong(what, "\"" + existing.string() + "\" is no folder.", "mv " + at + " " + at + ".old");
     if (::access(existing.c_str(), R_OK | W_OK | X_OK) != 0)
-        return wrong(what, "This user cannot keep photographs in \"" + existing.string() + "\".",
+        return wrong(what, "This user cannot keep photographs in \"" + existing.string() + "\"." + fromNextLogin,
                      "sudo chmod g+rwx " + at + " && sudo usermod -a -G \"$(stat -c %G " + at + ")\" \"$USER\"");
     return right(what, folder + (existing == folder ? "" : ", which is made with the first photograph"));
 }
 
 } // namespace
+
+std::string libraryMend(const fs::path& file, const os::LibraryError& error) {
+    std::error_code gone;
+    const std::string reason = error.what(); // names last, in quotes, what others can change
+    const std::size_t end = reason.rfind('"');
+    if (!fs::exists(file, gone) || reason.find("is not used, because") == std::string::npos)
+        return reinstall;
+    const std::size_t begin = reason.rfind('"', end - 1) + 1;
+    return "sudo chmod go-w " + shellWord(reason.substr(begin, end - begin));
+}
 
 std::string configureCommand(const Desk& desk, const std::string& server) {
     const std::string user = data::connStr(desk.settings, 1, {});

@@ -58,7 +58,7 @@ Finding refused(const Desk& desk, const ado::Error& error) {
     std::error_code unreadable;
     const bool there = std::filesystem::exists(std::filesystem::path(desk.server) / "hospital.db", unreadable);
     if (unreadable || error.number() == noRight || error.number() == onlyReads)
-        return wrong("connection", error.what(),
+        return wrong("connection", error.what() + std::string{fromNextLogin},
                      "sudo chmod -R g+rwX " + folder + " && sudo usermod -a -G \"$(stat -c %G " + folder +
                          ")\" \"$USER\"");
     const std::string restore = "opd-desk restore " + namedBy(desk) + " BACKUP";

@@ -76,7 +76,7 @@ Findings checkWorkstation() {
         found.push_back(fontFinding(there));
         found.push_back(printerFinding(there));
     } catch (const os::LibraryError& error) {
-        found.push_back(wrong("windows", error.what(), "sudo apt install --reinstall ./opd-registration_*.deb"));
+        found.push_back(wrong("windows", error.what(), libraryMend(ui::desktopModule(programFolder(), "qt"), error)));
         return found; // a camera needs them
     }
     found.push_back(cameraFinding());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/os/library.h"
 #include "host/doctor/finding.h"
 #include "ports/settings/store.h"
 
@@ -13,6 +14,12 @@ struct Desk {
     std::filesystem::path settingsFile; ///< empty when a folder was named in its place
     std::string server;                 ///< name of a server, or folder of a hospital; empty when none is known
 };
+
+/// Behind a finding whose command makes a user a member of a group.
+inline constexpr const char* fromNextLogin = " (Who becomes a member of a group is one from the next login on.)";
+
+/// The command that makes a library of the program usable again: others can change it, or it is not what was installed.
+std::string libraryMend(const std::filesystem::path& file, const os::LibraryError& error);
 
 /// The command that stores where a server is and this user's login again, which asks for the password.
 std::string configureCommand(const Desk& desk, const std::string& server);

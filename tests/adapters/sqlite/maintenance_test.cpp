@@ -76,6 +76,13 @@ TEST(Maintenance, ADamagedHospitalIsSetAsideAndADamagedBackupRefused) {
     hospital.runAsAdministrator("UPDATE Patient_Data_tbOutPatient SET HospNum = '00009999' WHERE IDNum = "
                                 "(SELECT min(IDNum) FROM Patient_Data_tbOutPatient)");
     EXPECT_EQ(faultsOf(hospital.folder()).size(), 1U);
+
+    hospital.runAsAdministrator("DROP TABLE Patient_Data_tbMasterDependent; DROP INDEX Patient_Data_tbMaster_Search");
+    restore(hospital.folder(), backup);
+    EXPECT_EQ(hospital.connect()->Execute("select * from Patient_Data..tbMasterDependent").State(), 1) << "it is back";
+    EXPECT_THROW(
+        hospital.runAsAdministrator("CREATE INDEX Patient_Data_tbMaster_Search ON Patient_Data_tbMaster (Sex)"),
+        ado::Error);
 }
 
 // The journal of a desk that was killed is left when its file is lost.

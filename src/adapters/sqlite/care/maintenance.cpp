@@ -133,6 +133,17 @@ class Draft {
     DraftFiles m_files;
 };
 
+/// The statements that make what a hospital has lost (a table, an index, a trigger) as the attached database "backup"
+/// has it, in the order in which it was made there.
+std::string makeLost(const Database& database) {
+    std::string statements;
+    for (const std::string& sql :
+         texts(database, "SELECT sql FROM backup.sqlite_schema WHERE sql IS NOT NULL AND name NOT IN "
+                         "(SELECT name FROM main.sqlite_schema) ORDER BY rowid"))
+        statements += sql + ";";
+    return statements;
+}
+
 /// The statements that put the rows of the attached database "backup" in the place of one's own.
 std::string replaceRows(const Database& database) {
     std::string statements;
@@ -206,7 +217,7 @@ std::filesystem::path replaceContent(const std::filesystem::path& file, const Dr
     hospital.run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; BEGIN IMMEDIATE");
     std::filesystem::path kept = unusedName(file.string() + ".before-restore");
     copyWhole(file, kept, machineClock());
-    hospital.run(replaceRows(hospital) + "ANALYZE main; COMMIT");
+    hospital.run(makeLost(hospital) + replaceRows(hospital) + "ANALYZE main; COMMIT");
     return kept;
 }
 

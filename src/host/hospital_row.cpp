@@ -1,10 +1,10 @@
-#include "host/care/hospital_row.h"
+#include "host/hospital_row.h"
 
 #include "ado/error.h"
 #include "ado/recordset.h"
 #include "base/text/text.h"
 #include "data/statements.h"
-#include "host/care/hospital_connection.h"
+#include "host/hospital_connection.h"
 #include "session/feature_flags.h"
 
 #include <algorithm>

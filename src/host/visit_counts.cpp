@@ -1,4 +1,4 @@
-#include "host/care/visit_counts.h"
+#include "host/visit_counts.h"
 
 #include "ado/recordset.h"
 #include "base/clock/date_text.h"

@@ -1,4 +1,4 @@
-#include "host/care/hospital_connection.h"
+#include "host/hospital_connection.h"
 
 #include "adapters/settings/ini_store.h"
 #include "adapters/sqlite/provider.h"

@@ -1,8 +1,12 @@
 #!/usr/bin/env bash
 # Draws the pictures of the README and the guides anew, from real windows: draw_pictures.sh (after ./run has built the desk once).
-# Needs pngquant (Debian) to keep them small.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+# shellcheck source=tools/common.sh
+source tools/common.sh
+
+install_missing run pictures
+begin "drawing"
 desk="$PWD/build/release/bin/opd-desk"
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT

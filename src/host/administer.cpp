@@ -92,7 +92,8 @@ void check(const AdministerOptions& options) {
     for (const std::string& fault : faults)
         fmt::print("{}\n", fault);
     if (!faults.empty())
-        throw std::runtime_error(fmt::format("{} has {} faults.", place.string(), faults.size()));
+        throw std::runtime_error(
+            fmt::format("{} has {} fault{}.", place.string(), faults.size(), faults.size() == 1 ? "" : "s"));
     fmt::print("{} is right.\n", place.string());
 }
 
@@ -114,6 +115,9 @@ void statistics(const AdministerOptions& options) {
     constexpr long week = 7;
     const DateTime last = dayOf(options.until, os::SystemClock{}.now());
     const DateTime first = dayOf(options.from, addDays(last, 1 - week));
+    if (last.date() < first.date())
+        throw std::runtime_error(fmt::format("The last day, {}, comes before the first, {}: nothing was counted.",
+                                             dateText(last), dateText(first)));
     HospitalConnection hospital(options);
     fmt::print("{:<12}{:<16}{:<32}{:>7}{:>9}\n", "Day", "User", "Service", "Visits", "Revoked");
     long visits = 0, revoked = 0;

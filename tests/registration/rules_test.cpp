@@ -37,7 +37,7 @@ void leave(FormFixture& desk, ui::Window& window, ui::Control& field, const char
 }
 
 TEST(Form, ANewPatientStartsWithTheServersDateAndWhatTheHospitalUses) {
-    inNewForm([](FormFixture& desk, ui::Window&, Fields& fields) {
+    inNewForm([](FormFixture& desk, ui::Window& window, Fields& fields) {
         EXPECT_EQ(fields.header.dtpAdmDate.text() + " " + fields.header.txtAdmTime.text(), "11/24/2026 02:05 PM");
         EXPECT_EQ(fields.header.txtOPDNum.text(), "(TO BE GENERATED)");
         EXPECT_EQ(desk.form->record().VisitKindCode, "N");
@@ -53,6 +53,10 @@ TEST(Form, ANewPatientStartsWithTheServersDateAndWhatTheHospitalUses) {
         fields.personal.notInsured.setSelected(true);
         standByPayer(fields, false);
         EXPECT_FALSE(fields.personal.company.code.enabled());
+
+        window.setFocus(fields.additional.cmdCapture);
+        window.click(fields.additional.cmdCapture);
+        EXPECT_EQ(window.statusLine(), "No photograph was taken: the camera is missing or gave no picture.");
     });
 }
 

@@ -40,6 +40,7 @@ said "^2026-06-29  CLERK +[A-Z].+ 3 +3$" statistics $days
 # shellcheck disable=SC2086
 said "^All +3 +3$" statistics $days
 said "^2026-06-30  OTHER +999 +[0-9]+ +0$" statistics --until 07/01/2026
+said "The last day, 01/31/2020, comes before the first, 01/01/2027: nothing was counted" statistics --from 01/01/2027 --until 01/31/2020
 { "$desk" flag --database nowhere 2>&1 || true; } | grep -q "nowhere\" does not exist"
 [[ -n "$server" ]] || exit 0
 

@@ -16,6 +16,8 @@ PhotoCapture::PhotoCapture(Session& session, AdditionalTab& additional, Record& 
 void PhotoCapture::capture() {
     if (SharedImage still = reports::captureStill(m_session))
         m_picture.setImage(std::move(still));
+    else
+        m_picture.window().setStatus("No photograph was taken: the camera is missing or gave no picture.");
     m_taken = true;
 }
 

@@ -1,9 +1,12 @@
 #include "tests/adapters/qt/every_window.h"
 
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyleOption>
+#include <QTableView>
 
 namespace opd::qt {
 namespace {
@@ -102,6 +105,65 @@ TEST(QtScreen, AnEmptyDateShowsAllItsPlacesAndIsEmptyAllTheSame) {
     EXPECT_EQ(desk.hands.shownText(desk.form.header.txtBirthDate), "  /  /    ");
     desk.form.header.txtBirthDate.setText("03/  /1980");
     EXPECT_EQ(box->displayText(), "03/__/1980");
+}
+
+/// What a clerk expects to read whole in a field, however small the screen.
+const std::map<std::string, const char*> expectedTexts{{"txtOPDNum", "(TO BE GENERATED)"},
+                                                       {"txtHospNum", "00000000"},
+                                                       {"dtpAdmDate", "00/00/0000"},
+                                                       {"txtLastName", "DELOS SANTOS"},
+                                                       {"txtTitle", "ENGR."},
+                                                       {"txtAge", "100"},
+                                                       {"txtZipCode", "1000"},
+                                                       {"txtTelNum(2)", "0917-123-4567"},
+                                                       {"txtPersonal(7)", "ROMAN CATHOLIC"},
+                                                       {"txtFather(2)", "0917-123-4567"},
+                                                       {"txtAccount(0)", "00000000"},
+                                                       {"dtpExpiration", "00/00/0000"},
+                                                       {"txtNotify(2)", "0917-123-4567"},
+                                                       {"txtNotify(3)", "GRANDMOTHER"},
+                                                       {"txtInformant(2)", "0917-123-4567"},
+                                                       {"txtInformant(3)", "GRANDMOTHER"},
+                                                       {"txtService(0)", "A25"},
+                                                       {"txtChiefComplaintID(0)", "CC1039"},
+                                                       {"txtBP(0)", "120"},
+                                                       {"txtTemperature", "36.5"},
+                                                       {"txtWeight", "102.5"},
+                                                       {"txtAllergy(0)", "A25"},
+                                                       {"txtEmployer(2)", "0917-123-4567"}};
+
+int roomForText(const QLineEdit& field) {
+    QStyleOptionFrame frame;
+    frame.initFrom(&field);
+    frame.lineWidth = 1;
+    const int inside = field.style()->subElementRect(QStyle::SE_LineEditContents, &frame, &field).width();
+    return inside - 4 - 22 * static_cast<int>(field.actions().size());
+}
+
+TEST(QtScreen, FieldsAndColumnsShowWholeWhatTheyAreExpectedToHold) {
+    const int width = QGuiApplication::primaryScreen()->availableGeometry().width();
+    if (width < 1050) // there the names of codes are cut
+        GTEST_SKIP() << "narrower than a usual screen with large fonts";
+    std::size_t seen = 0;
+    everyPageOf<samples::RegistrationWindow>([&](WindowShell& shell, ui::Window& form, const std::string& where) {
+        for (ui::Control* control : controlsOf(form)) {
+            const auto expected = expectedTexts.find(control->name());
+            const auto* field = qobject_cast<QLineEdit*>(shell.viewOf(*control)->widget());
+            if (expected == expectedTexts.end() || field == nullptr || !field->isVisible())
+                continue;
+            ++seen;
+            EXPECT_GE(roomForText(*field), field->fontMetrics().horizontalAdvance(expected->second))
+                << where << " " << control->name();
+        }
+    });
+    EXPECT_GE(seen, expectedTexts.size());
+
+    SearchDesk search;
+    const std::string longName = "DELOS SANTOS-VILLANUEVA-CASTRO";
+    search.form.gridPatientList.show(ui::gridColumns("<Last Name|<FirstName|<Address", {2000, 2000, 6000}),
+                                     {{longName, "ANA", "1 MABINI ST."}});
+    const auto* list = search.widget<QTableView>("gridPatientList");
+    EXPECT_GT(list->columnWidth(0), list->fontMetrics().horizontalAdvance(toQt(longName)));
 }
 
 TEST(QtScreen, AWindowOpensAsItWasLeft) {

@@ -65,6 +65,33 @@ TEST(Statements, AreRefusedInEveryShapeThatTheDeskDoesNotSendAndChangeNothing) {
     EXPECT_EQ(rowsOf(*connection, everybody), before);
 }
 
+TEST(Statements, OfOneShapeAreEachRunWithTheirOwnValues) {
+    EmbeddedHospital hospital;
+    const auto connection = hospital.connect();
+    const std::string all = " from Patient_Data..tbMaster ";
+    const auto answer = [&](const std::string& statement) { return rowsOf(*connection, statement); };
+    const auto expectAll = [&] {
+        EXPECT_EQ(answer("Select top 1 HospNum" + all).size(), 1U);
+        EXPECT_EQ(answer("Select top 3 HospNum" + all).size(), 3U);
+        EXPECT_EQ(answer("Select isnull(PHICNum,0) n" + all + "where HospNum = '00000001'").front(), "0");
+        EXPECT_EQ(answer("Select isnull(PHICNum,7) n" + all + "where HospNum = '00000001'").front(), "7");
+        EXPECT_EQ(answer("Select isnull(PHICNum,'x') n" + all + "where HospNum = '00000001'").front(), "x");
+        EXPECT_EQ(answer("Select HospNum" + all + "where LastName like 'SANTOS%'").size(), 2U);
+        EXPECT_EQ(answer("Select HospNum" + all + "where LastName like 'SANTOS'").size(), 1U);
+        EXPECT_EQ(answer("Select HospNum" + all + "where BirthDate = '03/07/1980'").front(), "00000001");
+        EXPECT_EQ(answer("Select HospNum" + all + "where BirthDate = '1990-06-12'").front(), "00000003");
+        EXPECT_NE(errorOf(*connection, "Select HospNum" + all + "where BirthDate = 'no day'"), "");
+        for (const char* number : {"00000002", "00000005"})
+            EXPECT_EQ(answer(std::string{"Patient_Data..sp_aopd_Load_TbMaster '"} + number + "'").front().substr(0, 8),
+                      number);
+    };
+    expectAll();
+    expectAll(); // of known shapes
+    for (int i = 0; i < 300; ++i)
+        EXPECT_EQ(answer("Select HospNum c" + std::to_string(i) + all + "where HospNum = '00000001'").size(), 1U);
+    expectAll();
+}
+
 TEST(Statements, ThatAreKeptFollowATableThatHasChanged) {
     EmbeddedHospital hospital;
     const auto connection = hospital.connect();

@@ -4,6 +4,7 @@
 #include "ui/window.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace opd::ui {
 
@@ -36,6 +37,19 @@ bool fits(const std::string& text, const std::string& mask) {
            });
 }
 
+constexpr int firstYear = 1753; // of the calendar that databases reckon with
+
+/// A date in any spelling that a clerk may leave it in. Blanks inside are places of a mask that were passed over.
+std::optional<DateTime> dateSpelled(const std::string& text) {
+    const std::optional<DateTime> date = parseDate(text);
+    return date ? date : parseDate(text::replaced(text, " ", ""));
+}
+
+std::optional<DateTime> storableDate(const std::string& text) {
+    const std::optional<DateTime> date = dateSpelled(text);
+    return date && date->year >= firstYear ? date : std::nullopt;
+}
+
 } // namespace
 
 void MaskedBox::setMask(std::string_view mask, int maxLength) {
@@ -58,20 +72,58 @@ void MaskedBox::setText(const std::string& text) {
     raiseChange();
 }
 
-// Blanks inside are places of the mask that were passed over.
 std::string MaskedBox::spelled(const std::string& text) const {
-    std::optional<DateTime> date;
-    if (m_mask == dateMask && !(date = parseDate(text)))
-        date = parseDate(text::replaced(text, " ", ""));
+    return m_mask == dateMask ? DatePicker::spelled(text) : text;
+}
+
+std::string DatePicker::spelled(const std::string& text) {
+    const std::optional<DateTime> date = dateSpelled(text);
     return date ? dateText(*date) : text;
 }
 
 void DatePicker::setValue(const DateTime& value) {
+    giveUpDraft();
     if (value == m_value)
         return;
     m_value = value;
     tellView(Aspect::Text);
     raiseChange();
+}
+
+// Typed over a date digit by digit, the text is a date in between, too; one with a place left is not.
+void DatePicker::write(const std::string& text) {
+    const bool isWhole = text.find(' ') == std::string::npos;
+    const std::optional<DateTime> date = isWhole ? storableDate(text) : std::nullopt;
+    if (date) {
+        take(*date);
+        return;
+    }
+    m_draft = text;
+    tellView(Aspect::Text);
+}
+
+bool DatePicker::settle() {
+    if (m_draft.empty())
+        return true;
+    const std::optional<DateTime> date = storableDate(m_draft);
+    if (date)
+        take(*date);
+    else
+        setRefusal(noDate);
+    return date.has_value();
+}
+
+void DatePicker::giveUpDraft() {
+    if (refusal() == noDate)
+        setRefusal({});
+    if (std::exchange(m_draft, {}).empty())
+        return;
+    tellView(Aspect::Text);
+}
+
+/// The time of day stays as it is.
+void DatePicker::take(const DateTime& day) {
+    setValue({day.year, day.month, day.day, m_value.hour, m_value.minute, m_value.second});
 }
 
 std::string DatePicker::text() const {

@@ -86,10 +86,13 @@ class MaskedBox final : public Control {
     std::string m_text;
 };
 
-/// A date or a time of day that always has a value.
+/// A date or a time of day that always has a value. A date that is typed is left only when it is one.
 class DatePicker final : public Control {
   public:
     enum class Format { Date, Time };
+
+    /// The mark of a draft that is no date.
+    static constexpr const char* noDate = "This is no date. Eight digits: month, day and year.";
 
     DatePicker(Container& container, std::string name, std::string caption, Format format)
         : Control(Kind::DatePicker, &container, std::move(name), std::move(caption)), m_format(format) {}
@@ -100,11 +103,27 @@ class DatePicker final : public Control {
 
     /// "MM/dd/yyyy" or "hh:mm AM", by its format.
     std::string text() const;
-    std::string shownText() const override { return text(); }
+    std::string shownText() const override { return m_draft.empty() ? text() : m_draft; }
+
+    /// A text that is a date as a box for dates shows it; every other one as it is.
+    static std::string spelled(const std::string& text);
+
+    /// What is typed into a date, a blank in each empty place: its value as soon as it is a whole date, until then a
+    /// draft that is shown and counts for nothing.
+    void write(const std::string& text);
+
+    /// Makes the value of a draft in another spelling, such as "3/7/2025". False for one that is no date: it is marked.
+    bool settle();
+
+    /// Shows the value again.
+    void giveUpDraft();
 
   private:
+    void take(const DateTime& day);
+
     Format m_format;
     DateTime m_value{1980, 1, 1, 0, 0, 0};
+    std::string m_draft; ///< empty while the value is shown
 };
 
 /// A drop-down list with a text. A text that is no entry can be shown but not typed.

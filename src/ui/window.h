@@ -110,7 +110,7 @@ class Window : public Container {
     std::optional<KeyStroke> press(const KeyStroke& stroke, Desktop& desktop);
 
     /// What a stroke that `press` left over does on a desktop without widgets of its own: an arrow goes on in the cells
-    /// of a grid; an arrow, Home, End or the first letter of an entry in a list.
+    /// of a grid and from day to day in a date; an arrow, Home, End or the first letter of an entry in a list.
     void step(const KeyStroke& stroke);
 
     // What `press` is made of
@@ -176,12 +176,14 @@ class Window : public Container {
     void written(TextBox& box, const std::string& text);
     void written(MaskedBox& box, const std::string& text);
     void written(DatePicker& picker, const DateTime& value);
+    void written(DatePicker& picker, const std::string& text);
 
     /// New content of a field, after every filter. Content that arrives while a handler of this window runs is taken as
     /// a part of that event: the view shows it already.
     void edited(TextBox& box, const std::string& text);
     void edited(MaskedBox& box, const std::string& text);
     void edited(DatePicker& picker, const DateTime& value);
+    void edited(DatePicker& picker, const std::string& text);
     void picked(ComboBox& box, int index);
     void pickedCell(Grid& grid, int row, int column);
     void tick(Timer& timer);

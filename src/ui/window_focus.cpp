@@ -79,7 +79,13 @@ bool Window::requestFocus(Control& target) {
 
 bool Window::mayLeaveFor(const Control& target) {
     completeDate();
-    if (m_focus == nullptr || !m_focus->onValidate || !target.causesValidation || asksFor(target, *m_focus))
+    if (m_focus == nullptr || !target.causesValidation || asksFor(target, *m_focus))
+        return true;
+    if (m_focus->kind() == Kind::DatePicker && !static_cast<DatePicker&>(*m_focus).settle()) {
+        giveFocus(m_focus); // it is written anew
+        return false;
+    }
+    if (!m_focus->onValidate)
         return true;
     m_focusSetByProgram = false;
     bool refuse = false;
@@ -123,6 +129,8 @@ void Window::completeDate() {
 void Window::loseFocus() {
     completeDate();
     Control* const left = std::exchange(m_focus, nullptr);
+    if (left != nullptr && left->kind() == Kind::DatePicker)
+        static_cast<DatePicker&>(*left).giveUpDraft();
     if (left == nullptr || !left->onLostFocus)
         return;
     const int life = m_life;

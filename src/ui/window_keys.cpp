@@ -1,5 +1,6 @@
 #include "ui/window.h"
 
+#include "base/clock/date_time.h"
 #include "base/text/text.h"
 
 #include <algorithm>
@@ -173,6 +174,10 @@ void Window::step(const KeyStroke& stroke) {
         const int index = entryReached(box, stroke);
         if (index != box.index() && index >= 0 && index < static_cast<int>(box.items().size()))
             picked(box, index);
+    } else if (m_focus->kind() == Kind::DatePicker && (key == Key::Up || key == Key::Down)) {
+        auto& picker = static_cast<DatePicker&>(*m_focus);
+        if (picker.format() == DatePicker::Format::Date)
+            edited(picker, addDays(picker.value(), key == Key::Up ? 1 : -1));
     }
 }
 

@@ -72,6 +72,8 @@ std::string Window::passed(Control& field, const std::string& text) {
     std::string content = plain(field, text);
     if (field.kind() == Kind::MaskedBox)
         content = static_cast<const MaskedBox&>(field).spelled(content);
+    else if (field.kind() == Kind::DatePicker)
+        content = DatePicker::spelled(content);
     return text::encode(filtered(field, text::decode(content)));
 }
 
@@ -136,6 +138,14 @@ void Window::written(DatePicker& picker, const DateTime& value) {
         tellView(picker, Aspect::Text);
 }
 
+void Window::written(DatePicker& picker, const std::string& text) {
+    const int life = m_life;
+    if (!m_handling && requestFocus(picker))
+        edited(picker, text);
+    if (life == m_life)
+        tellView(picker, Aspect::Text);
+}
+
 void Window::edited(TextBox& box, const std::string& text) {
     const std::string before = box.text();
     handle([&] { box.setText(text); });
@@ -165,6 +175,10 @@ void Window::enterWhenFull(const Control& field, const std::string& before, cons
 
 void Window::edited(DatePicker& picker, const DateTime& value) {
     handle([&] { picker.setValue(value); });
+}
+
+void Window::edited(DatePicker& picker, const std::string& text) {
+    handle([&] { picker.write(text); });
 }
 
 } // namespace opd::ui

@@ -75,7 +75,8 @@ class Desk:
             except GLib.Error:
                 pass  # a window that has just closed answers so
             time.sleep(0.05)
-        raise AssertionError(f"there is no {what}; open: {[(w.getRoleName(), w.name) for w in self.windows()]}")
+        raise AssertionError(f"there is no {what}; open: "
+                             f"{[(w.getRoleName(), w.name, [n.name for n in tree(w) if n.name]) for w in self.windows()]}")
 
     def window(self, name, role=None):
         """A window that is on top and ready."""

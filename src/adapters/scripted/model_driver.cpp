@@ -6,12 +6,22 @@
 
 namespace opd::adapters {
 
+namespace {
+
+/// An arrow that the line of a date has no use for.
+bool goesToAnotherDay(const ui::Window& window, const ui::KeyStroke& key) {
+    return window.focus() != nullptr && window.focus()->kind() == ui::Kind::DatePicker &&
+           (key.key == ui::Key::Up || key.key == ui::Key::Down);
+}
+
+} // namespace
+
 void ModelDriver::press(const script::KeyStroke& key) {
     ui::Window* const window = currentWindow();
     const std::optional<ui::KeyStroke> left = window == nullptr ? std::nullopt : window->press(key, m_desktop);
     if (!left)
         return;
-    if (m_edits.contains(window))
+    if (m_edits.contains(window) && !goesToAnotherDay(*window, *left))
         edit(*window, *left);
     else
         window->step(*left);
@@ -42,6 +52,10 @@ std::optional<ui::LineEdit::Rules> rulesOf(const ui::Control* control) {
     if (const auto* box = dynamic_cast<const ui::TextBox*>(control))
         return ui::LineEdit::Rules{
             .maxLength = box->maxLength(), .multiLine = box->multiLine, .readOnly = box->readOnly};
+    const auto* picker = dynamic_cast<const ui::DatePicker*>(control);
+    if (picker != nullptr && picker->format() == ui::DatePicker::Format::Date)
+        return ui::LineEdit::Rules{.mask = std::string{ui::MaskedBox::dateMask},
+                                   .maxLength = static_cast<int>(ui::MaskedBox::dateMask.size())};
     return std::nullopt;
 }
 
@@ -105,6 +119,8 @@ void ModelDriver::takeOver(ui::Window& window) {
         return;
     if (auto* masked = dynamic_cast<ui::MaskedBox*>(window.focus()))
         window.edited(*masked, content);
+    else if (auto* picker = dynamic_cast<ui::DatePicker*>(window.focus()))
+        window.edited(*picker, content);
     else if (auto* box = dynamic_cast<ui::TextBox*>(window.focus()))
         window.edited(*box, box->multiLine ? ui::TextBox::withLineEnds(content) : content);
 }

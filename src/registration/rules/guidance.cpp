@@ -56,10 +56,12 @@ std::string Guidance::stillNeeded() const {
     const std::vector<ui::Control*> missing = missingFields(m_fields, m_globals);
     if (missing.empty())
         return {};
-    const std::string next = nameOf(*missing.front());
+    std::string next = nameOf(*missing.front());
+    if (!next.ends_with('.')) // some captions are cut short
+        next += '.';
     if (missing.size() == 1)
-        return "1 field is still needed: " + next + ".";
-    return counted(static_cast<long>(missing.size()), "field") + " are still needed, next: " + next + ".";
+        return "1 field is still needed: " + next;
+    return counted(static_cast<long>(missing.size()), "field") + " are still needed, next: " + next;
 }
 
 void Guidance::markNeeded() {

@@ -152,6 +152,7 @@ def measure_desks(rows, patients, options):
     copy = RESULTS / "many-desks"
     shutil.rmtree(copy, ignore_errors=True)
     shutil.copytree(HOSPITALS / str(patients), copy)
+    os.sync()  # otherwise the first save waits until the disk has taken the copy
     for row in rows:
         think = row.get("think", 0)
         seconds = options.minutes * 60 if think and options.minutes else row["seconds"] / (4 if options.quick else 1)

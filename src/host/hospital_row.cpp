@@ -61,6 +61,7 @@ const char* columnNamed(const std::string& name) {
 std::vector<std::pair<std::string, bool>> flagsOf(ado::Connection& connection) {
     const ado::Recordset row = rowOf(connection);
     std::vector<std::pair<std::string, bool>> flags;
+    flags.reserve(featureFlags.size());
     for (const FeatureFlag& flag : featureFlags)
         flags.emplace_back(flag.column, row.Fields(flag.column).asFlag());
     return flags;

@@ -39,6 +39,7 @@ std::vector<VisitCount> visitCounts(ado::Connection& connection, const DateTime&
             ++count.revoked;
     }
     std::vector<VisitCount> found;
+    found.reserve(counts.size());
     for (auto& [key, count] : counts)
         found.push_back(std::move(count));
     return found;

@@ -244,7 +244,7 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
     const Draft draft(folder, backup);
     if (std::filesystem::exists(file) && damagesOf(file, file).empty())
         return replaceContent(file, draft);
-    const std::filesystem::path kept = setAside(file);
+    std::filesystem::path kept = setAside(file);
     copyWhole(draft.file(), file, machineClock());
     Database(file, Database::Mode::Existing, machineClock()).run("PRAGMA journal_mode = WAL");
     if (!kept.empty())

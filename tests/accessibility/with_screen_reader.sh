@@ -18,7 +18,8 @@ cleanup() {
     rm -rf "$folder"
 }
 trap cleanup EXIT
-Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
+# A number of its own: of two servers that look for a free one at once, one can take the other's away.
+Xvfb ":$((1000 + $$ % 30000))" -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
 display_pid=$!
 for _ in $(seq 100); do [[ -s "$folder/display" ]] && break; sleep 0.1; done
 [[ -s "$folder/display" ]] || { echo "Skipped: no display can be started."; exit 77; }

@@ -6,25 +6,13 @@ set -euo pipefail
 desk="$1" program="$2"
 here="$(cd "$(dirname "$0")" && pwd)"
 launcher=/usr/libexec/at-spi-bus-launcher
-for needed in Xvfb dbus-run-session dbus-send "$launcher"; do
-    command -v "$needed" >/dev/null || { echo "Skipped: $needed is missing."; exit 77; }
-done
+# shellcheck source=tests/support/at_a_display.sh
+source "$here/../support/at_a_display.sh"
+needs dbus-run-session dbus-send "$launcher"
 /usr/bin/python3 -c "import pyatspi" 2>/dev/null || { echo "Skipped: python3-pyatspi is missing."; exit 77; }
 
-folder="$(mktemp -d)"
-display_pid=
-cleanup() {
-    [[ -n "$display_pid" ]] && kill "$display_pid" 2>/dev/null
-    rm -rf "$folder"
-}
-trap cleanup EXIT
-# A number of its own: of two servers that look for a free one at once, one can take the other's away.
-Xvfb ":$((1000 + $$ % 30000))" -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
-display_pid=$!
-for _ in $(seq 100); do [[ -s "$folder/display" ]] && break; sleep 0.1; done
-[[ -s "$folder/display" ]] || { echo "Skipped: no display can be started."; exit 77; }
-export DISPLAY=":$(<"$folder/display")" QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0
-export XDG_RUNTIME_DIR="$folder" HOME="$folder" OPD_CLASS_REGISTRY="$folder/classes.ini" LANG=C.UTF-8
+start_display
+export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0 LANG=C.UTF-8
 "$desk" create-database "$folder/hospital" --patients 60 --now "11/25/2026 10:00"
 sqlite3 "$folder/hospital/hospital.db" "update Patient_Data_tbHospitalInfo set isAllowCreateNewIDnum = 1, IsAllowOPDPatientClass = 1"
 cat >"$folder/session.sh" <<END

@@ -4,23 +4,10 @@
 # Ends with 77 where there is no display to type at.
 set -euo pipefail
 desk="$1"
-for needed in Xvfb xdotool; do
-    command -v "$needed" >/dev/null || { echo "Skipped: $needed is missing."; exit 77; }
-done
-folder="$(mktemp -d)"
-cleanup() {
-    # shellcheck disable=SC2046 # several numbers
-    kill $(jobs -p) 2>/dev/null || true
-    wait
-    rm -rf "$folder"
-}
-trap cleanup EXIT
-# A number of its own: of two servers that look for a free one at once, one can take the other's away.
-Xvfb ":$((1000 + $$ % 30000))" -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
-for _ in $(seq 100); do [[ -s "$folder/display" ]] && break; sleep 0.1; done
-[[ -s "$folder/display" ]] || { echo "Skipped: no display can be started."; exit 77; }
-export DISPLAY=":$(<"$folder/display")" QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$folder" HOME="$folder"
-export OPD_CLASS_REGISTRY="$folder/classes.ini"
+# shellcheck source=tests/support/at_a_display.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../../support/at_a_display.sh"
+needs xdotool
+start_display
 cd "$folder"
 
 seen() {

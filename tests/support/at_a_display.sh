@@ -19,8 +19,9 @@ needs() {
 }
 
 # A number of its own: of two servers that look for a free one at once, one can take the other's away.
+# And no starting over when its last client leaves, which refuses whoever comes meanwhile.
 start_display() {
-    Xvfb ":$((1000 + $$ % 30000))" -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
+    Xvfb ":$((1000 + $$ % 30000))" -displayfd 3 -screen 0 1366x768x24 -nolisten tcp -noreset 3>"$folder/display" 2>/dev/null &
     for _ in $(seq 100); do [[ -s "$folder/display" ]] && break; sleep 0.1; done
     [[ -s "$folder/display" ]] || { echo "Skipped: no display can be started."; exit 77; }
     DISPLAY=":$(<"$folder/display")"

@@ -1,9 +1,10 @@
 -- What the registration form loads, and what it checks before it goes on.
 USE Patient_Data;
 GO
--- A desk that asks within a transaction writes behind the answer. So patient and visit are held until it ends, in the
--- order in which every save writes them: what was answered stays true, and a save or a revocation of another desk waits.
--- An UPDATE that changes nothing holds a row on every server; Babelfish takes hints for that and does nothing.
+-- A desk that asks within a transaction writes behind the answer. So patient and visit, or the patient alone, are held
+-- until it ends, in the order in which every save writes them: what was answered stays true, and a save or a revocation
+-- of another desk waits. An UPDATE that changes nothing holds a row on every server; Babelfish takes hints for that and
+-- does nothing.
 DROP PROCEDURE IF EXISTS dbo.sp_aopd_LoadOutPatient;
 GO
 CREATE PROCEDURE dbo.sp_aopd_LoadOutPatient
@@ -39,6 +40,8 @@ CREATE PROCEDURE dbo.sp_aopd_Load_TbMaster
 AS
 BEGIN
   SET NOCOUNT ON;
+  IF @@TRANCOUNT > 0
+    UPDATE dbo.tbMaster SET Sex = Sex WHERE HospNum = @HospNum;
   SELECT m.HospNum, m.LastName, m.FirstName, m.MiddleName, m.Title, m.HouseStreet, m.Barangay, m.ZipCode, m.Sex,
          m.BirthDate, m.telnum, m.CivilStatus, m.BloodType, m.Occupation, m.Employer, m.EmployerAddress,
          m.EmployerTelNum, e.BirthPlace, e.NationalityID, COALESCE(e.ReligionID, m.ReligionID) AS ReligionID,

@@ -135,7 +135,7 @@ void CommandLine::addConfigure() {
                     "Folder of the patients' photographs; beside a hospital's database without it")
         ->type_name(aFolder);
     sub->add_option("--watch-other-desks", settings.watchOtherDesks,
-                    "Before a visit is updated, ask what other desks stored into it meanwhile; yes without it")
+                    "Before a visit or a patient on file is written, ask what other desks stored meanwhile; yes without it")
         ->check(CLI::IsMember({"yes", "no"}));
     sub->add_option(
            "--one-visit-a-day", settings.oneVisitADay,

@@ -28,6 +28,21 @@ std::string revokedMeanwhile(const std::string& visit, bool canBeRestored) {
                          "patient can be registered anew.");
 }
 
+/// What another desk changed, and that nothing of this save is stored.
+std::string changedElsewhere(const Record& record) {
+    const std::string changed = record.isEdit() ? "visit " + record.AdmissionNumber + " or its patient"
+                                                : "the record of Hosp. # (" + record.HospNum + ")";
+    return "Another desk stored changes to " + changed + " after it was opened here. Nothing of this " +
+           (record.isWritten ? "try" : "desk") + " is saved yet.";
+}
+
+std::string gone(const Record& record) {
+    const std::string fact = record.isEdit()
+                                 ? "visit " + record.AdmissionNumber + " can no longer be edited as it is stored now"
+                                 : "Hosp. # (" + record.HospNum + ") is no longer on file";
+    return "Nothing was saved: " + fact + ". Please close this form.";
+}
+
 } // namespace
 
 RegistrationForm::RegistrationForm(Session& session, const Opening& opening)
@@ -52,6 +67,12 @@ RegistrationForm::~RegistrationForm() {
 }
 
 void RegistrationForm::SetRegistrationMode() {
+    load();
+    m_kept.offer();
+    m_guidance->markNeeded();
+}
+
+void RegistrationForm::load() {
     m_window.load();
     takeOverSearch();
     m_fields.header.fraMasterFileRegistrationOnly.setVisible(false);
@@ -64,8 +85,6 @@ void RegistrationForm::SetRegistrationMode() {
     if (m_record.isNewPatient())
         m_window.setFocus(m_opening.lastName.empty() ? m_fields.header.txtLastName : m_fields.header.txtFirstName);
     rememberLoaded();
-    m_kept.offer();
-    m_guidance->markNeeded();
 }
 
 /// What was searched for goes into the form of a new patient.
@@ -135,16 +154,24 @@ bool RegistrationForm::stores(bool updateOnly) {
 /// Another desk stored something: whether this one may write over it. What is stored by now is loaded as a form that
 /// nobody sees.
 bool RegistrationForm::mayOverwrite() {
-    RegistrationForm storedNow(m_session, {m_record.FormType, m_record.HospNum, m_record.AdmissionNumber, {}});
-    storedNow.SetRegistrationMode();
-    if (!storedNow.m_record.isLoaded) {
-        m_session.desktop.ask({.text = "Nothing was saved: visit " + m_record.AdmissionNumber +
-                                       " can no longer be edited as it is stored now. Please close this form."});
+    RegistrationForm storedNow(m_session, m_opening);
+    storedNow.load();
+    if (isGone(storedNow.m_record)) {
+        m_session.desktop.ask({.text = gone(m_record)});
         return false;
     }
+    return m_record.isEdit() ? mayOverwriteVisit(storedNow) : mayOverwritePatient(storedNow);
+}
+
+/// Whether what this form was opened for cannot be opened any more.
+bool RegistrationForm::isGone(const Record& storedNow) const {
+    return m_record.isEdit() ? !storedNow.isLoaded : m_record.isOnFile && !storedNow.isOnFile;
+}
+
+bool RegistrationForm::mayOverwriteVisit(const RegistrationForm& storedNow) {
     if (isRevokedMeanwhile(storedNow))
         return false;
-    const Stands stands = chooses(storedNow.m_loaded);
+    const Stands stands = chooses(m_loaded, storedNow.m_loaded);
     if (stands == Stands::Theirs)
         take(storedNow);
     if (stands != Stands::Mine)
@@ -152,6 +179,21 @@ bool RegistrationForm::mayOverwrite() {
     m_loaded = storedNow.m_loaded;
     m_record.followUnshown(storedNow.m_record);
     return true;
+}
+
+/// A new visit was filled from the patient alone. How that was is not kept with every form: it is loaded anew from the
+/// rows of the opening.
+bool RegistrationForm::mayOverwritePatient(const RegistrationForm& storedNow) {
+    RegistrationForm asOpened(m_session, m_opening);
+    asOpened.m_record.rows.answerAs(m_record.rows);
+    asOpened.load();
+    const auto loaded = [](const RegistrationForm& form) { return form.values(FieldValues::Meaning::Stored); };
+    const Stands stands = chooses(loaded(asOpened), loaded(storedNow));
+    if (stands == Stands::Mine)
+        m_record.followUnshown(storedNow.m_record);
+    if (stands == Stands::Theirs)
+        takePatient(storedNow, asOpened);
+    return stands == Stands::Mine;
 }
 
 /// A visit that was revoked while it was open here is not brought back by a save.
@@ -169,15 +211,19 @@ bool RegistrationForm::isRevokedMeanwhile(const RegistrationForm& storedNow) {
     return true;
 }
 
-Stands RegistrationForm::chooses(const FieldValues& storedNow) {
+Stands RegistrationForm::chooses(const FieldValues& loaded, const FieldValues& storedNow) {
     const auto isWritten = [this](const ui::Control& field) {
         return isSentHere(m_fields, field, m_session.globals, m_record);
     };
     std::vector<FieldDifference> found =
-        differences(m_window, m_loaded, storedNow, values(FieldValues::Meaning::Written), isWritten);
+        differences(m_window, loaded, storedNow, values(FieldValues::Meaning::Written), isWritten);
     if (found.empty())
         return Stands::Mine; // nothing that this desk would change
-    return frmChangedMeanwhile(std::move(found)).ask(m_session.desktop, m_record.AdmissionNumber);
+    frmChangedMeanwhile question(std::move(found));
+    if (m_record.isNew())
+        question.fields().cmdTakeTheirs.hint =
+            "Shows in the form what the other desk stored; whatever else was typed here stays.";
+    return question.ask(m_session.desktop, changedElsewhere(m_record));
 }
 
 /// Shows what is stored now in the place of what was loaded and typed.
@@ -187,10 +233,22 @@ void RegistrationForm::take(const RegistrationForm& storedNow) {
     m_loaded = storedNow.m_loaded;
     m_wasRevoked = storedNow.m_wasRevoked;
     tellUnknownMoments(m_fields.additional, m_record);
+    showTaken("This is what the other desk stored. What was typed here is given up.");
+}
+
+/// Shows what another desk stored of the patient. What was typed besides, that of the visit above all, is no other
+/// desk's business and stays.
+void RegistrationForm::takePatient(const RegistrationForm& storedNow, const RegistrationForm& asOpened) {
+    ui::WindowContent(storedNow.m_window).restoreChanges(ui::WindowContent(asOpened.m_window), m_window);
+    m_record.takeUnshown(storedNow.m_record);
+    showTaken("What the other desk stored stands in the form. Whatever else was typed here is kept.");
+}
+
+void RegistrationForm::showTaken(const std::string& status) {
     showAgeInMonths(m_fields.header, m_session.globals.gServerDate); // restoring raises no change
     m_guidance->markNeeded();
     m_window.setFocus(m_fields.header.txtLastName);
-    m_window.setStatus("This is what the other desk stored. What was typed here is given up.");
+    m_window.setStatus(status);
 }
 
 // Without a number nothing is stored, and what was typed must not go with the form.

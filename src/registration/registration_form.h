@@ -39,14 +39,20 @@ class RegistrationForm {
     bool validate();
 
   private:
+    void load();
     void bindButtons();
     void disableIdleButtons();
     void save(bool updateOnly);
     bool stores(bool updateOnly);
     bool mayOverwrite();
+    bool mayOverwriteVisit(const RegistrationForm& storedNow);
+    bool mayOverwritePatient(const RegistrationForm& storedNow);
+    bool isGone(const Record& storedNow) const;
     bool isRevokedMeanwhile(const RegistrationForm& storedNow);
-    Stands chooses(const FieldValues& storedNow);
+    Stands chooses(const FieldValues& loaded, const FieldValues& storedNow);
     void take(const RegistrationForm& storedNow);
+    void takePatient(const RegistrationForm& storedNow, const RegistrationForm& asOpened);
+    void showTaken(const std::string& status);
     void rememberLoaded();
     void takeOverSearch();
     FieldValues values(FieldValues::Meaning meaning) const;

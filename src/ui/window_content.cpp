@@ -1,6 +1,9 @@
 #include "ui/window_content.h"
 
+#include "ui/coded_field.h"
+
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace opd::ui {
@@ -61,7 +64,25 @@ void choose(ComboBox& box, int index, const std::string& text) {
         box.setText(text);
 }
 
+/// The controls that show one and the same thing.
+std::vector<const Control*> shownWith(const Control& control) {
+    if (control.kind() == Kind::OptionButton) {
+        const std::vector<OptionButton*> group = as<OptionButton>(control).group();
+        return {group.begin(), group.end()};
+    }
+    if (control.kind() == Kind::TextBox && as<TextBox>(control).coded != nullptr)
+        return {&as<TextBox>(control).coded->code, &as<TextBox>(control).coded->name};
+    return {&control};
+}
+
 } // namespace
+
+bool WindowContent::State::holdsSameAs(const State& other) const {
+    const auto held = [](const State& state) {
+        return std::tie(state.visible, state.enabled, state.caption, state.text, state.mask, state.number, state.rows);
+    };
+    return held(*this) == held(other);
+}
 
 WindowContent::WindowContent(const Window& window) {
     for (const Control* control : controlsOf(window))
@@ -115,12 +136,31 @@ WindowContent::State WindowContent::stateOf(const Control& control) {
 }
 
 void WindowContent::restore(Window& window) const {
+    restoreWhere([](const Control&) { return true; }, window);
+}
+
+void WindowContent::restoreChanges(const WindowContent& before, Window& window) const {
+    const auto hasChanged = [&](const Control& control) {
+        const std::vector<const Control*> together = shownWith(control);
+        return std::any_of(together.begin(), together.end(),
+                           [&](const Control* one) { return differs(before, *one); });
+    };
+    restoreWhere(hasChanged, window);
+}
+
+bool WindowContent::differs(const WindowContent& before, const Control& control) const {
+    const auto now = m_states.find(control.name());
+    const auto then = before.m_states.find(control.name());
+    return now != m_states.end() && then != before.m_states.end() && !now->second.holdsSameAs(then->second);
+}
+
+void WindowContent::restoreWhere(const std::function<bool(const Control&)>& isMeant, Window& window) const {
     const std::vector<Control*> controls = controlsOf(window);
     const Silence silence(window, controls);
     for (const bool tabs : {false, true}) // a page is shown when it is known to be usable
         for (Control* control : controls)
             if (const auto state = m_states.find(control->name());
-                state != m_states.end() && (control->kind() == Kind::Tabs) == tabs)
+                state != m_states.end() && (control->kind() == Kind::Tabs) == tabs && isMeant(*control))
                 put(state->second, *control);
 }
 

@@ -4,6 +4,7 @@
 #include "ui/grid.h"
 #include "ui/window.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,6 +22,11 @@ class WindowContent {
     /// control of a name that was not there keeps what it holds.
     void restore(Window& window) const;
 
+    /// Likewise, and only what differs from what was taken down `before` in another window of the same make: whatever
+    /// else the window holds stays. The options of a group, and a code with what it stands for, go together. Pictures
+    /// and the moments of pickers count as the same.
+    void restoreChanges(const WindowContent& before, Window& window) const;
+
   private:
     struct State {
         bool visible = true;
@@ -36,10 +42,14 @@ class WindowContent {
         int row = 0;
         int column = 0;
         SharedImage image;
+
+        bool holdsSameAs(const State& other) const;
     };
 
     static State stateOf(const Control& control);
     static void put(const State& state, Control& control);
+    void restoreWhere(const std::function<bool(const Control&)>& isMeant, Window& window) const;
+    bool differs(const WindowContent& before, const Control& control) const;
 
     std::map<std::string, State> m_states; ///< by the control's name
 };

@@ -209,29 +209,37 @@ TEST_P(Contract, AStatusIsWrittenAndLogged) {
               Rows{"CLERK|Revoked"});
 }
 
-// What a desk asked for within the transaction that writes stays true until that ends; a revocation waits.
-TEST_P(Contract, HoldsAVisitFromTheAskingToTheWriting) {
+// What a desk asked for within the transaction that writes stays true until that ends; a revocation of the visit and a
+// save of the patient wait.
+TEST_P(Contract, HoldsAVisitAndAPatientFromTheAskingToTheWriting) {
     using namespace std::chrono_literals;
     const Saved saved(*connection);
     run("sp_aopd_Update_TbMaster", saved.master);
     run("sp_aopd_Update_tbOutpatient", saved.values);
     const auto other = hospital->connect();
-    std::future<void> revocation;
-    {
-        ado::Transaction transaction(*connection);
-        EXPECT_EQ(saved.loadedVisit({"OPDStatus"}), "");
-        revocation = std::async(std::launch::async, [&] {
-            other->Execute(
-                sql("update Patient_Data..tbOutpatient set opdstatus = 'R' where idnum = '" + saved.visit + "'"));
-        });
-        EXPECT_EQ(revocation.wait_for(300ms), std::future_status::timeout) << "the visit was not held";
-        connection->Execute(
-            sql("Update Patient_data..tbOutPatient set isWalkIn = '1', OPDStatus = 'W' where IDnum = '" + saved.visit +
-                "'"));
-        transaction.commit();
-    }
-    revocation.get();
+    const std::string visit = saved.visit + "'";
+    const auto holds = [&](const std::string& asked, const std::string& theirs, const std::string& ours) {
+        std::future<void> waits;
+        {
+            ado::Transaction transaction(*connection);
+            EXPECT_FALSE(connection->Execute(sql(asked)).EndOfFile());
+            waits = std::async(std::launch::async, [&] { other->Execute(sql(theirs)); });
+            EXPECT_EQ(waits.wait_for(300ms), std::future_status::timeout) << asked << " held nothing";
+            connection->Execute(sql(ours));
+            transaction.commit();
+        }
+        waits.get();
+    };
+    holds(callOf("sp_aopd_LoadOutPatient", {saved.visit}),
+          "update Patient_Data..tbOutpatient set opdstatus = 'R' where idnum = '" + visit,
+          "Update Patient_data..tbOutPatient set isWalkIn = '1', OPDStatus = 'W' where IDnum = '" + visit);
     EXPECT_EQ(saved.loadedVisit({"OPDStatus"}), "R");
+
+    std::vector<std::string> theirs = saved.master;
+    theirs[4] = "99 OTHER STREET";
+    holds(callOf("sp_aopd_Load_TbMaster", {saved.patient}), callOf("sp_aopd_Update_TbMaster", theirs),
+          callOf("sp_aopd_Update_TbMaster", saved.master));
+    EXPECT_EQ(saved.loaded("sp_aopd_Load_TbMaster", saved.patient).Fields("HouseStreet").asText(), theirs[4]);
 }
 
 } // namespace

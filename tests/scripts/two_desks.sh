@@ -12,10 +12,11 @@ export QT_QPA_PLATFORM="offscreen:configfile=$here/../../tools/screen.json"
 cd "$folder"
 more="$(head -c 100000 /dev/zero | tr '\0' x)"
 opened='type txtHospNum "00000001"\nwait 600\nanswer "No" like "The Patient is still registered! .*"\nkey Enter\n'
+newVisit='type txtHospNum "00000004"\nwait 600\nkey Enter\n'
 
 play() { "$desk" run --database hospital --user "$1" --desktop "$2" --script "$3"; }
 
-# What another desk does with the same visit, from opening it on.
+# What another desk does with the same visit or patient, from opening it on.
 write_script() { printf "$opened$1" > other.opd; }
 other() {
     write_script "$1"
@@ -42,5 +43,9 @@ type txtWeight "70"\nanswer "OK" like ".* was registered as .*"\nkey Alt+U\nkey 
     read -r _ # the rest of what it said
     read -r _
     other 'answer "Yes" like "Are you sure .* revoked\\."\nclick cmdRevoke\nkey Escape\n'
+    read -r _
+    read -r _
+    opened="$newVisit" other 'type txtBirthDate "01021950"\ntype txtHouseStreet "99 other street"
+type txtTelNum(2) "555-1234"\nanswer "OK" like ".* was registered as .*"\nkey Alt+R\nkey Escape\n'
     cat > /dev/null
 }

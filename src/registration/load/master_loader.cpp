@@ -85,6 +85,7 @@ bool LoadData(const Session& session, Fields& fields, Record& record) {
     const ado::Recordset master = record.rows.ask(session, statements::master(record.HospNum), optimistic);
     if (master.RecordCount() == 0)
         return !record.isEdit();
+    record.isOnFile = true;
     fields.buttons.cmdUpdate.setVisible(false);
     showMaster(session, fields, record, master);
     ui::TextBox& lastName = fields.header.txtLastName;
@@ -93,7 +94,7 @@ bool LoadData(const Session& session, Fields& fields, Record& record) {
     LoadExtendedMaster(session, fields, record);
     LoadDependents(session, fields.employment.mshDependents, record.rows, record.HospNum);
     LoadMedicalHistory(session, fields.history, record.rows, record.HospNum);
-    GetCancerPatient(session, fields.personal, record.rows, fields.header.txtOPDNum.text());
+    GetCancerPatient(session, fields.personal, record, fields.header.txtOPDNum.text());
     return true;
 }
 

@@ -88,8 +88,10 @@ bool SearchPatient(const Session& session, Fields& fields, Record& record) {
     return record.isNew() ? passesSameDayCheck(session, record.HospNum) : loadVisit(session, fields, record);
 }
 
-void GetCancerPatient(const Session& session, PersonalTab& personal, LoadedRows& rows, const std::string& opdNumber) {
-    const ado::Recordset visit = rows.ask(session, statements::programmes(opdNumber), optimistic);
+void GetCancerPatient(const Session& session, PersonalTab& personal, Record& record, const std::string& opdNumber) {
+    const ado::Statement programmes = statements::programmes(opdNumber);
+    const ado::Recordset visit = record.isNewVisit() ? data::openClient(session, programmes, dynamic, optimistic)
+                                                     : record.rows.ask(session, programmes, optimistic);
     if (visit.RecordCount() <= 0)
         return;
     struct Treatment {

@@ -18,8 +18,9 @@ std::string registeredToday(const Session& session, const std::string& hospNum);
 /// Loads the allergies of `HospNum`, as they are saved with every visit. Throws ado::Error.
 void LoadAllergies(const Session& session, HistoryTab& history, Record& record);
 
-/// Loads the programmes and the expiration date of a visit. Throws ado::Error.
-void GetCancerPatient(const Session& session, PersonalTab& personal, LoadedRows& rows, const std::string& opdNumber);
+/// Loads the programmes and the expiration date of a visit; a new one has none that another desk could change. Throws
+/// ado::Error.
+void GetCancerPatient(const Session& session, PersonalTab& personal, Record& record, const std::string& opdNumber);
 
 /// Loads the last menstruation period of a visit. Throws ado::Error.
 void loadOutProfile(const Session& session, HistoryTab& history, LoadedRows& rows, const std::string& opdNumber);

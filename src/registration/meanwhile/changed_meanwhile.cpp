@@ -34,10 +34,9 @@ frmChangedMeanwhile::frmChangedMeanwhile(std::vector<FieldDifference> difference
     warn();
 }
 
-Stands frmChangedMeanwhile::ask(ui::Desktop& desktop, const std::string& visit) {
+Stands frmChangedMeanwhile::ask(ui::Desktop& desktop, const std::string& what) {
     m_choice = Stands::Neither;
-    m_fields.lblWhat.setCaption("Another desk stored changes to visit " + visit +
-                                " or its patient after it was opened here. Nothing of this desk is saved yet.");
+    m_fields.lblWhat.setCaption(what);
     desktop.showModal(m_window);
     m_window.unload();
     return m_choice;

@@ -6,14 +6,14 @@
 
 namespace opd::registration {
 
-/// Which of two desks a visit follows.
+/// Which of two desks a record follows.
 enum class Stands {
     Mine,   ///< what stands on this desk is written over what the other one stored
     Theirs, ///< what the other desk stored stands; this form shows it
     Neither ///< back to the form as it is; nothing is written
 };
 
-/// Shows, field by field, what another desk stored while this one had the visit open, and asks which of the two is to
+/// Shows, field by field, what another desk stored while this one had the record open, and asks which of the two is to
 /// stand. Esc goes back to the form.
 class frmChangedMeanwhile {
   public:
@@ -22,8 +22,8 @@ class frmChangedMeanwhile {
     ui::Window& window() { return m_window; }
     ChangedMeanwhileFields& fields() { return m_fields; }
 
-    /// Shows the window until the clerk has chosen. `visit` is the visit's number.
-    Stands ask(ui::Desktop& desktop, const std::string& visit);
+    /// Shows the window until the clerk has chosen. `what` says what another desk changed, and what is saved here.
+    Stands ask(ui::Desktop& desktop, const std::string& what);
 
   private:
     void close(Stands choice);

@@ -6,6 +6,8 @@
 #include "ui/coded_field.h"
 #include "ui/spoken_names.h"
 
+#include <algorithm>
+
 namespace opd::registration {
 
 namespace {
@@ -44,8 +46,10 @@ std::string chosenIn(const ui::OptionButton& first) {
     return {};
 }
 
-/// A picker always shows some moment, also where none is stored.
+/// A picker always shows some moment, also where none is stored; of a new visit none is.
 bool holdsNothing(const Fields& fields, const ui::DatePicker& picker, const Record& record, Meaning meaning) {
+    if (meaning == Meaning::Stored && record.isNew())
+        return true;
     const AdditionalTab& letter = fields.additional;
     const bool informed = &picker == &letter.DateLOAInformed || &picker == &letter.TimeLOAInformed;
     if (informed || picker.container() == &letter.letterOfAuthorization)
@@ -54,16 +58,29 @@ bool holdsNothing(const Fields& fields, const ui::DatePicker& picker, const Reco
     return !picker.enabled() && &picker == &fields.personal.dtpExpiration;
 }
 
-/// The children, a line each.
-std::string dependentsIn(const ui::Grid& grid) {
-    std::string list;
+std::string joined(const std::vector<std::string>& lines) {
+    std::string all;
+    for (const std::string& line : lines)
+        all += (all.empty() ? "" : "\r\n") + line;
+    return all;
+}
+
+/// The children, a line each. Stored are those who have both name and birth date, in an order of the database's own.
+Value ofDependents(const ui::Grid& grid) {
+    std::vector<std::string> listed;
+    std::vector<std::string> stored;
     for (int row = 1; row <= grid.rowCount(); ++row) {
-        const std::string child =
-            text::trimmed(grid.cell(row, nameColumn)) + "  " + text::trimmed(grid.cell(row, birthDateColumn));
-        if (!text::isBlank(child))
-            list += (list.empty() ? "" : "\r\n") + child;
+        const std::string name = text::trimmed(grid.cell(row, nameColumn));
+        const std::string birthDate = text::trimmed(grid.cell(row, birthDateColumn));
+        if (!name.empty() || !birthDate.empty())
+            listed.push_back(name + "  " + birthDate);
+        if (!name.empty() && !birthDate.empty())
+            stored.push_back(listed.back());
     }
-    return list;
+    std::sort(stored.begin(), stored.end());
+    Value value = plain(grid.name(), joined(listed));
+    value.stored = joined(stored);
+    return value;
 }
 
 /// What the boxes of a form hold, collected control by control.
@@ -94,10 +111,10 @@ class Collector {
             break;
         case ui::Kind::OptionButton:
             if (as<ui::OptionButton>(control).group().front() == &control)
-                put(*control.container(), chosenIn(as<ui::OptionButton>(control)));
+                addGroup(as<ui::OptionButton>(control));
             break;
         case ui::Kind::Grid:
-            put(control, dependentsIn(as<ui::Grid>(control)));
+            values.push_back(ofDependents(as<ui::Grid>(control)));
             break;
         default:
             break;
@@ -107,6 +124,15 @@ class Collector {
   private:
     void put(const ui::Control& control, const std::string& content) {
         values.push_back(plain(control.name(), content));
+    }
+
+    /// Where nobody chose about the health insurance, a save stores that there is none.
+    void addGroup(const ui::OptionButton& first) {
+        Value value = plain(first.container()->name(), chosenIn(first));
+        const EmploymentTab& employment = m_fields.employment;
+        if (m_meaning == Meaning::Written && first.container() == &employment.philHealth && value.content.empty())
+            value.stored = value.shown = text::trimmed(ui::plainCaption(employment.philHealthNo.caption()));
+        values.push_back(std::move(value));
     }
 
     void addBox(const ui::TextBox& box) {

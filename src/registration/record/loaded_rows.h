@@ -15,6 +15,9 @@ class LoadedRows {
     ado::Recordset ask(const Session& session, const ado::Statement& statement,
                        ado::LockType lock = ado::LockType::ReadOnly, Open open = &data::openClient);
 
+    /// From now on whatever was asked then is answered as it was then; the database is asked for the rest.
+    void answerAs(const LoadedRows& then) { m_then = then.m_asked; }
+
     /// Asks everything again, in the same order and the same way. False at the first answer that is another one by now.
     /// Throws ado::Error.
     bool stillStand(const Session& session) const;
@@ -28,6 +31,7 @@ class LoadedRows {
     };
 
     std::vector<Asked> m_asked;
+    std::vector<Asked> m_then; ///< whose answers are given in place of the database's
 };
 
 } // namespace opd::registration

@@ -78,6 +78,7 @@ struct Record {
     // What loading finds.
     LoadedRows rows;
     bool isLoaded = false;         ///< visit and patient of an "Edit" are on the form
+    bool isOnFile = false;         ///< the patient's master is on the form
     bool hasAuthorization = false; ///< the visit has a letter of authorization
     std::string VisitKindCode;     ///< "N" new patient, "O" patient on file; set in a new registration only
     std::string Findings;
@@ -128,6 +129,9 @@ struct Record {
 
     /// Takes over what is stored by now of all that the form does not show, so that a save leaves it as it stands.
     void followUnshown(const Record& storedNow);
+
+    /// The same of a form that shows what is stored by now.
+    void takeUnshown(const Record& storedNow);
 
     // How far the save came.
     bool isOutdated = false;      ///< the last try found other rows than the form was loaded from; nothing is stored

@@ -133,15 +133,18 @@ void refuseSecondRegistration(const Session& session, const Record& record) {
 /// inside the transaction, so that on a database that lets one writer in at a time nobody comes between.
 bool writePatientAndVisit(Session& session, const Fields& fields, Record& record, bool updateOnly) {
     const std::vector<std::string> doctors = updateOnly ? std::vector<std::string>{} : doctorsToCount(fields, record);
-    const bool looks = record.isEdit() && data::watchesOtherDesks(session.settings);
+    const bool looks = !record.isNewPatient() && data::watchesOtherDesks(session.settings);
     // Everything is put together before the transaction begins, which keeps the other desks out.
     const std::vector<Statement> ofPatient = patientStatements(session.globals, fields, record);
     const std::vector<Statement> ofVisit =
         updateOnly ? std::vector<Statement>{} : visitStatements(session.globals, fields, record, doctors);
     ado::Transaction transaction(session.connection());
     record.isOutdated = looks && !record.rows.stillStand(session);
-    if (record.isOutdated)
+    if (record.isOutdated) {
+        if (!updateOnly)
+            refuseSecondRegistration(session, record); // whatever the clerk would choose
         return false;
+    }
     for (const Statement& statement : ofPatient)
         data::execute(session, statement);
     if (!updateOnly)

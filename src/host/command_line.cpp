@@ -134,8 +134,9 @@ void CommandLine::addConfigure() {
     sub->add_option("--pictures", settings.pictures,
                     "Folder of the patients' photographs; beside a hospital's database without it")
         ->type_name(aFolder);
-    sub->add_option("--watch-other-desks", settings.watchOtherDesks,
-                    "Before a visit or a patient on file is written, ask what other desks stored meanwhile; yes without it")
+    sub->add_option(
+           "--watch-other-desks", settings.watchOtherDesks,
+           "Before a visit or a patient on file is written, ask what other desks stored meanwhile; yes without it")
         ->check(CLI::IsMember({"yes", "no"}));
     sub->add_option(
            "--one-visit-a-day", settings.oneVisitADay,

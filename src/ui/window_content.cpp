@@ -142,8 +142,7 @@ void WindowContent::restore(Window& window) const {
 void WindowContent::restoreChanges(const WindowContent& before, Window& window) const {
     const auto hasChanged = [&](const Control& control) {
         const std::vector<const Control*> together = shownWith(control);
-        return std::any_of(together.begin(), together.end(),
-                           [&](const Control* one) { return differs(before, *one); });
+        return std::any_of(together.begin(), together.end(), [&](const Control* one) { return differs(before, *one); });
     };
     restoreWhere(hasChanged, window);
 }

@@ -81,8 +81,8 @@ class TwoDesks : public testing::Test {
         ASSERT_TRUE(registration::SaveData(session, form.fields(), form.record(), false));
     }
 
-    /// Presses "&Update" or "&Register" in a form that is shown. `choose` works the window of the changes, which must come exactly
-    /// when there is one. True when the form closed.
+    /// Presses "&Update" or "&Register" in a form that is shown. `choose` works the window of the changes, which must
+    /// come exactly when there is one. True when the form closed.
     bool update(registration::RegistrationForm& form, const TestDesktop::Work& choose = {}) {
         hospital.desktop.shown.clear();
         hospital.desktop.messages.clear();
@@ -445,7 +445,8 @@ TEST_F(TwoDesks, ANewVisitWritesThePatientOverNothingThatTheOtherDeskStored) {
     // Registered at both desks as it stands, also where it is not known yet who is insured, nobody is asked.
     otherProgram("Update Patient_Data..tbMaster2 set PhilHealth = null where HospNum = '00000002'");
     form = hospital.open(newVisit);
-    updateElsewhere(other.session, [](registration::Fields&) {}, newVisit);
+    updateElsewhere(
+        other.session, [](registration::Fields&) {}, newVisit);
     EXPECT_TRUE(update(*form));
 
     // A patient who is not on file any more is not written again.

@@ -8,8 +8,8 @@ ado::Recordset LoadedRows::ask(const Session& session, const ado::Statement& sta
     const auto then = std::find_if(m_then.begin(), m_then.end(), [&statement](const Asked& asked) {
         return asked.statement.str() == statement.str();
     });
-    ado::Recordset rows = then != m_then.end() ? ado::Recordset(then->answer)
-                                               : open(session, statement, ado::CursorType::Dynamic, lock);
+    ado::Recordset rows =
+        then != m_then.end() ? ado::Recordset(then->answer) : open(session, statement, ado::CursorType::Dynamic, lock);
     m_asked.push_back({statement, lock, open, rows.all()});
     return rows;
 }

@@ -1,5 +1,6 @@
 #include "registration/registration_form.h"
 
+#include "ado/error.h"
 #include "data/rows.h"
 #include "registration/load/authorization_loader.h"
 #include "registration/load/form_load.h"
@@ -140,9 +141,14 @@ void RegistrationForm::save(bool updateOnly) {
         close();
 }
 
-/// Checks and saves. Where another desk came first the clerk decides, as often as that happens.
+/// Checks and saves. Where another desk came first the clerk decides, as often as that happens. Rows that no two
+/// readings answer alike, as procedures of a hospital's own may give them, would never be saved.
 bool RegistrationForm::stores(bool updateOnly) {
-    while (validate()) {
+    constexpr int mostTries = 10;
+    for (int tries = 0; validate(); ++tries) {
+        if (tries == mostTries)
+            throw ado::Error("Nothing was saved: what is stored changes at every look. Please try again. If it lasts, "
+                             "the administrator can switch the look off (opd-desk configure --watch-other-desks no).");
         if (SaveData(m_session, m_fields, m_record, updateOnly))
             return true;
         if (!m_record.isOutdated || !mayOverwrite())

@@ -197,6 +197,20 @@ TEST_F(TwoDesks, WhatBothStoredAlikeOrNobodySeesIsNotAskedAbout) {
     EXPECT_TRUE(update(*form));
     EXPECT_EQ(stored("Findings", "tbOutPatientHistory") + stored("DiagnosisID1", "tbOutPatientHistory"), "SEEND1");
 
+    // What is another text at every look is given up, and not looked for without end.
+    form = openVisit();
+    int looks = 0;
+    hospital.globals.gConnection->setTrace([&](const std::string& statement) {
+        if (statement == "begin")
+            otherProgram("Update Patient_Data..tbOutPatientHistory set Findings = 'SEEN " + std::to_string(++looks) +
+                         "' where IDNum = '2600000001B'");
+    });
+    EXPECT_FALSE(update(*form));
+    EXPECT_TRUE(
+        hospital.desktop.messages.back().text.starts_with("Nothing was saved: what is stored changes at every"));
+    EXPECT_EQ(looks, 10);
+    hospital.globals.gConnection->setTrace([this](const std::string& statement) { m_trace += statement + "\n"; });
+
     // Nobody else: the visit and everything that hangs off it are asked for once, before the first write.
     form = openVisit();
     EXPECT_TRUE(update(*form));

@@ -405,7 +405,11 @@ TEST_F(TwoDesks, ANewVisitWritesThePatientOverNothingThatTheOtherDeskStored) {
     mine.header.dtpAdmDate.setValue({2026, 11, 23, 0, 0, 0});
     mine.personal.txtEmail.setText("a@b.ph");
     mine.header.male.setSelected(true);
-    hospital.clock.moment.minute += 5; // what the clock presets is nobody's change
+    hospital.globals.gConnection->setTrace([this](const std::string& statement) {
+        m_trace += statement + "\n";
+        if (statement.find("GetDate") != std::string::npos)
+            ++hospital.clock.moment.minute; // what the clock presets is nobody's change
+    });
     updateElsewhere(
         other.session,
         [](registration::Fields& theirs) {

@@ -147,8 +147,9 @@ bool RegistrationForm::stores(bool updateOnly) {
     constexpr int mostTries = 10;
     for (int tries = 0; validate(); ++tries) {
         if (tries == mostTries)
-            throw ado::Error("Nothing was saved: what is stored changes at every look. Please try again. If it lasts, "
-                             "the administrator can switch the look off (opd-desk configure --watch-other-desks no).");
+            throw ado::Error(
+                "Nothing of this try was saved: what is stored changes at every look. Please try again. If it lasts, "
+                "the administrator can switch the look off (opd-desk configure --watch-other-desks no).");
         if (SaveData(m_session, m_fields, m_record, updateOnly))
             return true;
         if (!m_record.isOutdated || !mayOverwrite())

@@ -207,7 +207,7 @@ TEST_F(TwoDesks, WhatBothStoredAlikeOrNobodySeesIsNotAskedAbout) {
     });
     EXPECT_FALSE(update(*form));
     EXPECT_TRUE(
-        hospital.desktop.messages.back().text.starts_with("Nothing was saved: what is stored changes at every"));
+        hospital.desktop.messages.back().text.starts_with("Nothing of this try was saved: what is stored changes"));
     EXPECT_EQ(looks, 10);
     hospital.globals.gConnection->setTrace([this](const std::string& statement) { m_trace += statement + "\n"; });
 

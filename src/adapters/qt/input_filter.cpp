@@ -210,7 +210,7 @@ bool InputFilter::dropped(WindowShell& shell, QWidget& widget, QDropEvent& event
     ControlView* view = shell.viewAt(&widget);
     if (view == nullptr || !event.mimeData()->hasText() || !shell.model().requestFocus(view->control()))
         return true;
-    view->placeCursor(view->widget()->mapFrom(&widget, event.position().toPoint()));
+    view->placeCursor(event.position().toPoint());
     paste(shell, event.mimeData()->text());
     event.setDropAction(Qt::CopyAction);
     event.accept();

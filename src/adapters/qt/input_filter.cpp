@@ -49,6 +49,11 @@ bool isScrolledByWheel(const QWidget& widget) {
            qobject_cast<const QAbstractSpinBox*>(&widget) != nullptr;
 }
 
+/// A text whose accents are parts of their letters, as keys type them: some programs give an n and its tilde apart.
+std::string composedText(const QString& text) {
+    return fromQt(text.normalized(QString::NormalizationForm_C));
+}
+
 QString toText(const std::u32string& characters) {
     return QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
 }
@@ -134,13 +139,16 @@ bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEven
         if (shell.isOpen())
             if (const auto left = shell.model().press({.character = character}, m_desktop))
                 taken += left->character;
-    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom())
+    if (taken.empty() || !shell.isOpen() || view == nullptr)
+        return true;
+    const QString fits = view->fitted(toText(taken));
+    if (fits.isEmpty())
         return true;
     bool isTaken = false;
     view->letThrough([&] { isTaken = view->takes(taken.front()); });
     if (isTaken || !shell.isOpen())
         return true;
-    QKeyEvent passed(QEvent::KeyPress, key.key(), key.modifiers(), toText(taken), key.isAutoRepeat());
+    QKeyEvent passed(QEvent::KeyPress, key.key(), key.modifiers(), fits, key.isAutoRepeat());
     resend(*view, receiver, passed);
     return true;
 }
@@ -157,14 +165,12 @@ bool InputFilter::composed(WindowShell& shell, QWidget& receiver, QInputMethodEv
     ControlView* view = shell.focusView();
     if (event.commitString().isEmpty() || view == nullptr)
         return false;
+    const QString passed = toQt(shell.model().passed(view->control(), composedText(event.commitString())));
+    if (!shell.isOpen())
+        return true;
     QInputMethodEvent another(event.preeditString(), event.attributes());
-    if (!view->hasRoom())
-        another.setCommitString({}, event.replacementStart(), event.replacementLength());
-    else
-        another.setCommitString(toQt(shell.model().passed(view->control(), fromQt(event.commitString()))),
-                                event.replacementStart(), event.replacementLength());
-    if (shell.isOpen())
-        resend(*view, receiver, another);
+    another.setCommitString(view->fitted(passed), event.replacementStart(), event.replacementLength());
+    resend(*view, receiver, another);
     return true;
 }
 
@@ -221,7 +227,7 @@ void InputFilter::paste(WindowShell& shell, const QString& text) {
     ControlView* view = shell.focusView();
     if (view == nullptr)
         return;
-    const std::string passed = shell.model().passed(view->control(), fromQt(text));
+    const std::string passed = shell.model().passed(view->control(), composedText(text));
     if (!passed.empty() && shell.isOpen())
         view->letThrough([&] { view->insert(toQt(passed)); });
 }

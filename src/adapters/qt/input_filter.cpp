@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
@@ -54,6 +55,12 @@ std::string composedText(const QString& text) {
     return fromQt(text.normalized(QString::NormalizationForm_C));
 }
 
+/// A key that is held down since before a question could be read; it answers nothing.
+bool isHeldOverMessage(const QWidget& widget, const QEvent& event) {
+    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).isAutoRepeat() &&
+           qobject_cast<const QMessageBox*>(widget.window()) != nullptr;
+}
+
 QString toText(const std::u32string& characters) {
     return QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
 }
@@ -73,6 +80,8 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
     if (!object->isWidgetType())
         return false;
     auto& widget = static_cast<QWidget&>(*object);
+    if (isHeldOverMessage(widget, *event))
+        return true;
     WindowShell* shell = openShell(widget.window());
     return shell != nullptr && widgetEvent(*shell, widget, *event);
 }

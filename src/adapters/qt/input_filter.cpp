@@ -2,6 +2,7 @@
 
 #include "adapters/qt/basics/key_codes.h"
 #include "adapters/qt/basics/qt_text.h"
+#include "adapters/qt/look/marks.h"
 #include "adapters/qt/window_shell.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QContextMenuEvent>
 #include <QDateTimeEdit>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -19,6 +21,8 @@
 #include <QScopedValueRollback>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWindow>
 
 namespace opd::qt {
@@ -59,6 +63,18 @@ std::string composedText(const QString& text) {
 bool isHeldOverMessage(const QWidget& widget, const QEvent& event) {
     return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).isAutoRepeat() &&
            qobject_cast<const QMessageBox*>(widget.window()) != nullptr;
+}
+
+/// Tells the mouse the whole of a text that is cut, unless there is a reason against it to be told.
+bool tipWanted(QWidget& widget, const QHelpEvent& event) {
+    const auto* edit = qobject_cast<const QLineEdit*>(&widget);
+    if (edit == nullptr || isMarked(edit, "refused"))
+        return false;
+    constexpr int inside = 7; // of a field, before its text
+    if (edit->fontMetrics().horizontalAdvance(edit->displayText()) <= edit->width() - 2 * inside)
+        return false;
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(edit->displayText(), Qt::WhiteSpaceNormal), &widget);
+    return true;
 }
 
 QString toText(const std::u32string& characters) {
@@ -115,6 +131,8 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     }
     case QEvent::ContextMenu:
         return menuWanted(shell, widget, static_cast<QContextMenuEvent&>(event));
+    case QEvent::ToolTip:
+        return tipWanted(widget, static_cast<const QHelpEvent&>(event));
     case QEvent::Drop:
         return dropped(shell, widget, static_cast<QDropEvent&>(event));
     case QEvent::Wheel:

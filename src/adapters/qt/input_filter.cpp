@@ -240,6 +240,8 @@ bool InputFilter::menuWanted(WindowShell& shell, QWidget& widget, const QContext
 
 // Dropped where the mouse points, as far as the model lets it through.
 bool InputFilter::dropped(WindowShell& shell, QWidget& widget, QDropEvent& event) {
+    QDragLeaveEvent end; // the widget sees no drop, and would show for ever where it was to go
+    QCoreApplication::sendEvent(&widget, &end);
     ControlView* view = shell.viewAt(&widget);
     if (view == nullptr || !event.mimeData()->hasText() || !shell.model().requestFocus(view->control()))
         return true;

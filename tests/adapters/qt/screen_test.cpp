@@ -173,8 +173,12 @@ TEST(QtScreen, FieldsAndColumnsShowWholeWhatTheyAreExpectedToHold) {
                                      {{"SANTOS", longName + longName, longAddress}});
     EXPECT_GT(list->columnWidth(2), list->fontMetrics().horizontalAdvance(toQt(longAddress)));
     EXPECT_LT(list->columnWidth(1), list->fontMetrics().horizontalAdvance(toQt(longName + longName)));
-    search.form.pickedCell(search.form.gridPatientList, 1, 1);
+    search.form.setFocus(search.form.gridPatientList);
+    search.press("Right");
     EXPECT_GT(list->columnWidth(1), list->fontMetrics().horizontalAdvance(toQt(longName + longName)));
+    for (int presses = 0; presses < 10; ++presses)
+        search.press("Right");
+    EXPECT_EQ(list->horizontalScrollBar()->value(), list->horizontalScrollBar()->maximum());
 }
 
 TEST(QtScreen, AWindowOpensAsItWasLeft) {

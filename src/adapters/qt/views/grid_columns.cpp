@@ -1,8 +1,9 @@
 #include "adapters/qt/views/grid_columns.h"
 
-#include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTableView>
 
 #include <algorithm>
@@ -23,6 +24,7 @@ GridColumns::GridColumns(QTableView& table) : m_table(table) {
     titles->setStretchLastSection(true);
     table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     table.viewport()->installEventFilter(this);
+    table.installEventFilter(this);
     connect(titles, &QHeaderView::sectionResized, this, [this](int column, int, int width) { resized(column, width); });
     connect(table.selectionModel(), &QItemSelectionModel::currentChanged, this, &GridColumns::fit);
 }
@@ -136,10 +138,27 @@ void GridColumns::resized(int column, int width) {
     m_dragged[dragged] = true;
 }
 
-bool GridColumns::eventFilter(QObject* viewport, QEvent* event) {
-    if (event->type() == QEvent::Resize)
+/// Moves on within a last column that is wider than the table.
+bool GridColumns::scrolls(int key) const {
+    const bool onward = key == Qt::Key_Right;
+    if ((!onward && key != Qt::Key_Left) || !m_table.currentIndex().isValid() ||
+        m_table.currentIndex().column() != lastShown())
+        return false;
+    QScrollBar& bar = *m_table.horizontalScrollBar();
+    const int start = std::min(m_table.horizontalHeader()->sectionPosition(lastShown()), bar.maximum());
+    if (onward ? bar.value() >= bar.maximum() : bar.value() <= start)
+        return false;
+    const int half = m_table.viewport()->width() / 2;
+    bar.setValue(std::clamp(bar.value() + (onward ? half : -half), start, bar.maximum()));
+    return true;
+}
+
+bool GridColumns::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::Resize && object == m_table.viewport())
         fit();
-    return QObject::eventFilter(viewport, event);
+    if (event->type() == QEvent::KeyPress && scrolls(static_cast<const QKeyEvent*>(event)->key()))
+        return true;
+    return QObject::eventFilter(object, event);
 }
 
 } // namespace opd::qt

@@ -25,7 +25,7 @@ class GridColumns final : public QObject {
     /// Shares out the room that there is now.
     void fit();
 
-    bool eventFilter(QObject* viewport, QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
     int lastShown() const;
@@ -33,6 +33,7 @@ class GridColumns final : public QObject {
     int needOf(int column) const;
     void shareOut(std::vector<int>& widths, int spare) const;
     void resized(int column, int width);
+    bool scrolls(int key) const;
 
     QTableView& m_table;
     std::vector<int> m_given;

@@ -15,7 +15,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
@@ -59,10 +58,11 @@ std::string composedText(const QString& text) {
     return fromQt(text.normalized(QString::NormalizationForm_C));
 }
 
-/// A key that is held down since before a question could be read; it answers nothing.
-bool isHeldOverMessage(const QWidget& widget, const QEvent& event) {
-    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).isAutoRepeat() &&
-           qobject_cast<const QMessageBox*>(widget.window()) != nullptr;
+/// A text that is longer than its field is read from its beginning once it is left. A time has parts of its own.
+void showBeginning(QWidget& left) {
+    auto* edit = qobject_cast<QLineEdit*>(&left);
+    if (edit != nullptr && qobject_cast<const QAbstractSpinBox*>(edit->parentWidget()) == nullptr)
+        edit->setCursorPosition(0);
 }
 
 /// Tells the mouse the whole of a text that is cut, unless there is a reason against it to be told.
@@ -96,8 +96,6 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
     if (!object->isWidgetType())
         return false;
     auto& widget = static_cast<QWidget&>(*object);
-    if (isHeldOverMessage(widget, *event))
-        return true;
     WindowShell* shell = openShell(widget.window());
     return shell != nullptr && widgetEvent(*shell, widget, *event);
 }
@@ -129,6 +127,10 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
             view->clickedInto();
         return false;
     }
+    case QEvent::FocusOut:
+        if (widget.window()->isActiveWindow() && QApplication::activePopupWidget() == nullptr)
+            showBeginning(widget);
+        return false;
     case QEvent::ContextMenu:
         return menuWanted(shell, widget, static_cast<QContextMenuEvent&>(event));
     case QEvent::ToolTip:

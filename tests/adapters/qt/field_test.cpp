@@ -117,6 +117,7 @@ TEST(QtFields, WhatIsComposedDroppedOrPastedByTheMenuPassesTheSameFilterAndUndoI
     desk.form.setFocus(desk.form.history.complaint);
     dropOn(desk.widget<QPlainTextEdit>("txtChiefComplaint_1")->viewport());
     EXPECT_EQ(desk.form.history.complaint.text(), "DE FEVER");
+    EXPECT_EQ(edit->cursorPosition(), 0) << "a long name is read from its end";
 }
 
 TEST(QtFields, ADateThatAlwaysHasAValueIsTypedPastedOrPickedAndNotLeftWithWhatIsNone) {

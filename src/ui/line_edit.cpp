@@ -24,11 +24,19 @@ bool isDigitOrBlank(char32_t character) {
 
 } // namespace
 
+std::size_t places(std::u32string_view characters) {
+    const auto isTwo = [](char32_t character) { return character > U'\uFFFF'; };
+    return characters.size() + static_cast<std::size_t>(std::count_if(characters.begin(), characters.end(), isTwo));
+}
+
 std::string fitting(std::string_view utf8, int maxLength, std::size_t kept) {
     const auto limit = static_cast<std::size_t>(std::max(0, maxLength));
     if (limit == 0)
         return std::string{utf8};
-    return text::encode(text::decode(utf8).substr(0, limit - std::min(limit, kept)));
+    std::u32string characters = text::decode(utf8).substr(0, limit - std::min(limit, kept));
+    while (!characters.empty() && kept + places(characters) > limit)
+        characters.pop_back();
+    return text::encode(characters);
 }
 
 void LineEdit::load(std::string_view utf8, Rules rules) {
@@ -56,6 +64,7 @@ void LineEdit::place(std::size_t anchor, std::size_t caret) {
 }
 
 void LineEdit::insert(std::string_view utf8) {
+    m_isCut = false;
     if (m_rules.readOnly || utf8.empty())
         return;
     std::u32string characters = text::decode(utf8);
@@ -68,7 +77,9 @@ void LineEdit::insert(std::string_view utf8) {
             enterIntoMask(character);
         return;
     }
-    characters = text::decode(fitting(utf8, m_rules.maxLength, m_text.size()));
+    const std::string fits = fitting(utf8, m_rules.maxLength, places(m_text));
+    m_isCut = fits.size() < utf8.size();
+    characters = text::decode(fits);
     m_text.insert(m_caret, characters);
     m_anchor = m_caret += characters.size();
 }
@@ -82,6 +93,7 @@ void LineEdit::eraseSelection() {
 }
 
 void LineEdit::press(const KeyStroke& key, std::string& clipboard) {
+    m_isCut = false;
     if (key.alt)
         return;
     switch (key.key) {

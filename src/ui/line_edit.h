@@ -9,7 +9,10 @@
 
 namespace opd::ui {
 
-/// What of a text fits into a box that holds `kept` characters beside it; 0 is no limit.
+/// How much of a limit a text takes. It counts as the databases do, where a character beyond U+FFFF is two.
+std::size_t places(std::u32string_view characters);
+
+/// What of a text fits into a box that has `kept` places taken beside it; 0 is no limit.
 std::string fitting(std::string_view utf8, int maxLength, std::size_t kept);
 
 /// A text that is edited: its caret, what is selected, and what can be undone. It knows no control and no filter; what
@@ -34,6 +37,7 @@ class LineEdit {
     std::string text() const;
     std::string selection() const;
     std::size_t caret() const { return m_caret; }
+    int maxLength() const { return m_rules.maxLength; }
 
     /// Selects from `anchor` to `caret`; nothing when they are one.
     void place(std::size_t anchor, std::size_t caret);
@@ -41,6 +45,9 @@ class LineEdit {
 
     /// Puts a text in the place of what is selected. A text that fills the whole mask takes the place of everything.
     void insert(std::string_view utf8);
+
+    /// True when something of the last text that was put in found no room.
+    bool isCut() const { return m_isCut; }
 
     /// Takes away what is selected.
     void eraseSelection();
@@ -84,6 +91,7 @@ class LineEdit {
     std::u32string m_text;
     std::size_t m_anchor = 0;
     std::size_t m_caret = 0;
+    bool m_isCut = false;
     Change m_lastChange = Change::None; ///< changes of one kind that follow each other are undone together
     std::vector<State> m_done;
     std::vector<State> m_undone;

@@ -53,6 +53,7 @@ void Window::load() {
     // A window may be loaded again while a handler that unloaded it still runs further up; its new life starts afresh.
     m_handling = false;
     m_focus = nullptr;
+    m_leftOut.clear();
     if (!onLoad)
         return;
     try {
@@ -97,7 +98,20 @@ void Window::setStatus(const std::string& status) {
     tellView(*this, Aspect::Status);
 }
 
+void Window::sayLeftOut(const std::string& what) {
+    if (what == m_leftOut)
+        return;
+    m_leftOut = what;
+    tellView(*this, Aspect::Status);
+}
+
+void Window::foundNoRoom(int maxLength) {
+    sayLeftOut("This field takes " + std::to_string(maxLength) + " characters. What is beyond that was left out.");
+}
+
 std::string Window::statusLine() const {
+    if (!m_leftOut.empty())
+        return m_leftOut;
     if (m_focus != nullptr && !m_focus->refusal().empty())
         return m_focus->refusal();
     if (!m_status.empty())

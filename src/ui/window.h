@@ -95,8 +95,9 @@ class Window : public Container {
     /// What the window has to say for itself: what was found, what was stored. It stands until it is changed.
     void setStatus(const std::string& status);
 
-    /// What the status line reads: why the content of the control that has the focus is refused, or else the window's
-    /// own status, or else the hint of that control (the window's own when it has none) and what is still to be done.
+    /// What the status line reads: what of the last input was left out, or else why the content of the control that has
+    /// the focus is refused, or else the window's own status, or else the hint of that control (the window's own when
+    /// it has none) and what is still to be done.
     std::string statusLine() const;
 
     /// The control of a name, or null.
@@ -167,8 +168,12 @@ class Window : public Container {
 
     /// A text that reaches a field in one piece: pasted, dropped, made of several keys. The focus moves there, and
     /// every character passes what a typed one passes. Line ends stay where the field has lines and are blanks
-    /// elsewhere; a date is spelled as a box for dates spells it. Returns what is to be put in at the cursor.
+    /// elsewhere; a date is spelled as a box for dates spells it. Returns what is to be put in at the cursor. Where
+    /// something was held back, the status line says so.
     std::string passed(Control& field, const std::string& text);
+
+    /// Something of the last input found no room in the field at hand: the status line says so until the next input.
+    void foundNoRoom(int maxLength);
 
     /// The whole content that a field shows when it was changed past keyboard and clipboard: by an assistive program, a
     /// form filler, undo. The clerk goes there with it: the focus moves, and what is new passes as in `passed`. Where
@@ -200,6 +205,7 @@ class Window : public Container {
 
   private:
     bool handle(const std::function<void()>& handler);
+    void sayLeftOut(const std::string& what);
     void passKey(KeyPress& press);
     bool pressWithAlt(const KeyStroke& stroke);
     bool pressToMoveOn(const KeyStroke& stroke);
@@ -226,7 +232,8 @@ class Window : public Container {
     WindowView* m_view = nullptr;
     Control* m_focus = nullptr;
     std::string m_status;
-    int m_life = 0; ///< how often it was unloaded; tells an event that its window is another one by now
+    std::string m_leftOut; ///< said of the last input
+    int m_life = 0;        ///< how often it was unloaded; tells an event that its window is another one by now
     bool m_loaded = false;
     bool m_open = false;
     bool m_handling = false;

@@ -127,6 +127,7 @@ void Window::completeDate() {
 
 // While its handler runs the focus is nowhere; when that fails it stays where it was.
 void Window::loseFocus() {
+    sayLeftOut({});
     completeDate();
     Control* const left = std::exchange(m_focus, nullptr);
     if (left != nullptr && left->kind() == Kind::DatePicker)

@@ -70,6 +70,7 @@ int entryReached(const ComboBox& box, const KeyStroke& stroke) {
 std::optional<KeyStroke> Window::press(const KeyStroke& stroke, Desktop& desktop) {
     if (m_handling)
         return std::nullopt;
+    sayLeftOut({});
     if (stroke.alt && !stroke.control)
         return pressWithAlt(stroke) ? std::nullopt : std::optional{stroke};
     if (pressToMoveOn(stroke) || pressFunctionKey(stroke, desktop))

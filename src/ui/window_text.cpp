@@ -74,10 +74,12 @@ std::string Window::passed(Control& field, const std::string& text) {
         content = static_cast<const MaskedBox&>(field).spelled(content);
     else if (field.kind() == Kind::DatePicker)
         content = DatePicker::spelled(content);
+    sayLeftOut({});
     return text::encode(filtered(field, text::decode(content)));
 }
 
-/// What the window lets through of some characters, one by one, while the field keeps the focus.
+/// What the window lets through of some characters, one by one, while the field keeps the focus. It says when that was
+/// not all.
 std::u32string Window::filtered(const Control& field, std::u32string_view characters) {
     std::u32string kept;
     const int life = m_life;
@@ -88,6 +90,8 @@ std::u32string Window::filtered(const Control& field, std::u32string_view charac
         if (code != 0)
             kept += code;
     }
+    if (kept.size() < characters.size())
+        sayLeftOut("This field does not take every character: some were left out.");
     return kept;
 }
 
@@ -99,10 +103,13 @@ template <class Box> std::string Window::withFiltered(Box& box, const std::strin
     const std::u32string before = text::decode(box.text());
     const std::u32string after = text::decode(plain(box, text));
     const Common same = common(before, after);
-    const std::size_t kept = same.atStart + same.atEnd;
-    const std::u32string middle = filtered(box, after.substr(same.atStart, after.size() - kept));
-    return text::encode(after.substr(0, same.atStart)) + fitting(text::encode(middle), box.maxLength(), kept) +
-           text::encode(after.substr(after.size() - same.atEnd));
+    const std::u32string start = after.substr(0, same.atStart), end = after.substr(after.size() - same.atEnd);
+    const std::string middle =
+        text::encode(filtered(box, after.substr(same.atStart, after.size() - same.atStart - same.atEnd)));
+    const std::string fits = fitting(middle, box.maxLength(), places(start) + places(end));
+    if (fits.size() < middle.size())
+        foundNoRoom(box.maxLength());
+    return text::encode(start) + fits + text::encode(end);
 }
 
 // What arrives while a message box or another window waits for the clerk is refused, as a key would be.
@@ -111,6 +118,7 @@ template <class Box> void Window::write(Box& box, const std::string& text) {
         return;
     const int life = m_life;
     if (!m_handling && takesText(box) && requestFocus(box)) {
+        sayLeftOut({});
         const std::string content = withFiltered(box, text);
         if (life == m_life && m_focus == &box)
             edited(box, content);

@@ -2,6 +2,7 @@
 
 #include "component/trace_file.h"
 #include "data/hospital_settings.h"
+#include "setup/server_scripts.h"
 #include "support/files.h"
 #include "support/full_disk.h"
 #include "support/sql.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
+#include <regex>
 #include <set>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -283,6 +285,62 @@ TEST(RoundTrip, OpeningAndSavingUnchangedChangesNoColumnOfAnyRow) {
             expectUnchanged(before, everything(hospital, keys), false);
         }
     }
+}
+
+/// What the columns of a server's tables hold, by "tbMaster.Title": characters, nothing where it is any number.
+std::map<std::string, int> serverWidths() {
+    std::map<std::string, int> widths;
+    const std::regex line(R"(CREATE TABLE dbo\.(\w+)|\n +(\w+) nvarchar\((\d+)\))");
+    for (std::size_t n = 0; n < setup::serverScriptCount; ++n) {
+        const std::string script = setup::serverScripts[n].text;
+        std::string table;
+        for (auto found = std::sregex_iterator(script.begin(), script.end(), line); found != std::sregex_iterator();
+             ++found)
+            if ((*found)[1].matched)
+                table = (*found)[1];
+            else
+                widths[table + "." + (*found)[2].str()] = std::stoi((*found)[3]);
+    }
+    return widths;
+}
+
+TEST(RoundTrip, NoFieldTakesMoreThanTheColumnOfAServerThatItIsStoredIn) {
+    const std::map<std::string, int> widths = serverWidths();
+    std::set<std::string> stored;
+    for (const bool coded : {false, true}) {
+        FullHospital hospital(coded ? "RVT" : "");
+        hospital.globals.isAllowOPDSearchBarangay = coded;
+        auto form = hospital.open({"NEW", "NEW", "(TO BE GENERATED)", {}});
+        fillRequired(form->fields());
+        form->fields().history.others.setChecked(true);
+        ASSERT_TRUE(form->validate());
+        form->record().CompanyClass = "H"; // has a letter of authorization
+        std::vector<ui::Control*> controls;
+        form->window().collect(controls);
+        std::map<std::string, const ui::TextBox*> boxes; // by what is in each, a number, since one holds an amount
+        for (ui::Control* control : controls)
+            if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && !box->readOnly) {
+                box->setText(std::to_string(771000 + boxes.size()));
+                boxes[box->text()] = box;
+            }
+        hospital.desktop.answer(ui::Answer::Ok);
+        ASSERT_TRUE(hospital.save(*form)) << hospital.desktop.messages.back().text;
+        const RowKeys keys{form->record().SaveHospNum, form->record().SaveIDNum + "B"};
+        for (const Table& table : tables) {
+            const ado::ResultSet rows = rowsIn(hospital, table, keys);
+            for (std::size_t column = 0; column < rows.columns.size() && !rows.rows.empty(); ++column)
+                for (const auto& [text, box] : boxes) {
+                    if (rows.rows[0][column].asText().find(text) == std::string::npos)
+                        continue;
+                    stored.insert(box->name());
+                    const auto width = widths.find(std::string{table.name} + "." + rows.columns[column]);
+                    if (width != widths.end() && (box->maxLength() == 0 || box->maxLength() > width->second))
+                        ADD_FAILURE() << box->name() << " takes " << box->maxLength() << ", " << width->first
+                                      << " holds " << width->second;
+                }
+        }
+    }
+    EXPECT_GT(stored.size(), 70U);
 }
 
 TEST(RoundTrip, EveryDemonstrationPatientOpensAsItsVisitSays) {

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/basics/key_codes.h"
 #include "adapters/qt/basics/qt_text.h"
+#include "adapters/qt/look/marks.h"
 #include "adapters/qt/window_shell.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QContextMenuEvent>
 #include <QDateTimeEdit>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -18,6 +20,8 @@
 #include <QScopedValueRollback>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWindow>
 
 namespace opd::qt {
@@ -47,6 +51,30 @@ bool isAccessKey(const QKeyEvent& key) {
 bool isScrolledByWheel(const QWidget& widget) {
     return qobject_cast<const QComboBox*>(&widget) != nullptr || qobject_cast<const QTabBar*>(&widget) != nullptr ||
            qobject_cast<const QAbstractSpinBox*>(&widget) != nullptr;
+}
+
+/// A text whose accents are parts of their letters, as keys type them: some programs give an n and its tilde apart.
+std::string composedText(const QString& text) {
+    return fromQt(text.normalized(QString::NormalizationForm_C));
+}
+
+/// A text that is longer than its field is read from its beginning once it is left. A time has parts of its own.
+void showBeginning(QWidget& left) {
+    auto* edit = qobject_cast<QLineEdit*>(&left);
+    if (edit != nullptr && qobject_cast<const QAbstractSpinBox*>(edit->parentWidget()) == nullptr)
+        edit->setCursorPosition(0);
+}
+
+/// Tells the mouse the whole of a text that is cut, unless there is a reason against it to be told.
+bool tipWanted(QWidget& widget, const QHelpEvent& event) {
+    const auto* edit = qobject_cast<const QLineEdit*>(&widget);
+    if (edit == nullptr || isMarked(edit, "refused"))
+        return false;
+    constexpr int inside = 7; // of a field, before its text
+    if (edit->fontMetrics().horizontalAdvance(edit->displayText()) <= edit->width() - 2 * inside)
+        return false;
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(edit->displayText(), Qt::WhiteSpaceNormal), &widget);
+    return true;
 }
 
 QString toText(const std::u32string& characters) {
@@ -99,8 +127,14 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
             view->clickedInto();
         return false;
     }
+    case QEvent::FocusOut:
+        if (widget.window()->isActiveWindow() && QApplication::activePopupWidget() == nullptr)
+            showBeginning(widget);
+        return false;
     case QEvent::ContextMenu:
         return menuWanted(shell, widget, static_cast<QContextMenuEvent&>(event));
+    case QEvent::ToolTip:
+        return tipWanted(widget, static_cast<const QHelpEvent&>(event));
     case QEvent::Drop:
         return dropped(shell, widget, static_cast<QDropEvent&>(event));
     case QEvent::Wheel:
@@ -134,13 +168,16 @@ bool InputFilter::characterTyped(WindowShell& shell, QWidget& receiver, QKeyEven
         if (shell.isOpen())
             if (const auto left = shell.model().press({.character = character}, m_desktop))
                 taken += left->character;
-    if (taken.empty() || !shell.isOpen() || view == nullptr || !view->hasRoom())
+    if (taken.empty() || !shell.isOpen() || view == nullptr)
+        return true;
+    const QString fits = view->fitted(toText(taken));
+    if (fits.isEmpty())
         return true;
     bool isTaken = false;
     view->letThrough([&] { isTaken = view->takes(taken.front()); });
     if (isTaken || !shell.isOpen())
         return true;
-    QKeyEvent passed(QEvent::KeyPress, key.key(), key.modifiers(), toText(taken), key.isAutoRepeat());
+    QKeyEvent passed(QEvent::KeyPress, key.key(), key.modifiers(), fits, key.isAutoRepeat());
     resend(*view, receiver, passed);
     return true;
 }
@@ -157,14 +194,12 @@ bool InputFilter::composed(WindowShell& shell, QWidget& receiver, QInputMethodEv
     ControlView* view = shell.focusView();
     if (event.commitString().isEmpty() || view == nullptr)
         return false;
+    const QString passed = toQt(shell.model().passed(view->control(), composedText(event.commitString())));
+    if (!shell.isOpen())
+        return true;
     QInputMethodEvent another(event.preeditString(), event.attributes());
-    if (!view->hasRoom())
-        another.setCommitString({}, event.replacementStart(), event.replacementLength());
-    else
-        another.setCommitString(toQt(shell.model().passed(view->control(), fromQt(event.commitString()))),
-                                event.replacementStart(), event.replacementLength());
-    if (shell.isOpen())
-        resend(*view, receiver, another);
+    another.setCommitString(view->fitted(passed), event.replacementStart(), event.replacementLength());
+    resend(*view, receiver, another);
     return true;
 }
 
@@ -207,10 +242,12 @@ bool InputFilter::menuWanted(WindowShell& shell, QWidget& widget, const QContext
 
 // Dropped where the mouse points, as far as the model lets it through.
 bool InputFilter::dropped(WindowShell& shell, QWidget& widget, QDropEvent& event) {
+    QDragLeaveEvent end; // the widget sees no drop, and would show for ever where it was to go
+    QCoreApplication::sendEvent(&widget, &end);
     ControlView* view = shell.viewAt(&widget);
     if (view == nullptr || !event.mimeData()->hasText() || !shell.model().requestFocus(view->control()))
         return true;
-    view->placeCursor(view->widget()->mapFrom(&widget, event.position().toPoint()));
+    view->placeCursor(event.position().toPoint());
     paste(shell, event.mimeData()->text());
     event.setDropAction(Qt::CopyAction);
     event.accept();
@@ -221,7 +258,7 @@ void InputFilter::paste(WindowShell& shell, const QString& text) {
     ControlView* view = shell.focusView();
     if (view == nullptr)
         return;
-    const std::string passed = shell.model().passed(view->control(), fromQt(text));
+    const std::string passed = shell.model().passed(view->control(), composedText(text));
     if (!passed.empty() && shell.isOpen())
         view->letThrough([&] { view->insert(toQt(passed)); });
 }

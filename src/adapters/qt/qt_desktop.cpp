@@ -42,6 +42,7 @@ QtDesktop::QtDesktop(script::Player* player, ui::WindowPlaces* places)
         m_typeAhead = std::make_unique<TypeAhead>();
         qApp->installEventFilter(m_typeAhead.get());
     }
+    qApp->installEventFilter(&m_heldKeys);
     qApp->installEventFilter(&m_waiting); // installed last, asked first
 }
 

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/activation.h"
 #include "adapters/qt/form_stock.h"
+#include "adapters/qt/held_keys.h"
 #include "adapters/qt/input_filter.h"
 #include "adapters/qt/qt_driver.h"
 #include "adapters/qt/report/qt_output.h"
@@ -67,6 +68,7 @@ class QtDesktop final : public ui::Desktop {
     QtOutput m_output;
     InputFilter m_input{*this};
     Activation m_activation;
+    HeldKeys m_heldKeys;
     Waiting m_waiting;
     std::unique_ptr<TypeAhead> m_typeAhead; ///< where keys are sent to windows by a display that a clerk types at
     FormStock m_stock;

@@ -101,7 +101,7 @@ void scrollIntoSight(QWidget& widget) {
             continue;
         const QRect place(widget.mapTo(page->widget(), QPoint()), widget.size());
         const QRect seen(-page->widget()->pos(), page->viewport()->size());
-        if (!seen.contains(place))
+        if (!seen.contains(place.adjusted(0, -around, 0, around) & page->widget()->rect()))
             page->ensureVisible(place.center().x(), place.center().y(), around, place.height() / 2 + around);
     }
 }

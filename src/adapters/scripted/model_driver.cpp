@@ -101,8 +101,11 @@ void ModelDriver::edit(ui::Window& window, const ui::KeyStroke& key) {
         paste(window);
     else
         m_edits.at(&window).press(key, m_clipboard);
-    if (m_edits.contains(&window))
-        takeOver(window);
+    if (!m_edits.contains(&window))
+        return;
+    if (const ui::LineEdit& edit = m_edits.at(&window); edit.isCut())
+        window.foundNoRoom(edit.maxLength());
+    takeOver(window);
 }
 
 void ModelDriver::paste(ui::Window& window) {

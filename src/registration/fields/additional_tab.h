@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fields/column_widths.h"
 #include "ui/coded_field.h"
 
 namespace opd::registration {
@@ -35,7 +36,7 @@ struct AdditionalTab {
     ui::TextBox& spouseEmployerAddress = txtSpouse.add(spouse, 2, "Address", 50);
     ui::TextBox& spouseEmployerTelephone = txtSpouse.add(spouse, 5, "Tel. #", 15);
     ui::TextBox& spouseEmployerFax = txtSpouse.add(spouse, 0, "Fax", 15);
-    ui::TextBox& spouseEmployerEmail = txtSpouse.add(spouse, 6, "E-mail");
+    ui::TextBox& spouseEmployerEmail = txtSpouse.add(spouse, 6, "E-mail", widths::text);
 
     ui::Frame frmPatientType{page, "frmPatientType", "Patient Type "};
     ui::ControlArray<ui::OptionButton> OptPatient{"OptPatient"};
@@ -46,18 +47,18 @@ struct AdditionalTab {
     ui::CheckBox chkMAB{fraMAB, "chkMAB", "MabPatient"};
 
     ui::Frame FraPatientClass{page, "FraPatientClass", "Patient Classification"};
-    ui::TextBox txtPatientClassID{FraPatientClass, "txtPatientClassID"};
+    ui::TextBox txtPatientClassID{FraPatientClass, "txtPatientClassID", "", widths::code};
     ui::Button cmdPatientClass{FraPatientClass, "cmdPatientClass", "..."};
     ui::TextBox txtPatientClass{FraPatientClass, "txtPatientClass"};
     ui::CodedField patientClass{txtPatientClassID, cmdPatientClass, txtPatientClass};
 
     ui::ControlArray<ui::Frame> Frame5{"Frame5"};
     ui::Frame& letterOfAuthorization = Frame5.add(page, 9, "Insurance");
-    ui::TextBox txtApprovalNo{letterOfAuthorization, "txtApprovalNo", "Approval No:"};
+    ui::TextBox txtApprovalNo{letterOfAuthorization, "txtApprovalNo", "Approval No:", widths::text};
     ui::DatePicker DateLOAInformed{letterOfAuthorization, "DateLOAInformed",
                                    "Informed :", ui::DatePicker::Format::Date};
     ui::DatePicker TimeLOAInformed{letterOfAuthorization, "TimeLOAInformed", "", ui::DatePicker::Format::Time};
-    ui::TextBox txtLOAReceiver{letterOfAuthorization, "txtLOAReceiver", "Receiver :"};
+    ui::TextBox txtLOAReceiver{letterOfAuthorization, "txtLOAReceiver", "Receiver :", widths::text};
     ui::DatePicker DateLOAReceived{letterOfAuthorization, "DateLOAReceived",
                                    "Received :", ui::DatePicker::Format::Date};
     ui::DatePicker TimeLOAReceived{letterOfAuthorization, "TimeLOAReceived", "", ui::DatePicker::Format::Time};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fields/column_widths.h"
 #include "ui/coded_field.h"
 
 namespace opd::registration {
@@ -47,41 +48,43 @@ struct ConsultationTab {
     ui::Frame chiefComplaint{page, "fraChiefComplaint", "Che&if Complaint"};
     ui::ControlArray<ui::TextBox> txtChiefComplaintID{"txtChiefComplaintID"};
     ui::ControlArray<ui::Button> cmdSearchChiefComplaint{"cmdSearchChiefComplaint"};
-    ui::CodedField complaint{txtChiefComplaintID.add(chiefComplaint, 0),
+    ui::CodedField complaint{txtChiefComplaintID.add(chiefComplaint, 0, "", widths::code),
                              cmdSearchChiefComplaint.add(chiefComplaint, 0, "..."),
                              txtChiefComplaint.add(chiefComplaint, 0)};
 
     ui::Frame services{page, "fraServices", "Ser&vices"};
     ui::ControlArray<ui::TextBox> txtService{"txtService"};
-    ui::CodedField service1{txtService.add(services, 0, "1"), cmdSearch.add(services, 0, "..."),
+    ui::CodedField service1{txtService.add(services, 0, "1", widths::code), cmdSearch.add(services, 0, "..."),
                             txtService.add(services, 1)};
-    ui::CodedField service2{txtService.add(services, 2, "2"), cmdSearch.add(services, 1, "..."),
+    ui::CodedField service2{txtService.add(services, 2, "2", widths::code), cmdSearch.add(services, 1, "..."),
                             txtService.add(services, 3)};
-    ui::CodedField service3{txtService.add(services, 4, "3"), cmdSearch.add(services, 2, "..."),
+    ui::CodedField service3{txtService.add(services, 4, "3", widths::code), cmdSearch.add(services, 2, "..."),
                             txtService.add(services, 5)};
 
     ui::Frame doctors{page, "fraDoctors", "Attending &Doctors"};
     ui::ControlArray<ui::TextBox> txtDoctor{"txtDoctor"};
-    ui::CodedField doctor1{txtDoctor.add(doctors, 0, "1"), cmdSearch.add(doctors, 6, "..."), txtDoctor.add(doctors, 1)};
-    ui::CodedField doctor2{txtDoctor.add(doctors, 2, "2"), cmdSearch.add(doctors, 7, "..."), txtDoctor.add(doctors, 3)};
+    ui::CodedField doctor1{txtDoctor.add(doctors, 0, "1", widths::code), cmdSearch.add(doctors, 6, "..."),
+                           txtDoctor.add(doctors, 1)};
+    ui::CodedField doctor2{txtDoctor.add(doctors, 2, "2", widths::code), cmdSearch.add(doctors, 7, "..."),
+                           txtDoctor.add(doctors, 3)};
     ui::ControlArray<ui::TextBox> txtAddDoctor{"txtAddDoctor"};
-    ui::CodedField doctor3{txtAddDoctor.add(doctors, 0, "3"), cmdSearch.add(doctors, 15, "..."),
+    ui::CodedField doctor3{txtAddDoctor.add(doctors, 0, "3", widths::code), cmdSearch.add(doctors, 15, "..."),
                            txtAddDoctor.add(doctors, 1)};
-    ui::CodedField doctor4{txtAddDoctor.add(doctors, 2, "4"), cmdSearch.add(doctors, 16, "..."),
+    ui::CodedField doctor4{txtAddDoctor.add(doctors, 2, "4", widths::code), cmdSearch.add(doctors, 16, "..."),
                            txtAddDoctor.add(doctors, 3)};
-    ui::CodedField doctor5{txtAddDoctor.add(doctors, 4, "5"), cmdSearch.add(doctors, 17, "..."),
+    ui::CodedField doctor5{txtAddDoctor.add(doctors, 4, "5", widths::code), cmdSearch.add(doctors, 17, "..."),
                            txtAddDoctor.add(doctors, 5)};
 
     ui::Frame causes{page, "fraCauses", "Causes of Consul&tation"};
-    ui::TextBox txtCauseofConsultationID1{causes, "txtCauseofConsultationID1", "1"};
+    ui::TextBox txtCauseofConsultationID1{causes, "txtCauseofConsultationID1", "1", widths::code};
     ui::Button cmdCauseofConsultation1{causes, "cmdCauseofConsultation1", "..."};
     ui::TextBox txtCauseofConsultation1{causes, "txtCauseofConsultation1"};
     ui::CodedField cause1{txtCauseofConsultationID1, cmdCauseofConsultation1, txtCauseofConsultation1};
-    ui::TextBox txtCauseofConsultationID2{causes, "txtCauseofConsultationID2", "2"};
+    ui::TextBox txtCauseofConsultationID2{causes, "txtCauseofConsultationID2", "2", widths::code};
     ui::Button cmdCauseofConsultation2{causes, "cmdCauseofConsultation2", "..."};
     ui::TextBox txtCauseofConsultation2{causes, "txtCauseofConsultation2"};
     ui::CodedField cause2{txtCauseofConsultationID2, cmdCauseofConsultation2, txtCauseofConsultation2};
-    ui::TextBox txtCauseofConsultationID3{causes, "txtCauseofConsultationID3", "3"};
+    ui::TextBox txtCauseofConsultationID3{causes, "txtCauseofConsultationID3", "3", widths::code};
     ui::Button cmdCauseofConsultation3{causes, "cmdCauseofConsultation3", "..."};
     ui::TextBox txtCauseofConsultation3{causes, "txtCauseofConsultation3"};
     ui::CodedField cause3{txtCauseofConsultationID3, cmdCauseofConsultation3, txtCauseofConsultation3};
@@ -90,12 +93,12 @@ struct ConsultationTab {
     ui::ControlArray<ui::TextBox> txtBP{"txtBP"};
     ui::TextBox& systolic = txtBP.add(vitalSigns, 0, "B.P.", 3);
     ui::TextBox& diastolic = txtBP.add(vitalSigns, 1, "/", 3);
-    ui::TextBox txtTemperature{vitalSigns, "txtTemperature", "Temperature"};
-    ui::TextBox txtPR{vitalSigns, "txtPR", "Pulse Rate"};
-    ui::TextBox txtRespRate{vitalSigns, "txtRespRate", "Resp. Rate"};
-    ui::TextBox txtHeight{vitalSigns, "txtHeight", "Height"};
-    ui::TextBox txtWeight{vitalSigns, "txtWeight", "Weight"};
-    ui::TextBox txtBloodType{vitalSigns, "txtBloodType", "Blood Type"};
+    ui::TextBox txtTemperature{vitalSigns, "txtTemperature", "Temperature", widths::text};
+    ui::TextBox txtPR{vitalSigns, "txtPR", "Pulse Rate", widths::text};
+    ui::TextBox txtRespRate{vitalSigns, "txtRespRate", "Resp. Rate", widths::text};
+    ui::TextBox txtHeight{vitalSigns, "txtHeight", "Height", widths::text};
+    ui::TextBox txtWeight{vitalSigns, "txtWeight", "Weight", widths::text};
+    ui::TextBox txtBloodType{vitalSigns, "txtBloodType", "Blood Type", widths::text};
 
     ui::Frame unit{page, "fraUnit", "Unit"};
     ui::OptionButton optLying{unit, "optLying", "Lying In"};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fields/column_widths.h"
 #include "ui/controls.h"
 #include "ui/grid.h"
 
@@ -45,7 +46,7 @@ struct EmploymentTab {
     ui::TextBox& employerTelephone = txtEmployer.add(employer, 2, "Tel. #", 15);
     ui::TextBox& employerFax = txtEmployer.add(employer, 3, "Fax. #", 15);
     ui::TextBox& position = txtEmployer.add(employer, 4, "Position", 50);
-    ui::TextBox txtEmployerEmail{employer, "txtEmployerEmail", "E-mail"};
+    ui::TextBox txtEmployerEmail{employer, "txtEmployerEmail", "E-mail", widths::text};
 
     ui::Frame dependents{page, "fraDependents", "Dependent/s"};
     ui::Grid mshDependents{dependents, "mshDependents"}; ///< a dependent a row: name, birth date

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fields/column_widths.h"
 #include "ui/controls.h"
 
 namespace opd::registration {
@@ -25,7 +26,7 @@ struct HeaderFields {
     ui::TextBox txtLastName{header, "txtLastName", "&Last Name", 30};
     ui::TextBox txtFirstName{header, "txtFirstName", "First Name", 30};
     ui::TextBox txtMiddleName{header, "txtMiddleName", "Middle Name", 30};
-    ui::TextBox txtTitle{header, "txtTitle", "Title"};
+    ui::TextBox txtTitle{header, "txtTitle", "Title", widths::text};
     ui::Frame sex{header, "fraSex", "Se&x"};
     ui::ControlArray<ui::OptionButton> optSex{"optSex"};
     ui::OptionButton& male = optSex.add(sex, 0, "M");

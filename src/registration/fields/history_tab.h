@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fields/column_widths.h"
 #include "ui/coded_field.h"
 
 namespace opd::registration {
@@ -27,15 +28,15 @@ struct HistoryTab {
 
     ui::Frame allergies{page, "fraAllergies", "Allergies"};
     ui::ControlArray<ui::TextBox> txtAllergy{"txtAllergy"};
-    ui::CodedField allergy1{txtAllergy.add(allergies, 0, "1"), cmdSearch.add(allergies, 10, "..."),
+    ui::CodedField allergy1{txtAllergy.add(allergies, 0, "1", widths::code), cmdSearch.add(allergies, 10, "..."),
                             txtAllergy.add(allergies, 5)};
-    ui::CodedField allergy2{txtAllergy.add(allergies, 1, "2"), cmdSearch.add(allergies, 11, "..."),
+    ui::CodedField allergy2{txtAllergy.add(allergies, 1, "2", widths::code), cmdSearch.add(allergies, 11, "..."),
                             txtAllergy.add(allergies, 6)};
-    ui::CodedField allergy3{txtAllergy.add(allergies, 2, "3"), cmdSearch.add(allergies, 12, "..."),
+    ui::CodedField allergy3{txtAllergy.add(allergies, 2, "3", widths::code), cmdSearch.add(allergies, 12, "..."),
                             txtAllergy.add(allergies, 7)};
-    ui::CodedField allergy4{txtAllergy.add(allergies, 3, "4"), cmdSearch.add(allergies, 13, "..."),
+    ui::CodedField allergy4{txtAllergy.add(allergies, 3, "4", widths::code), cmdSearch.add(allergies, 13, "..."),
                             txtAllergy.add(allergies, 8)};
-    ui::CodedField allergy5{txtAllergy.add(allergies, 4, "5"), cmdSearch.add(allergies, 14, "..."),
+    ui::CodedField allergy5{txtAllergy.add(allergies, 4, "5", widths::code), cmdSearch.add(allergies, 14, "..."),
                             txtAllergy.add(allergies, 9)};
 
     ui::Frame lastMenstruation{page, "fraLMP", "Last Menstruation Period"};

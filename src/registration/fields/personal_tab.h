@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registration/fields/column_widths.h"
 #include "ui/coded_field.h"
 
 namespace opd::registration {
@@ -31,11 +32,11 @@ struct PersonalTab {
     ui::Frame address{page, "fraAddress", "&Address"};
     ui::TextBox txtHouseStreet{address, "txtHouseStreet", "House/St.#", 100};
     ui::TextBox txtBarangay{address, "txtBarangay", "Barangay", 100};
-    ui::TextBox txtBarangayID{address, "txtBarangayID", "Barangay"};
+    ui::TextBox txtBarangayID{address, "txtBarangayID", "Barangay", widths::code};
     ui::Button& searchBarangay = cmdSearch.add(address, 8, "...");
     ui::TextBox txtBarangayName{address, "txtBarangayName", "", 100};
     ui::CodedField barangay{txtBarangayID, searchBarangay, txtBarangayName};
-    ui::TextBox txtZipCode{address, "txtZipCode", "Town/Prov."};
+    ui::TextBox txtZipCode{address, "txtZipCode", "Town/Prov.", widths::zipCode};
     ui::ControlArray<ui::TextBox> txtZipCodeName{"txtZipCodeName"};
     ui::CodedField town{txtZipCode, cmdSearch.add(address, 9, "..."), txtZipCodeName.add(address, 4, "", 30)};
     ui::ControlArray<ui::TextBox> txtTelNum{"txtTelNum"};
@@ -48,13 +49,13 @@ struct PersonalTab {
                                 "Civil Status",
                                 {"Child", "Single", "Married", "Widow", "Separated", "Divorced"}};
     ui::TextBox& occupation = txtPersonal.add(particulars, 5, "Occupation", 30);
-    ui::TextBox txtNationality{particulars, "txtNationality", "Nationality"};
+    ui::TextBox txtNationality{particulars, "txtNationality", "Nationality", widths::code};
     ui::CodedField nationality{txtNationality, cmdSearch.add(particulars, 3, "..."), txtPersonal.add(particulars, 6)};
-    ui::TextBox txtReligion{particulars, "txtReligion", "Religion"};
+    ui::TextBox txtReligion{particulars, "txtReligion", "Religion", widths::code};
     ui::CodedField religion{txtReligion, cmdSearch.add(particulars, 4, "..."), txtPersonal.add(particulars, 7)};
-    ui::TextBox txtEmail{particulars, "txtEmail", "E-mail"};
-    ui::TextBox& mobile = txtPersonal.add(particulars, 11, "Mobile #");
-    ui::TextBox& household = txtPersonal.add(particulars, 13, "No. of HouseHold");
+    ui::TextBox txtEmail{particulars, "txtEmail", "E-mail", widths::text};
+    ui::TextBox& mobile = txtPersonal.add(particulars, 11, "Mobile #", widths::text);
+    ui::TextBox& household = txtPersonal.add(particulars, 13, "No. of HouseHold", widths::text);
     ui::TextBox& barangayCaptain = txtPersonal.add(particulars, 9, "Brgy.Capt.", 30);
 
     ui::Frame father{page, "fraFather", "&Father"};
@@ -90,10 +91,10 @@ struct PersonalTab {
     ui::ComboBox cmbPaycodeID{account, "cmbPaycodeID"};
     ui::ComboBox cmbPaycode{account, "cmbPaycode"};
     ui::ControlArray<ui::TextBox> txtAccount{"txtAccount"};
-    ui::CodedField company{txtAccount.add(account, 0, "Account #"), cmdSearch.add(account, 5, "..."),
+    ui::CodedField company{txtAccount.add(account, 0, "Account #", widths::code), cmdSearch.add(account, 5, "..."),
                            txtAccount.add(account, 1)};
     ui::Label lblCardNum{account, "lblCardNum", "Card #"};
-    ui::TextBox txtCardNum{account, "txtCardNum"};
+    ui::TextBox txtCardNum{account, "txtCardNum", "", widths::text};
     ui::TextBox txtARemarks{account, "txtARemarks", "Remarks"};
 
     ui::Frame programmes{page, "fraProgrammes", "Programmes"};
@@ -107,7 +108,7 @@ struct PersonalTab {
 
     ui::Frame seniorCitizen{page, "fraSeniorCitizen", "Senior Citizen"};
     ui::CheckBox chkSeniorCitizen{seniorCitizen, "chkSeniorCitizen", "Senior Citizen    No:"};
-    ui::TextBox txtSeniorCitizenID{seniorCitizen, "txtSeniorCitizenID"};
+    ui::TextBox txtSeniorCitizenID{seniorCitizen, "txtSeniorCitizenID", "", widths::text};
     ui::Frame fraSenior{seniorCitizen, "fraSenior", ""};
     ui::CheckBox chkSenior{fraSenior, "chkSenior", "&Senior Citizen Discounted"};
     ui::TextBox txtSeniorID{fraSenior, "txtSeniorID"};

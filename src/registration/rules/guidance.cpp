@@ -4,6 +4,7 @@
 #include "base/text/text.h"
 #include "registration/rules/marks.h"
 #include "registration/rules/validate_data.h"
+#include "registration/subrecords/dependent_columns.h"
 #include "ui/spoken_names.h"
 
 #include <algorithm>
@@ -46,9 +47,10 @@ void Guidance::follow(const ui::Control& changed) {
 }
 
 std::string Guidance::stateOfSave() const {
-    const std::string stored = storedOutcome(m_record);
-    const std::string needed = stillNeeded();
-    return stored.empty() || needed.empty() ? stored + needed : stored + " " + needed;
+    std::string state;
+    for (const std::string& part : {storedOutcome(m_record), stillNeeded(), leftOutDependents()})
+        state += state.empty() || part.empty() ? part : " " + part;
+    return state;
 }
 
 /// How many fields a save would be refused for as the form stands, and the one it would be refused for first.
@@ -62,6 +64,15 @@ std::string Guidance::stillNeeded() const {
     if (missing.size() == 1)
         return "1 field is still needed: " + next;
     return counted(static_cast<long>(missing.size()), "field") + " are still needed, next: " + next;
+}
+
+/// A dependent is stored with both name and birth date, or not at all.
+std::string Guidance::leftOutDependents() const {
+    const ui::Grid& grid = m_fields.employment.mshDependents;
+    long leftOut = 0;
+    for (int row = 1; row <= grid.rowCount(); ++row)
+        leftOut += text::isBlank(grid.cell(row, nameColumn)) != text::isBlank(grid.cell(row, birthDateColumn)) ? 1 : 0;
+    return leftOut == 0 ? "" : counted(leftOut, "dependent") + " without name or birth date will not be stored.";
 }
 
 void Guidance::markNeeded() {

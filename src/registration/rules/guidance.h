@@ -27,6 +27,7 @@ class Guidance {
   private:
     std::string stateOfSave() const;
     std::string stillNeeded() const;
+    std::string leftOutDependents() const;
     ui::Control* nextMissing() const;
 
     ui::Window& m_window;

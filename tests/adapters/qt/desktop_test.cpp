@@ -1,6 +1,7 @@
 #include "tests/adapters/qt/desk.h"
 
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -53,6 +54,9 @@ TEST(QtDesktopTest, AMessageBoxShowsItsTextAndAnswersByKey) {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             seen = contentOf(*box);
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+            QCoreApplication::sendEvent(box->focusWidget(), &held);
+            EXPECT_TRUE(box->isVisible()) << "a key that is held down since before answers";
             hands::press(*box, ui::keyStroke(key).value());
         });
         EXPECT_EQ(desktop.ask({"A <b>record</b>.\r\nSure?", "Verification", buttons, ui::Icon::Exclamation, preset}),

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QPlainTextEdit>
 
 namespace opd::qt {
 namespace {
@@ -102,13 +103,21 @@ TEST(QtFields, WhatIsComposedDroppedOrPastedByTheMenuPassesTheSameFilterAndUndoI
 
     QMimeData dragged;
     dragged.setText("d'e ");
-    QDragEnterEvent enter(QPoint(1, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(edit, &enter);
-    QDropEvent drop(QPointF(1, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    const auto dropOn = [&](QWidget* widget) {
+        QDragEnterEvent enter(QPoint(1, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &enter);
+        QDropEvent drop(QPointF(1, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &drop);
+    };
     box.setText("LUNA");
-    QCoreApplication::sendEvent(edit, &drop);
+    dropOn(edit);
     EXPECT_EQ(box.text(), "DE LUNA");
     EXPECT_EQ(desk.hands.shownText(box), "DE LUNA");
+    desk.form.history.complaint.setText("FEVER");
+    desk.form.setFocus(desk.form.history.complaint);
+    dropOn(desk.widget<QPlainTextEdit>("txtChiefComplaint_1")->viewport());
+    EXPECT_EQ(desk.form.history.complaint.text(), "DE FEVER");
+    EXPECT_EQ(edit->cursorPosition(), 0) << "a long name is read from its end";
 }
 
 TEST(QtFields, ADateThatAlwaysHasAValueIsTypedPastedOrPickedAndNotLeftWithWhatIsNone) {

@@ -237,6 +237,8 @@ TEST(QtLook, EachStateOfAFieldAndOfAButtonLooksLikeNoOther) {
     name.setNeeded(true);
     fields.add("needed", field);
     desk.form.setFocus(name);
+    fields.add("needed and focused", field);
+    name.setNeeded(false);
     fields.add("focused", field);
     name.setRefusal("Not this one.");
     fields.add("refused and focused", field);

@@ -127,6 +127,8 @@ const std::map<std::string, const char*> expectedTexts{{"txtOPDNum", "(TO BE GEN
                                                        {"txtService(0)", "A25"},
                                                        {"txtChiefComplaintID(0)", "CC1039"},
                                                        {"txtBP(0)", "120"},
+                                                       {"txtPersonal(6)", "FILIPINO"},
+                                                       {"txtPersonal(7)", "ROMAN CATHOLIC"},
                                                        {"txtTemperature", "36.5"},
                                                        {"txtWeight", "102.5"},
                                                        {"txtAllergy(0)", "A25"},
@@ -164,6 +166,19 @@ TEST(QtScreen, FieldsAndColumnsShowWholeWhatTheyAreExpectedToHold) {
                                      {{longName, "ANA", "1 MABINI ST."}});
     const auto* list = search.widget<QTableView>("gridPatientList");
     EXPECT_GT(list->columnWidth(0), list->fontMetrics().horizontalAdvance(toQt(longName)));
+
+    // A text for which there is no room can be scrolled to.
+    const std::string longAddress(300, 'M');
+    search.form.gridPatientList.show(ui::gridColumns("<Last Name|<FirstName|<Address", {2000, 2000, 6000}),
+                                     {{"SANTOS", longName + longName, longAddress}});
+    EXPECT_GT(list->columnWidth(2), list->fontMetrics().horizontalAdvance(toQt(longAddress)));
+    EXPECT_LT(list->columnWidth(1), list->fontMetrics().horizontalAdvance(toQt(longName + longName)));
+    search.form.setFocus(search.form.gridPatientList);
+    search.press("Right");
+    EXPECT_GT(list->columnWidth(1), list->fontMetrics().horizontalAdvance(toQt(longName + longName)));
+    for (int presses = 0; presses < 10; ++presses)
+        search.press("Right");
+    EXPECT_EQ(list->horizontalScrollBar()->value(), list->horizontalScrollBar()->maximum());
 }
 
 TEST(QtScreen, AWindowOpensAsItWasLeft) {

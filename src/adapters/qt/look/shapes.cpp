@@ -201,9 +201,8 @@ void frameOfChoice(QPainter& painter, const QStyleOption& option, const QWidget*
 }
 
 void field(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
-    const Edge edge = edgeOf(option, widget);
-    draw(painter, option.rect, edge, paperOf(option, widget), liesOnCell(widget) ? 0 : rounding);
-    if (edge.width == 1 && isMarked(widget, "needed"))
+    draw(painter, option.rect, edgeOf(option, widget), paperOf(option, widget), liesOnCell(widget) ? 0 : rounding);
+    if (isMarked(widget, "needed")) // with the focus, too, which has the other three sides
         markNeeded(painter, option.rect);
 }
 

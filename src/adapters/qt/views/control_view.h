@@ -53,8 +53,8 @@ class ControlView {
     /// The mouse was clicked in it.
     virtual void clickedInto() {}
 
-    /// True when one more character can be typed.
-    virtual bool hasRoom() const { return true; }
+    /// What of a text there is room for in the place of what is selected. Where that is not all, the window says so.
+    virtual QString fitted(const QString& text) const { return text; }
 
     /// What the widget shows: the content of a field, the caption of anything else with "&" for its access key.
     virtual QString shownText() const { return {}; }

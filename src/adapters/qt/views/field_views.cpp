@@ -23,17 +23,12 @@ namespace {
 /// What may be typed is limited by the model; the widget holds every text.
 constexpr int anyLength = 1 << 24;
 
-std::size_t lengthOf(const QString& text) {
-    return static_cast<std::size_t>(text.toUcs4().size());
-}
-
-bool hasRoomFor(int maxLength, const QString& shown, const QString& selected) {
-    return maxLength == 0 || lengthOf(shown) - lengthOf(selected) < static_cast<std::size_t>(maxLength);
-}
-
-/// What of a text fits in the place of what is selected.
-QString fittingPart(const QString& text, int maxLength, const QString& shown, const QString& selected) {
-    return qt::toQt(ui::fitting(qt::fromQt(text), maxLength, lengthOf(shown) - lengthOf(selected)));
+/// What of a text fits into a box beside so many places that are taken. The toolkit counts them as the model does.
+template <class Box> QString fittingPart(const QString& text, const Box& box, qsizetype taken) {
+    const QString fits = qt::toQt(ui::fitting(qt::fromQt(text), box.maxLength(), static_cast<std::size_t>(taken)));
+    if (fits.size() < text.size())
+        box.window().foundNoRoom(box.maxLength());
+    return fits;
 }
 
 template <class Edit> void setReadOnly(Edit& edit, bool readOnly) {
@@ -90,15 +85,17 @@ void TextView::selectContent() {
 
 void TextView::insert(const QString& text) {
     if (!m_edit->isReadOnly())
-        m_edit->insert(fittingPart(text, m_box.maxLength(), m_edit->text(), m_edit->selectedText()));
+        m_edit->insert(fitted(text));
 }
 
 void TextView::placeCursor(const QPoint& point) {
     m_edit->setCursorPosition(m_edit->cursorPositionAt(point));
 }
 
-bool TextView::hasRoom() const {
-    return hasRoomFor(m_box.maxLength(), m_edit->text(), m_edit->selectedText());
+QString TextView::fitted(const QString& text) const {
+    if (m_edit->isReadOnly())
+        return text;
+    return fittingPart(text, m_box, m_edit->text().size() - m_edit->selectedText().size());
 }
 
 QString TextView::selection() const {
@@ -143,15 +140,15 @@ void MemoView::selectContent() {
 
 void MemoView::insert(const QString& text) {
     if (!m_edit->isReadOnly())
-        m_edit->insertPlainText(fittingPart(inLines(text), m_box.maxLength(), m_edit->toPlainText(), selection()));
+        m_edit->insertPlainText(fitted(inLines(text)));
 }
 
 void MemoView::placeCursor(const QPoint& point) {
     m_edit->setTextCursor(m_edit->cursorForPosition(point));
 }
 
-bool MemoView::hasRoom() const {
-    return hasRoomFor(m_box.maxLength(), m_edit->toPlainText(), selection());
+QString MemoView::fitted(const QString& text) const {
+    return fittingPart(text, m_box, m_edit->toPlainText().size() - selection().size());
 }
 
 QString MemoView::selection() const {
@@ -226,7 +223,7 @@ void MaskedView::selectContent() {
 
 void MaskedView::insert(const QString& text) {
     if (m_box.mask().empty()) {
-        m_edit->insert(fittingPart(text, m_box.maxLength(), m_edit->text(), m_edit->selectedText()));
+        m_edit->insert(fitted(text));
         return;
     }
     masked::insert(*m_edit, m_box.mask(), text);
@@ -246,8 +243,10 @@ void MaskedView::clickedInto() {
         m_edit->setCursorPosition(0);
 }
 
-bool MaskedView::hasRoom() const {
-    return !m_box.mask().empty() || hasRoomFor(m_box.maxLength(), m_edit->text(), m_edit->selectedText());
+QString MaskedView::fitted(const QString& text) const {
+    if (!m_box.mask().empty())
+        return text;
+    return fittingPart(text, m_box, m_edit->text().size() - m_edit->selectedText().size());
 }
 
 QString MaskedView::selection() const {

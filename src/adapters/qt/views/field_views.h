@@ -20,7 +20,7 @@ class TextView final : public ControlView {
     void selectContent() override;
     void insert(const QString& text) override;
     void placeCursor(const QPoint& point) override;
-    bool hasRoom() const override;
+    QString fitted(const QString& text) const override;
     QString selection() const override;
     QString shownText() const override;
 
@@ -38,7 +38,7 @@ class MemoView final : public ControlView {
     void selectContent() override;
     void insert(const QString& text) override;
     void placeCursor(const QPoint& point) override;
-    bool hasRoom() const override;
+    QString fitted(const QString& text) const override;
     QString selection() const override;
     QString shownText() const override;
 
@@ -63,7 +63,7 @@ class MaskedView final : public ControlView {
     void placeCursor(const QPoint& point) override;
     bool takes(char32_t character) override;
     void clickedInto() override;
-    bool hasRoom() const override;
+    QString fitted(const QString& text) const override;
     QString selection() const override;
     QString shownText() const override;
 

@@ -2,12 +2,14 @@
 
 #include "adapters/qt/basics/qt_text.h"
 
-#include <QEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -19,13 +21,20 @@ namespace {
 /// Widths are given for a small font whose characters were this many twips wide; they grow with the font that is used.
 constexpr int twipsPerCharacter = 84;
 
-constexpr int rowsLookedAt = 30; ///< for the width of their texts; about what a window shows
-constexpr int besideText = 8;
-
-/// Paints what is chosen in full while the list has the focus only: there is one place that the next key goes to.
+/// Paints what is chosen in full while the list has the focus only: there is one place that the next key goes to. Tells
+/// the mouse what a cut text reads in full.
 class RowPainter final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        const QString text = index.data().toString();
+        const bool isCut = sizeHint(option, index).width() > option.rect.width();
+        QToolTip::showText(event->globalPos(), isCut ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : QString(),
+                           view);
+        return true;
+    }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
@@ -137,9 +146,7 @@ void GridView::prepare() {
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(m_table->fontMetrics().height() + 8);
-    QHeaderView* titles = m_table->horizontalHeader();
-    titles->setHighlightSections(false);
-    titles->setStretchLastSection(true);
+    m_columns.emplace(*m_table);
 }
 
 void GridView::show(ui::Aspect aspect) {
@@ -155,46 +162,17 @@ void GridView::show(ui::Aspect aspect) {
 void GridView::showCells() {
     const QScopedValueRollback writing(m_writing, true);
     m_rows.replaced();
-    widenColumns();
-}
-
-/// How wide a column must be for the rows that are seen first.
-int GridView::neededWidth(int column) const {
-    const QFontMetrics metrics = m_table->fontMetrics();
-    int widest = 0;
-    for (int row = 0; row < std::min(m_rows.rowCount(), rowsLookedAt); ++row)
-        widest = std::max(widest, metrics.horizontalAdvance(toQt(m_grid.cell(row + 1, column))));
-    return widest + besideText;
-}
-
-// A long name is not cut while the last column has room to spare. What it has not is left to the widths that are given.
-void GridView::widenColumns() {
-    const int last = m_rows.columnCount() - 1;
-    if (last < 1)
-        return;
-    int spare = m_table->viewport()->width() - neededWidth(last);
-    for (int i = 0; i < last; ++i)
-        spare -= m_table->columnWidth(i); // 0 of a hidden one
-    for (int i = 0; i < last && spare > 0; ++i) {
-        const int more = m_table->isColumnHidden(i) ? 0 : std::min(spare, neededWidth(i) - m_table->columnWidth(i));
-        if (more <= 0)
-            continue;
-        m_table->setColumnWidth(i, m_table->columnWidth(i) + more);
-        spare -= more;
-    }
+    m_columns->rowsReplaced();
 }
 
 void GridView::showTable() {
     const QScopedValueRollback writing(m_writing, true);
     m_rows.replaced();
-    for (int i = 0; i < m_rows.columnCount(); ++i) {
-        const int twips = m_grid.columns()[static_cast<std::size_t>(i)].width;
-        const int width = twips * m_table->fontMetrics().averageCharWidth() / twipsPerCharacter;
-        m_table->setColumnHidden(i, twips == 0);
-        if (twips > 0)
-            m_table->setColumnWidth(i, std::max(width, m_table->horizontalHeader()->sectionSizeHint(i)));
-    }
-    widenColumns();
+    std::vector<int> widths;
+    for (const ui::Grid::Column& column : m_grid.columns())
+        widths.push_back(column.width * m_table->fontMetrics().averageCharWidth() / twipsPerCharacter);
+    m_columns->give(std::move(widths));
+    m_columns->rowsReplaced();
 }
 
 void GridView::showCurrentCell() {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "adapters/qt/views/control_view.h"
+#include "adapters/qt/views/grid_columns.h"
 
 #include <QAbstractTableModel>
 
 #include <functional>
+#include <optional>
 
 class QTableView;
 
@@ -57,14 +59,13 @@ class GridView final : public ControlView {
     void followMark();
     void showTable();
     void showCells();
-    int neededWidth(int column) const;
-    void widenColumns();
     void showCurrentCell();
 
     ui::Grid& m_grid;
     QTableView* m_table;
     GridTable m_rows;
     EmptyTableClicks m_emptyClicks;
+    std::optional<GridColumns> m_columns;
     bool m_writing = false; // the selection follows the model and is no choice of the clerk
 };
 

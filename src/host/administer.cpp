@@ -96,6 +96,9 @@ void check(const AdministerOptions& options) {
         throw std::runtime_error(
             fmt::format("{} has {} fault{}.", place.string(), faults.size(), faults.size() == 1 ? "" : "s"));
     fmt::print("{} is right.\n", place.string());
+    if (sqlite::isOlder(place))
+        fmt::print(
+            "It is of an older version: the next desk that opens it changes it to this one, and keeps a copy.\n");
 }
 
 void flag(const AdministerOptions& options) {

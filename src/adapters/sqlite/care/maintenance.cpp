@@ -229,6 +229,10 @@ std::filesystem::path replaceContent(const std::filesystem::path& file, const Dr
     return copy.keep();
 }
 
+std::filesystem::path fileOf(const std::filesystem::path& place) {
+    return std::filesystem::is_directory(place) ? databaseFile(place) : place;
+}
+
 void set(Database& database, const std::string& column, const ado::Value& value) {
     Query update(database, ("UPDATE Patient_Data_tbHospitalInfo SET " + column + " = ?").c_str());
     update.bind(1, value);
@@ -262,7 +266,7 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
 }
 
 std::vector<std::string> faultsOf(const std::filesystem::path& place) {
-    const std::filesystem::path file = std::filesystem::is_directory(place) ? databaseFile(place) : place;
+    const std::filesystem::path file = fileOf(place);
     std::vector<std::string> faults = damagesOf(file, file);
     if (!faults.empty())
         return faults;
@@ -273,9 +277,11 @@ std::vector<std::string> faultsOf(const std::filesystem::path& place) {
          texts(hospital, "SELECT FileNum FROM Patient_Data_tbMaster WHERE FileNum IS NOT NULL GROUP BY FileNum HAVING "
                          "count(*) > 1"))
         faults.push_back("Several patients have the file number " + number + ".");
-    if (versionOf(hospital) < schemaVersion())
-        faults.push_back("It is of an older version, and the next desk that opens it changes it to this one.");
     return faults;
+}
+
+bool isOlder(const std::filesystem::path& place) {
+    return versionOf(Hospital(fileOf(place))) < schemaVersion();
 }
 
 void setNames(const std::filesystem::path& folder, const HospitalNames& names) {

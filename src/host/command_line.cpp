@@ -124,9 +124,10 @@ void CommandLine::addCreateServer() {
 void CommandLine::addConfigure() {
     CLI::App* sub = addCommand("configure", "Store where the hospital's database is, for this user.",
                                [this] { configure(settings); });
-    sub->add_option("--server", settings.server, "NAME or NAME,PORT of a database server, or folder of a hospital")
-        ->required();
-    sub->add_option("--user", settings.user, "Login at the server; integrated security without it");
+    sub->add_option("--server", settings.server,
+                    "NAME or NAME,PORT of a database server, or folder of a hospital; what is stored without it")
+        ->check(named);
+    sub->add_option("--user", settings.user, "Login at the --server that is named; integrated security without it");
     sub->add_flag("--password-stdin", settings.passwordFromInput, "Read the password from standard input, one line");
     sub->add_option("--driver", settings.driver, "ODBC driver of the server; \"\" for FreeTDS");
     sub->add_option("--encrypt", settings.encrypt, "\"required\" refuses a login without encryption; \"\" does not")

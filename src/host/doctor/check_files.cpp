@@ -35,7 +35,7 @@ bool isPrivate(const fs::path& file) {
 Finding configured(const Desk& desk) {
     if (desk.server.empty())
         return wrong("settings", "No database is configured in \"" + desk.settingsFile.string() + "\".",
-                     "opd-desk configure --server NAME|FOLDER");
+                     "opd-desk configure --server NAME|FOLDER" + desk.option);
     const std::string user = data::connStr(desk.settings, 1, {});
     const bool isHospital = ado::isFolder(desk.server);
     return right("settings", fmt::format("{} \"{}\"{}.", isHospital ? "The hospital in" : "The server", desk.server,
@@ -81,7 +81,7 @@ Finding pictureFinding(const Desk& desk) {
     const std::string folder = reports::pictureFolder(desk.settings);
     if (folder.empty())
         return missing(what, "None is set: photographs cannot be kept.",
-                       configureCommand(desk, shellWord(desk.server)) + " --pictures FOLDER");
+                       "opd-desk configure --pictures FOLDER" + desk.option);
     fs::path existing = folder;
     std::error_code unreadable;
     while (!fs::exists(existing, unreadable) && existing.has_relative_path())
@@ -136,7 +136,7 @@ std::string libraryMend(const fs::path& file, const os::LibraryError& error) {
 std::string configureCommand(const Desk& desk, const std::string& server) {
     const std::string user = data::connStr(desk.settings, 1, {});
     return "opd-desk configure --server " + server +
-           (user.empty() ? std::string{} : " --user " + shellWord(user) + " --password-stdin");
+           (user.empty() ? std::string{} : " --user " + shellWord(user) + " --password-stdin") + desk.option;
 }
 
 Findings checkSettings(const Desk& desk) {

@@ -14,6 +14,7 @@ struct Desk {
     const settings::Store& settings;
     std::filesystem::path settingsFile; ///< empty when a folder was named in its place
     std::string server;                 ///< name of a server, or folder of a hospital; empty when none is known
+    std::string option; ///< behind a command that changes the settings; names a file that is not the user's
 };
 
 /// Behind a finding whose command makes a user a member of a group.

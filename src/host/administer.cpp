@@ -39,8 +39,9 @@ std::filesystem::path folderOf(const AdministerOptions& options) {
 DateTime dayOf(const std::string& text, const DateTime& otherwise) {
     if (text.empty())
         return otherwise;
+    constexpr int firstYear = 1753, lastYear = 9998; // as far as a server's days go, and one more behind the last
     const std::optional<DateTime> day = parseDate(text);
-    if (!day)
+    if (!day || day->year < firstYear || day->year > lastYear)
         throw std::runtime_error("\"" + text + "\" is no day such as \"03/07/2026\".");
     return *day;
 }
@@ -95,6 +96,9 @@ void check(const AdministerOptions& options) {
         throw std::runtime_error(
             fmt::format("{} has {} fault{}.", place.string(), faults.size(), faults.size() == 1 ? "" : "s"));
     fmt::print("{} is right.\n", place.string());
+    if (sqlite::isOlder(place))
+        fmt::print(
+            "It is of an older version: the next desk that opens it changes it to this one, and keeps a copy.\n");
 }
 
 void flag(const AdministerOptions& options) {
@@ -119,9 +123,10 @@ void statistics(const AdministerOptions& options) {
         throw std::runtime_error(fmt::format("The last day, {}, comes before the first, {}: nothing was counted.",
                                              dateText(last), dateText(first)));
     HospitalConnection hospital(options);
+    const std::vector<VisitCount> counts = visitCounts(hospital.connection(), first, last);
     fmt::print("{:<12}{:<16}{:<32}{:>7}{:>9}\n", "Day", "User", "Service", "Visits", "Revoked");
     long visits = 0, revoked = 0;
-    for (const VisitCount& count : visitCounts(hospital.connection(), first, last)) {
+    for (const VisitCount& count : counts) {
         fmt::print("{:<12}{:<16}{:<32}{:>7}{:>9}\n", count.day, count.user, count.service, count.visits, count.revoked);
         visits += count.visits;
         revoked += count.revoked;

@@ -30,6 +30,10 @@ const CLI::Validator moment{[](const std::string& text) {
                             },
                             "MM/dd/yyyy hh:mm"};
 
+/// An empty one is what a script's unset variable gives: it names neither another place nor the usual one.
+const CLI::Validator named{
+    [](const std::string& name) { return name.empty() ? std::string{"the name is empty"} : std::string{}; }, ""};
+
 /// The names of the commands, for a user who has met none: "a, b and c".
 std::string listed(const CLI::App& app) {
     std::string list;
@@ -58,7 +62,8 @@ CommandLine::CommandLine() {
 
 void CommandLine::refuseUnknownWords() const {
     const std::string commands = "There are " + listed(app) + ".";
-    const std::vector<std::string> unknown = app.remaining(true);
+    std::vector<std::string> unknown = app.remaining(true);
+    std::erase(unknown, "--"); // behind it no word is an option
     if (!unknown.empty() && app.get_subcommands().empty())
         throw std::runtime_error("There is no command \"" + unknown.front() + "\". " + commands);
     if (!unknown.empty())
@@ -80,7 +85,7 @@ void CommandLine::addCreateDatabase() {
             database.now = parseMoment(hospitalsDay);
         createHospital(folder, database);
     });
-    sub->add_option("FOLDER", folder, "New or empty folder on a local disk")->required();
+    sub->add_option("FOLDER", folder, "New or empty folder on a local disk")->required()->check(named);
     sub->add_option("--patients", database.patients, "How many patients are on file")
         ->capture_default_str()
         ->check(CLI::Range(0, mostPatients));
@@ -119,9 +124,10 @@ void CommandLine::addCreateServer() {
 void CommandLine::addConfigure() {
     CLI::App* sub = addCommand("configure", "Store where the hospital's database is, for this user.",
                                [this] { configure(settings); });
-    sub->add_option("--server", settings.server, "NAME or NAME,PORT of a database server, or folder of a hospital")
-        ->required();
-    sub->add_option("--user", settings.user, "Login at the server; integrated security without it");
+    sub->add_option("--server", settings.server,
+                    "NAME or NAME,PORT of a database server, or folder of a hospital; what is stored without it")
+        ->check(named);
+    sub->add_option("--user", settings.user, "Login at the --server that is named; integrated security without it");
     sub->add_flag("--password-stdin", settings.passwordFromInput, "Read the password from standard input, one line");
     sub->add_option("--driver", settings.driver, "ODBC driver of the server; \"\" for FreeTDS");
     sub->add_option("--encrypt", settings.encrypt, "\"required\" refuses a login without encryption; \"\" does not")
@@ -149,16 +155,19 @@ void CommandLine::addConfigure() {
     sub->add_option("--quick-entry", settings.quickEntry,
                     "A birth date or pressure goes on by itself when its last digit is typed; no without it")
         ->check(CLI::IsMember({"yes", "no"}));
-    sub->add_option("--settings", settings.settings, "Settings file instead of the user's own")->type_name(aFile);
+    sub->add_option("--settings", settings.settings, "Settings file instead of the user's own")
+        ->type_name(aFile)
+        ->check(named);
 }
 
 void CommandLine::addRun() {
     CLI::App* sub = addCommand("run", "Open the desk.", [this] { run(session); });
     CLI::Option* where = sub->add_option("--database", session.database, "Folder of a hospital, for this run");
-    where->type_name(aFolder);
+    where->type_name(aFolder)->check(named);
     sub->add_option("--settings", session.settings, "Settings file instead of the user's own")
         ->type_name(aFile)
-        ->excludes(where);
+        ->excludes(where)
+        ->check(named);
     sub->add_option("--user", session.user, "User stamped into visits; the login name without it");
     sub->add_option("--search", session.search, "Last name to begin with");
     sub->add_option("--desktop", session.desktop, "Windows of that toolkit, or \"scripted\": none")
@@ -177,7 +186,7 @@ void CommandLine::addRun() {
 
 void CommandLine::addSql() {
     CLI::App* sub = addCommand("sql", "Open the SQLite shell on a hospital.", [this] { sql(shell); });
-    sub->add_option("FOLDER", shell.folder, "Folder of a hospital")->required();
+    sub->add_option("FOLDER", shell.folder, "Folder of a hospital")->required()->check(named);
     sub->add_option("STATEMENT", shell.statements, "What the shell runs; its input without one");
     sub->add_flag("--write", shell.writable, "Let the shell change the hospital; no desk may be working");
 }
@@ -193,10 +202,11 @@ void CommandLine::addHistory() {
 void CommandLine::addHospital(CLI::App& sub, HospitalOptions& which) {
     CLI::Option* where =
         sub.add_option("--database", which.database, "Folder of a hospital; the configured one without it");
-    where->type_name(aFolder);
+    where->type_name(aFolder)->check(named);
     sub.add_option("--settings", which.settings, "Settings file instead of the user's own")
         ->type_name(aFile)
-        ->excludes(where);
+        ->excludes(where)
+        ->check(named);
 }
 
 void CommandLine::addLogin(CLI::App& sub, HospitalOptions& which, const char* whose) {
@@ -217,12 +227,15 @@ void CommandLine::addAdministration() {
                &doctor);
     administer("backup", "Write the hospital as it is now into a new file; desks may work.", &backUp)
         ->add_option("FILE", administration.file, "The file; there must be none yet")
-        ->required();
+        ->required()
+        ->check(named);
     administer("restore", "Put a backup in the hospital's place and keep what was there.", &restore)
         ->add_option("FILE", administration.file, "The file of a backup")
-        ->required();
+        ->required()
+        ->check(named);
     administer("check", "Look for faults in a hospital or a backup; status 1 when there are any.", &check)
-        ->add_option("FILE", administration.file, "The file of a backup instead of the hospital");
+        ->add_option("FILE", administration.file, "The file of a backup instead of the hospital")
+        ->check(named);
     CLI::App* flags = administer("flag", "Show the hospital's optional behaviours, or turn one on or off.", &flag);
     flags->add_option("NAME", administration.flag, "One of them, in any letter case");
     flags->add_option("STATE", administration.onOrOff, "Turn it on or off")->check(CLI::IsMember({"on", "off"}));

@@ -13,7 +13,7 @@
 namespace opd::host {
 
 struct ConfigureOptions {
-    std::string server;
+    std::string server; ///< what is stored stays without it, with its login
     std::string user;
     bool passwordFromInput = false;
     std::string pictures;        ///< folder of the patients' photographs

@@ -57,7 +57,22 @@ void addServerSettings(const ConfigureOptions& options, std::vector<settings::In
 
 } // namespace
 
+namespace {
+
+/// Without a server the one that is stored stays, with its login.
+void refuseLoginWithoutServer(const ConfigureOptions& options, const settings::IniStore& store) {
+    if (!options.user.empty() || options.passwordFromInput)
+        throw std::runtime_error("--user and --password-stdin say how to log in at a server: name it with --server.");
+    if (store.get(connectionSettingsApplication, connectionSettingsSection, "Server").empty())
+        throw std::runtime_error("No database is configured yet: name it with --server NAME|FOLDER.");
+}
+
+} // namespace
+
 void configure(const ConfigureOptions& options) {
+    settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
+    if (options.server.empty())
+        refuseLoginWithoutServer(options, store);
     // A folder is found from wherever the desk is started.
     const std::string server =
         ado::isFolder(options.server) ? std::filesystem::absolute(options.server).string() : options.server;
@@ -68,9 +83,11 @@ void configure(const ConfigureOptions& options) {
     refuseSemicolon("user", options.user);
     refuseSemicolon("password", password);
 
-    std::vector<settings::IniStore::Value> values{{connectionSettingsSection, "User", options.user},
-                                                  {connectionSettingsSection, "Password", password},
-                                                  {connectionSettingsSection, "Server", server}};
+    std::vector<settings::IniStore::Value> values;
+    if (!server.empty())
+        values = {{connectionSettingsSection, "User", options.user},
+                  {connectionSettingsSection, "Password", password},
+                  {connectionSettingsSection, "Server", server}};
     addServerSettings(options, values);
     if (!options.pictures.empty())
         values.push_back({pictureSettingsSection, "Folder", std::filesystem::absolute(options.pictures).string()});
@@ -82,7 +99,6 @@ void configure(const ConfigureOptions& options) {
         values.push_back({savingSettingsSection, "OneVisitADay", options.oneVisitADay});
     if (!options.carrySearch.empty())
         values.push_back({searchingSettingsSection, "CarrySexAndBirthDate", options.carrySearch});
-    settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
     store.set(connectionSettingsApplication, values);
 }
 

@@ -18,6 +18,7 @@ void showProgress(int done, int total) {
 } // namespace
 
 void createHospital(const std::filesystem::path& folder, const adapters::sqlite::DatabaseOptions& options) {
+    refuseSemicolon("folder", folder.string()); // no desk could be told of it
     const bool onTerminal = ::isatty(STDERR_FILENO) == 1;
     adapters::sqlite::createDatabase(folder, options, [&](int done, int total) {
         if (onTerminal)

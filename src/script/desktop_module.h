@@ -16,7 +16,8 @@ struct DesktopInventory {
     std::string font;        ///< the family that the windows are written in; empty where there is none
     bool hasLetters = false; ///< that font has all that names are written with
     std::vector<std::string> printers;
-    std::string standardPrinter; ///< of these; may be empty
+    std::string standardPrinter;           ///< of these; may be empty
+    bool standardPrinterIsStopped = false; ///< it takes pages and prints none
 };
 
 } // namespace opd::ui
@@ -33,8 +34,8 @@ opd::ui::Desktop* opdCreateDesktop(opd::script::Player* player, opd::ui::WindowP
 /// Ends a desktop that opdCreateDesktop made. Null is ignored.
 void opdDestroyDesktop(opd::ui::Desktop* desktop);
 
-/// Looks at the workstation without showing a window. There must be a screen, as the toolkit understands it.
-void opdInspectDesktop(opd::ui::DesktopInventory* found);
+/// Looks at the workstation without showing a window. False when there is no screen, as the toolkit understands it.
+bool opdInspectDesktop(opd::ui::DesktopInventory* found);
 }
 
 namespace opd::ui {
@@ -52,6 +53,6 @@ inline constexpr const char* inspectDesktopSymbol = "opdInspectDesktop";
 
 using CreateDesktop = Desktop* (*)(script::Player*, WindowPlaces*);
 using DestroyDesktop = void (*)(Desktop*);
-using InspectDesktop = void (*)(DesktopInventory*);
+using InspectDesktop = bool (*)(DesktopInventory*);
 
 } // namespace opd::ui

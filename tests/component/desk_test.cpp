@@ -58,6 +58,7 @@ TEST_F(Desk, AWrongCommandLineIsOneLineAndStatusOne) {
         {{"create-database", at("new"), "--patients", "many"}, "--patients"},
         {{"configure"}, "--server"},
         {{"configure", "--server", "a;b"}, "semicolon"},
+        {{"configure", "--user", "sa"}, "name it with --server"},
         {{"run", "--desktop", "gtk"}, "--desktop"},
         {{"run", "--database", "a", "--settings", "b"}, "excludes"},
         {{"run", "--desktop", "scripted"}, "opd-desk configure"},
@@ -79,6 +80,9 @@ TEST_F(Desk, StoresConnectionSettingsForTheirOwnerAlone) {
     EXPECT_EQ(contentOf(file), "[Connection]\nUser=sa\nPassword=s3 cret#\nServer=HIS\n[Saving]\nWatchOtherDesks=no\n"
                                "[Searching]\nCarrySexAndBirthDate=yes\n");
     EXPECT_EQ(tests::modeOf(file), 0600U);
+    EXPECT_EQ(runDesk({"configure", "--watch-other-desks", "yes"}).status, 0);
+    EXPECT_TRUE(contentOf(file).starts_with(
+        "[Connection]\nUser=sa\nPassword=s3 cret#\nServer=HIS\n[Saving]\nWatchOtherDesks=yes"));
     expectOneLine(runDesk({"configure", "--server", "HIS", "--password-stdin"}, ""), "no password");
     expectOneLine(runDesk({"configure", "--server", "HIS", "--watch-other-desks", "maybe"}, ""), "--watch-other-desks");
 }
@@ -120,7 +124,7 @@ TEST_F(Desk, AHospitalIsForOwnerAndGroupAndCanBeMadeAgainAfterAKill) {
     makeHospital("hospital");
     makeHospital("new");
     ::umask(before);
-    EXPECT_EQ(tests::modeOf(at("new")), 0770U);
+    EXPECT_EQ(tests::modeOf(at("new")), 02770U) << "what a desk makes there is the group's";
     EXPECT_EQ(tests::modeOf(at("new/hospital.db")), 0660U);
     EXPECT_FALSE(std::filesystem::exists(at("hospital/hospital.db.unfinished-journal")));
     expectOneLine(runDesk({"create-database", at("hospital")}), "not empty");

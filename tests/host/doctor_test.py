@@ -55,7 +55,12 @@ def expect(found, *expected):
 def try_settings(work):
     expect(work.doctor(), ("settings", "No database is configured", "opd-desk configure --server"))
     work.desk("configure", "--server", str(work.home / "none"))
-    expect(work.doctor(), ("connection", "hospital.db", "opd-desk restore --database"))
+    (work.home / "none").mkdir()
+    (work.home / "none" / "hospital.db").touch(mode=0o600)
+    expect(work.doctor(), ("connection", "is not a hospital database", "opd-desk restore --database"))
+    (work.home / "none" / "hospital.db").unlink()
+    (work.home / "none").rmdir()
+    expect(work.doctor(), ("connection", "hospital.db", f"mkdir -p -m 770 {work.home}/none && opd-desk restore"))
     work.settings.chmod(0o644)
     expect(work.doctor(), ("settings", "Others than its owner", "chmod 600 '" + str(work.settings)))
     work.settings.chmod(0o600)

@@ -42,6 +42,18 @@ said "^All +3 +3$" statistics $days
 said "^2026-06-30  OTHER +999 +[0-9]+ +0$" statistics --until 07/01/2026
 said "The last day, 01/31/2020, comes before the first, 01/01/2027: nothing was counted" statistics --from 01/01/2027 --until 01/31/2020
 { "$desk" flag --database nowhere 2>&1 || true; } | grep -q "nowhere\" does not exist"
+said "12/31/9999\" is no day" statistics --until 12/31/9999
+
+# A backup with a name that means something to the engine, and what a restore refuses.
+"$desk" backup --database hospital -- -file >/dev/null
+"$desk" backup file:copy --database hospital >/dev/null
+said "^file:copy is right" check file:copy
+{ "$desk" restore file:copy --database nowhere 2>&1 || true; } | grep -q "There is no folder \"nowhere\""
+{ "$desk" restore file:copy --database "" 2>&1 || true; } | grep -q "the name is empty"
+{ "$desk" create-database "a;b" 2>&1 || true; } | grep -q "must not hold a semicolon"
+(flock 9; said "Another program is making it" restore file:copy) 9>hospital/hospital.db.restored
+said "^The hospital holds what ./-file held" restore ./-file
+[[ ! -e copy.unfinished ]]
 [[ -n "$server" ]] || exit 0
 
 # asked PATTERN COMMAND [FAULT]: what it says over the wire.

@@ -4,8 +4,11 @@
 
 #include <QCamera>
 #include <QCameraDevice>
+#include <QDir>
 #include <QEventLoop>
 #include <QImageCapture>
+#include <QLibraryInfo>
+#include <QLoggingCategory>
 #include <QMediaCaptureSession>
 #include <QMediaDevices>
 #include <QTimer>
@@ -19,9 +22,20 @@ using namespace std::chrono_literals;
 constexpr auto patience = 6s;
 constexpr auto exposureTime = 500ms; // the first frames of a camera are dark
 
+/// Has the toolkit ask the system itself for cameras. Where it can it asks GStreamer, whose part for cameras comes with
+/// no package that the desk needs, and without which there is none.
+void chooseBackend() {
+    QLoggingCategory::setFilterRules("default.debug=false"); // that part tells standard error each thing it does
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/multimedia");
+    if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND") && !plugins.entryList({"*ffmpeg*"}).isEmpty())
+        qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+}
+
 /// The standard camera of the workstation, switched on for one frame at a time.
 class StandardCamera final : public opd::Camera {
   public:
+    StandardCamera() { chooseBackend(); }
+
     std::optional<opd::Image> takeStill() override {
         const QCameraDevice device = QMediaDevices::defaultVideoInput();
         if (device.isNull())
@@ -73,6 +87,7 @@ extern "C" opd::Camera* opdCreateCamera() {
 }
 
 extern "C" void opdListCameras(std::vector<std::string>* names) {
+    chooseBackend();
     const QCameraDevice standard = QMediaDevices::defaultVideoInput();
     for (const QCameraDevice& device : QMediaDevices::videoInputs())
         names->insert(device == standard ? names->begin() : names->end(), device.description().toStdString());

@@ -99,7 +99,9 @@ extern "C" void opdDestroyDesktop(opd::ui::Desktop* desktop) {
     const std::unique_ptr<opd::ui::Desktop> owned(desktop);
 }
 
-extern "C" void opdInspectDesktop(opd::ui::DesktopInventory* found) {
+extern "C" bool opdInspectDesktop(opd::ui::DesktopInventory* found) {
+    if (!ScreenProbe{}.found())
+        return false;
     static const QApplication* const application = makeApplication().release(); // as long as the process, for a camera
     static_cast<void>(application);
     const QFont font = QApplication::font();
@@ -111,5 +113,8 @@ extern "C" void opdInspectDesktop(opd::ui::DesktopInventory* found) {
                         });
     for (const QString& printer : QPrinterInfo::availablePrinterNames())
         found->printers.push_back(printer.toStdString());
-    found->standardPrinter = QPrinterInfo::defaultPrinterName().toStdString();
+    const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
+    found->standardPrinter = standard.printerName().toStdString();
+    found->standardPrinterIsStopped = !standard.isNull() && standard.state() == QPrinter::Aborted;
+    return true;
 }

@@ -23,28 +23,6 @@ int versionOf(const EmbeddedText& migration) {
     return std::atoi(migration.name);
 }
 
-/// The copy of a file beside it, whole or not there at all; it goes again unless it is kept.
-class Copy {
-  public:
-    Copy(const std::filesystem::path& file, int version, const Clock& clock)
-        : m_copy(unusedName(file.string() + ".version-" + std::to_string(version))) {
-        copyWhole(file, m_copy, clock);
-    }
-    ~Copy() {
-        std::error_code ignored;
-        if (!m_kept)
-            std::filesystem::remove(m_copy, ignored);
-    }
-    Copy(const Copy&) = delete;
-    Copy& operator=(const Copy&) = delete;
-
-    void keep() { m_kept = true; }
-
-  private:
-    std::filesystem::path m_copy;
-    bool m_kept = false;
-};
-
 /// Holds the file from before the copy to the end, so that nothing is written between the two.
 void takeSteps(const std::filesystem::path& file, const Clock& clock) {
     Database database(file, Database::Mode::Existing, clock);
@@ -53,7 +31,7 @@ void takeSteps(const std::filesystem::path& file, const Clock& clock) {
     const int version = versionOf(database);
     if (version >= schemaVersion())
         return; // another desk was first
-    Copy copy(file, version, clock);
+    CopyBefore copy(file, file.string() + ".version-" + std::to_string(version), clock);
     for (const EmbeddedText& migration : migrations())
         if (versionOf(migration) > version)
             database.run(migration.text);
@@ -71,6 +49,12 @@ int versionOf(const Database& database) {
     Query version(database, "PRAGMA user_version");
     version.next();
     return sqlite3_column_int(version.statement(), 0);
+}
+
+void refuseUnlessHospital(const Database& database, const std::string& name) {
+    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
+    if (!hospital.next() || versionOf(database) < 1)
+        throw serverError(name + " is not a hospital database.", 824, "08001");
 }
 
 void migrate(const std::filesystem::path& file, const Clock& clock) {

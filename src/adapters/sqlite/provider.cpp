@@ -11,9 +11,7 @@
 #include "base/text/text.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <optional>
-#include <unistd.h>
 
 namespace opd::adapters::sqlite {
 
@@ -222,20 +220,9 @@ class SqliteLink final : public ado::Link {
     StatementReader m_reader{m_database, m_prepared};
 };
 
-/// Throws when this user may not read the database, or only read it: told at the start, not when the first patient is
-/// to be saved. The journal lies beside the file, so the folder counts as well.
-void checkPermissions(const std::filesystem::path& file) {
-    if (eaccess(file.c_str(), R_OK) != 0 && errno == EACCES)
-        throw serverError("This user may not read it: ask the administrator for permission to use it.", 229, "42000");
-    if (eaccess(file.c_str(), W_OK) != 0 || eaccess(file.parent_path().c_str(), W_OK | X_OK) != 0)
-        throw serverError("This user may only read it: nothing could be saved.", 3906, "25000");
-}
-
 /// Throws when the file is no hospital database, or one of a version that this program does not know yet.
 void checkVersion(const Database& database, const std::string& folder) {
-    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
-    if (!hospital.next() || versionOf(database) < 1)
-        throw serverError("The file hospital.db in \"" + folder + "\" is not a hospital database.", 824, "08001");
+    refuseUnlessHospital(database, "The file hospital.db in \"" + folder + "\"");
     if (versionOf(database) > schemaVersion())
         throw serverError("The database in \"" + folder +
                               "\" belongs to a newer version of this program and cannot be used with this one: install "
@@ -279,7 +266,7 @@ class SqliteProvider final : public ado::Provider {
     /// Opens the file and reads its first page; a failure says which folder it is about.
     std::unique_ptr<SqliteLink> opened(const std::filesystem::path& file, const ado::Link::OnWait& onWait) const {
         try {
-            checkPermissions(file);
+            refuseUnlessWritable(file);
             auto link = std::make_unique<SqliteLink>(file, m_clock, m_patience);
             link->setOnWait(onWait);
             Query(link->database(), "SELECT count(*) FROM sqlite_schema").next();

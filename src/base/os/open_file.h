@@ -6,7 +6,7 @@
 namespace opd::os {
 
 /// A new, empty file (mode 0660 less what the umask takes away) that nobody else may replace before the end of the
-/// scope. One that was left by a process that is gone is taken over empty.
+/// scope. One that was left by a process that is gone is taken over empty; one that has got another name is left alone.
 class HeldFile {
   public:
     /// Throws std::runtime_error, also when another process holds the file.
@@ -15,7 +15,11 @@ class HeldFile {
     HeldFile(const HeldFile&) = delete;
     HeldFile& operator=(const HeldFile&) = delete;
 
+    /// Gives it the content of another file. Throws std::runtime_error, which says which of the two is at fault.
+    void fill(const std::filesystem::path& from) const;
+
   private:
+    std::filesystem::path m_file;
     int m_descriptor;
 };
 

@@ -30,9 +30,13 @@ class FileTurn {
     int m_descriptor;
 };
 
-/// Makes a folder and those above it, each new one with mode 0770 less what the umask takes away. Throws
-/// std::runtime_error.
+/// Makes a folder and those above it, each new one with mode 0770 less what the umask takes away; what its users make
+/// in there is the folder's group's. Throws std::runtime_error.
 void makeFolderForGroup(const std::filesystem::path& folder);
+
+/// Gives a file the owner, the group and the rights to read and write that another, or a folder, has, as far as this
+/// user may: an administrator's file is of use to those who work with it.
+void giveToUsersOf(const std::filesystem::path& other, const std::filesystem::path& file);
 
 /// Throws std::runtime_error, with the command that mends it, for a file that anybody but its owner may read or write.
 /// One that is missing is private.

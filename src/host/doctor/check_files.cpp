@@ -11,7 +11,10 @@
 
 #include <fmt/core.h>
 
+#include <cstdint>
 #include <set>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace opd::host {
@@ -32,7 +35,7 @@ bool isPrivate(const fs::path& file) {
 Finding configured(const Desk& desk) {
     if (desk.server.empty())
         return wrong("settings", "No database is configured in \"" + desk.settingsFile.string() + "\".",
-                     "opd-desk configure --server NAME|FOLDER");
+                     "opd-desk configure --server NAME|FOLDER" + desk.option);
     const std::string user = data::connStr(desk.settings, 1, {});
     const bool isHospital = ado::isFolder(desk.server);
     return right("settings", fmt::format("{} \"{}\"{}.", isHospital ? "The hospital in" : "The server", desk.server,
@@ -78,7 +81,7 @@ Finding pictureFinding(const Desk& desk) {
     const std::string folder = reports::pictureFolder(desk.settings);
     if (folder.empty())
         return missing(what, "None is set: photographs cannot be kept.",
-                       configureCommand(desk, shellWord(desk.server)) + " --pictures FOLDER");
+                       "opd-desk configure --pictures FOLDER" + desk.option);
     fs::path existing = folder;
     std::error_code unreadable;
     while (!fs::exists(existing, unreadable) && existing.has_relative_path())
@@ -86,13 +89,39 @@ Finding pictureFinding(const Desk& desk) {
     const std::string at = shellWord(existing.string());
     if (!fs::is_directory(existing, unreadable))
         return wrong(what, "\"" + existing.string() + "\" is no folder.", "mv " + at + " " + at + ".old");
+    if (const std::optional<Finding> fault = diskFault(what, existing))
+        return *fault;
     if (::access(existing.c_str(), R_OK | W_OK | X_OK) != 0)
         return wrong(what, "This user cannot keep photographs in \"" + existing.string() + "\"." + fromNextLogin,
-                     "sudo chmod g+rwx " + at + " && sudo usermod -a -G \"$(stat -c %G " + at + ")\" \"$USER\"");
+                     shareCommand(existing));
     return right(what, folder + (existing == folder ? "" : ", which is made with the first photograph"));
 }
 
 } // namespace
+
+std::string shareCommand(const fs::path& folder) {
+    struct stat found {};
+    const bool isAdministrators = ::stat(folder.c_str(), &found) == 0 && found.st_gid == 0;
+    const std::string at = shellWord(folder.string());
+    const std::string group = isAdministrators ? "opd-desk" : "\"$(stat -c %G " + at + ")\"";
+    return (isAdministrators ? "sudo groupadd -f opd-desk && " : "") + ("sudo chgrp -R " + group + " " + at) +
+           " && sudo chmod -R g+rwX " + at + " && sudo chmod g+s " + at + " && sudo usermod -a -G " + group +
+           " \"$USER\"";
+}
+
+std::optional<Finding> diskFault(const char* what, const fs::path& folder) {
+    constexpr std::uint64_t leastRoom = 1U << 20U; // less is gone with the next registrations
+    const std::string at = shellWord(folder.string());
+    struct statvfs disk {};
+    if (::statvfs(folder.c_str(), &disk) != 0)
+        return std::nullopt;
+    if ((disk.f_flag & ST_RDONLY) != 0)
+        return wrong(what, "The disk of \"" + folder.string() + "\" can only be read.",
+                     "sudo mount -o remount,rw \"$(stat -c %m " + at + ")\"");
+    if (std::uint64_t{disk.f_bavail} * disk.f_frsize < leastRoom)
+        return wrong(what, "The disk of \"" + folder.string() + "\" is full.", "df -h " + at);
+    return std::nullopt;
+}
 
 std::string libraryMend(const fs::path& file, const os::LibraryError& error) {
     std::error_code gone;
@@ -107,7 +136,7 @@ std::string libraryMend(const fs::path& file, const os::LibraryError& error) {
 std::string configureCommand(const Desk& desk, const std::string& server) {
     const std::string user = data::connStr(desk.settings, 1, {});
     return "opd-desk configure --server " + server +
-           (user.empty() ? std::string{} : " --user " + shellWord(user) + " --password-stdin");
+           (user.empty() ? std::string{} : " --user " + shellWord(user) + " --password-stdin") + desk.option;
 }
 
 Findings checkSettings(const Desk& desk) {

@@ -54,16 +54,18 @@ Finding connected(const Desk& desk) {
 
 /// Why a desk would get no connection, with the command for that.
 Finding refused(const Desk& desk, const ado::Error& error) {
-    const std::string folder = shellWord(desk.server);
+    if (const std::optional<Finding> fault = diskFault("connection", desk.server))
+        return *fault;
     std::error_code unreadable;
     const bool there = std::filesystem::exists(std::filesystem::path(desk.server) / "hospital.db", unreadable);
     if (unreadable || error.number() == noRight || error.number() == onlyReads)
-        return wrong("connection", error.what() + std::string{fromNextLogin},
-                     "sudo chmod -R g+rwX " + folder + " && sudo usermod -a -G \"$(stat -c %G " + folder +
-                         ")\" \"$USER\"");
+        return wrong("connection", error.what() + std::string{fromNextLogin}, shareCommand(desk.server));
     const std::string restore = "opd-desk restore " + namedBy(desk) + " BACKUP";
     if (!there)
-        return wrong("connection", "There is no hospital.db in \"" + desk.server + "\".", restore);
+        return wrong(
+            "connection", "There is no hospital.db in \"" + desk.server + "\".",
+            (std::filesystem::is_directory(desk.server) ? "" : "mkdir -p -m 770 " + shellWord(desk.server) + " && ") +
+                restore);
     return wrong("connection", error.what(), error.number() == damaged ? restore : "opd-desk check " + namedBy(desk));
 }
 

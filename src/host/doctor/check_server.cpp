@@ -36,6 +36,9 @@ Finding refused(const Desk& desk, const ado::Error& error) {
     const std::string reason = error.what();
     if (state == "IM002" || state == "01000" || reason.find("unixodbc") != std::string::npos)
         return wrong("connection", reason, "sudo apt install unixodbc tdsodbc");
+    if (const std::string driver = desk.settings.get(connectionSettingsApplication, serverSettingsSection, "Driver");
+        !driver.empty() && reason.find("\"" + driver + "\"") != std::string::npos)
+        return wrong("connection", reason, "opd-desk configure --driver \"\"" + desk.option);
     const bool isLogin = error.number() == wrongPassword || state == "28000";
     return wrong("connection", reason, configureCommand(desk, isLogin ? shellWord(desk.server) : "NAME,PORT"));
 }

@@ -16,19 +16,22 @@ bool isSet(const char* variable) {
     return value != nullptr && *value != '\0';
 }
 
-Finding displayFinding() {
-    if (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"))
-        return right("display", "There is one.");
-    if (!isSet("QT_QPA_PLATFORM"))
-        ::setenv("QT_QPA_PLATFORM", "offscreen", 1); // letters and printers are looked at without one
-    return missing("display", "This session has none; the desk opens where there is one.");
+/// False when the session's display does not answer.
+bool inspect(ui::DesktopInventory& found) {
+    const os::Library module{os::trustedLibrary(ui::desktopModule(programFolder(), "qt"))};
+    return module.function<std::remove_pointer_t<ui::InspectDesktop>>(ui::inspectDesktopSymbol)(&found);
 }
 
-ui::DesktopInventory inventory() {
-    const os::Library module{os::trustedLibrary(ui::desktopModule(programFolder(), "qt"))};
-    ui::DesktopInventory found;
-    module.function<std::remove_pointer_t<ui::InspectDesktop>>(ui::inspectDesktopSymbol)(&found);
-    return found;
+/// Letters and printers are looked at without a display where there is none.
+Finding inspectWithDisplay(ui::DesktopInventory& found) {
+    const bool hasOne = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+    if (hasOne && inspect(found))
+        return right("display", "There is one.");
+    if (hasOne || !isSet("QT_QPA_PLATFORM"))
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    inspect(found);
+    return hasOne ? missing("display", "That of this session does not answer this user. The desk opens where one does.")
+                  : missing("display", "This session has none; the desk opens where there is one.");
 }
 
 Finding fontFinding(const ui::DesktopInventory& found) {
@@ -47,6 +50,9 @@ Finding printerFinding(const ui::DesktopInventory& found) {
     if (found.standardPrinter.empty())
         return missing("printer", "None of them is the standard one.",
                        "lpoptions -d " + shellWord(found.printers.front()));
+    if (found.standardPrinterIsStopped)
+        return wrong("printer", "\"" + found.standardPrinter + "\" is stopped: pages wait and are not printed.",
+                     "sudo cupsenable " + shellWord(found.standardPrinter));
     return right("printer", "Pages go to \"" + found.standardPrinter + "\".");
 }
 
@@ -70,9 +76,10 @@ Finding cameraFinding() {
 } // namespace
 
 Findings checkWorkstation() {
-    Findings found{displayFinding()};
+    Findings found;
     try {
-        const ui::DesktopInventory there = inventory();
+        ui::DesktopInventory there;
+        found.push_back(inspectWithDisplay(there));
         found.push_back(fontFinding(there));
         found.push_back(printerFinding(there));
     } catch (const os::LibraryError& error) {

@@ -7,9 +7,11 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace opd::host {
 
@@ -38,18 +40,34 @@ std::string serverOf(const settings::Store& store) {
 }
 
 /// A check that fails in a way of its own is a finding, and the others go on.
-void add(Findings& all, const char* what, const std::function<Findings()>& check) {
+Findings findingsOf(const char* what, const std::function<Findings()>& check) {
     try {
-        const Findings found = check();
-        all.insert(all.end(), found.begin(), found.end());
+        return check();
     } catch (const std::exception& failure) {
-        all.push_back(wrong(what, failure.what(), {}));
+        return {wrong(what, failure.what(), {})};
     }
+}
+
+void print(const Finding& finding) {
+    constexpr const char* words[] = {"right", "none", "WRONG"};
+    fmt::print("{:<6}{:<16}{}\n", words[static_cast<int>(finding.state)], finding.what, finding.text);
+    if (!finding.mend.empty())
+        fmt::print("{:<22}$ {}\n", "", finding.mend);
+}
+
+/// Printed at once: a toolkit or driver that ends the program takes no finding with it.
+void add(Findings& all, const char* what, const std::function<Findings()>& check) {
+    for (Finding& finding : findingsOf(what, check)) {
+        print(finding);
+        all.push_back(std::move(finding));
+    }
+    std::fflush(stdout);
 }
 
 Findings examine(const AdministerOptions& options) {
     const std::unique_ptr<settings::Store> store = storeOf(options);
-    const Desk desk{*store, fileOf(*store), serverOf(*store)};
+    const Desk desk{*store, fileOf(*store), serverOf(*store),
+                    options.settings.empty() ? std::string{} : " --settings " + shellWord(options.settings)};
     Findings all;
     add(all, "settings", [&] { return checkSettings(desk); });
     add(all, "program", [] { return checkProgram(); });
@@ -60,13 +78,6 @@ Findings examine(const AdministerOptions& options) {
     }
     add(all, "workstation", [] { return checkWorkstation(); });
     return all;
-}
-
-void print(const Finding& finding) {
-    constexpr const char* words[] = {"right", "none", "WRONG"};
-    fmt::print("{:<6}{:<16}{}\n", words[static_cast<int>(finding.state)], finding.what, finding.text);
-    if (!finding.mend.empty())
-        fmt::print("{:<22}$ {}\n", "", finding.mend);
 }
 
 } // namespace
@@ -83,8 +94,6 @@ std::string shellWord(const std::string& word) {
 
 void doctor(const AdministerOptions& options) {
     const Findings all = examine(options);
-    for (const Finding& finding : all)
-        print(finding);
     const auto faults =
         std::count_if(all.begin(), all.end(), [](const Finding& each) { return each.state == Finding::State::Wrong; });
     if (faults > 0)

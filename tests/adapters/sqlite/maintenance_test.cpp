@@ -67,10 +67,17 @@ TEST(Maintenance, ADamagedHospitalIsSetAsideAndADamagedBackupRefused) {
     const long given = lastGiven(hospital);
     damage(hospital.file());
     EXPECT_FALSE(faultsOf(hospital.folder()).empty());
+    const auto rightsOf = [](const std::filesystem::path& file) { return std::filesystem::status(file).permissions(); };
+    const std::filesystem::perms rights = rightsOf(hospital.file());
+    std::filesystem::permissions(backup, std::filesystem::perms::owner_read);
     const std::filesystem::path aside = restore(hospital.folder(), backup);
     EXPECT_EQ(surname(*hospital.connect()), before);
+    EXPECT_EQ(rightsOf(hospital.file()), rights) << "the desks get at it as before";
     EXPECT_EQ(lastGiven(hospital), given) << "the damaged file tells it still";
     EXPECT_THROW(restore(hospital.folder(), aside), std::runtime_error);
+    std::filesystem::resize_file(hospital.file(), 0);
+    EXPECT_EQ(faultsOf(hospital.folder()).size(), 1U);
+    EXPECT_EQ(restore(hospital.folder(), backup), hospital.file().string() + ".damaged.2");
     EXPECT_FALSE(std::filesystem::exists(hospital.file().string() + ".restored")) << "a refused draft stays";
     EXPECT_EQ(faultsOf(hospital.folder()), std::vector<std::string>{});
     hospital.runAsAdministrator("UPDATE Patient_Data_tbOutPatient SET HospNum = '00009999' WHERE IDNum = "

@@ -3,10 +3,13 @@
 #include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/whole_copy.h"
+#include "base/os/open_file.h"
+#include "base/os/safe_file.h"
 #include "base/os/system_clock.h"
 
 #include <algorithm>
 #include <stdexcept>
+#include <unistd.h>
 
 namespace opd::adapters::sqlite {
 
@@ -22,18 +25,12 @@ const Clock& machineClock() {
     return clock;
 }
 
-/// `name` is how the administrator knows the file.
-void refuseUnlessHospital(const Database& database, const std::filesystem::path& name) {
-    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
-    if (!hospital.next() || versionOf(database) < 1)
-        throw std::runtime_error("\"" + name.string() + "\" is not a hospital database.");
-    if (versionOf(database) > schemaVersion())
-        throw std::runtime_error("\"" + name.string() + "\" belongs to a newer version of this program.");
-}
-
 std::filesystem::path existing(const std::filesystem::path& file) {
     std::error_code unreadable;
-    if (!std::filesystem::is_regular_file(file, unreadable))
+    const bool isFile = std::filesystem::is_regular_file(file, unreadable);
+    if (unreadable == std::errc::permission_denied || (isFile && eaccess(file.c_str(), R_OK) != 0))
+        throw std::runtime_error("\"" + file.string() + "\" is closed to this user.");
+    if (!isFile)
         throw std::runtime_error("There is no hospital database \"" + file.string() + "\".");
     return file;
 }
@@ -42,10 +39,15 @@ std::filesystem::path existing(const std::filesystem::path& file) {
 class Hospital : public Database {
   public:
     explicit Hospital(const std::filesystem::path& file) : Hospital(file, file) {}
+
+    /// `name` is how the administrator knows the file.
     Hospital(const std::filesystem::path& file, const std::filesystem::path& name)
         : Database(existing(file), Mode::Existing, machineClock()) {
         setPatience(patience);
-        refuseUnlessHospital(*this, name);
+        const std::string called = "\"" + name.string() + "\"";
+        refuseUnlessHospital(*this, called);
+        if (versionOf(*this) > schemaVersion())
+            throw std::runtime_error(called + " belongs to a newer version of this program: install that one.");
     }
 };
 
@@ -69,20 +71,36 @@ std::vector<std::string> damagesOf(const std::filesystem::path& file, const std:
     }
 }
 
-/// The files of a draft, with its journals and the copy that a migration leaves: gone before and after it.
+/// The files of a draft, held against another restore, with its journals and the copy that a migration leaves: those
+/// are gone before and after it.
 class DraftFiles {
   public:
-    explicit DraftFiles(std::filesystem::path file) : m_file(std::move(file)) { remove(); }
-    ~DraftFiles() { remove(); }
+    explicit DraftFiles(std::filesystem::path file) : m_file(std::move(file)), m_held(m_file) { removeOthers(); }
+    ~DraftFiles() {
+        removeOthers();
+        std::error_code ignored;
+        std::filesystem::remove(m_file, ignored);
+    }
     DraftFiles(const DraftFiles&) = delete;
     DraftFiles& operator=(const DraftFiles&) = delete;
 
     const std::filesystem::path& file() const { return m_file; }
 
+    /// A hospital that is in use, or was copied with its journal, has its last visits there. Without one the file is
+    /// all, and only read.
+    void fill(const std::filesystem::path& backup) const {
+        std::error_code none;
+        const auto journal = std::filesystem::file_size(backup.string() + "-wal", none);
+        if (!none && journal > 0)
+            copyInto(m_file, backup, machineClock());
+        else
+            m_held.fill(backup);
+    }
+
   private:
     /// Each by its name: an administrator's own copy may be called nearly the same.
-    void remove() const {
-        std::vector<std::string> ends{"", "-wal", "-shm", "-journal", ".queue"};
+    void removeOthers() const {
+        std::vector<std::string> ends{"-wal", "-shm", "-journal", ".queue"};
         for (int version = 1; version < schemaVersion(); ++version)
             ends.push_back(".version-" + std::to_string(version));
         std::error_code ignored;
@@ -91,9 +109,13 @@ class DraftFiles {
     }
 
     std::filesystem::path m_file;
+    os::HeldFile m_held;
 };
 
 std::filesystem::path draftOf(const std::filesystem::path& folder, const std::filesystem::path& backup) {
+    existing(backup);
+    if (!std::filesystem::is_directory(folder))
+        throw std::runtime_error("There is no folder \"" + folder.string() + "\" for the hospital. Make it first.");
     std::filesystem::path draft = databaseFile(folder).string() + ".restored";
     std::error_code missing;
     if (std::filesystem::equivalent(draft, backup, missing))
@@ -107,11 +129,9 @@ std::filesystem::path draftOf(const std::filesystem::path& folder, const std::fi
 class Draft {
   public:
     Draft(const std::filesystem::path& folder, const std::filesystem::path& backup) : m_files(draftOf(folder, backup)) {
-        copyOf(existing(backup));
-        std::filesystem::permissions(file(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write,
-                                     std::filesystem::perm_options::add);
-        if (!damagesOf(file(), backup).empty())
-            throw std::runtime_error("The backup \"" + backup.string() + "\" is damaged.");
+        m_files.fill(backup);
+        if (const std::vector<std::string> damages = damagesOf(file(), backup); !damages.empty())
+            throw std::runtime_error("The backup \"" + backup.string() + "\" is damaged: " + damages.front());
         if (versionOf(Hospital(file())) < schemaVersion())
             migrate(file(), machineClock());
     }
@@ -119,17 +139,6 @@ class Draft {
     const std::filesystem::path& file() const { return m_files.file(); }
 
   private:
-    /// A hospital that is in use, or was copied with its journal, has its last visits there. Without one the file is
-    /// all, and only read.
-    void copyOf(const std::filesystem::path& backup) const {
-        std::error_code none;
-        const auto journal = std::filesystem::file_size(backup.string() + "-wal", none);
-        if (!none && journal > 0)
-            copyWhole(backup, file(), machineClock());
-        else
-            std::filesystem::copy_file(backup, file());
-    }
-
     DraftFiles m_files;
 };
 
@@ -165,7 +174,7 @@ std::string replaceRows(const Database& database) {
 
 void attach(const Database& database, const std::filesystem::path& file) {
     Query attaching(database, "ATTACH ? AS backup");
-    attaching.bind(1, file.string());
+    attaching.bind(1, std::filesystem::absolute(file).string());
     attaching.next();
 }
 
@@ -215,10 +224,13 @@ std::filesystem::path replaceContent(const std::filesystem::path& file, const Dr
     Hospital hospital(file);
     attach(hospital, draft.file());
     hospital.run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; BEGIN IMMEDIATE");
-    std::filesystem::path kept = unusedName(file.string() + ".before-restore");
-    copyWhole(file, kept, machineClock());
+    CopyBefore copy(file, file.string() + ".before-restore", machineClock());
     hospital.run(makeLost(hospital) + replaceRows(hospital) + "ANALYZE main; COMMIT");
-    return kept;
+    return copy.keep();
+}
+
+std::filesystem::path fileOf(const std::filesystem::path& place) {
+    return std::filesystem::is_directory(place) ? databaseFile(place) : place;
 }
 
 void set(Database& database, const std::string& column, const ado::Value& value) {
@@ -246,6 +258,7 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
         return replaceContent(file, draft);
     std::filesystem::path kept = setAside(file);
     copyWhole(draft.file(), file, machineClock());
+    os::giveToUsersOf(kept.empty() ? folder : kept, file);
     Database(file, Database::Mode::Existing, machineClock()).run("PRAGMA journal_mode = WAL");
     if (!kept.empty())
         goOnCounting(file, kept);
@@ -253,7 +266,7 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
 }
 
 std::vector<std::string> faultsOf(const std::filesystem::path& place) {
-    const std::filesystem::path file = std::filesystem::is_directory(place) ? databaseFile(place) : place;
+    const std::filesystem::path file = fileOf(place);
     std::vector<std::string> faults = damagesOf(file, file);
     if (!faults.empty())
         return faults;
@@ -264,9 +277,11 @@ std::vector<std::string> faultsOf(const std::filesystem::path& place) {
          texts(hospital, "SELECT FileNum FROM Patient_Data_tbMaster WHERE FileNum IS NOT NULL GROUP BY FileNum HAVING "
                          "count(*) > 1"))
         faults.push_back("Several patients have the file number " + number + ".");
-    if (versionOf(hospital) < schemaVersion())
-        faults.push_back("It is of an older version, and the next desk that opens it changes it to this one.");
     return faults;
+}
+
+bool isOlder(const std::filesystem::path& place) {
+    return versionOf(Hospital(fileOf(place))) < schemaVersion();
 }
 
 void setNames(const std::filesystem::path& folder, const HospitalNames& names) {

@@ -21,6 +21,9 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
 /// What is wrong with a hospital, a line each; nothing when all is right. `place` is a folder or the file of a backup.
 std::vector<std::string> faultsOf(const std::filesystem::path& place);
 
+/// True for a hospital, or a backup, of an older version of the program, which is no fault.
+bool isOlder(const std::filesystem::path& place);
+
 /// What the hospital is called; what is not set stays as it is. They are no statement's values, so that a name may have
 /// an apostrophe.
 struct HospitalNames {

@@ -44,7 +44,12 @@ std::vector<CalledProcedure> calledProcedures() {
 }
 
 SchemaVersions versionsOf(const std::filesystem::path& folder) {
-    return {versionOf(opened(folder)), schemaVersion()};
+    std::error_code closed;
+    if (std::filesystem::exists(databaseFile(folder), closed))
+        refuseUnlessWritable(databaseFile(folder));
+    const Database database = opened(folder);
+    refuseUnlessHospital(database, "The file hospital.db in \"" + folder.string() + "\"");
+    return {versionOf(database), schemaVersion()};
 }
 
 std::vector<std::string> faultsOfProcedures(const std::filesystem::path& folder) {

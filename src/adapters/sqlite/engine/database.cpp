@@ -6,7 +6,9 @@
 #include "base/text/text.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <thread>
+#include <unistd.h>
 #include <utility>
 
 namespace opd::adapters::sqlite {
@@ -40,6 +42,26 @@ void check(const Database& database, int result) {
         database.fail();
 }
 
+/// True for a file that this user may only read, or that lies where nothing can be written, and at which nobody works:
+/// a backup on a disk for reading alone. The engine could read it with files beside it only.
+bool standsStill(const std::filesystem::path& file) {
+    std::error_code unreadable;
+    const bool canWrite = eaccess(file.c_str(), W_OK) == 0 && eaccess(file.parent_path().c_str(), W_OK | X_OK) == 0;
+    return !canWrite && !std::filesystem::exists(file.string() + "-wal", unreadable) && !unreadable;
+}
+
+/// The name by which the engine opens a file for which it may take it that nothing changes.
+std::string unchanging(const std::filesystem::path& file) {
+    std::string name = "file://";
+    for (const char character : file.string())
+        name += std::string_view{"%?#"}.find(character) == std::string_view::npos
+                    ? std::string(1, character)
+                    : "%" + std::string{character == '%'   ? "25"
+                                        : character == '?' ? "3F"
+                                                           : "23"};
+    return name + "?immutable=1";
+}
+
 } // namespace
 
 std::filesystem::path databaseFile(const std::filesystem::path& folder) {
@@ -48,6 +70,18 @@ std::filesystem::path databaseFile(const std::filesystem::path& folder) {
 
 std::filesystem::path queueOf(const std::filesystem::path& file) {
     return file.string() + ".queue";
+}
+
+void refuseUnlessWritable(const std::filesystem::path& file) {
+    if (eaccess(file.c_str(), R_OK) != 0 && errno == EACCES)
+        throw serverError("This user may not read it: ask the administrator for permission to use it.", 229, "42000");
+    for (const char* journal : {"-wal", "-shm"})
+        if (eaccess((file.string() + journal).c_str(), R_OK | W_OK) != 0 && errno == EACCES)
+            throw serverError("Another user's desk has it open, and keeps " + file.filename().string() + journal +
+                                  " to itself: ask the administrator to let the folder's group have it.",
+                              229, "42000");
+    if (eaccess(file.c_str(), W_OK) != 0 || eaccess(file.parent_path().c_str(), W_OK | X_OK) != 0)
+        throw serverError("This user may only read it: nothing could be saved.", 3906, "25000");
 }
 
 void Database::Waiting::tell(Moment now) {
@@ -83,9 +117,12 @@ Database::Database(const std::filesystem::path& file, Mode mode, const Clock& cl
     static const int uncounted = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     static_cast<void>(uncounted);
     sqlite3* handle = nullptr;
+    const std::filesystem::path whole = std::filesystem::absolute(file); // "file:..." means something to the engine
+    const bool isStill = mode == Mode::Existing && standsStill(whole);
     // A connection is used by one thread at a time, so the engine need not see to that at every cell.
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
-    const int result = sqlite3_open_v2(file.c_str(), &handle, flags, nullptr);
+    const int flags = SQLITE_OPEN_NOMUTEX | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0) |
+                      (isStill ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE);
+    const int result = sqlite3_open_v2((isStill ? unchanging(whole) : whole.string()).c_str(), &handle, flags, nullptr);
     m_handle.reset(handle);
     if (result != SQLITE_OK)
         fail();

@@ -22,12 +22,17 @@ std::filesystem::path databaseFile(const std::filesystem::path& folder);
 /// The file beside a database in which the desks that want to write stand in a queue.
 std::filesystem::path queueOf(const std::filesystem::path& file);
 
+/// Throws ado::Error when this user may not read a database file that is there, or only read it: told at the start, not
+/// when the first patient is to be saved. Its journal lies beside it, so the folder counts as well.
+void refuseUnlessWritable(const std::filesystem::path& file);
+
 /// An open database file with the hospital's collation and functions.
 class Database {
   public:
     enum class Mode { Existing, Create };
 
-    /// Opens the file; "Existing" never makes one. Throws ado::Error.
+    /// Opens the file; "Existing" never makes one, and serves for reading where nothing can be written. Throws
+    /// ado::Error.
     Database(const std::filesystem::path& file, Mode mode, const Clock& clock);
 
     sqlite3* handle() const { return m_handle.get(); }

@@ -1,20 +1,29 @@
 #include "adapters/sqlite/engine/errors.h"
 
+#include <cerrno>
+
 namespace opd::adapters::sqlite {
 
 ado::Error serverError(const std::string& message, long number, const std::string& sqlState) {
     return ado::Error(message, "Embedded database", number, sqlState);
 }
 
+bool isFull(sqlite3* handle) {
+    const int system = sqlite3_system_errno(handle);
+    const int failed = sqlite3_errcode(handle) & 0xFF;
+    const bool isOfFile = failed == SQLITE_IOERR || failed == SQLITE_CANTOPEN;
+    return failed == SQLITE_FULL || (isOfFile && (system == ENOSPC || system == EDQUOT));
+}
+
 ado::Error errorOf(sqlite3* handle) {
+    if (handle != nullptr && isFull(handle))
+        return serverError("The disk of the hospital's database is full.", 1105, "HY000");
     const std::string detail = handle == nullptr ? "out of memory" : sqlite3_errmsg(handle);
     const int extended = handle == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(handle);
     switch (extended & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return serverError("The hospital's database is in use by another program. Please try again.", 1222, "HYT00");
-    case SQLITE_FULL:
-        return serverError("The disk of the hospital's database is full.", 1105, "HY000");
     case SQLITE_READONLY:
         return serverError("The hospital's database is read-only.", 3906, "25000");
     case SQLITE_IOERR:

@@ -1,10 +1,11 @@
 #include "adapters/sqlite/engine/writer_queue.h"
 
+#include "base/os/safe_file.h"
+
 #include <algorithm>
 #include <chrono>
 #include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
@@ -52,10 +53,9 @@ WriterQueue::~WriterQueue() {
 
 void WriterQueue::open() {
     m_file = ::open(m_path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-    // Whoever may use the database may stand in the queue.
-    struct stat database {};
-    if (m_file >= 0 && stat(std::filesystem::path{m_path}.replace_extension().c_str(), &database) == 0)
-        std::ignore = fchmod(m_file, database.st_mode & 0666);
+    // Whoever may use the database may stand in the queue, also when an administrator was there first.
+    if (m_file >= 0)
+        os::giveToUsersOf(std::filesystem::path{m_path}.replace_extension(), m_path);
 }
 
 // The room on the disk is asked for first: memory that stands for a file without room ends the program.

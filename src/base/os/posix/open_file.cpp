@@ -1,13 +1,16 @@
 #include "base/os/open_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <fstream>
 #include <stdexcept>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace opd::os {
 
@@ -36,18 +39,48 @@ int openedPlain(const std::filesystem::path& file, int flags, mode_t mode) {
     fail(file, "It is no plain file");
 }
 
+/// False when whoever held the file has finished it between its opening and its locking: it is whole then, and has
+/// another name.
+bool stillHasName(int descriptor, const std::filesystem::path& file) {
+    struct stat opened {
+    }, named{};
+    return ::fstat(descriptor, &opened) == 0 && ::lstat(file.c_str(), &named) == 0 && opened.st_ino == named.st_ino &&
+           opened.st_dev == named.st_dev;
+}
+
 } // namespace
 
-HeldFile::HeldFile(const std::filesystem::path& file) : m_descriptor(openedPlain(file, 0, ownerAndGroup)) {
-    if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 && ::ftruncate(m_descriptor, 0) == 0)
+HeldFile::HeldFile(const std::filesystem::path& file)
+    : m_file(file), m_descriptor(openedPlain(file, 0, ownerAndGroup)) {
+    const bool isHeld = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
+    const bool isOthers = isHeld && !stillHasName(m_descriptor, file);
+    if (isHeld && !isOthers && ::ftruncate(m_descriptor, 0) == 0)
         return;
-    const int error = errno;
+    const int error = isOthers ? EWOULDBLOCK : errno;
     ::close(m_descriptor);
     fail(file, error == EWOULDBLOCK ? "Another program is making it" : reasonOf(error));
 }
 
 HeldFile::~HeldFile() {
     ::close(m_descriptor);
+}
+
+void HeldFile::fill(const std::filesystem::path& from) const {
+    constexpr std::size_t pieceSize = 1U << 16U;
+    std::ifstream in(from, std::ios::binary);
+    std::vector<char> piece(pieceSize);
+    while (in) {
+        in.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+        for (std::streamsize done = 0; done < in.gcount();) {
+            const ssize_t written =
+                ::write(m_descriptor, piece.data() + done, static_cast<std::size_t>(in.gcount() - done));
+            if (written < 0 && errno != EINTR)
+                fail(m_file, reasonOf(errno));
+            done += std::max<ssize_t>(written, 0);
+        }
+    }
+    if (!in.eof())
+        throw std::runtime_error("Cannot read \"" + from.string() + "\": " + reasonOf(errno) + ".");
 }
 
 GrowingFile::GrowingFile(std::filesystem::path file)

@@ -8,6 +8,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <tuple>
 #include <unistd.h>
 #include <utility>
 
@@ -143,14 +144,25 @@ class Draft {
     std::filesystem::path m_file; ///< empty before it is made and after it has taken its place
 };
 
+mode_t modeOf(const std::filesystem::path& file) {
+    struct stat found {};
+    return ::stat(file.c_str(), &found) == 0 ? found.st_mode & 07777 : 0;
+}
+
 void makeFolder(const std::filesystem::path& folder, mode_t mode) {
     std::error_code unimportant;
     if (folder.empty() || std::filesystem::is_directory(folder, unimportant))
         return;
     if (folder.has_parent_path() && folder.parent_path() != folder)
         makeFolder(folder.parent_path(), mode);
-    if (::mkdir(folder.c_str(), mode) != 0 && !std::filesystem::is_directory(folder, unimportant))
-        failWriting(folder, errno);
+    if (::mkdir(folder.c_str(), mode) == 0) {
+        if ((mode & S_IRWXG) != 0) // what one of its users makes there is the others' as well
+            std::ignore = ::chmod(folder.c_str(), modeOf(folder) | S_ISGID);
+        return;
+    }
+    const int error = errno == EEXIST ? ENOTDIR : errno;
+    if (!std::filesystem::is_directory(folder, unimportant))
+        failWriting(folder, error);
 }
 
 void writeByDraft(const std::filesystem::path& target, const std::string& content, mode_t mode) {
@@ -189,6 +201,22 @@ void writeForGroup(const std::filesystem::path& file, const std::string& content
 
 void makeFolderForGroup(const std::filesystem::path& folder) {
     makeFolder(folder, S_IRWXU | S_IRWXG);
+}
+
+void giveToUsersOf(const std::filesystem::path& other, const std::filesystem::path& file) {
+    constexpr mode_t readAndWrite = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    constexpr uid_t itsOwn = static_cast<uid_t>(-1);
+    struct stat model {};
+    // Never through a link, which a user of the folder might have put there.
+    const int given = ::open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (given < 0)
+        return;
+    if (::stat(other.c_str(), &model) == 0) {
+        if (::fchown(given, model.st_uid, model.st_gid) != 0)
+            std::ignore = ::fchown(given, itsOwn, model.st_gid);
+        std::ignore = ::fchmod(given, model.st_mode & readAndWrite);
+    }
+    ::close(given);
 }
 
 void refuseUnlessPrivate(const std::filesystem::path& file) {

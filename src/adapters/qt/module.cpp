@@ -1,11 +1,11 @@
 #include "script/desktop_module.h"
 
 #include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/report/printing.h"
 #include "adapters/qt/style.h"
 
 #include <QApplication>
 #include <QFontInfo>
-#include <QPrinterInfo>
 #include <QRawFont>
 
 #include <algorithm>
@@ -109,7 +109,5 @@ extern "C" void opdInspectDesktop(opd::ui::DesktopInventory* found) {
     found->hasLetters = letters.isValid() && std::all_of(wanted.begin(), wanted.end(), [&](QChar letter) {
                             return letters.supportsCharacter(letter);
                         });
-    for (const QString& printer : QPrinterInfo::availablePrinterNames())
-        found->printers.push_back(printer.toStdString());
-    found->standardPrinter = QPrinterInfo::defaultPrinterName().toStdString();
+    opd::qt::printing().listPrinters(*found);
 }

@@ -182,9 +182,9 @@ Made by `./bench --write` from what it measured; the remarks stand in `benchmark
 - The two run in turns in one process, each of them first every other time, so that they see the same load of the machine. Where
   both must answer the same rows, the run fails when they do not. Hundreds of different patients are asked for in turn.
 - **Growth** is the median at the largest hospital over the one at 10,000 patients. Where the answer has as many more rows, it grows with them.
-- A registration is measured as time of the processor on a hospital in memory. Windows are drawn without a screen; bare are
-  the same widgets without the look of the desk and models, or a program with a window of one line until that is painted, each
-  in processes of its own.
+- A registration is measured as time of the processor on a hospital in memory. Windows are drawn without a screen, as if on
+  one of 1366 x 768 (`tools/screen.json`); bare are the same widgets without the look of the desk and models, or a program with a
+  window of one line until that is painted, each in processes of its own.
 - Desks are programs of their own (`benchmarks/many_desks.py`) on a hospital of a million patients: each looks for a patient by
   name and birth date, scans the card and registers the visit, by its own stopwatch. Afterwards every registration is looked for:
   no number may be there twice, and each one that a desk was told of must be whole.

@@ -3,7 +3,6 @@
 #include "base/os/system_clock.h"
 
 #include "adapters/image/picture_files.h"
-#include "adapters/report/engine.h"
 #include "adapters/settings/ini_store.h"
 #include "adapters/sqlite/provider.h"
 #include "ado/provider_module.h"
@@ -14,7 +13,6 @@
 #include "component/trace_file.h"
 #include "data/connection_settings.h"
 #include "ports/report/no_prints.h"
-#include "reports/photograph.h"
 
 #include <cstdlib>
 #include <optional>
@@ -98,22 +96,6 @@ const Clock& clock() {
 const ImageCodec& images() {
     static const adapters::PictureFiles files;
     return files;
-}
-
-std::unique_ptr<report::Engine> makeReportEngine(const settings::Store& settings) {
-    return std::make_unique<adapters::ReportEngine>(adapters::ReportEngine::Surroundings{
-        .clock = clock(),
-        .photograph =
-            [&settings](const std::string& hospNum) {
-                const std::string location = reports::pictureLocation(reports::pictureFolder(settings));
-                return reports::storedPhotograph(images(), reports::photographFile(location, hospNum)).image;
-            },
-        .onConnect =
-            [](ado::Connection& connection) {
-                traceStatements(connection);
-                drawWhileWaiting(connection);
-            },
-    });
 }
 
 report::PrintMemory& prints() {

@@ -1,11 +1,11 @@
 #include "script/desktop_module.h"
 
 #include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/report/printing.h"
 #include "adapters/qt/style.h"
 
 #include <QApplication>
 #include <QFontInfo>
-#include <QPrinterInfo>
 #include <QRawFont>
 
 #include <algorithm>
@@ -111,10 +111,6 @@ extern "C" bool opdInspectDesktop(opd::ui::DesktopInventory* found) {
     found->hasLetters = letters.isValid() && std::all_of(wanted.begin(), wanted.end(), [&](QChar letter) {
                             return letters.supportsCharacter(letter);
                         });
-    for (const QString& printer : QPrinterInfo::availablePrinterNames())
-        found->printers.push_back(printer.toStdString());
-    const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
-    found->standardPrinter = standard.printerName().toStdString();
-    found->standardPrinterIsStopped = !standard.isNull() && standard.state() == QPrinter::Aborted;
+    opd::qt::printing().listPrinters(*found);
     return true;
 }

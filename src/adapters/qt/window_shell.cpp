@@ -12,7 +12,6 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QTableView>
 #include <QWindow>
@@ -34,11 +33,10 @@ QSize knownFrame(8, 34);
 
 constexpr const char* maximised = "maximised";
 
-/// A size as it is remembered: "1240x690", perhaps with " maximised" behind it. Null when the text is none.
+/// A size as it is remembered: "1240x690", perhaps with " maximised" behind it. Empty when the text is none.
 QSize sizeIn(const QString& place) {
-    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})\\b"));
-    const QRegularExpressionMatch found = pattern.match(place);
-    return found.hasMatch() ? QSize(found.captured(1).toInt(), found.captured(2).toInt()) : QSize();
+    const QStringList sides = place.section(' ', 0, 0).split('x');
+    return sides.size() == 2 ? QSize(sides.first().toInt(), sides.last().toInt()) : QSize();
 }
 
 } // namespace

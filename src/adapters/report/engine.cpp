@@ -16,7 +16,7 @@ using namespace reporting;
 
 class FileReport final : public report::Report {
   public:
-    FileReport(ReportFile file, const ReportEngine::Surroundings& surroundings)
+    FileReport(ReportFile file, const ReportSurroundings& surroundings)
         : m_file(std::move(file)), m_surroundings(surroundings) {
         for (const Query& query : m_file.queries)
             tables.push_back({query.name});
@@ -74,7 +74,7 @@ class FileReport final : public report::Report {
     }
 
     ReportFile m_file;
-    const ReportEngine::Surroundings& m_surroundings;
+    const ReportSurroundings& m_surroundings;
 };
 
 } // namespace

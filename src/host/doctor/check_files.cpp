@@ -1,4 +1,4 @@
-#include "adapters/report/engine.h"
+#include "adapters/report/engine_module.h"
 #include "ado/provider.h"
 #include "base/os/system_clock.h"
 #include "base/os/trust.h"
@@ -55,7 +55,7 @@ Finding libraryFinding(const fs::path& file) {
 
 Findings reportFindings() {
     const os::SystemClock clock;
-    const adapters::ReportEngine engine({.clock = clock});
+    const auto engine = adapters::openReportEngine(programFolder(), {.clock = clock});
     const fs::path folder = programFolder() / "Reports";
     std::set<fs::path> files; // those of the desk, whether they are there or not, and what a hospital has added
     for (const char* own : {"DataSheet.rpt", reports::patientLabel.file, reports::patientCard.file})
@@ -67,7 +67,7 @@ Findings reportFindings() {
     Findings found;
     for (const fs::path& file : files) {
         try {
-            engine.open(file);
+            engine->open(file);
             found.push_back(right("report file", file.string()));
         } catch (const std::exception& failure) {
             found.push_back(wrong("report file", file.string() + ": " + failure.what(), reinstall));
@@ -153,13 +153,18 @@ Findings checkSettings(const Desk& desk) {
 
 Findings checkProgram() {
     Findings found;
-    for (const char* name : {"opd-registration", "opd-codesearch", "opd-desktop-qt"})
+    for (const char* name :
+         {"opd-registration", "opd-codesearch", "opd-report-engine", "opd-desktop-qt", "opd-print-qt"})
         found.push_back(libraryFinding(programFolder() / os::libraryFileName(name)));
     return found;
 }
 
 Findings checkReports() {
-    return reportFindings();
+    try {
+        return reportFindings();
+    } catch (const os::LibraryError& error) {
+        return {wrong("report file", error.what(), reinstall)};
+    }
 }
 
 Findings checkPictures(const Desk& desk) {

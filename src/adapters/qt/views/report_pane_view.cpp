@@ -2,12 +2,11 @@
 
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/report/paged_document.h"
+#include "adapters/qt/report/printing.h"
 
 #include <QGraphicsView>
 #include <QHBoxLayout>
 #include <QListWidget>
-#include <QPrintPreviewWidget>
-#include <QPrinter>
 #include <QScrollBar>
 #include <QShortcut>
 
@@ -23,22 +22,16 @@ constexpr int groupListWidth = 180;
 } // namespace
 
 ReportPaneView::ReportPaneView(ui::ReportPane& pane, QWidget* widget)
-    : ControlView(pane, widget, nullptr), m_pane(pane), m_paper(std::make_unique<QPrinter>(QPrinter::HighResolution)),
-      m_groups(new QListWidget(widget)), m_preview(new QPrintPreviewWidget(m_paper.get(), widget)) {
-    m_paper->setOutputFormat(QPrinter::PdfFormat); // needs no printer
-    m_paper->setFullPage(true);
+    : ControlView(pane, widget, nullptr), m_pane(pane), m_groups(new QListWidget(widget)),
+      m_preview(printing().makePreview(*widget)) {
     auto* row = new QHBoxLayout(widget);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_groups);
-    row->addWidget(m_preview, 1);
+    row->addWidget(&m_preview->widget(), 1);
     m_groups->setFixedWidth(groupListWidth);
     m_groups->setFocusPolicy(Qt::NoFocus);
-    for (QWidget* part : m_preview->findChildren<QWidget*>())
+    for (QWidget* part : m_preview->widget().findChildren<QWidget*>())
         part->setFocusPolicy(Qt::NoFocus);
-    QObject::connect(m_preview, &QPrintPreviewWidget::paintRequested, m_preview, [this](QPrinter* printer) {
-        if (m_pages)
-            m_pages->paint(*printer, 1, m_pages->pageCount());
-    });
     QObject::connect(m_groups, &QListWidget::currentRowChanged, m_groups, [this](int group) {
         if (!isReleased() && m_pages && group >= 0)
             m_pane.turnTo(m_pages->pageOfGroup(group));
@@ -46,9 +39,7 @@ ReportPaneView::ReportPaneView(ui::ReportPane& pane, QWidget* widget)
     bindKeys();
 }
 
-ReportPaneView::~ReportPaneView() {
-    delete m_preview; // it uses the paper to its end
-}
+ReportPaneView::~ReportPaneView() = default;
 
 void ReportPaneView::bindKeys() {
     const auto bindKey = [this](Qt::Key key, auto action) {
@@ -67,7 +58,7 @@ void ReportPaneView::bindKeys() {
 }
 
 QScrollBar* ReportPaneView::scrollBar() const {
-    return m_preview->findChild<QGraphicsView*>()->verticalScrollBar();
+    return m_preview->widget().findChild<QGraphicsView*>()->verticalScrollBar();
 }
 
 void ReportPaneView::scroll(int amount) {
@@ -88,7 +79,7 @@ void ReportPaneView::show(ui::Aspect aspect) {
     if (aspect == ui::Aspect::Document)
         showDocument();
     else if (aspect == ui::Aspect::ReportPage)
-        m_preview->setCurrentPage(m_pane.page());
+        m_preview->turnTo(m_pane.page());
     else if (aspect == ui::Aspect::Zoom)
         showZoom();
 }
@@ -101,9 +92,8 @@ void ReportPaneView::showDocument() {
         return;
     for (const std::string& group : document->groups)
         m_groups->addItem(toQt(group));
-    m_pages = std::make_unique<PagedDocument>(*document);
-    m_pages->prepare(*m_paper);
-    m_preview->updatePreview();
+    m_pages = std::make_shared<const PagedDocument>(*document);
+    m_preview->show(m_pages);
     m_pane.laidOut(m_pages->pageCount());
 }
 
@@ -112,10 +102,7 @@ QString ReportPaneView::shownText() const {
 }
 
 void ReportPaneView::showZoom() {
-    const bool wholePage = m_pane.fit() == ui::ReportPane::Fit::WholePage;
-    m_preview->setZoomMode(wholePage ? QPrintPreviewWidget::FitInView : QPrintPreviewWidget::FitToWidth);
-    if (m_pane.zoomSteps() != 0)
-        m_preview->setZoomFactor(m_preview->zoomFactor() * std::pow(zoomStep, m_pane.zoomSteps()));
+    m_preview->zoom(m_pane.fit() == ui::ReportPane::Fit::WholePage, std::pow(zoomStep, m_pane.zoomSteps()));
 }
 
 } // namespace opd::qt

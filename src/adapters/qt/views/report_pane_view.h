@@ -6,13 +6,12 @@
 #include <memory>
 
 class QListWidget;
-class QPrinter;
-class QPrintPreviewWidget;
 class QScrollBar;
 
 namespace opd::qt {
 
 class PagedDocument;
+class PagePreview;
 
 /// Shows the pages of a document as they will be printed. Whatever has the focus in the window, the arrow keys and the
 /// page keys move in the pages.
@@ -33,10 +32,9 @@ class ReportPaneView final : public ControlView {
     QScrollBar* scrollBar() const;
 
     ui::ReportPane& m_pane;
-    std::unique_ptr<QPrinter> m_paper; ///< never printed on: the preview asks it what a page is
-    std::unique_ptr<PagedDocument> m_pages;
+    std::shared_ptr<const PagedDocument> m_pages;
     QListWidget* m_groups;
-    QPrintPreviewWidget* m_preview;
+    std::unique_ptr<PagePreview> m_preview;
 };
 
 } // namespace opd::qt

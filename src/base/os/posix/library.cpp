@@ -18,7 +18,8 @@ Library::Library(const std::filesystem::path& file) : m_file(file) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error))
         throw LibraryError("The library \"" + file.string() + "\" is missing.");
-    m_handle = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    // Each library says for itself whether its names are looked up at once: all of this program do.
+    m_handle = ::dlopen(file.c_str(), RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE);
     if (m_handle == nullptr)
         throw LibraryError("The library \"" + file.string() + "\" cannot be opened: " + loaderReason() + ".");
 }

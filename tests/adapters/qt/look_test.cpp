@@ -1,6 +1,7 @@
 #include "adapters/qt/look/colours.h"
 #include "adapters/qt/message_box.h"
 #include "adapters/qt/style.h"
+#include "adapters/qt/wrapped_label.h"
 #include "tests/adapters/qt/desk.h"
 #include "tests/adapters/qt/every_window.h"
 
@@ -375,6 +376,28 @@ TEST(QtLook, TheFocusIsMarkedOnEveryControlAndNowhereElse) {
             control->setRefusal("Not this one.");
         EXPECT_EQ(marksOn(shell, form, onPageOnly), "") << where << ", refused";
     });
+}
+
+TEST(QtLook, ALongTextIsMeasuredAnewWhenItOrItsFontOrItsMarginChanges) {
+    WrappedLabel label;
+    QLabel toolkits; // which measures always
+    const auto expectTheSameHeights = [&](const std::string& what) {
+        for (int asked = 0; asked < 2; ++asked)
+            for (const int width : {80, 300})
+                EXPECT_EQ(label.heightForWidth(width), toolkits.heightForWidth(width)) << what;
+    };
+    const auto changeBoth = [&](const std::string& what, const std::function<void(QLabel&)>& change) {
+        change(label);
+        change(toolkits);
+        expectTheSameHeights(what);
+    };
+    changeBoth("wrapped", [](QLabel& each) {
+        each.setWordWrap(true);
+        each.setText(QStringLiteral("The patients whose names begin with what was typed, the nearest first."));
+    });
+    changeBoth("longer", [](QLabel& each) { each.setText(each.text() + each.text()); });
+    changeBoth("larger", [](QLabel& each) { each.setFont(QFont(each.font().family(), 20)); });
+    changeBoth("with a margin", [](QLabel& each) { each.setContentsMargins(0, 30, 0, 30); });
 }
 
 } // namespace

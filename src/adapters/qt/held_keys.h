@@ -4,7 +4,8 @@
 
 namespace opd::qt {
 
-/// Lets no message be answered by a key that is held down since before it could be read.
+/// Lets a key that is held down do once what it does: no message is answered by one that was pressed before it could be
+/// read, one Esc leaves one window, and Shift+F7 prints one label.
 class HeldKeys final : public QObject {
   public:
     bool eventFilter(QObject* object, QEvent* event) override;

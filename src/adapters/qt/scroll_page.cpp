@@ -1,5 +1,6 @@
 #include "adapters/qt/scroll_page.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
 #include <QScrollBar>
@@ -35,6 +36,9 @@ QSize ScrollPage::minimumSizeHint() const {
 void ScrollPage::resizeEvent(QResizeEvent* event) {
     spreadRows();
     QScrollArea::resizeEvent(event);
+    QWidget* const focus = QApplication::focusWidget(); // what is typed into must be seen
+    if (focus != nullptr && isAncestorOf(focus))
+        scrollIntoSight(*focus);
 }
 
 void ScrollPage::showEvent(QShowEvent* event) {

@@ -67,6 +67,17 @@ TEST(QtDesktopTest, AMessageBoxShowsItsTextAndAnswersByKey) {
     }
 }
 
+TEST(QtDesktopTest, AFunctionKeyThatIsHeldDownActsOnce) {
+    SearchDesk desk;
+    int cards = 0;
+    desk.form.onHelp = [&] { ++cards; };
+    for (const bool repeated : {false, true, true}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, {}, repeated);
+        QCoreApplication::sendEvent(desk.shell().focusWidget(), &press);
+    }
+    EXPECT_EQ(cards, 1);
+}
+
 /// Counts how often a widget is drawn.
 struct PaintCounter final : QObject {
     int paints = 0;

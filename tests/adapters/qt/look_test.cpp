@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include <algorithm>
 #include <cmath>
@@ -248,6 +249,12 @@ TEST(QtLook, EachStateOfAFieldAndOfAButtonLooksLikeNoOther) {
     name.setRefusal("");
     name.setEnabled(false);
     fields.add("unusable", field);
+
+    Portraits options;
+    desk.form.setFocus(desk.form.header.txtFirstName);
+    options.add("usual", *desk.widget<QRadioButton>("optSex_0"));
+    desk.form.header.male.setNeeded(true);
+    options.add("needed", *desk.widget<QRadioButton>("optSex_0"));
 
     for (ui::Button* button : {&desk.form.buttons.cmdSave, &desk.form.buttons.cmdCancel}) {
         auto& widget = *desk.widget<QPushButton>(button->name().c_str());

@@ -59,7 +59,7 @@ void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     if (element == PE_IndicatorCheckBox)
         shapes::checkBox(*painter, *option);
     else if (element == PE_IndicatorRadioButton)
-        shapes::optionButton(*painter, *option);
+        shapes::optionButton(*painter, *option, widget);
     else if (element == PE_PanelTipLabel)
         shapes::tip(*painter, *option);
     else if (element == PE_PanelLineEdit && hasFrame(option))

@@ -142,14 +142,15 @@ void markNeeded(QPainter& painter, const QRect& rect) {
     painter.restore();
 }
 
-/// The edge and the filling of a check box or an option button.
-void prepareIndicator(QPainter& painter, const QStyleOption& option) {
+/// The edge and the filling of a check box or an option button. Of one that is needed still its text shows the focus.
+void prepareIndicator(QPainter& painter, const QStyleOption& option, const QWidget* widget = nullptr) {
     const bool usable = has(option, QStyle::State_Enabled);
     const bool focused = has(option, QStyle::State_HasFocus);
     const bool filled = has(option, QStyle::State_On) || has(option, QStyle::State_NoChange);
-    const QColor edge = focused || (filled && usable) ? colours::accent : colours::quietText;
+    const bool needed = isMarked(widget, "needed");
+    const QColor edge = needed ? colours::needed : focused || (filled && usable) ? colours::accent : colours::quietText;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edge, focused ? 2 : 1));
+    painter.setPen(QPen(edge, focused || needed ? 2 : 1));
     painter.setBrush(filled ? edge : usable ? colours::paper : colours::buttonUnusable);
 }
 
@@ -230,9 +231,9 @@ void checkBox(QPainter& painter, const QStyleOption& option) {
     painter.restore();
 }
 
-void optionButton(QPainter& painter, const QStyleOption& option) {
+void optionButton(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
     painter.save();
-    prepareIndicator(painter, option);
+    prepareIndicator(painter, option, widget);
     const QRectF circle = indicatorRect(option);
     painter.drawEllipse(circle);
     if (has(option, QStyle::State_On)) {

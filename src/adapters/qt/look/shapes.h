@@ -24,7 +24,7 @@ void frameOfTable(QPainter& painter, const QStyleOption& option, const QWidget* 
 void focusFrame(QPainter& painter, const QStyleOption& option);
 
 void checkBox(QPainter& painter, const QStyleOption& option);
-void optionButton(QPainter& painter, const QStyleOption& option);
+void optionButton(QPainter& painter, const QStyleOption& option, const QWidget* widget);
 
 /// A button without what is written on it.
 void button(QPainter& painter, const QStyleOption& option, const QWidget* widget);

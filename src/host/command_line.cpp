@@ -104,7 +104,9 @@ void CommandLine::addCreateServer() {
             server.hospital.today = parseMoment(hospitalsDay)->date();
         createServer(server);
     });
-    sub->add_option("--server", server.server, "Name of the server, perhaps with a comma and the port")->required();
+    sub->add_option("--server", server.server, "Name of the server, perhaps with a comma and the port")
+        ->required()
+        ->check(named);
     sub->add_option("--user", server.user, "Administrator of the server; integrated security without it");
     sub->add_flag("--password-stdin", server.passwordFromInput, "Read the password from standard input, one line");
     sub->add_flag("--desk-password-stdin", server.deskPasswordFromInput,

@@ -34,7 +34,18 @@ std::string absoluteFile(const std::string& file) {
     return file.empty() ? file : std::filesystem::absolute(file).string();
 }
 
+/// What a run writes must not be what it reads: it would be gone before it is read. A link is refused in any case.
+void refuseWritingOver(const RunOptions& options) {
+    const std::string hospital = options.database.empty() ? std::string{} : options.database + "/hospital.db";
+    for (const std::string& written : {options.trace, options.journal})
+        for (const std::string& read : {options.script, options.settings, options.cameraFile, hospital})
+            if (std::error_code none;
+                !std::filesystem::is_symlink(written, none) && std::filesystem::equivalent(written, read, none))
+                throw std::runtime_error("\"" + written + "\" is read by this run and cannot be written by it.");
+}
+
 void passOptions(const RunOptions& options) {
+    refuseWritingOver(options);
     if (options.database.find(';') != std::string::npos)
         throw std::runtime_error("The folder of the hospital must not hold a semicolon.");
     setEnvironment(environment::database, absoluteFile(options.database));

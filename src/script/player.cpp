@@ -72,7 +72,7 @@ struct Player::State {
 Player::Player(const std::filesystem::path& file, std::ostream& output, const DateTime& today)
     : m_state(std::make_unique<State>(State{file.string(), output})) {
     std::ifstream stream(file);
-    if (!stream)
+    if (!stream || std::filesystem::is_directory(file)) // a folder reads like an empty script, in which all holds
         throw std::runtime_error("The script " + file.string() + " cannot be read.");
     std::string text;
     for (std::size_t line = 1; std::getline(stream, text); ++line) {

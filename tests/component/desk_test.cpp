@@ -103,6 +103,10 @@ TEST_F(Desk, AStartThatCannotBeAndAFailedScriptSayWhyInOneLine) {
     expectOneLine(play("no such command\n", {"--database", at("hospital")}), "script.opd:1: ");
     expectOneLine(runDesk({"run", "--desktop", "scripted", "--database", at("hospital"), "--script", at("none.opd")}),
                   "none.opd");
+    expectOneLine(runDesk({"run", "--desktop", "scripted", "--database", at("hospital"), "--script", at("hospital")}),
+                  "cannot be read");
+    expectOneLine(play(closeAtOnce, {"--database", at("hospital"), "--trace", at("hospital/hospital.db")}),
+                  "is read by this run");
     std::filesystem::create_symlink(at("hospital/hospital.db"), at("trace"));
     expectOneLine(play(closeAtOnce, {"--database", at("hospital"), "--trace", at("trace")}), "is not followed");
     writeFile(at("classes.ini"), "[OPDRegistration.InitDLL]\nClass=nonsense\n");

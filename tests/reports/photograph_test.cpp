@@ -53,7 +53,7 @@ TEST_F(Photographs, AreForOwnerAndGroupStayInTheirFolderAndClearUpBehindKilledWr
     const std::filesystem::path file = folder / "new" / "00000012.bmp";
     reports::storePhotograph(images, picture, file);
     EXPECT_EQ(modeOf(file), 0660U);
-    EXPECT_EQ(modeOf(file.parent_path()), 0770U);
+    EXPECT_EQ(modeOf(file.parent_path()), 02770U);
     umask(077);
     reports::storePhotograph(images, picture, file);
     EXPECT_EQ(modeOf(file), 0600U) << "the umask is respected";

@@ -115,6 +115,7 @@ extern "C" bool opdInspectDesktop(opd::ui::DesktopInventory* found) {
         found->printers.push_back(printer.toStdString());
     const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
     found->standardPrinter = standard.printerName().toStdString();
-    found->standardPrinterIsStopped = !standard.isNull() && standard.state() == QPrinter::Aborted;
+    const QPrinter::PrinterState state = standard.isNull() ? QPrinter::Idle : standard.state();
+    found->standardPrinterIsStopped = state == QPrinter::Aborted || state == QPrinter::Error;
     return true;
 }

@@ -11,6 +11,7 @@ import datetime
 import hashlib
 import json
 import os
+import re
 import shutil
 import statistics
 import subprocess
@@ -214,6 +215,12 @@ def main():
     parser.add_argument("--write", action="store_true", help="write docs/performance.md and its pictures")
     parser.add_argument("--again", action="store_true", help="measure nothing: show, or write, what was measured last")
     options = parser.parse_args()
+    try:
+        re.compile(options.filter)
+    except re.error as wrong:
+        parser.error(f"argument --filter: {wrong}")
+    if options.again and not (RESULTS / "results.json").exists():
+        sys.exit("Nothing was measured yet: ./bench without --again does.")
     RESULTS.mkdir(parents=True, exist_ok=True)
     rows = tomllib.loads((TOP / "benchmarks/rows.toml").read_text())
     if options.again:

@@ -109,7 +109,8 @@ class ToolkitPrinting final : public Printing {
             found.printers.push_back(fromQt(printer));
         const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
         found.standardPrinter = fromQt(standard.printerName());
-        found.standardPrinterIsStopped = !standard.isNull() && standard.state() == QPrinter::Aborted;
+        const QPrinter::PrinterState state = standard.isNull() ? QPrinter::Idle : standard.state();
+        found.standardPrinterIsStopped = state == QPrinter::Aborted || state == QPrinter::Error;
     }
 };
 

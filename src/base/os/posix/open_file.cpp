@@ -42,8 +42,8 @@ int openedPlain(const std::filesystem::path& file, int flags, mode_t mode) {
 /// False when whoever held the file has finished it between its opening and its locking: it is whole then, and has
 /// another name.
 bool stillHasName(int descriptor, const std::filesystem::path& file) {
-    struct stat opened {
-    }, named{};
+    struct stat opened {};
+    struct stat named {};
     return ::fstat(descriptor, &opened) == 0 && ::lstat(file.c_str(), &named) == 0 && opened.st_ino == named.st_ino &&
            opened.st_dev == named.st_dev;
 }

@@ -58,6 +58,17 @@ std::string composedText(const QString& text) {
     return fromQt(text.normalized(QString::NormalizationForm_C));
 }
 
+/// Ctrl+Y, which the toolkit does not know for this on every display.
+bool redoes(QWidget& receiver) {
+    if (auto* edit = qobject_cast<QLineEdit*>(&receiver))
+        edit->redo();
+    else if (auto* memo = qobject_cast<QPlainTextEdit*>(&receiver))
+        memo->redo();
+    else
+        return false;
+    return true;
+}
+
 /// A text that is longer than its field is read from its beginning once it is left. A time has parts of its own.
 void showBeginning(QWidget& left) {
     auto* edit = qobject_cast<QLineEdit*>(&left);
@@ -156,6 +167,8 @@ bool InputFilter::keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& k
     if (stroke->isCharacter() && !stroke->control && !stroke->alt)
         return characterTyped(shell, receiver, key);
     const std::optional<ui::KeyStroke> left = shell.model().press(*stroke, m_desktop);
+    if (left && !left->alt && left->letterWithControl() == U'Y' && redoes(receiver))
+        return true;
     if (left && left->key == ui::Key::Enter && !left->alt)
         return lineBroken(shell);
     return !left;

@@ -131,6 +131,8 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     case QEvent::MouseButtonRelease: {
         ControlView* view = shell.viewAt(&widget);
         if (static_cast<QMouseEvent&>(event).button() == Qt::MiddleButton) {
+            if (view != nullptr && view == shell.focusView()) // or it would take the place of all that is there
+                view->placeCursor(static_cast<QMouseEvent&>(event).position().toPoint());
             paste(shell, QApplication::clipboard()->text(QClipboard::Selection));
             return true;
         }

@@ -39,6 +39,13 @@ bool isMasked(const Control& field) {
     return field.kind() == Kind::MaskedBox && !static_cast<const MaskedBox&>(field).mask().empty();
 }
 
+/// A date or a time, which nothing but digits can be put into.
+bool takesDigits(const Control& field) {
+    return field.kind() == Kind::DatePicker || isMasked(field);
+}
+
+constexpr const char* notEveryCharacter = "This field does not take every character: some were left out.";
+
 /// A text without control characters: those at its ends go, others in a row are one blank.
 std::u32string inOneLine(std::u32string_view characters) {
     const auto isControl = [](char32_t character) { return character < key::space; };
@@ -75,6 +82,10 @@ std::string Window::passed(Control& field, const std::string& text) {
     else if (field.kind() == Kind::DatePicker)
         content = DatePicker::spelled(content);
     sayLeftOut({});
+    if (takesDigits(field) && content.find_first_of("0123456789") == std::string::npos) {
+        sayLeftOut(notEveryCharacter); // nor does it take the place of what is selected
+        return {};
+    }
     return text::encode(filtered(field, text::decode(content)));
 }
 
@@ -91,7 +102,7 @@ std::u32string Window::filtered(const Control& field, std::u32string_view charac
             kept += code;
     }
     if (kept.size() < characters.size())
-        sayLeftOut("This field does not take every character: some were left out.");
+        sayLeftOut(notEveryCharacter);
     return kept;
 }
 

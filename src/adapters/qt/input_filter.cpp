@@ -58,6 +58,17 @@ std::string composedText(const QString& text) {
     return fromQt(text.normalized(QString::NormalizationForm_C));
 }
 
+/// Ctrl+Y, which the toolkit does not know for this on every display.
+bool redoes(QWidget& receiver) {
+    if (auto* edit = qobject_cast<QLineEdit*>(&receiver))
+        edit->redo();
+    else if (auto* memo = qobject_cast<QPlainTextEdit*>(&receiver))
+        memo->redo();
+    else
+        return false;
+    return true;
+}
+
 /// A text that is longer than its field is read from its beginning once it is left. A time has parts of its own.
 void showBeginning(QWidget& left) {
     auto* edit = qobject_cast<QLineEdit*>(&left);
@@ -120,6 +131,8 @@ bool InputFilter::widgetEvent(WindowShell& shell, QWidget& widget, QEvent& event
     case QEvent::MouseButtonRelease: {
         ControlView* view = shell.viewAt(&widget);
         if (static_cast<QMouseEvent&>(event).button() == Qt::MiddleButton) {
+            if (view != nullptr && view == shell.focusView()) // or it would take the place of all that is there
+                view->placeCursor(static_cast<QMouseEvent&>(event).position().toPoint());
             paste(shell, QApplication::clipboard()->text(QClipboard::Selection));
             return true;
         }
@@ -156,6 +169,8 @@ bool InputFilter::keyPressed(WindowShell& shell, QWidget& receiver, QKeyEvent& k
     if (stroke->isCharacter() && !stroke->control && !stroke->alt)
         return characterTyped(shell, receiver, key);
     const std::optional<ui::KeyStroke> left = shell.model().press(*stroke, m_desktop);
+    if (left && !left->alt && left->letterWithControl() == U'Y' && redoes(receiver))
+        return true;
     if (left && left->key == ui::Key::Enter && !left->alt)
         return lineBroken(shell);
     return !left;

@@ -22,7 +22,7 @@ text() { xdotool type --delay 0 "$1"; }
 seen "Master Patient Search"
 for name in QUIZA QUIZB QUIZC; do
     press alt+l; text "$name"; press Tab m Tab; text 05201991; press alt+s
-    text LIGAYA; press Tab; text MAYUMI; press Tab Tab Tab; text 05201991
+    text LIGAYA; press ctrl+z ctrl+y Tab; text MAYUMI; press Tab Tab Tab; text 05201991
     press F6; text 1000; press F6; text 1; press Tab alt+r
     seen Notification
     press Return

@@ -1,6 +1,5 @@
 #include "ui/window_content.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace opd::ui {

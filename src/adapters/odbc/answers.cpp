@@ -164,7 +164,7 @@ void readRows(SQLHSTMT statement, ado::ResultSet& answer, const std::vector<Colu
     }
 }
 
-/// All results to the last one; `isFirst` tells that none was kept yet.
+/// All results to the last one, of which the first with columns is kept.
 ado::ResultSet drain(SQLHSTMT statement, SQLRETURN sent) {
     Outcome outcome(statement);
     ado::ResultSet answer;

@@ -82,8 +82,7 @@ void configure(const ConfigureOptions& options) {
         values.push_back({savingSettingsSection, "OneVisitADay", options.oneVisitADay});
     if (!options.carrySearch.empty())
         values.push_back({searchingSettingsSection, "CarrySexAndBirthDate", options.carrySearch});
-    settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
-    store.set(connectionSettingsApplication, values);
+    settings::IniStore{options.settings}.set(connectionSettingsApplication, values);
 }
 
 } // namespace opd::host

@@ -14,8 +14,7 @@ struct NotLiteral {}; ///< ends the reading of a statement that is something els
 
 class LiteralReader {
   public:
-    LiteralReader(std::string_view text, Version version, const SessionValue& sessionValue)
-        : m_rest(text), m_version(version), m_sessionValue(sessionValue) {}
+    explicit LiteralReader(std::string_view text) : m_rest(text) {}
 
     LiteralRow row() {
         expect("SELECT");
@@ -83,7 +82,7 @@ class LiteralReader {
         expect("AS");
         const Type to = type();
         expect(")");
-        return {typeIn(m_version, to), cast};
+        return {to, cast};
     }
 
     Item value() {
@@ -92,24 +91,15 @@ class LiteralReader {
         if (wide || m_rest.starts_with("'")) {
             m_rest.remove_prefix(wide ? 1 : 0);
             const ado::Value text = quoted();
-            Type type = wideText(text::length(text.asText()), m_version);
-            if (!wide && type.id == Type::Id::NVarChar)
+            Type type = wideText(text::length(text.asText()));
+            if (!wide)
                 type.id = Type::Id::VarChar;
             return {type, text};
         }
         if (m_rest.starts_with("-") || (!m_rest.empty() && std::isdigit(static_cast<unsigned char>(m_rest.front()))))
             return number();
-        const std::string name = text::upper(std::string_view{word()});
-        if (name == "NULL")
-            return {Type{Type::Id::IntN, 4}, {}};
-        const std::optional<ado::Value> known = m_sessionValue(name);
-        if (!known)
-            throw NotLiteral{};
-        if (take("("))
-            expect(")");
-        WidestOf widest;
-        widest.add(*known);
-        return {widest.type(m_version), *known};
+        expect("NULL");
+        return {Type{Type::Id::IntN, 4}, {}};
     }
 
     std::string quoted() {
@@ -130,33 +120,22 @@ class LiteralReader {
     Item number() {
         const bool negative = take("-");
         const std::string digits = (negative ? "-" : "") + word();
-        const std::size_t point = digits.find('.');
-        if (point == std::string::npos) {
-            const std::int64_t whole = std::atoll(digits.c_str());
-            return {Type{Type::Id::IntN, whole == static_cast<std::int32_t>(whole) ? 4U : 8U}, whole};
-        }
-        return {Type{Type::Id::NumericN, 9, 18, static_cast<std::uint8_t>(digits.size() - point - 1)},
-                std::atof(digits.c_str())};
+        const std::int64_t whole = std::atoll(digits.c_str());
+        return {Type{Type::Id::IntN, whole == static_cast<std::int32_t>(whole) ? 4U : 8U}, whole};
     }
 
     /// A type such as "INT", "DECIMAL(18,2)" or "NVARCHAR(MAX)".
     Type type() {
         static const std::map<std::string, Type> types{
             {"BIT", {Type::Id::BitN, 1}},
-            {"TINYINT", {Type::Id::IntN, 1}},
-            {"SMALLINT", {Type::Id::IntN, 2}},
             {"INT", {Type::Id::IntN, 4}},
             {"BIGINT", {Type::Id::IntN, 8}},
-            {"REAL", {Type::Id::FltN, 4}},
             {"FLOAT", {Type::Id::FltN, 8}},
-            {"SMALLMONEY", {Type::Id::MoneyN, 4}},
             {"MONEY", {Type::Id::MoneyN, 8}},
-            {"SMALLDATETIME", {Type::Id::DateTimeN, 4}},
             {"DATETIME", {Type::Id::DateTimeN, 8}},
             {"DATE", {Type::Id::DateN, 3}},
             {"DATETIME2", {Type::Id::DateTime2N, 8, 0, 7}},
             {"DECIMAL", {Type::Id::DecimalN, 9, 18, 0}},
-            {"NUMERIC", {Type::Id::NumericN, 9, 18, 0}},
             {"VARCHAR", {Type::Id::VarChar, 30}},
             {"NVARCHAR", {Type::Id::NVarChar, 60}},
         };
@@ -182,15 +161,13 @@ class LiteralReader {
     }
 
     std::string_view m_rest;
-    Version m_version;
-    const SessionValue& m_sessionValue;
 };
 
 } // namespace
 
-std::optional<LiteralRow> literalRow(const std::string& statement, Version version, const SessionValue& sessionValue) {
+std::optional<LiteralRow> literalRow(const std::string& statement) {
     try {
-        return LiteralReader(statement, version, sessionValue).row();
+        return LiteralReader(statement).row();
     } catch (const NotLiteral&) {
         return std::nullopt;
     }

@@ -4,10 +4,11 @@
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/window_shell.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
-#include <QDateTimeEdit>
 #include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -17,7 +18,6 @@
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QTabBar>
-#include <QTabWidget>
 #include <QWindow>
 
 namespace opd::qt {

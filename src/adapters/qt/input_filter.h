@@ -2,10 +2,7 @@
 
 #include "ui/desktop.h"
 
-#include <QClipboard>
 #include <QObject>
-
-#include <string>
 
 class QContextMenuEvent;
 class QDropEvent;

@@ -65,7 +65,6 @@ class GridView final : public ControlView {
     QTableView* m_table;
     GridTable m_rows;
     EmptyTableClicks m_emptyClicks;
-    bool m_writing = false; // the selection follows the model and is no choice of the clerk
 };
 
 } // namespace opd::qt

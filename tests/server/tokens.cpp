@@ -53,8 +53,8 @@ void Tokens::returnValue(std::size_t place, const std::string& name, const Type&
 }
 
 std::uint8_t Tokens::classOf(long number) {
-    static const std::map<long, std::uint8_t> unusual{{1205, 13}, {2627, 14}, {18456, 14}, {229, 14},
-                                                      {4060, 11}, {105, 15},  {102, 15},   {823, 24},   {824, 24}};
+    static const std::map<long, std::uint8_t> unusual{{1205, 13}, {2627, 14}, {18456, 14}, {229, 14}, {4060, 11},
+                                                      {105, 15},  {102, 15},  {823, 24},   {824, 24}};
     const auto found = unusual.find(number);
     return found == unusual.end() ? 16 : found->second;
 }

@@ -6,11 +6,9 @@
 #include "registration/meanwhile/field_values.h"
 
 #include <array>
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -290,81 +288,52 @@ class Saves {
     std::vector<std::string> m_entries;
 };
 
-/// The cells that desks in processes of their own take one after the other.
-class Queue {
-  public:
-    Queue()
-        : m_next(static_cast<std::atomic<std::size_t>*>(
-              ::mmap(nullptr, sizeof *m_next, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
-    Queue(const Queue&) = delete;
-    Queue& operator=(const Queue&) = delete;
-    ~Queue() { ::munmap(m_next, sizeof *m_next); }
+constexpr std::size_t desksOfAKind = 8; ///< share the steps and faults
 
-    std::size_t take() { return (*m_next)++; }
-
-  private:
-    std::atomic<std::size_t>* m_next; ///< zero at first, as all new pages are
-};
-
-/// What one desk does: meets the faults that no other has taken, the slowest first, and prints what the clerk was told.
-void meetFaults(bool edits, int times, Queue& queue) {
+/// What one desk does: meets its share of the faults, and prints what the clerk was told.
+void meetFaults(bool edits, int times, std::size_t desk) {
     Saves saves(edits);
     const std::vector<std::string> steps = saves.steps();
     EXPECT_GT(steps.size(), 15U);
-    for (std::size_t cell = queue.take(); cell < steps.size() * std::size(faults); cell = queue.take()) {
-        const Fault& fault = faults[std::size(faults) - 1 - cell / steps.size()];
+    for (std::size_t cell = desk; cell < steps.size() * std::size(faults); cell += desksOfAKind) {
+        const Fault& fault = faults[cell / steps.size()];
         const std::size_t step = cell % steps.size();
         SCOPED_TRACE(std::string{fault.name} + " at " + std::to_string(step) + " " + steps[step]);
         const std::string outcome = saves.meets(fault, step, times);
         std::printf("%-8s  %-14s  %-17s  %2zu %.60s\n", edits ? "update" : "register", fault.name, outcome.c_str(),
                     step, steps[step].c_str());
+        std::fflush(stdout);
     }
 }
 
-/// Desks at one kind of save, each with a server of its own in a process of its own: in one process a driver that waits
-/// keeps others waiting.
-class Desks {
-  public:
-    Desks(bool edits, int times) {
-        std::fflush(stdout);
-        for (pid_t& each : m_desks) {
-            each = ::fork();
-            if (each == 0)
-                work(edits, times);
-        }
+/// A desk with a server of its own in a process of its own: in one process a driver that waits keeps others waiting.
+/// It ends with 0 when all was as it should be.
+pid_t startDesk(bool edits, int times, std::size_t desk) {
+    std::fflush(stdout);
+    const pid_t child = ::fork();
+    if (child != 0)
+        return child;
+    try {
+        meetFaults(edits, times, desk);
+    } catch (const std::exception& failure) {
+        ADD_FAILURE() << failure.what();
     }
-
-    void wait() const {
-        for (const pid_t each : m_desks) {
-            int status = -1;
-            ::waitpid(each, &status, 0);
-            EXPECT_EQ(status, 0) << "see above";
-        }
-    }
-
-  private:
-    /// Ends the process, with 0 when all was as it should be.
-    [[noreturn]] void work(bool edits, int times) {
-        try {
-            meetFaults(edits, times, m_queue);
-        } catch (const std::exception& failure) {
-            ADD_FAILURE() << failure.what();
-        }
-        std::fflush(stdout);
-        ::_exit(testing::Test::HasFailure() ? 1 : 0);
-    }
-
-    Queue m_queue;
-    std::array<pid_t, 8> m_desks{};
-};
+    ::_exit(testing::Test::HasFailure() ? 1 : 0);
+}
 
 // OPD_FAULTS=twice has every save meet its fault twice.
 TEST(ServerFaults, EachAtEveryStepOfASaveLeavesAllOrNothingATrueMessageAndOneRegistration) {
     const char* const asked = std::getenv("OPD_FAULTS");
     const int times = asked != nullptr && std::string_view{asked} == "twice" ? 2 : 1;
-    Desks registering(false, times), updating(true, times);
-    registering.wait();
-    updating.wait();
+    std::vector<pid_t> desks;
+    for (const bool edits : {false, true})
+        for (std::size_t desk = 0; desk < desksOfAKind; ++desk)
+            desks.push_back(startDesk(edits, times, desk));
+    for (const pid_t desk : desks) {
+        int status = -1;
+        ::waitpid(desk, &status, 0);
+        EXPECT_EQ(status, 0) << "see above";
+    }
 }
 
 } // namespace

@@ -18,7 +18,7 @@ const std::map<std::string, Type> types{
     {"MONEY", {Type::Id::MoneyN, 8}},
     {"DATETIME", {Type::Id::DateTimeN, 8}},
     {"DATE", {Type::Id::DateN, 3}},
-    {"DATETIME2", {Type::Id::DateTime2N, 8, 0, 7}},
+    {"DATETIME2", {Type::Id::DateTime2N, 6}},
     {"DECIMAL", {Type::Id::DecimalN, 9, 18, 0}},
     {"VARCHAR", {Type::Id::VarChar, 30}},
     {"NVARCHAR", {Type::Id::NVarChar, 60}},
@@ -58,8 +58,6 @@ Type sized(Type type, const std::string& first, const std::string& second) {
         return type;
     if (type.isText())
         type.size = text::equalsIgnoringCase(first, "MAX") ? Type::unlimited : type.isWide() ? 2 * size : size;
-    else if (type.id == Type::Id::DateTime2N)
-        type.scale = static_cast<std::uint8_t>(size);
     else
         type.precision = static_cast<std::uint8_t>(size);
     if (!second.empty())

@@ -126,14 +126,7 @@ void Session::rpc(const RpcRequest& request) {
             m_interpreter->call(withoutPrefix(prefix(), request.name), request.parameters, out);
         });
     else
-        refuse("Could not find stored procedure number " + std::to_string(request.number) + ".", 2812);
-}
-
-void Session::refuse(const std::string& message, long number) {
-    Tokens tokens;
-    tokens.error(ado::Error(message, "Test server", number));
-    tokens.doneFailed(Done::Procedure);
-    m_channel.write(tokens.bytes());
+        throw Disconnected("a call that no driver of the tests sends");
 }
 
 /// Runs the statement that is the first parameter, with the values behind it, which the second one declares.
@@ -177,7 +170,7 @@ void Session::answer(const Fault& fault, Tokens& tokens, Done kind, const Work& 
         tokens.error(error);
         if (error.number() == deadlockVictim && m_interpreter)
             m_interpreter->rollBack(tokens);
-        tokens.doneFailed(kind == Done::InProcedure ? Done::Procedure : kind);
+        tokens.doneFailed(kind);
     } catch (const GivenUp&) {
         tokens.clear();
         tokens.doneGivenUp();

@@ -36,7 +36,6 @@ class Session {
     void serve(const Message& message);
     void batch(const std::string& text);
     void rpc(const RpcRequest& request);
-    void refuse(const std::string& message, long number);
     void execute(const RpcRequest& request);
     void transaction(const TransactionRequest& request);
     void statement(const std::string& text, Done kind, const Work& work);

@@ -28,7 +28,7 @@ class Tokens {
 
     /// `more` says that another part follows.
     void done(Done kind, bool more, std::optional<std::uint64_t> count = {});
-    void doneFailed(Done kind, bool more = false) { doneToken(kind, 0x02 | (more ? 0x01 : 0), 0); }
+    void doneFailed(Done kind) { doneToken(kind, 0x02, 0); }
     void doneGivenUp() { doneToken(Done::Batch, 0x20, 0); }
 
     void database(const std::string& now, const std::string& before) { change(1, now, before); }

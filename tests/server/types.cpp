@@ -36,7 +36,7 @@ Type WidestOf::type() const {
     if (m_text || numbers == m_moments)
         return wideText(m_longest);
     if (m_moments)
-        return m_early ? Type{Type::Id::DateTime2N, 8, 0, 7} : Type{Type::Id::DateTimeN, 8};
+        return m_early ? Type{Type::Id::DateTime2N, 6} : Type{Type::Id::DateTimeN, 8};
     if (m_decimal)
         return {Type::Id::FltN, 8};
     if (m_whole)

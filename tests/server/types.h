@@ -10,7 +10,7 @@ struct Type {
     enum class Id : std::uint8_t {
         IntN = 0x26,
         DateN = 0x28,
-        DateTime2N = 0x2A,
+        DateTime2N = 0x2A, ///< in whole seconds
         BitN = 0x68,
         DecimalN = 0x6A,
         FltN = 0x6D,

@@ -1,7 +1,6 @@
 // Values of columns and parameters, by their types.
 #include "server/types.h"
 
-#include <array>
 #include <bit>
 #include <cmath>
 
@@ -70,12 +69,6 @@ std::string longDay(const DateTime& moment) {
     return whole(daysBetween(firstDayOfLongDates, moment.date()), 3);
 }
 
-std::string longDate(const DateTime& moment, const Type& type) {
-    constexpr std::array<std::size_t, 8> timeSizes{3, 3, 3, 4, 4, 5, 5, 5};
-    const auto time = static_cast<std::int64_t>(secondsOf(moment) * std::pow(10.0, type.scale));
-    return whole(time, timeSizes.at(type.scale)) + longDay(moment);
-}
-
 /// The bytes of a value that is neither null nor a text.
 std::string bytesOf(const Type& type, const ado::Value& value) {
     switch (type.id) {
@@ -92,7 +85,7 @@ std::string bytesOf(const Type& type, const ado::Value& value) {
     case Type::Id::DateTimeN:
         return shortDate(value.asDate());
     case Type::Id::DateTime2N:
-        return longDate(value.asDate(), type);
+        return whole(secondsOf(value.asDate()), 3) + longDay(value.asDate());
     case Type::Id::DateN:
         return longDay(value.asDate());
     default:

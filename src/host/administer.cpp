@@ -55,8 +55,10 @@ void changeNames(HospitalConnection& hospital, const sqlite::HospitalNames& name
         sqlite::setNames(hospital.folder(), names);
         return;
     }
-    for (const auto& [column, text] : names.byColumn())
-        setText(hospital.connection(), column, text);
+    for (const auto& [column, text] : {std::pair{"Company", names.name}, std::pair{"Address1", names.address},
+                                       std::pair{"ClientName", names.clientCode}})
+        if (text)
+            setText(hospital.connection(), column, *text);
 }
 
 } // namespace

@@ -72,9 +72,6 @@ void refuseSemicolon(const char* what, const std::string& text);
 /// Writes the workstation user's connection settings; the password is one line of standard input.
 void configure(const ConfigureOptions& options);
 
-/// True when this session has a display to show windows on.
-bool hasDisplay();
-
 /// True when the component finds a desktop of that name: none but "scripted", or a module beside the programs.
 bool hasDesktop(const std::string& name);
 

@@ -82,7 +82,8 @@ void configure(const ConfigureOptions& options) {
         values.push_back({savingSettingsSection, "OneVisitADay", options.oneVisitADay});
     if (!options.carrySearch.empty())
         values.push_back({searchingSettingsSection, "CarrySexAndBirthDate", options.carrySearch});
-    settings::IniStore{options.settings}.set(connectionSettingsApplication, values);
+    settings::IniStore store = options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
+    store.set(connectionSettingsApplication, values);
 }
 
 } // namespace opd::host

@@ -35,7 +35,8 @@ std::string absoluteFile(const std::string& file) {
 }
 
 void passOptions(const RunOptions& options) {
-    refuseSemicolon("folder of the hospital", options.database);
+    if (options.database.find(';') != std::string::npos)
+        throw std::runtime_error("The folder of the hospital must not hold a semicolon.");
     setEnvironment(environment::database, absoluteFile(options.database));
     setEnvironment(environment::settings, absoluteFile(options.settings));
     setEnvironment(environment::desktop, options.desktop);
@@ -116,6 +117,13 @@ void playHost(const RunOptions& options) {
     }
 }
 
+bool hasDisplay() {
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY"})
+        if (const char* value = std::getenv(variable); value != nullptr && *value != '\0')
+            return true;
+    return false;
+}
+
 /// Shows a failure to a clerk who started the desk from a menu and sees no terminal. Says nothing where that is not
 /// possible: the failure goes to standard error in any case.
 void showFailure(const std::string& desktopName, const std::string& reason) {
@@ -130,13 +138,6 @@ void showFailure(const std::string& desktopName, const std::string& reason) {
 }
 
 } // namespace
-
-bool hasDisplay() {
-    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY"})
-        if (const char* value = std::getenv(variable); value != nullptr && *value != '\0')
-            return true;
-    return false;
-}
 
 bool hasDesktop(const std::string& name) {
     return name == "scripted" || !ui::desktopModule(programFolder(), name).empty();

@@ -1,5 +1,6 @@
 #include "ui/window_content.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace opd::ui {

@@ -4,11 +4,10 @@
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/window_shell.h"
 
-#include <QAbstractSpinBox>
 #include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDateTimeEdit>
 #include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -18,6 +17,7 @@
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QWindow>
 
 namespace opd::qt {

@@ -2,7 +2,10 @@
 
 #include "ui/desktop.h"
 
+#include <QClipboard>
 #include <QObject>
+
+#include <string>
 
 class QContextMenuEvent;
 class QDropEvent;

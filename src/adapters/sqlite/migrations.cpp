@@ -73,11 +73,6 @@ int versionOf(const Database& database) {
     return sqlite3_column_int(version.statement(), 0);
 }
 
-bool isHospital(const Database& database) {
-    Query settings(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
-    return settings.next() && versionOf(database) > 0;
-}
-
 void migrate(const std::filesystem::path& file, const Clock& clock) {
     const auto failure = [&](const std::string& reason, long number, const std::string& state) {
         return serverError("The database in \"" + file.parent_path().string() +

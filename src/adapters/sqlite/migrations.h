@@ -10,9 +10,6 @@ int schemaVersion();
 /// The version that a file is of.
 int versionOf(const Database& database);
 
-/// True for a file with a hospital in it, whatever version that is of.
-bool isHospital(const Database& database);
-
 /// Brings a hospital's file of an older version to this program's. A copy of it as it was stays beside it, named by its
 /// version. When this fails or is interrupted, the file is as it was. Throws ado::Error.
 void migrate(const std::filesystem::path& file, const Clock& clock);

@@ -233,7 +233,8 @@ void checkPermissions(const std::filesystem::path& file) {
 
 /// Throws when the file is no hospital database, or one of a version that this program does not know yet.
 void checkVersion(const Database& database, const std::string& folder) {
-    if (!isHospital(database))
+    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
+    if (!hospital.next() || versionOf(database) < 1)
         throw serverError("The file hospital.db in \"" + folder + "\" is not a hospital database.", 824, "08001");
     if (versionOf(database) > schemaVersion())
         throw serverError("The database in \"" + folder +

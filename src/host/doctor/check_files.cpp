@@ -51,7 +51,8 @@ Finding libraryFinding(const fs::path& file) {
 }
 
 Findings reportFindings() {
-    const adapters::ReportEngine engine({.clock = os::machineClock()});
+    const os::SystemClock clock;
+    const adapters::ReportEngine engine({.clock = clock});
     const fs::path folder = programFolder() / "Reports";
     std::set<fs::path> files; // those of the desk, whether they are there or not, and what a hospital has added
     for (const char* own : {"DataSheet.rpt", reports::patientLabel.file, reports::patientCard.file})

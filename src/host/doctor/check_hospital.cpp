@@ -5,7 +5,6 @@
 #include "ado/error.h"
 #include "base/os/system_clock.h"
 #include "host/doctor/checks.h"
-#include "host/hospital_connection.h"
 
 #include <fmt/core.h>
 
@@ -16,6 +15,7 @@ namespace {
 using namespace adapters;
 
 // The numbers of errors.
+constexpr long noRight = 229;
 constexpr long onlyReads = 3906;
 constexpr long damaged = 824;
 
@@ -42,8 +42,9 @@ Finding rightsOf(const std::filesystem::path& folder) {
 }
 
 Finding connected(const Desk& desk) {
+    const os::SystemClock clock;
     ado::Providers providers;
-    providers.add("sqlite", sqlite::makeSqliteProvider(os::machineClock()));
+    providers.add("sqlite", sqlite::makeSqliteProvider(clock));
     ado::Connection connection(providers);
     connection.Open(ado::connectionString({{}, {}, desk.server, "LABORATORY"}));
     connection.BeginTrans();
@@ -56,7 +57,7 @@ Finding refused(const Desk& desk, const ado::Error& error) {
     const std::string folder = shellWord(desk.server);
     std::error_code unreadable;
     const bool there = std::filesystem::exists(std::filesystem::path(desk.server) / "hospital.db", unreadable);
-    if (unreadable || error.number() == mayNot || error.number() == onlyReads)
+    if (unreadable || error.number() == noRight || error.number() == onlyReads)
         return wrong("connection", error.what() + std::string{fromNextLogin},
                      "sudo chmod -R g+rwX " + folder + " && sudo usermod -a -G \"$(stat -c %G " + folder +
                          ")\" \"$USER\"");

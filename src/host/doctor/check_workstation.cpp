@@ -1,6 +1,5 @@
 #include "base/os/library.h"
 #include "base/os/trust.h"
-#include "host/commands.h"
 #include "host/doctor/checks.h"
 #include "host/program_folder.h"
 #include "ports/camera/camera_module.h"
@@ -12,10 +11,15 @@ namespace opd::host {
 
 namespace {
 
+bool isSet(const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
 Finding displayFinding() {
-    if (hasDisplay())
+    if (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"))
         return right("display", "There is one.");
-    if (const char* const platform = std::getenv("QT_QPA_PLATFORM"); platform == nullptr || *platform == '\0')
+    if (!isSet("QT_QPA_PLATFORM"))
         ::setenv("QT_QPA_PLATFORM", "offscreen", 1); // letters and printers are looked at without one
     return missing("display", "This session has none; the desk opens where there is one.");
 }

@@ -1,11 +1,11 @@
 #include "adapters/sqlite/care/maintenance.h"
 
+#include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/migrations.h"
 #include "adapters/sqlite/whole_copy.h"
-#include "ado/error.h"
 #include "base/os/system_clock.h"
-#include "base/text/text.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace opd::adapters::sqlite {
@@ -17,9 +17,15 @@ constexpr std::chrono::minutes patience{1};
 
 constexpr long damaged = 824; ///< the number of an error that says so
 
+const Clock& machineClock() {
+    static const os::SystemClock clock;
+    return clock;
+}
+
 /// `name` is how the administrator knows the file.
 void refuseUnlessHospital(const Database& database, const std::filesystem::path& name) {
-    if (!isHospital(database))
+    Query hospital(database, "SELECT 1 FROM sqlite_schema WHERE name = 'Patient_Data_tbHospitalInfo'");
+    if (!hospital.next() || versionOf(database) < 1)
         throw std::runtime_error("\"" + name.string() + "\" is not a hospital database.");
     if (versionOf(database) > schemaVersion())
         throw std::runtime_error("\"" + name.string() + "\" belongs to a newer version of this program.");
@@ -37,7 +43,7 @@ class Hospital : public Database {
   public:
     explicit Hospital(const std::filesystem::path& file) : Hospital(file, file) {}
     Hospital(const std::filesystem::path& file, const std::filesystem::path& name)
-        : Database(existing(file), Mode::Existing, os::machineClock()) {
+        : Database(existing(file), Mode::Existing, machineClock()) {
         setPatience(patience);
         refuseUnlessHospital(*this, name);
     }
@@ -107,7 +113,7 @@ class Draft {
         if (!damagesOf(file(), backup).empty())
             throw std::runtime_error("The backup \"" + backup.string() + "\" is damaged.");
         if (versionOf(Hospital(file())) < schemaVersion())
-            migrate(file(), os::machineClock());
+            migrate(file(), machineClock());
     }
 
     const std::filesystem::path& file() const { return m_files.file(); }
@@ -119,7 +125,7 @@ class Draft {
         std::error_code none;
         const auto journal = std::filesystem::file_size(backup.string() + "-wal", none);
         if (!none && journal > 0)
-            copyWhole(backup, file(), os::machineClock());
+            copyWhole(backup, file(), machineClock());
         else
             std::filesystem::copy_file(backup, file());
     }
@@ -143,8 +149,10 @@ std::string replaceRows(const Database& database) {
     std::string statements;
     for (const std::string& table :
          texts(database, "SELECT name FROM backup.sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite_%'")) {
-        const std::string columns =
-            text::joined(texts(database, "SELECT name FROM pragma_table_info('" + table + "', 'backup')"), ", ");
+        std::string columns;
+        for (const std::string& column :
+             texts(database, "SELECT name FROM pragma_table_info('" + table + "', 'backup')"))
+            columns += (columns.empty() ? "" : ", ") + column;
         if (table == "Patient_Data_tbCounter")
             statements += "INSERT INTO main." + table + " SELECT * FROM backup." + table +
                           " WHERE true ON CONFLICT (Name) DO UPDATE SET Last = max(Last, excluded.Last);";
@@ -203,12 +211,12 @@ void goOnCounting(const std::filesystem::path& file, const std::filesystem::path
 /// Puts the rows in place while nobody else writes; the copy is made of what stands there at that moment.
 std::filesystem::path replaceContent(const std::filesystem::path& file, const Draft& draft) {
     if (versionOf(Hospital(file)) < schemaVersion())
-        migrate(file, os::machineClock());
+        migrate(file, machineClock());
     Hospital hospital(file);
     attach(hospital, draft.file());
     hospital.run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; BEGIN IMMEDIATE");
     std::filesystem::path kept = unusedName(file.string() + ".before-restore");
-    copyWhole(file, kept, os::machineClock());
+    copyWhole(file, kept, machineClock());
     hospital.run(makeLost(hospital) + replaceRows(hospital) + "ANALYZE main; COMMIT");
     return kept;
 }
@@ -228,7 +236,7 @@ void backUp(const std::filesystem::path& folder, const std::filesystem::path& ba
         throw std::runtime_error("There is a file \"" + backup.string() + "\" already.");
     const std::filesystem::path file = databaseFile(folder);
     { const Hospital hospital(file); }
-    copyWhole(file, backup, os::machineClock());
+    copyWhole(file, backup, machineClock());
 }
 
 std::filesystem::path restore(const std::filesystem::path& folder, const std::filesystem::path& backup) {
@@ -237,8 +245,8 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
     if (std::filesystem::exists(file) && damagesOf(file, file).empty())
         return replaceContent(file, draft);
     std::filesystem::path kept = setAside(file);
-    copyWhole(draft.file(), file, os::machineClock());
-    Database(file, Database::Mode::Existing, os::machineClock()).run("PRAGMA journal_mode = WAL");
+    copyWhole(draft.file(), file, machineClock());
+    Database(file, Database::Mode::Existing, machineClock()).run("PRAGMA journal_mode = WAL");
     if (!kept.empty())
         goOnCounting(file, kept);
     return kept;
@@ -261,20 +269,13 @@ std::vector<std::string> faultsOf(const std::filesystem::path& place) {
     return faults;
 }
 
-std::vector<std::pair<std::string, std::string>> HospitalNames::byColumn() const {
-    std::vector<std::pair<std::string, std::string>> set;
-    for (const auto& [column, value] :
-         {std::pair{"Company", &name}, std::pair{"Address1", &address}, std::pair{"ClientName", &clientCode}})
-        if (*value)
-            set.emplace_back(column, **value);
-    return set;
-}
-
 void setNames(const std::filesystem::path& folder, const HospitalNames& names) {
     Hospital hospital(databaseFile(folder));
     hospital.run("BEGIN IMMEDIATE");
-    for (const auto& [column, value] : names.byColumn())
-        set(hospital, column, value);
+    for (const auto& [column, value] : {std::pair{"Company", names.name}, std::pair{"Address1", names.address},
+                                        std::pair{"ClientName", names.clientCode}})
+        if (value)
+            set(hospital, column, *value);
     hospital.run("COMMIT");
 }
 

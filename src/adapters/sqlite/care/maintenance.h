@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// What an administrator does with an embedded hospital, while its desks work. Every function throws ado::Error or
@@ -28,9 +27,6 @@ struct HospitalNames {
     std::optional<std::string> name;
     std::optional<std::string> address;
     std::optional<std::string> clientCode;
-
-    /// Those that are set, each with its column of the hospital's row of settings.
-    std::vector<std::pair<std::string, std::string>> byColumn() const;
 };
 void setNames(const std::filesystem::path& folder, const HospitalNames& names);
 

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <map>
 #include <regex>
+#include <utility>
 
 namespace opd::testserver {
 
@@ -73,6 +74,7 @@ std::optional<LiteralRow> literalRow(const std::string& statement) {
         return std::nullopt;
     LiteralRow result;
     auto& cells = result.row.rows.emplace_back();
+    std::vector<std::string> names;
     auto at = statement.begin() + select.size();
     for (std::smatch found; at != statement.end(); at = found[0].second) {
         if (!std::regex_search(at, statement.end(), found, item, std::regex_constants::match_continuous))
@@ -86,8 +88,9 @@ std::optional<LiteralRow> literalRow(const std::string& statement) {
             return std::nullopt;
         result.types.push_back(found[3].matched ? sized(cast->second, found[4], found[5])
                                                 : typeOf(written, cells.back()));
-        result.row.columns.push_back(found[6]);
+        names.push_back(found[6]);
     }
+    result.row.columns = std::move(names);
     return result;
 }
 

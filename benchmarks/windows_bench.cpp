@@ -16,7 +16,6 @@
 
 #include <chrono>
 #include <iostream>
-#include <optional>
 
 /// What a clerk waits for at real windows that are drawn without a screen; `./bench` starts it. With OPD_BENCH_BARE it
 /// builds the widgets alone, in a process of their own: the look is the whole application's.
@@ -170,7 +169,7 @@ int main(int argc, char** argv) {
         if (std::getenv("OPD_BENCH_BARE") != nullptr) {
             bench::add("form-opening", {"bare"}, bench::openWidgets, {.turns = 40});
         } else {
-            qt::dress(application);
+            qt::dressApplication();
             bench::add("form-opening", {"10000"}, bench::openForm, {.turns = 40});
             bench::add("first-screen", bench::sizes(), bench::firstScreen, {.turns = 15});
         }

@@ -127,39 +127,19 @@ BEGIN
   GRANT SELECT ON dbo.tbPatient TO opd_desk;
 END
 GO
--- Where it knows no rights for a function, everybody has them, and the script goes on.
+-- Where it knows no rights for functions, everybody has them, and the script goes on.
 IF SERVERPROPERTY(N'babelfish') IS NOT NULL
 BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Folded TO opd_desk;
-END TRY
-BEGIN CATCH
-  PRINT ERROR_MESSAGE();
-END CATCH
-GO
-IF SERVERPROPERTY(N'babelfish') IS NOT NULL
-BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Moment TO opd_desk;
-END TRY
-BEGIN CATCH
-  PRINT ERROR_MESSAGE();
-END CATCH
-GO
-IF SERVERPROPERTY(N'babelfish') IS NOT NULL
-BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Age TO opd_desk;
-END TRY
-BEGIN CATCH
-  PRINT ERROR_MESSAGE();
-END CATCH
-GO
-IF SERVERPROPERTY(N'babelfish') IS NOT NULL
-BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_Address TO opd_desk;
 END TRY
 BEGIN CATCH
   PRINT ERROR_MESSAGE();
 END CATCH
 GO
+-- One that answers rows is of another kind, about which the answer may be another one.
 IF SERVERPROPERTY(N'babelfish') IS NOT NULL
 BEGIN TRY
   GRANT EXECUTE ON dbo.OPD_GivenNames TO opd_desk;

@@ -36,6 +36,10 @@ bool isFolder(const std::string& dataSource) {
     return dataSource.find('/') != std::string::npos || std::filesystem::is_directory(dataSource, ignored);
 }
 
+bool isServer(const std::string& dataSource) {
+    return !dataSource.empty() && !isFolder(dataSource);
+}
+
 void Providers::add(const std::string& kind, std::shared_ptr<Provider> provider) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto same =

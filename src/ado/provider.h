@@ -119,6 +119,9 @@ class Provider {
 /// True when a data source names a folder (it holds a "/" or is a folder on this machine) and not a server.
 bool isFolder(const std::string& dataSource);
 
+/// True when it names a server.
+bool isServer(const std::string& dataSource);
+
 /// The providers that connections choose from; the first that serves a data source opens it. For use by several
 /// threads.
 class Providers {

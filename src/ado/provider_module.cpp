@@ -18,7 +18,7 @@ Error cannotReachServers(const std::string& server, const std::string& reason) {
 } // namespace
 
 bool ModuleProvider::serves(const ConnectionString& settings) const {
-    return !settings.dataSource().empty() && !isFolder(settings.dataSource());
+    return isServer(settings.dataSource());
 }
 
 std::unique_ptr<Link> ModuleProvider::open(const ConnectionString& settings, const Link::OnWait& onWait) {

@@ -3,7 +3,6 @@
 #include "ado/connection.h"
 
 #include <optional>
-#include <string>
 
 namespace opd::ado {
 

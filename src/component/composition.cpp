@@ -1,12 +1,12 @@
 #include "component/composition.h"
-#include "base/clock/date_text.h"
-#include "base/os/system_clock.h"
 
 #include "adapters/image/picture_files.h"
 #include "adapters/settings/ini_store.h"
 #include "adapters/sqlite/provider.h"
 #include "ado/provider_module.h"
+#include "base/clock/date_text.h"
 #include "base/os/library.h"
+#include "base/os/system_clock.h"
 #include "component/environment.h"
 #include "component/init_dll.h"
 #include "component/stored_prints.h"
@@ -30,9 +30,7 @@ namespace composition {
 std::unique_ptr<settings::Store> makeStore() {
     if (const std::string folder = environment::value(environment::database); !folder.empty())
         return std::make_unique<settings::FixedStore>(folder);
-    if (const std::string file = environment::value(environment::settings); !file.empty())
-        return std::make_unique<settings::IniStore>(file);
-    return std::make_unique<settings::IniStore>();
+    return std::make_unique<settings::IniStore>(environment::value(environment::settings));
 }
 
 namespace {

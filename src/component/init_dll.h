@@ -31,6 +31,8 @@ inline constexpr const char* serverSettingsSection = "SQL Server";
 
 /// The section of the same settings that names, under the key "Folder", where the patients' photographs are kept.
 inline constexpr const char* pictureSettingsSection = "Pictures";
+
+/// The sections of the same settings that say how the desk saves, searches and is typed into.
 inline constexpr const char* savingSettingsSection = "Saving";
 inline constexpr const char* searchingSettingsSection = "Searching";
 inline constexpr const char* entrySettingsSection = "Entry";

@@ -1,8 +1,14 @@
 #include "data/connection_settings.h"
 
+#include "base/text/text.h"
+
 #include <stdexcept>
 
 namespace opd::data {
+
+bool holdsWord(const settings::Store& settings, const char* section, const char* key, const char* word) {
+    return text::equalsIgnoringCase(text::trimmed(settings.get(settingsApplication, section, key)), word);
+}
 
 std::string connStr(const settings::Store& settings, int kind, const std::string& catalog) {
     const auto stored = [&](const char* key) { return settings.get(settingsApplication, connectionSection, key); };

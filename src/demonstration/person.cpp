@@ -23,10 +23,6 @@ std::string surname(Random& random) {
     return name;
 }
 
-int yearsOld(const Person& person, const DateTime& today) {
-    return static_cast<int>(static_cast<double>(daysBetween(person.birthDate, today)) / 365.25);
-}
-
 /// Children are children, and the older somebody is, the likelier married or widowed.
 std::string civilStatus(Random& random, int age) {
     if (age == 0)
@@ -72,7 +68,7 @@ void giveWork(Random& random, Person& person, int age) {
 }
 
 void giveRest(Random& random, Person& person, const DateTime& today) {
-    const int age = yearsOld(person, today);
+    const int age = yearsBetween(person.birthDate, today);
     static constexpr std::array<std::string_view, 6> bloodTypes{"O+", "A+", "B+", "AB+", "O-", "A-"};
     static constexpr std::array<std::string_view, 8> barangays{
         "POBLACION", "SAN ROQUE", "SAN ISIDRO", "BAGUMBAYAN", "SANTA CRUZ", "MALANDAY", "BAGONG SILANG", "SANTO NIÑO"};

@@ -4,8 +4,6 @@
 #include "ado/provider.h"
 #include "base/clock/date_text.h"
 #include "base/os/system_clock.h"
-#include "base/text/text.h"
-#include "component/init_dll.h"
 #include "host/hospital_connection.h"
 #include "host/hospital_row.h"
 #include "host/visit_counts.h"
@@ -23,11 +21,7 @@ using namespace adapters;
 std::filesystem::path folderOf(const AdministerOptions& options) {
     if (!options.database.empty())
         return options.database;
-    const settings::IniStore store =
-        options.settings.empty() ? settings::IniStore{} : settings::IniStore{options.settings};
-    const std::string server = store.get(connectionSettingsApplication, connectionSettingsSection, "Server");
-    if (server.empty())
-        throw std::runtime_error("No database is configured. Name a hospital's folder with --database FOLDER.");
+    const std::string server = configuredServer(settings::IniStore{options.settings});
     if (!ado::isFolder(server))
         throw std::runtime_error(
             "The configured database \"" + server +
@@ -51,15 +45,10 @@ const char* onOrOff(bool on) {
 }
 
 void showFlags(ado::Connection& connection, const std::string& wanted) {
-    bool isKnown = wanted.empty();
-    for (const auto& [name, on] : flagsOf(connection)) {
-        if (!wanted.empty() && !text::equalsIgnoringCase(name, wanted))
-            continue;
-        fmt::print("{:<32}{}\n", name, onOrOff(on));
-        isKnown = true;
-    }
-    if (!isKnown)
-        throw std::runtime_error("There is no flag \"" + wanted + "\"; \"opd-desk flag\" lists them.");
+    const std::string column = wanted.empty() ? std::string{} : columnOfFlag(wanted);
+    for (const auto& [name, on] : flagsOf(connection))
+        if (column.empty() || name == column)
+            fmt::print("{:<32}{}\n", name, onOrOff(on));
 }
 
 void changeNames(HospitalConnection& hospital, const sqlite::HospitalNames& names) {
@@ -117,7 +106,7 @@ void hospital(const AdministerOptions& options) {
 
 void statistics(const AdministerOptions& options) {
     constexpr long week = 7;
-    const DateTime last = dayOf(options.until, os::SystemClock{}.now());
+    const DateTime last = dayOf(options.until, os::machineClock().now());
     const DateTime first = dayOf(options.from, addDays(last, 1 - week));
     if (last.date() < first.date())
         throw std::runtime_error(fmt::format("The last day, {}, comes before the first, {}: nothing was counted.",

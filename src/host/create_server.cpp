@@ -1,10 +1,6 @@
-#include "adapters/settings/ini_store.h"
-#include "ado/provider_module.h"
-#include "base/os/library.h"
 #include "base/os/system_clock.h"
-#include "component/init_dll.h"
 #include "host/commands.h"
-#include "host/program_folder.h"
+#include "host/hospital_connection.h"
 
 #include <fmt/core.h>
 
@@ -36,10 +32,6 @@ ado::LogOn logOnOf(const CreateServerOptions& options) {
     return logOn;
 }
 
-std::string serverSetting(const std::string& key) {
-    return settings::IniStore{}.get(connectionSettingsApplication, serverSettingsSection, key);
-}
-
 } // namespace
 
 void createServer(const CreateServerOptions& options) {
@@ -48,9 +40,10 @@ void createServer(const CreateServerOptions& options) {
     if (options.deskPasswordFromInput)
         hospital.deskPassword = passwordFromInput();
     if (!hospital.today.isSet())
-        hospital.today = os::SystemClock{}.now().date();
+        hospital.today = os::machineClock().now().date();
+    const settings::IniStore store;
     ado::Providers providers;
-    providers.add("server", std::make_shared<ado::ModuleProvider>(programFolder(), &serverSetting));
+    providers.add("server", serverProvider(store));
     ado::Connection connection(providers);
     connection.setPatience(patience);
     connection.Open(ado::connectionString(administrator));

@@ -1,6 +1,5 @@
 #include "host/hospital_connection.h"
 
-#include "adapters/settings/ini_store.h"
 #include "adapters/sqlite/provider.h"
 #include "ado/provider_module.h"
 #include "base/os/system_clock.h"
@@ -17,20 +16,24 @@ namespace {
 /// How long an administrator waits for the desks.
 constexpr std::chrono::minutes patience{1};
 
-settings::IniStore storeOf(const std::string& file) {
-    return file.empty() ? settings::IniStore{} : settings::IniStore{file};
-}
-
 } // namespace
 
-HospitalConnection::HospitalConnection(const HospitalOptions& options) {
-    static const os::SystemClock clock;
-    m_providers.add("folder", adapters::sqlite::makeSqliteProvider(clock));
-    m_providers.add("server", std::make_shared<ado::ModuleProvider>(
-                                  programFolder(), [file = options.settings](const std::string& key) -> std::string {
-                                      return storeOf(file).get(connectionSettingsApplication, serverSettingsSection,
-                                                               key);
-                                  }));
+std::string configuredServer(const settings::Store& store) {
+    std::string server = store.get(connectionSettingsApplication, connectionSettingsSection, "Server");
+    if (server.empty())
+        throw std::runtime_error("No database is configured. Name a hospital's folder with --database FOLDER.");
+    return server;
+}
+
+std::shared_ptr<ado::Provider> serverProvider(const settings::Store& store) {
+    return std::make_shared<ado::ModuleProvider>(programFolder(), [&store](const std::string& key) {
+        return store.get(connectionSettingsApplication, serverSettingsSection, key);
+    });
+}
+
+HospitalConnection::HospitalConnection(const HospitalOptions& options) : m_store(options.settings) {
+    m_providers.add("folder", adapters::sqlite::makeSqliteProvider(os::machineClock()));
+    m_providers.add("server", serverProvider(m_store));
     const ado::LogOn logOn = logOnOf(options);
     if (ado::isFolder(logOn.server))
         m_folder = logOn.server;
@@ -39,19 +42,16 @@ HospitalConnection::HospitalConnection(const HospitalOptions& options) {
 }
 
 /// Where the hospital is, and who asks: what is configured, unless the command says otherwise.
-ado::LogOn HospitalConnection::logOnOf(const HospitalOptions& options) {
-    const settings::IniStore store = storeOf(options.settings);
+ado::LogOn HospitalConnection::logOnOf(const HospitalOptions& options) const {
     const auto configured = [&](const char* key) {
-        return store.get(connectionSettingsApplication, connectionSettingsSection, key);
+        return m_store.get(connectionSettingsApplication, connectionSettingsSection, key);
     };
     if (!options.database.empty()) { // a folder, also where there is none of that name
         const std::string folder = std::filesystem::absolute(options.database).string();
         refuseSemicolon("folder", folder);
         return {{}, {}, folder, "LABORATORY"};
     }
-    ado::LogOn logOn{configured("User"), configured("Password"), configured("Server"), "LABORATORY"};
-    if (logOn.server.empty())
-        throw std::runtime_error("No database is configured. Name a hospital's folder with --database FOLDER.");
+    ado::LogOn logOn{configured("User"), configured("Password"), configuredServer(m_store), "LABORATORY"};
     if (!options.user.empty())
         logOn.user = options.user;
     if (options.passwordFromInput)

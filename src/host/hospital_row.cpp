@@ -47,15 +47,6 @@ ado::Statement& addText(ado::Statement& statement, const std::string& text) {
     return statement.text("'").values(pieces, "''").text("'");
 }
 
-const char* columnNamed(const std::string& name) {
-    const auto found = std::find_if(featureFlags.begin(), featureFlags.end(), [&](const FeatureFlag& flag) {
-        return text::equalsIgnoringCase(flag.column, name);
-    });
-    if (found == featureFlags.end())
-        throw std::runtime_error("There is no flag \"" + name + "\"; \"opd-desk flag\" lists them.");
-    return found->column;
-}
-
 } // namespace
 
 std::vector<std::pair<std::string, bool>> flagsOf(ado::Connection& connection) {
@@ -67,9 +58,18 @@ std::vector<std::pair<std::string, bool>> flagsOf(ado::Connection& connection) {
     return flags;
 }
 
+std::string columnOfFlag(const std::string& name) {
+    const auto found = std::find_if(featureFlags.begin(), featureFlags.end(), [&](const FeatureFlag& flag) {
+        return text::equalsIgnoringCase(flag.column, name);
+    });
+    if (found == featureFlags.end())
+        throw std::runtime_error("There is no flag \"" + name + "\"; \"opd-desk flag\" lists them.");
+    return found->column;
+}
+
 // A statement that writes names the row: as the one whose column holds something else.
 void setFlag(ado::Connection& connection, const std::string& name, bool on) {
-    const std::string column = columnNamed(name);
+    const std::string column = columnOfFlag(name);
     const bool isNull = rowOf(connection).Fields(column).isNull();
     ado::Statement update = updateOf(column).number(on ? 1 : 0).text(" where ").identifier(column);
     change(connection, isNull ? update.text(" is null") : update.text(" <> ").number(on ? 1 : 0));

@@ -2,7 +2,6 @@
 
 #include "ado/connection.h"
 
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,6 +12,9 @@ namespace opd::host {
 
 /// The hospital's optional behaviours and whether they are on.
 std::vector<std::pair<std::string, bool>> flagsOf(ado::Connection& connection);
+
+/// The column of one, named in any letter case.
+std::string columnOfFlag(const std::string& name);
 
 /// Turns one on or off; the name in any letter case.
 void setFlag(ado::Connection& connection, const std::string& name, bool on);

@@ -14,7 +14,6 @@
 #include "ui/window.h"
 
 #include <optional>
-#include <string>
 
 namespace opd::registration {
 

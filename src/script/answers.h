@@ -2,8 +2,6 @@
 
 #include "ui/desktop.h"
 
-#include <deque>
-#include <optional>
 #include <string>
 #include <vector>
 

@@ -79,36 +79,22 @@ void expectStatus(const Scene& scene, const Words& words) {
     require(shown == words[0], "the status line to read " + quoted(words[0]), "it reads " + quoted(shown));
 }
 
-void expectEnabled(const Scene& scene, const Words& words) {
-    require(scene.driver.isEnabled(scene.control(words[0])), words[0] + " to be enabled", "it is disabled");
-}
+/// What can be asked of a control, and how it is called when it is so and when it is not.
+struct Trait {
+    bool (Driver::*is)(ui::Control&);
+    const char* name;
+    const char* opposite;
+};
 
-void expectDisabled(const Scene& scene, const Words& words) {
-    require(!scene.driver.isEnabled(scene.control(words[0])), words[0] + " to be disabled", "it is enabled");
-}
+constexpr Trait isEnabled{&Driver::isEnabled, "enabled", "disabled"};
+constexpr Trait isVisible{&Driver::isShown, "visible", "hidden"};
+constexpr Trait isChecked{&Driver::isChecked, "checked", "unchecked"};
+constexpr Trait isNeeded{&Driver::isNeeded, "marked as needed", "unmarked"};
 
-void expectVisible(const Scene& scene, const Words& words) {
-    require(scene.driver.isShown(scene.control(words[0])), words[0] + " to be visible", "it is hidden");
-}
-
-void expectHidden(const Scene& scene, const Words& words) {
-    require(!scene.driver.isShown(scene.control(words[0])), words[0] + " to be hidden", "it is visible");
-}
-
-void expectChecked(const Scene& scene, const Words& words) {
-    require(scene.driver.isChecked(scene.control(words[0])), words[0] + " to be checked", "it is not");
-}
-
-void expectUnchecked(const Scene& scene, const Words& words) {
-    require(!scene.driver.isChecked(scene.control(words[0])), words[0] + " to be unchecked", "it is checked");
-}
-
-void expectNeeded(const Scene& scene, const Words& words) {
-    require(scene.driver.isNeeded(scene.control(words[0])), words[0] + " to be marked as needed", "it is not");
-}
-
-void expectNotNeeded(const Scene& scene, const Words& words) {
-    require(!scene.driver.isNeeded(scene.control(words[0])), words[0] + " to be marked no more", "it is marked");
+template <const Trait& trait, bool wanted> void expectTrait(const Scene& scene, const Words& words) {
+    const bool truth = (scene.driver.*trait.is)(scene.control(words[0]));
+    require(truth == wanted, words[0] + " to be " + (wanted ? trait.name : trait.opposite),
+            std::string{"it is "} + (truth ? trait.name : trait.opposite));
 }
 
 void expectFocus(const Scene& scene, const Words& words) {
@@ -196,9 +182,7 @@ void set(const Scene& scene, const Words& words) {
 }
 
 void tab(const Scene& scene, const Words& words) {
-    std::vector<ui::Control*> everything;
-    scene.window().collect(everything);
-    for (ui::Control* control : everything) {
+    for (ui::Control* control : scene.window().everything()) {
         if (control->kind() != ui::Kind::Page || control->caption() != words[0])
             continue;
         auto& page = static_cast<ui::Page&>(*control);
@@ -299,14 +283,14 @@ constexpr Command commands[] = {{"expect-window", 1, expectWindow},
                                 {"expect", 2, expect},
                                 {"expect-like", 2, expectLike},
                                 {"expect-status", 1, expectStatus},
-                                {"expect-enabled", 1, expectEnabled},
-                                {"expect-disabled", 1, expectDisabled},
-                                {"expect-visible", 1, expectVisible},
-                                {"expect-hidden", 1, expectHidden},
-                                {"expect-checked", 1, expectChecked},
-                                {"expect-unchecked", 1, expectUnchecked},
-                                {"expect-needed", 1, expectNeeded},
-                                {"expect-not-needed", 1, expectNotNeeded},
+                                {"expect-enabled", 1, expectTrait<isEnabled, true>},
+                                {"expect-disabled", 1, expectTrait<isEnabled, false>},
+                                {"expect-visible", 1, expectTrait<isVisible, true>},
+                                {"expect-hidden", 1, expectTrait<isVisible, false>},
+                                {"expect-checked", 1, expectTrait<isChecked, true>},
+                                {"expect-unchecked", 1, expectTrait<isChecked, false>},
+                                {"expect-needed", 1, expectTrait<isNeeded, true>},
+                                {"expect-not-needed", 1, expectTrait<isNeeded, false>},
                                 {"expect-focus", 1, expectFocus},
                                 {"expect-selection", 1, expectSelection},
                                 {"expect-rows", 2, expectRows},

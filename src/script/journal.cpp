@@ -15,17 +15,11 @@ namespace {
 
 using Part = std::pair<std::string, std::string>;
 
+constexpr const char* betweenCells = " | ";
 constexpr int rowsTold = 20; ///< of a table; beyond them only how many there are
 
 std::string quoted(const std::string& text) {
     return '"' + text::replaced(text::replaced(text, "\r", "\\r"), "\n", "\\n") + '"';
-}
-
-std::string joined(const std::vector<std::string>& texts) {
-    std::string all;
-    for (const std::string& text : texts)
-        all += (all.empty() ? "" : " | ") + text;
-    return all;
 }
 
 std::string whatIsChosen(const ui::Control& control) {
@@ -69,10 +63,10 @@ void addTable(const ui::Grid& grid, std::vector<Part>& parts) {
     std::vector<std::string> columns;
     for (const ui::Grid::Column& column : grid.columns())
         columns.push_back(column.title + " " + std::to_string(column.width) + (column.rightAligned ? " right" : ""));
-    parts.emplace_back(grid.name() + " columns", joined(columns));
+    parts.emplace_back(grid.name() + " columns", text::joined(columns, betweenCells));
     parts.emplace_back(grid.name() + " rows", std::to_string(grid.rowCount()));
     for (int row = 1; row <= std::min(grid.rowCount(), rowsTold); ++row)
-        parts.emplace_back(grid.name() + " row " + std::to_string(row), joined(grid.row(row)));
+        parts.emplace_back(grid.name() + " row " + std::to_string(row), text::joined(grid.row(row), betweenCells));
     parts.emplace_back(grid.name() + " current",
                        std::to_string(grid.currentRow()) + ", " + std::to_string(grid.currentColumn()));
 }
@@ -82,9 +76,7 @@ std::vector<Part> pictureOf(const ui::Window& window) {
     std::vector<Part> parts{{"caption", quoted(window.caption())},
                             {"status", quoted(window.statusLine())},
                             {"focus", window.focus() == nullptr ? "-" : window.focus()->name()}};
-    std::vector<ui::Control*> everything;
-    window.collect(everything);
-    for (const ui::Control* control : everything) {
+    for (const ui::Control* control : window.everything()) {
         parts.emplace_back(control->name(), appearance(*control));
         if (control->kind() == ui::Kind::Grid)
             addTable(static_cast<const ui::Grid&>(*control), parts);

@@ -3,7 +3,6 @@
 #include "search/registration_opener.h"
 #include "session/session.h"
 
-#include <functional>
 #include <string>
 
 namespace opd::ui {

@@ -1,6 +1,5 @@
 #include "search/search_new.h"
 
-#include "ado/error.h"
 #include "base/text/text.h"
 
 namespace opd::search {

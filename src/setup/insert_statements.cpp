@@ -12,10 +12,6 @@ namespace {
 // A server takes 1,000 rows; it plans fewer sooner.
 constexpr std::size_t rowsOfAStatement = 200;
 
-std::string quoted(const std::string& text) {
-    return "N'" + text::replaced(text, "'", "''") + "'";
-}
-
 /// A moment that no language of a session reads otherwise.
 std::string momentText(const DateTime& moment) {
     char text[32];
@@ -43,6 +39,10 @@ template <class List, class Text> std::string listOf(const List& list, const Tex
 
 } // namespace
 
+std::string quoted(const std::string& text) {
+    return "N'" + text::replaced(text, "'", "''") + "'";
+}
+
 void InsertStatements::add(const demonstration::Table& table, std::vector<ado::Value> values) {
     Pending& pending = pendingOf(table);
     pending.rows.push_back(listOf(values, literal));
@@ -67,13 +67,14 @@ void InsertStatements::sendPending() {
     for (Pending& pending : m_pending) {
         if (pending.rows.empty())
             continue;
-        std::string rows;
-        for (const std::string& row : pending.rows)
-            rows.append(rows.empty() ? "" : ",\n").append(row);
         const std::string columns =
             listOf(pending.table->columns, [](std::string_view column) { return std::string{column}; });
         std::string statement = "INSERT INTO Patient_Data.dbo.";
-        statement.append(pending.table->name).append(" ").append(columns).append(" VALUES\n").append(rows);
+        statement.append(pending.table->name)
+            .append(" ")
+            .append(columns)
+            .append(" VALUES\n")
+            .append(text::joined(pending.rows, ",\n"));
         m_send(ado::Statement::fromOutside(statement));
         pending.rows.clear();
     }

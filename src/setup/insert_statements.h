@@ -9,6 +9,9 @@
 
 namespace opd::setup {
 
+/// A text as a literal of a server's statements.
+std::string quoted(const std::string& text);
+
 /// Turns generated rows into INSERT statements of many rows each for a server, and sends those.
 class InsertStatements final : public demonstration::Rows {
   public:

@@ -17,10 +17,6 @@ constexpr std::string_view hospitalScript = "13-hospital.sql";
 constexpr std::string_view loginScript = "15-login.sql";
 constexpr std::string_view noPassword = "@Password nvarchar(100) = N'';";
 
-std::string quoted(const std::string& text) {
-    return "N'" + text::replaced(text, "'", "''") + "'";
-}
-
 /// The hospital's row of settings, where it has none: the script that comes behind leaves it as it is.
 std::string settingsOf(const ServerOptions& options) {
     return "USE Patient_Data;\nGO\n"

@@ -93,10 +93,11 @@ bool Control::isUsable() const {
 }
 
 bool Control::canTakeFocus() const {
-    for (const Control* control = this; control != nullptr; control = control->m_container)
-        if (!control->m_visible || !control->m_enabled)
-            return false;
-    return takesFocus(m_kind);
+    return takesFocus(m_kind) && isUsable() && !isHidden();
+}
+
+bool Control::isHidden() const {
+    return !m_visible || (m_container != nullptr && m_container->isHidden());
 }
 
 void Control::clicked() {
@@ -113,6 +114,12 @@ void Control::raiseChange() {
         onChange();
     if (Window& changed = window(); changed.onContentChange)
         changed.onContentChange(*this);
+}
+
+std::vector<Control*> Container::everything() const {
+    std::vector<Control*> all;
+    collect(all);
+    return all;
 }
 
 void Container::collect(std::vector<Control*>& everything) const {

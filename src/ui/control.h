@@ -102,6 +102,9 @@ class Control {
     /// control on another page counts; moving the focus there shows the page.
     bool canTakeFocus() const;
 
+    /// True when it or one of its containers is hidden. A control on another page is not.
+    bool isHidden() const;
+
     /// The text a clerk reads in it: content of a field, caption of a button or label.
     virtual std::string shownText() const { return m_caption; }
 
@@ -156,6 +159,9 @@ class Container : public Control {
     const std::vector<Control*>& members() const { return m_members; }
 
     /// Everything inside, containers before their members, in tab order.
+    std::vector<Control*> everything() const;
+
+    /// The same behind what is there already.
     void collect(std::vector<Control*>& everything) const;
 
   private:

@@ -37,6 +37,10 @@ std::vector<Answer> answersOf(Buttons buttons) {
     return {Answer::Yes, Answer::No, Answer::Cancel};
 }
 
+Answer escapeAnswer(Buttons buttons) {
+    return answersOf(buttons).back();
+}
+
 std::optional<std::filesystem::path> Desktop::askFile(const FileQuestion&) {
     return std::nullopt;
 }

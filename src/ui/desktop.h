@@ -19,6 +19,9 @@ enum class Answer { Ok, Cancel, Yes, No };
 /// The answers that the buttons of a box give, in the order in which they stand.
 std::vector<Answer> answersOf(Buttons buttons);
 
+/// What closing a box by other means than its buttons answers.
+Answer escapeAnswer(Buttons buttons);
+
 /// A message that the clerk must answer before anything goes on.
 struct Message {
     std::string text = {};

@@ -11,20 +11,11 @@ namespace opd::ui {
 
 namespace {
 
-/// True when a control or one of its containers is hidden; a page that is not the current one counts as shown.
-bool isHidden(const Control& control) {
-    for (const Control* outer = &control; outer != nullptr; outer = outer->container())
-        if (!outer->visible())
-            return true;
-    return false;
-}
-
 std::vector<const Control*> controlsOf(const Window& window) {
-    std::vector<Control*> everything;
-    window.collect(everything);
     std::vector<const Control*> seen;
-    std::copy_if(everything.begin(), everything.end(), std::back_inserter(seen),
-                 [](const Control* control) { return !isHidden(*control); });
+    for (const Control* control : window.everything())
+        if (!control->isHidden())
+            seen.push_back(control);
     return seen;
 }
 

@@ -113,9 +113,7 @@ std::string apart(const Control& control, const Container* (*around)(const Contr
 } // namespace
 
 SpokenNames::SpokenNames(const Window& window) {
-    std::vector<Control*> everything;
-    window.collect(everything);
-    for (const Control* control : everything)
+    for (const Control* control : window.everything())
         m_names[control] = nameByItself(*control);
     for (const auto around : {frameAround, pageAround}) {
         const auto counts = counted(m_names);

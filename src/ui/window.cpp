@@ -1,6 +1,5 @@
 #include "ui/window.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace opd::ui {
@@ -122,11 +121,10 @@ std::string Window::statusLine() const {
 }
 
 Control* Window::find(const std::string& name) const {
-    std::vector<Control*> everything;
-    collect(everything);
-    const auto found = std::find_if(everything.begin(), everything.end(),
-                                    [&](const Control* control) { return control->name() == name; });
-    return found == everything.end() ? nullptr : *found;
+    for (Control* control : everything())
+        if (control->name() == name)
+            return control;
+    return nullptr;
 }
 
 void Window::tellView(Control& control, Aspect aspect) {

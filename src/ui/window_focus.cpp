@@ -158,8 +158,7 @@ void Window::pressTab(bool backward) {
 }
 
 Control* Window::neighbour(const Control* from, bool backward) const {
-    std::vector<Control*> order;
-    collect(order);
+    std::vector<Control*> order = everything();
     if (backward)
         std::reverse(order.begin(), order.end());
     const auto here = std::find(order.begin(), order.end(), from);
@@ -172,11 +171,10 @@ Control* Window::neighbour(const Control* from, bool backward) const {
 }
 
 Tabs* Window::tabs() const {
-    std::vector<Control*> everything;
-    collect(everything);
-    const auto found = std::find_if(everything.begin(), everything.end(),
-                                    [](const auto* control) { return control->kind() == Kind::Tabs; });
-    return found == everything.end() ? nullptr : static_cast<Tabs*>(*found);
+    for (Control* control : everything())
+        if (control->kind() == Kind::Tabs)
+            return static_cast<Tabs*>(control);
+    return nullptr;
 }
 
 void Window::turnPage(bool backward) {
@@ -203,11 +201,10 @@ bool Window::pickPageNumber(int number) {
 }
 
 Control* Window::firstStopIn(const Container& container) const {
-    std::vector<Control*> inside;
-    container.collect(inside);
-    const auto first =
-        std::find_if(inside.begin(), inside.end(), [](const auto* control) { return isTabStop(*control); });
-    return first == inside.end() ? nullptr : *first;
+    for (Control* control : container.everything())
+        if (isTabStop(*control))
+            return control;
+    return nullptr;
 }
 
 void Window::pickPage(Tabs& tabs, int index) {

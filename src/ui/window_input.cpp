@@ -88,10 +88,8 @@ bool Window::typesElsewhere(KeyPress& press) {
 }
 
 std::vector<Control*> Window::behindAccessKey(char32_t key) const {
-    std::vector<Control*> everything;
-    collect(everything);
     std::vector<Control*> found;
-    for (Control* control : everything) {
+    for (Control* control : everything()) {
         if (accessKeyOf(control->caption()) != key)
             continue;
         if (control->kind() == Kind::Frame)

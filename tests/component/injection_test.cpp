@@ -59,10 +59,8 @@ struct NoOpener final : search::RegistrationOpener, search::VisitsOpener {
 };
 
 template <class Kind> std::vector<Kind*> boxesOf(const ui::Window& window) {
-    std::vector<ui::Control*> everything;
-    window.collect(everything);
     std::vector<Kind*> boxes;
-    for (ui::Control* control : everything)
+    for (ui::Control* control : window.everything())
         if (auto* box = dynamic_cast<Kind*>(control))
             boxes.push_back(box);
     return boxes;

@@ -6,12 +6,9 @@
 #include "registration/meanwhile/field_values.h"
 
 #include <array>
-#include <atomic>
+#include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <iostream>
-#include <map>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// As they stand in the head of the table: what the test server is told, at the step and from there on.
+/// What the test server is told, at the step and from there on.
 struct Fault {
     const char* name;
     std::vector<std::string> told; ///< "@" stands for the step
@@ -38,7 +35,6 @@ const Fault faults[] = {{"dropped before", {"drop-before@"}},
                         {"a deadlock", {"error@:1205,Deadlock."}},
                         {"slow", {"slow@:250"}},
                         {"silent", {"never@"}, true}};
-constexpr std::size_t faultCount = std::size(faults);
 
 /// Something that a save stores, and what it is told to be where it is missing; nothing for what the transaction holds.
 struct Stored {
@@ -292,143 +288,52 @@ class Saves {
     std::vector<std::string> m_entries;
 };
 
-/// The outcomes, a line a step.
-class Table {
-  public:
-    /// Reads what a desk wrote down, in lines "step|fault|outcome|statement".
-    void read(std::FILE* outcomes) {
-        std::rewind(outcomes);
-        std::size_t step = 0, fault = 0;
-        char outcome[32], statement[64];
-        while (std::fscanf(outcomes, "%zu|%zu|%31[^|]|%63[^\n]%*[^\n]", &step, &fault, outcome, statement) == 4) {
-            m_steps[step] = statement;
-            m_cells[{step, fault}] = outcome;
-        }
-    }
+constexpr std::size_t desksOfAKind = 8; ///< share the steps and faults
 
-    void print(const char* title) const {
-        std::cout << "\n" << fitted(title, 44);
-        for (const Fault& fault : faults)
-            std::cout << fitted(fault.name, 19);
-        std::cout << "\n";
-        for (const auto& [step, statement] : m_steps) {
-            std::cout << fitted(statement, 44);
-            for (std::size_t fault = 0; fault < faultCount; ++fault)
-                std::cout << fitted(m_cells.contains({step, fault}) ? m_cells.at({step, fault}) : ".", 19);
-            std::cout << "\n";
-        }
-        std::map<std::string, int> times;
-        for (const auto& [cell, outcome] : m_cells)
-            ++times[outcome];
-        std::cout << m_cells.size() << " of " << m_steps.size() * faultCount << " cells";
-        for (const auto& [outcome, count] : times)
-            std::cout << ", " << outcome << " " << count;
-        std::cout << "\n";
-    }
-
-  private:
-    static std::string fitted(const std::string& text, std::size_t width) {
-        std::string cut = text.substr(0, width - 1);
-        cut.resize(width, ' ');
-        return cut;
-    }
-
-    std::map<std::size_t, std::string> m_steps;
-    std::map<std::pair<std::size_t, std::size_t>, std::string> m_cells;
-};
-
-/// The cells that desks in processes of their own take one after the other.
-class Queue {
-  public:
-    Queue()
-        : m_next(static_cast<std::atomic<std::size_t>*>(
-              ::mmap(nullptr, sizeof *m_next, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
-    Queue(const Queue&) = delete;
-    Queue& operator=(const Queue&) = delete;
-    ~Queue() { ::munmap(m_next, sizeof *m_next); }
-
-    std::size_t take() { return (*m_next)++; }
-
-  private:
-    std::atomic<std::size_t>* m_next; ///< zero at first, as all new pages are
-};
-
-/// What one desk does: meets the faults that no other has taken, the slowest first, and writes the outcomes down.
-void meetFaults(bool edits, int times, Queue& queue, std::FILE* outcomes) {
+/// What one desk does: meets its share of the faults, and prints what the clerk was told.
+void meetFaults(bool edits, int times, std::size_t desk) {
     Saves saves(edits);
     const std::vector<std::string> steps = saves.steps();
     EXPECT_GT(steps.size(), 15U);
-    for (std::size_t cell = queue.take(); cell < steps.size() * faultCount; cell = queue.take()) {
-        const std::size_t fault = faultCount - 1 - cell / steps.size(), step = cell % steps.size();
-        SCOPED_TRACE(std::string{faults[fault].name} + " at " + std::to_string(step) + " " + steps[step]);
-        const std::string outcome = saves.meets(faults[fault], step, times);
-        std::fprintf(outcomes, "%zu|%zu|%s|%s\n", step, fault, outcome.c_str(), steps[step].c_str());
+    for (std::size_t cell = desk; cell < steps.size() * std::size(faults); cell += desksOfAKind) {
+        const Fault& fault = faults[cell / steps.size()];
+        const std::size_t step = cell % steps.size();
+        SCOPED_TRACE(std::string{fault.name} + " at " + std::to_string(step) + " " + steps[step]);
+        const std::string outcome = saves.meets(fault, step, times);
+        std::printf("%-8s  %-14s  %-17s  %2zu %.60s\n", edits ? "update" : "register", fault.name, outcome.c_str(),
+                    step, steps[step].c_str());
+        std::fflush(stdout);
     }
 }
 
 /// A desk with a server of its own in a process of its own: in one process a driver that waits keeps others waiting.
 /// It ends with 0 when all was as it should be.
-pid_t desk(bool edits, int times, Queue& queue, std::FILE* outcomes) {
-    std::cout.flush();
+pid_t startDesk(bool edits, int times, std::size_t desk) {
+    std::fflush(stdout);
     const pid_t child = ::fork();
     if (child != 0)
         return child;
     try {
-        meetFaults(edits, times, queue, outcomes);
+        meetFaults(edits, times, desk);
     } catch (const std::exception& failure) {
         ADD_FAILURE() << failure.what();
     }
-    std::fflush(outcomes);
-    std::fflush(stdout);
     ::_exit(testing::Test::HasFailure() ? 1 : 0);
 }
-
-/// The desks of one kind of save, at work.
-class Desks {
-  public:
-    Desks(bool edits, int times) {
-        for (Desk& each : m_desks) {
-            each.outcomes = std::tmpfile();
-            each.process = desk(edits, times, m_queue, each.outcomes);
-        }
-    }
-    Desks(const Desks&) = delete;
-    Desks& operator=(const Desks&) = delete;
-
-    ~Desks() {
-        for (const Desk& each : m_desks)
-            std::fclose(each.outcomes);
-    }
-
-    /// Waits for them.
-    Table outcomes() {
-        Table table;
-        for (const Desk& each : m_desks) {
-            int status = -1;
-            ::waitpid(each.process, &status, 0);
-            EXPECT_EQ(status, 0) << "see above";
-            table.read(each.outcomes);
-        }
-        return table;
-    }
-
-  private:
-    struct Desk {
-        pid_t process;
-        std::FILE* outcomes;
-    };
-
-    Queue m_queue;
-    std::array<Desk, 8> m_desks{};
-};
 
 // OPD_FAULTS=twice has every save meet its fault twice.
 TEST(ServerFaults, EachAtEveryStepOfASaveLeavesAllOrNothingATrueMessageAndOneRegistration) {
     const char* const asked = std::getenv("OPD_FAULTS");
     const int times = asked != nullptr && std::string_view{asked} == "twice" ? 2 : 1;
-    Desks registering(false, times), updating(true, times);
-    registering.outcomes().print("A new patient is registered");
-    updating.outcomes().print("A visit on file is updated");
+    std::vector<pid_t> desks;
+    for (const bool edits : {false, true})
+        for (std::size_t desk = 0; desk < desksOfAKind; ++desk)
+            desks.push_back(startDesk(edits, times, desk));
+    for (const pid_t desk : desks) {
+        int status = -1;
+        ::waitpid(desk, &status, 0);
+        EXPECT_EQ(status, 0) << "see above";
+    }
 }
 
 } // namespace

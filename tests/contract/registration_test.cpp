@@ -1,10 +1,11 @@
 // No number is given twice, and no record takes the place of another.
 #include "contract/contract.h"
+#include "contract/drawing.h"
 #include "contract/save_statements.h"
 #include "support/sql.h"
+#include "support/temporary_folder.h"
 
 #include <algorithm>
-#include <set>
 #include <sys/wait.h>
 
 namespace opd::tests {
@@ -90,12 +91,6 @@ TEST_P(Contract, NotesWhatASaveChangedByWhomAndWhere) {
             "Select What, OldValue, NewValue, UserID, IDNum from Patient_Data..tbMasterAudit where HospNum = '" +
             patient + "' order by AuditID");
     };
-    const auto extended = [&](const std::string& birthPlace, const std::string& employmentType) {
-        std::string values = "Patient_Data..sp_Adm_UpdateMaster2 '" + patient + "','" + birthPlace + "'";
-        for (int argument = 3; argument <= 36; ++argument)
-            values += argument == 23 ? "," + employmentType : argument == 24 || argument == 32 ? ",0" : ",''";
-        return values;
-    };
     const auto save = [&](const std::vector<std::string>& master, const std::string& user) {
         ado::Transaction transaction(*connection);
         connection->Execute(sql(callOf("sp_aopd_Update_TbMaster", master)));
@@ -109,7 +104,7 @@ TEST_P(Contract, NotesWhatASaveChangedByWhomAndWhere) {
     // One line for a new patient, whatever is written of it, and however often.
     std::vector<std::string> master = masterValues(patient, visit);
     save(master, "ANA");
-    connection->Execute(sql(extended("MANILA", "1")));
+    connection->Execute(sql(extendedRecord(patient, "MANILA", "1")));
     const Rows registered{"registered|-|-|ANA|" + visit};
     EXPECT_EQ(noted(), registered);
     save(master, "ANA");
@@ -127,7 +122,7 @@ TEST_P(Contract, NotesWhatASaveChangedByWhomAndWhere) {
     visit = newOpdNumber(*connection) + "B";
     master[14] = visit;
     save(master, "BEN");
-    connection->Execute(sql(extended("CEBU", "2")));
+    connection->Execute(sql(extendedRecord(patient, "CEBU", "2")));
     Rows expected = registered;
     expected.insert(expected.end(), {"LastName|NUÑEZ-DELA CRUZ|Nuñez-DELA CRUZ|BEN|" + visit,
                                      "BirthDate|1980-03-07|1980-12-31|BEN|" + visit,
@@ -149,42 +144,18 @@ TEST_P(Contract, NotesWhatASaveChangedByWhomAndWhere) {
         1U);
 }
 
-/// Draws numbers in a process of its own, which writes them down in the file and ends with status 0.
-pid_t drawElsewhere(Hospital& hospital, std::FILE* file) {
-    const pid_t child = fork();
-    if (child != 0)
-        return child;
-    try {
-        const auto connection = hospital.connect();
-        for (int i = 0; i < 150; ++i)
-            std::fprintf(file, "%s %s\n", newHospNum(*connection).c_str(), newOpdNumber(*connection).c_str());
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "child: %s\n", error.what());
-        _exit(1);
-    }
-    _exit(std::fflush(file));
-}
-
 TEST_P(Contract, DrawsEveryNumberOnceForDesksAtATime) {
     connection->Close();
-    const std::size_t count = hospital->isReal() ? 8 : 2;
-    std::vector<std::FILE*> files;
+    const TemporaryFolder notes;
     std::vector<pid_t> desks;
-    for (std::size_t desk = 0; desk < count; ++desk) {
-        files.push_back(std::tmpfile());
-        desks.push_back(drawElsewhere(*hospital, files.back()));
-    }
-    std::set<std::string> numbers;
-    for (std::size_t desk = 0; desk < count; ++desk) {
+    for (std::size_t desk = 0; desk < (hospital->isReal() ? 8U : 2U); ++desk)
+        desks.push_back(startDrawing(*hospital, notes / std::to_string(desk), 300));
+    for (const pid_t desk : desks) {
         int status = -1;
-        waitpid(desks[desk], &status, 0);
+        waitpid(desk, &status, 0);
         EXPECT_EQ(status, 0);
-        std::rewind(files[desk]);
-        for (char number[16]; std::fscanf(files[desk], "%15s", number) == 1;)
-            EXPECT_TRUE(numbers.insert(number).second) << number << " was given twice";
-        std::fclose(files[desk]);
     }
-    EXPECT_EQ(numbers.size(), count * 300);
+    EXPECT_EQ(drawnNumbers(notes.path()).size(), desks.size() * 300);
 }
 
 } // namespace

@@ -32,6 +32,15 @@ inline std::vector<std::string> masterValues(const std::string& hospNum, const s
                             "GUA EMP ADDR|1|SENIOR-ID-NO|OCCUPATION|AB+|DR.");
 }
 
+/// The extended record as a save writes it, with two texts in it.
+inline std::string extendedRecord(const std::string& hospNum, const std::string& birthPlace = "",
+                                  const std::string& employmentType = "0") {
+    std::string text = callOf("sp_Adm_UpdateMaster2", {hospNum, birthPlace});
+    for (int argument = 3; argument <= 36; ++argument)
+        text += argument == 23 ? "," + employmentType : argument == 24 || argument == 32 ? ",0" : ",''";
+    return text;
+}
+
 /// The visit as a save writes it.
 inline std::vector<std::string> visitValues(const std::string& hospNum, const std::string& visit) {
     return valuesOf({hospNum, visit},

@@ -9,13 +9,6 @@ namespace opd::tests {
 
 namespace {
 
-std::string extendedOf(const std::string& patient) {
-    std::string values = "Patient_Data..sp_Adm_UpdateMaster2 '" + patient + "'";
-    for (int argument = 2; argument <= 36; ++argument)
-        values += argument == 23 || argument == 24 || argument == 32 ? ",0" : ",''";
-    return values;
-}
-
 /// A registration and what follows it.
 std::vector<std::string> writesOf(const std::string& patient, const std::string& visit) {
     return {
@@ -26,7 +19,7 @@ std::vector<std::string> writesOf(const std::string& patient, const std::string&
         callOf("sp_aopd_Update_tbOutpatient", visitValues(patient, visit)),
         callOf("sp_Adm_Update_tbAdmDoctorConsultation", {"D001"}),
         callOf("OPD_Update_AdditionalDr", {visit, "D002", "1"}),
-        extendedOf(patient),
+        extendedRecord(patient),
         "Delete Patient_Data..tbMasterDependent where SeqNum = '" + patient + "'",
         "Patient_Data..sp_Adm_SaveDependents  " + patient + ", 'CHILD', '03/05/2015' ",
         callOf("proc_Adm_Update_tbMasterMedicalHistory", {patient}) + ", 1, 0, 0, 0, 0, 0, 0, 0, 'OTHERS'",

@@ -5,7 +5,6 @@
 #include "com/object.h"
 
 #include <map>
-#include <memory>
 #include <string>
 
 namespace opd::tests {

@@ -13,10 +13,8 @@ namespace {
 /// Every text box holds its own name, so that the statements below say which box each of their arguments comes from.
 /// Values that are raised to upper case show it.
 void fillWithNames(FormFixture& desk) {
-    std::vector<ui::Control*> everything;
-    desk.form->window().collect(everything);
     registration::Fields& fields = desk.form->fields();
-    for (ui::Control* control : everything)
+    for (ui::Control* control : desk.form->window().everything())
         if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && box != &fields.header.txtOPDNum &&
                                                              box != &fields.header.txtHospNum &&
                                                              box != &fields.consultation.txtPR)
@@ -363,9 +361,7 @@ TEST(Save, ADataSheetThatCannotBeReadIsToldBehindTheClosedFormAndTheVisitStands)
 /// All that a clerk can have put into a form, by control.
 std::map<std::string, std::string> heldBy(const registration::RegistrationForm& form) {
     std::map<std::string, std::string> held;
-    std::vector<ui::Control*> everything;
-    const_cast<registration::RegistrationForm&>(form).window().collect(everything);
-    for (const ui::Control* control : everything) {
+    for (const ui::Control* control : const_cast<registration::RegistrationForm&>(form).window().everything()) {
         std::string& all = held[control->name()];
         all = control->shownText() + (control->enabled() ? "" : " disabled") + (control->visible() ? "" : " hidden");
         if (const auto* option = dynamic_cast<const ui::OptionButton*>(control))

@@ -7,7 +7,6 @@
 
 #include <fcntl.h>
 #include <fstream>
-#include <iterator>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Clients that share no code with the test server, or with each other, read the same from it.
 
-Usage: clients_test.py SERVER DESK CLIENT [NPM_FOLDER], where CLIENT is tsql, isql, pytds or tedious.
+Usage: clients_test.py SERVER DESK CLIENT [NPM_FOLDER], where CLIENT is tsql, pytds or tedious.
 """
 
 import datetime
@@ -14,7 +14,7 @@ import sys
 import threading
 from pathlib import Path
 
-from fixture import DATABASE, LONG, PASSWORD, USER, Server, odbc_settings
+from fixture import DATABASE, LONG, PASSWORD, USER, Server
 
 MASTER = "Patient_Data..tbMaster"
 ROWS = f"select HospNum, LastName, MiddleName, BirthDate, FileNum, Occupation from {MASTER} where HospNum = "
@@ -25,7 +25,7 @@ TYPES = ("select cast(1 as bit) as a, 7 as b, cast(12345678901 as bigint) as c, 
          "cast(N'Ñandú 漢' as nvarchar(max)) as h, cast(null as int) as i, cast('2026-11-25 10:11:12' as datetime2(0)) as j, "
          "cast('1899-12-31' as datetime) as k")
 TWO_SETS = "select 1 as a; select N'two' as b"
-DRAW = "declare @h varchar(8); exec Patient_Data..sp_adm_GetNewHospNum @h output; select @h as HospNum"
+DRAW = "exec Patient_Data..sp_adm_GetNewHospNum"
 
 EXPECTED = [
     f"00000001|NUÑEZ|-|1935-02-28|7|{LONG}",
@@ -53,7 +53,7 @@ def line(cells):
     return "|".join(shown(cell) for cell in cells)
 
 
-class Tool:
+class Tsql:
     """A program that takes batches of text; what it cannot bind is asked for in the batch itself."""
 
     def converse(self, port):
@@ -68,33 +68,13 @@ class Tool:
         yield from self.ask(port, "begin transaction", RENAME % "LOST", "rollback transaction", NAME)
         yield from self.ask(port, "begin transaction", RENAME % "PEÑA", "commit transaction", NAME)
 
-    def run(self, command, text, separator):
-        answer = subprocess.run(command, input=text, capture_output=True, text=True, timeout=30, check=False,
-                                env={**os.environ, "LC_ALL": "C.UTF-8"})
-        rows = (row for row in answer.stdout.splitlines() if row.strip() and not row.startswith("["))
-        yield from (line(row.split(separator)) for row in rows)
-        yield from (f"error {number}" for number in self.errors(answer.stderr + answer.stdout))
-
-
-class Tsql(Tool):
-    def ask(self, port, *batches, password=PASSWORD):
+    @staticmethod
+    def ask(port, *batches, password=PASSWORD):
         command = ["tsql", "-o", "qfh", "-H", "127.0.0.1", "-p", str(port), "-U", USER, "-P", password, "-D", DATABASE]
-        return self.run(command, "".join(batch + "\ngo\n" for batch in batches), "\t")
-
-    @staticmethod
-    def errors(text):
-        return re.findall(r"Msg (\d+) ", text)
-
-
-class Isql(Tool):
-    def ask(self, port, *batches, password=PASSWORD):
-        return self.run(["isql", "-k", odbc_settings(port, password), "-b", "-v", "-d\t", "-L9000"], "".join(batch + "\n" for batch in batches), "\t")
-
-    @staticmethod
-    def errors(text):
-        """The tool shows states and messages, and no numbers."""
-        known = {"Could not find stored procedure": 2812, "Invalid object name": 208, "Login failed for user": 18456}
-        return [known[words] for words in re.findall("|".join(known), text)]
+        answer = subprocess.run(command, input="".join(batch + "\ngo\n" for batch in batches), capture_output=True, text=True,
+                                timeout=30, check=False, env={**os.environ, "LC_ALL": "C.UTF-8"})
+        yield from (line(row.split("\t")) for row in answer.stdout.splitlines() if row.strip())
+        yield from (f"error {number}" for number in re.findall(r"Msg (\d+) ", answer.stderr + answer.stdout))
 
 
 class Pytds:
@@ -103,14 +83,10 @@ class Pytds:
     def converse(self, port):
         import pytds
         self.port = drop_by_drop(port)
-        for version in (pytds.tds_base.TDS71, pytds.tds_base.TDS72, pytds.tds_base.TDS73, pytds.tds_base.TDS74):
-            connection = self.connect(pytds, tds_version=version)
-            cursor = connection.cursor()
-            rows = [line(cursor.execute(ROWS + "%s", (f"0000000{number}",)).fetchone()) for number in "12"]
-            assert rows == EXPECTED[:2], rows
-        yield from rows
         connection = self.connect(pytds)
         cursor = connection.cursor()
+        for number in "12":
+            yield line(cursor.execute(ROWS + "%s", (f"0000000{number}",)).fetchone())
         yield line(cursor.execute(TYPES).fetchone())
         yield line(cursor.execute(TWO_SETS).fetchone())
         assert cursor.nextset()
@@ -191,7 +167,7 @@ def drop_by_drop(port):
 
 
 def main(program, desk, client, *more):
-    clients = {"tsql": Tsql, "isql": Isql, "pytds": Pytds, "tedious": Tedious}
+    clients = {"tsql": Tsql, "pytds": Pytds, "tedious": Tedious}
     with Server(program, desk) as server:
         read = list(clients[client](*more).converse(server.port))
     for expected, found in zip(EXPECTED, read):

@@ -3,6 +3,8 @@
 #include "ado/error.h"
 #include "base/text/text.h"
 
+#include <chrono>
+
 namespace opd::testserver {
 
 namespace {

@@ -2,7 +2,6 @@
 
 #include "ado/provider.h"
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <stdexcept>

@@ -2,8 +2,9 @@
 
 #include "base/text/text.h"
 
-#include <charconv>
+#include <cstdlib>
 #include <map>
+#include <regex>
 #include <stdexcept>
 
 namespace opd::testserver {
@@ -20,47 +21,22 @@ const std::map<std::string, Fault::Kind> kinds{
     {"error", Fault::Kind::Error},
 };
 
-bool hasArgument(Fault::Kind kind) {
-    return kind == Fault::Kind::Slow || kind == Fault::Kind::Garbage || kind == Fault::Kind::Error;
-}
-
-/// Reads a number that is the whole text; false when it is none.
-bool readNumber(const std::string& text, long& number) {
-    long read = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), read);
-    if (error != std::errc{} || end != text.data() + text.size())
-        return false;
-    number = read;
-    return true;
-}
+/// Kind, a count alone or a piece of a statement with its count, and an argument.
+const std::regex form{R"(([a-z-]+)@(?:(\d+|\*)|([^#:]+)(?:#(\d+|\*))?)(?::(.+))?)"};
 
 } // namespace
 
 Faults::Coming Faults::parsed(const std::string& fault) {
-    const std::size_t at = fault.find('@');
-    const auto kind = kinds.find(fault.substr(0, at));
-    if (kind == kinds.end() || at == std::string::npos)
+    std::smatch found;
+    const bool isWritten = std::regex_match(fault, found, form) && kinds.contains(found[1]);
+    if (!isWritten || (kinds.at(found[1]) == Fault::Kind::Slow && std::atol(found[5].str().c_str()) == 0))
         throw std::invalid_argument("no fault: " + fault);
-    Coming coming{{kind->second, {}}, {}, 1};
-    std::string where = fault.substr(at + 1);
-    if (const std::size_t colon = where.find(':'); hasArgument(kind->second) && colon != std::string::npos) {
-        coming.fault.argument = where.substr(colon + 1);
-        where.erase(colon);
-    }
-    long number = 0;
-    if (kind->second == Fault::Kind::Slow && !readNumber(coming.fault.argument, number))
-        throw std::invalid_argument("no milliseconds: " + fault);
-    const std::size_t hash = where.rfind('#');
-    const std::string count = hash == std::string::npos ? where : where.substr(hash + 1);
-    if (count == "*")
-        coming.countdown = always;
-    else if (!readNumber(count, coming.countdown) && hash != std::string::npos)
-        throw std::invalid_argument("no number of a statement: " + fault);
-    if (hash != std::string::npos)
-        coming.piece = text::upper(where.substr(0, hash));
-    else if (count != "*" && !readNumber(count, number))
-        coming.piece = text::upper(std::string_view{where});
-    return coming;
+    const std::string count = found[2].matched ? found[2] : found[4];
+    return {{kinds.at(found[1]), found[5]},
+            text::upper(std::string_view{found[3].str()}),
+            count == "*"    ? always
+            : count.empty() ? 1
+                            : std::stol(count)};
 }
 
 void Faults::add(const std::string& fault) {

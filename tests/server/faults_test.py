@@ -17,7 +17,7 @@ from fixture import PASSWORD, Server, odbc_settings
 
 NAME = "select LastName from Patient_Data..tbMaster where HospNum = '00000001'"
 RENAME = "update Patient_Data..tbMaster set LastName = '%s' where HospNum = '00000001'"
-DRAW = "declare @n varchar(10); exec Patient_Data..sp_aopd_GetNewOPDID @n output; select @n as IdNum"
+DRAW = "exec Patient_Data..sp_aopd_GetNewOPDID"
 RUNS_IT = ("drop-after", "drop-within", "garbage")  # the statement is run before the answer goes wrong
 FAULTS = ("drop-before", "drop-after", "drop-within", "never", "garbage", "garbage:raw", "error:1205", "error:50000,NO")
 
@@ -93,7 +93,8 @@ def attention(server):
     holder, waiter = connect(server), connect(server, autocommit=True, patience=2)
     holder.cursor().execute(RENAME % "HELD")
     cursor = waiter.cursor()
-    for statement in ("waitfor delay '00:01:00'", RENAME % "WAITED"):
+    server.tell("fault slow@select:60000")
+    for statement in (NAME, RENAME % "WAITED"):
         assert failure(lambda text=statement: cursor.execute(text)) == "lost"
         start = time.monotonic()
         assert cursor.execute(NAME).fetchone() != ("WAITED",) and time.monotonic() - start < 2
@@ -121,7 +122,7 @@ def log_of_statements(server):
     assert stat.S_IMODE((server.path / "log").stat().st_mode) == 0o600
     before = len(server.received())
     connection = connect(server, autocommit=True)
-    connection.execute("select ? as a\n, 'b\\' as b", "Ñ'")
+    connection.execute("select 'Ñ''' as a\n, 'b\\' as b")
     assert server.received()[before:] == ["login desk LABORATORY", "select 'Ñ''' as a\\n, 'b\\\\' as b"]
     assert PASSWORD not in (server.path / "log").read_text(encoding="utf-8")
 

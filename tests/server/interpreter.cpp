@@ -36,44 +36,18 @@ std::vector<std::string> statementsOf(const std::string& batch) {
     return statements;
 }
 
-/// The first words, in capitals.
+/// The first two words, in capitals; empty where there are none.
 std::vector<std::string> firstWords(const std::string& statement) {
-    constexpr std::size_t longest = 12;
     std::istringstream all(statement);
-    std::vector<std::string> words;
-    for (std::string word; words.size() < longest && all >> word;)
-        words.push_back(text::upper(std::string_view{word}));
-    words.resize(longest + 1); // the last one is empty
+    std::vector<std::string> words(2);
+    for (std::string& word : words)
+        if (all >> word)
+            word = text::upper(std::string_view{word});
     return words;
 }
 
 bool isProcedureCall(const std::vector<std::string>& words) {
     return words[0] != "SELECT" && words[0] != "UPDATE" && words[0] != "DELETE";
-}
-
-/// A select of the rows that an update or a delete is about to touch; nothing for other statements.
-std::string selectOfTouched(const std::vector<std::string>& words, std::string_view text) {
-    constexpr std::string_view where = "WHERE ";
-    if (words[0] != "UPDATE" && words[0] != "DELETE")
-        return {};
-    std::string_view condition;
-    bool quoted = false;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        quoted = quoted != (text[at] == '\'');
-        if (!quoted && text::equalsIgnoringCase(text.substr(at, where.size()), where))
-            condition = text.substr(at);
-    }
-    const std::string& table = words[words[1] == "FROM" ? 2 : 1];
-    return condition.empty() ? "" : "SELECT * FROM " + table + " " + std::string{condition};
-}
-
-std::chrono::milliseconds delayOf(const std::string& clock) {
-    int hours = 0;
-    int minutes = 0;
-    int seconds = 0;
-    if (std::sscanf(clock.c_str(), "'%d:%d:%d", &hours, &minutes, &seconds) < 3)
-        throw ado::Error("Incorrect time syntax in time string " + clock + " used with WAITFOR.", "Test server", 148);
-    return std::chrono::hours{hours} + std::chrono::minutes{minutes} + std::chrono::seconds{seconds};
 }
 
 /// The value of an output, which is cut by nobody.
@@ -87,7 +61,7 @@ ado::Value outputOf(const ado::ResultSet& answer, const Parameter& parameter, st
         throw ado::Error("The procedure has no output parameter " + parameter.name + ".", "Test server", 8162);
     const ado::Value& value = answer.rows.front()[place];
     const std::size_t bytes = text::length(value.asText()) * (parameter.type.isWide() ? 2 : 1);
-    if (parameter.type.isText() && parameter.type.id != Type::Id::NText && bytes > parameter.type.size)
+    if (bytes > parameter.type.size)
         throw ado::Error("String or binary data would be truncated.", "Test server", 8152);
     return value;
 }
@@ -123,7 +97,6 @@ std::string textOf(const std::string& procedure, const std::vector<Parameter>& p
 
 void Interpreter::run(const std::string& batch, Tokens& tokens, Done kind, bool more) {
     const std::vector<std::string> statements = statementsOf(batch);
-    m_variables.clear();
     if (statements.empty())
         tokens.done(kind, more);
     for (std::size_t place = 0; place < statements.size(); ++place)
@@ -131,94 +104,45 @@ void Interpreter::run(const std::string& batch, Tokens& tokens, Done kind, bool 
 }
 
 void Interpreter::statement(const std::string& text, Tokens& tokens, Done kind, bool more) {
-    std::vector<std::string> words = firstWords(text);
+    const std::vector<std::string> words = firstWords(text);
     if (ofSession(words, text, tokens)) {
         tokens.done(kind, more);
         return;
     }
-    if (const auto literal = literalRow(withValues(text, {}, m_variables), m_version,
-                                        [this](const std::string& name) { return sessionValue(name); })) {
+    if (const auto literal = literalRow(text)) {
         tokens.rows(literal->row, literal->types);
         tokens.done(kind, more, 1);
         return;
     }
-    std::optional<std::uint64_t> count;
-    if (const std::string touched = selectOfTouched(words, text); !touched.empty())
-        count = m_engine.run(touched).rows.size();
     const bool executes = words[0] == "EXEC" || words[0] == "EXECUTE";
     constexpr std::string_view list = "..SP_SPROC_COLUMNS";
     const ado::ResultSet result = words[0].ends_with(list)
                                       ? procedureColumns(words[0].substr(0, words[0].size() - list.size()), m_lacking)
-                                  : executes ? execute(stripped(text.substr(words[0].size())))
-                                             : m_engine.run(text);
+                                      : m_engine.run(executes ? stripped(text.substr(words[0].size())) : text);
     tokens.rows(result);
-    if (!result.columns.empty())
-        count = result.rows.size();
+    const bool hasRows = !result.columns.empty();
     if (!isProcedureCall(words)) {
-        tokens.done(kind, more, count);
+        tokens.done(kind, more, hasRows ? result.rows.size() : 1);
         return;
     }
-    if (count)
-        tokens.done(Done::InProcedure, true, count);
+    if (hasRows)
+        tokens.done(Done::InProcedure, true, result.rows.size());
     tokens.returnStatus(0);
     tokens.done(kind == Done::Batch ? Done::Procedure : kind, more);
 }
 
-/// Runs a call whose last arguments may be variables that take its outputs: it answers no rows then.
-ado::ResultSet Interpreter::execute(const std::string& procedure) {
-    const std::size_t outputs = procedure.find('@');
-    if (m_variables.empty() || outputs == std::string::npos)
-        return m_engine.run(procedure);
-    std::string inputs = stripped(procedure.substr(0, outputs));
-    if (inputs.ends_with(","))
-        inputs.pop_back();
-    const ado::ResultSet result = m_engine.run(inputs);
-    std::size_t place = 0;
-    for (const std::string& name : declaredNames(procedure.substr(outputs)))
-        for (Parameter& variable : m_variables)
-            if (text::equalsIgnoringCase(variable.name, name))
-                variable.value = outputOf(result, {{}, true, variable.type, {}}, place++);
-    return {};
-}
-
 bool Interpreter::ofSession(const std::vector<std::string>& words, const std::string& text, Tokens& tokens) {
-    if (words[0] == "SET")
-        return true;
-    if (words[0] == "DECLARE") {
-        for (const std::string& name : declaredNames(text))
-            m_variables.push_back({name, true, wideText(longestLimitedText / 2, m_version), {}});
-        return true;
-    }
-    if (words[0] == "USE") {
+    if (words[0] == "USE")
         use(stripped(text.substr(words[0].size())), tokens);
-        return true;
-    }
-    if (words[0] == "WAITFOR" && words[1] == "DELAY") {
-        m_wait(delayOf(words[2]));
-        return true;
-    }
-    if (words[0] == "IF" && words[1] == "@@TRANCOUNT" && words[2] == ">" && words[3] == "0") {
-        if (m_engine.inTransaction())
-            return transactionWords(words, 4, tokens);
-        return words[5] != "BEGIN" || transactionWords(words, 5, tokens);
-    }
-    return transactionWords(words, 0, tokens);
-}
-
-/// Reads "COMMIT", "ROLLBACK TRANSACTION", "BEGIN TRAN" and the like, perhaps one behind the other.
-bool Interpreter::transactionWords(const std::vector<std::string>& words, std::size_t at, Tokens& tokens) {
-    const bool names = words[at + 1] == "TRANSACTION" || words[at + 1] == "TRAN";
-    if (words[at] == "BEGIN" && names)
+    else if (words[0] == "BEGIN" && words[1].starts_with("TRAN"))
         begin(tokens);
-    else if (words[at] == "COMMIT")
+    else if (words[0] == "COMMIT")
         commit(tokens);
-    else if (words[at] == "ROLLBACK") {
-        m_engine.rollback();
-        tokens.transaction(Tokens::Transaction::RolledBack, m_engine.transaction());
-    } else
-        return false;
-    const std::size_t behind = at + (names ? 2 : 1);
-    return words[behind].empty() || transactionWords(words, behind, tokens);
+    else if (words[0] == "ROLLBACK")
+        rollBackAtOnce(tokens);
+    else
+        return words[0] == "SET";
+    return true;
 }
 
 void Interpreter::use(const std::string& database, Tokens& tokens) {
@@ -229,18 +153,6 @@ void Interpreter::use(const std::string& database, Tokens& tokens) {
     tokens.database(name, m_database);
     tokens.info(5701, "Changed database context to '" + name + "'.");
     m_database = name;
-}
-
-std::optional<ado::Value> Interpreter::sessionValue(const std::string& name) const {
-    if (name == "@@TRANCOUNT")
-        return ado::Value{m_engine.inTransaction() ? 1 : 0};
-    if (name == "@@SPID")
-        return ado::Value{51};
-    if (name == "@@VERSION")
-        return ado::Value{"Test server"};
-    if (name == "DB_NAME")
-        return ado::Value{m_database};
-    return std::nullopt;
 }
 
 void Interpreter::call(const std::string& procedure, const std::vector<Parameter>& parameters, Tokens& tokens) {
@@ -278,8 +190,7 @@ void Interpreter::transaction(const TransactionRequest& request, Tokens& tokens)
         commit(tokens);
         break;
     case TransactionRequest::Rollback:
-        m_engine.rollback();
-        tokens.transaction(Tokens::Transaction::RolledBack, m_engine.transaction());
+        rollBackAtOnce(tokens);
         break;
     default:
         throw ado::Error("This transaction request is not supported.", "Test server", 40508);
@@ -290,8 +201,11 @@ void Interpreter::transaction(const TransactionRequest& request, Tokens& tokens)
 }
 
 void Interpreter::rollBack(Tokens& tokens) {
-    if (!m_engine.inTransaction())
-        return;
+    if (m_engine.inTransaction())
+        rollBackAtOnce(tokens);
+}
+
+void Interpreter::rollBackAtOnce(Tokens& tokens) {
     m_engine.rollback();
     tokens.transaction(Tokens::Transaction::RolledBack, m_engine.transaction());
 }

@@ -15,15 +15,12 @@ bool isHousekeeping(const std::string& batch);
 /// Runs the statements of a session, and writes what they answer. Each member throws ado::Error, or GivenUp.
 ///
 /// The statements of the desk go to the engine as they are. Besides these it knows what belongs to a session: SET
-/// (which changes nothing), USE, transactions, WAITFOR DELAY, selects without a table, and which procedures there are.
+/// (which changes nothing), USE, transactions, selects without a table, and which procedures there are.
 class Interpreter {
   public:
-    using Wait = std::function<void(std::chrono::milliseconds)>; ///< throws GivenUp
-
     /// `lacking` is what procedureColumns leaves out.
-    Interpreter(Engine& engine, Version version, std::string database, std::vector<std::string> lacking, Wait wait)
-        : m_engine(engine), m_version(version), m_database(std::move(database)), m_lacking(std::move(lacking)),
-          m_wait(std::move(wait)) {}
+    Interpreter(Engine& engine, std::string database, std::vector<std::string> lacking)
+        : m_engine(engine), m_database(std::move(database)), m_lacking(std::move(lacking)) {}
 
     /// Runs statements that ";" parts. `kind` ends each of them, and `more` tells that something follows the last.
     void run(const std::string& batch, Tokens& tokens, Done kind, bool more);
@@ -33,25 +30,20 @@ class Interpreter {
 
     void transaction(const TransactionRequest& request, Tokens& tokens);
 
-    /// Rolls an open transaction back, as a server does for a session that is reset and for the victim of a deadlock.
+    /// Rolls an open transaction back, as a server does for the victim of a deadlock.
     void rollBack(Tokens& tokens);
 
   private:
     void statement(const std::string& text, Tokens& tokens, Done kind, bool more);
-    ado::ResultSet execute(const std::string& procedure);
     bool ofSession(const std::vector<std::string>& words, const std::string& text, Tokens& tokens);
-    bool transactionWords(const std::vector<std::string>& words, std::size_t at, Tokens& tokens);
     void use(const std::string& database, Tokens& tokens);
     void begin(Tokens& tokens);
     void commit(Tokens& tokens);
-    std::optional<ado::Value> sessionValue(const std::string& name) const;
+    void rollBackAtOnce(Tokens& tokens);
 
     Engine& m_engine;
-    Version m_version;
     std::string m_database;
     std::vector<std::string> m_lacking;
-    Wait m_wait;
-    std::vector<Parameter> m_variables; ///< of the batch
 };
 
 /// A call of a procedure by its name, as a statement text.

@@ -1,19 +1,10 @@
 #include "server/login.h"
 
-#include <algorithm>
-
 namespace opd::testserver {
 
 namespace {
 
-constexpr std::uint8_t integratedFlag = 0x80;
-
-Version versionOf(std::uint32_t number) {
-    const std::uint32_t major = number >> 24U;
-    if (major < 0x71)
-        throw Disconnected("a version below 7.1");
-    return major >= 0x74 ? Version::V7_4 : static_cast<Version>(major - 0x71);
-}
+constexpr std::uint32_t oldestVersion = 0x74000000;
 
 /// Passwords travel with the halves of their bytes changed over and some bits turned.
 std::string readable(std::string_view bytes) {
@@ -40,11 +31,10 @@ Login readLogin(std::string_view content) {
     Login login;
     Reader reader(content);
     reader.raw(4); // its length
-    login.version = versionOf(reader.get<std::uint32_t>());
+    if (reader.get<std::uint32_t>() < oldestVersion)
+        throw Disconnected("a version before 7.4");
     login.packetSize = reader.get<std::uint32_t>();
-    reader.raw(13);
-    login.integrated = (reader.get<std::uint8_t>() & integratedFlag) != 0;
-    reader.raw(10);
+    reader.raw(24);
     pointedTo(reader, content); // the client's machine
     login.user = fromUtf16(pointedTo(reader, content));
     login.password = fromUtf16(readable(pointedTo(reader, content)));

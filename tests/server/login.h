@@ -1,22 +1,18 @@
 #pragma once
 
-#include "server/types.h"
-
-#include <optional>
+#include "server/wire.h"
 
 namespace opd::testserver {
 
 /// What a client asks for when it logs in.
 struct Login {
-    Version version = Version::V7_4;
     std::size_t packetSize = 0; ///< 0 leaves it to the server
     std::string user;
     std::string password;
     std::string database;
-    bool integrated = false; ///< by the client's own account at its domain
 };
 
-/// Reads the login message. Throws Disconnected for a version below 7.1.
+/// Reads the login message. Throws Disconnected for a version before 7.4.
 Login readLogin(std::string_view content);
 
 /// The answer to the message before the login. Encryption is never supported; when it is `required`, clients that can

@@ -13,7 +13,6 @@ namespace {
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t longestMessage = 16U << 20U;
 constexpr std::uint8_t lastPacket = 0x01;
-constexpr std::uint8_t resetsSession = 0x18; ///< with or without the transaction
 constexpr char answerType = 4;
 
 } // namespace
@@ -62,7 +61,6 @@ Message Channel::read() const {
         if (size < headerSize || message.content.size() + size > longestMessage)
             throw Disconnected("a packet of no possible size");
         message.type = static_cast<Message::Type>(header[0]);
-        message.resets = message.resets || (status & resetsSession) != 0;
         message.content += m_socket.read(size - headerSize);
         last = (status & lastPacket) != 0;
     }

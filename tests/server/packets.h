@@ -36,7 +36,6 @@ struct Message {
     enum class Type : std::uint8_t { Batch = 1, Rpc = 3, Attention = 6, Transaction = 14, Login = 16, Prelogin = 18 };
 
     Type type;
-    bool resets = false; ///< the session is to be as after the login
     std::string content;
 };
 

@@ -1,6 +1,5 @@
 #include "server/request.h"
 
-#include "base/clock/date_text.h"
 #include "base/text/text.h"
 
 #include <cctype>
@@ -9,10 +8,8 @@ namespace opd::testserver {
 
 namespace {
 
-/// From 7.2 on a request begins with headers behind their whole length.
-Reader behindHeaders(std::string_view content, Version version) {
-    if (version < Version::V7_2)
-        return Reader(content);
+/// A request begins with headers behind their whole length.
+Reader behindHeaders(std::string_view content) {
     const auto length = Reader(content).get<std::uint32_t>();
     if (length < sizeof(length) || length > content.size())
         throw Disconnected("headers that are longer than their request");
@@ -24,19 +21,6 @@ bool isOfName(char character) {
            character == '#';
 }
 
-/// Some drivers call by its name what others call by its number.
-std::uint16_t numberOf(const std::string& procedure) {
-    constexpr std::pair<std::string_view, std::uint16_t> numbers[] = {{"sp_executesql", RpcRequest::ExecuteSql},
-                                                                      {"sp_prepare", RpcRequest::Prepare},
-                                                                      {"sp_execute", RpcRequest::Execute},
-                                                                      {"sp_prepexec", RpcRequest::PrepExec},
-                                                                      {"sp_unprepare", RpcRequest::Unprepare}};
-    for (const auto& [name, number] : numbers)
-        if (text::equalsIgnoringCase(name, procedure))
-            return number;
-    return RpcRequest::ByName;
-}
-
 const Parameter* named(const std::vector<Parameter>& parameters, std::string_view name) {
     for (const Parameter& parameter : parameters)
         if (text::equalsIgnoringCase(parameter.name, name))
@@ -46,21 +30,19 @@ const Parameter* named(const std::vector<Parameter>& parameters, std::string_vie
 
 } // namespace
 
-std::string readBatch(std::string_view content, Version version) {
-    return fromUtf16(behindHeaders(content, version).rest());
+std::string readBatch(std::string_view content) {
+    return fromUtf16(behindHeaders(content).rest());
 }
 
-RpcRequest readRpc(std::string_view content, Version version) {
+RpcRequest readRpc(std::string_view content) {
     constexpr std::uint16_t byNumber = 0xFFFF;
-    Reader reader = behindHeaders(content, version);
+    Reader reader = behindHeaders(content);
     RpcRequest request;
     const auto length = reader.get<std::uint16_t>();
-    if (length == byNumber) {
+    if (length == byNumber)
         request.number = reader.get<std::uint16_t>();
-    } else {
+    else
         request.name = fromUtf16(reader.raw(std::size_t{length} * 2));
-        request.number = numberOf(request.name);
-    }
     reader.raw(2); // flags
     while (!reader.atEnd()) {
         Parameter parameter;
@@ -73,8 +55,8 @@ RpcRequest readRpc(std::string_view content, Version version) {
     return request;
 }
 
-TransactionRequest readTransaction(std::string_view content, Version version) {
-    Reader reader = behindHeaders(content, version);
+TransactionRequest readTransaction(std::string_view content) {
+    Reader reader = behindHeaders(content);
     TransactionRequest request;
     request.kind = reader.get<std::uint16_t>();
     if (request.kind == TransactionRequest::Commit || request.kind == TransactionRequest::Rollback) {
@@ -96,12 +78,7 @@ std::vector<std::string> declaredNames(const std::string& declarations) {
 }
 
 std::string literalOf(const ado::Value& value) {
-    if (value.isNull())
-        return "NULL";
-    if (const auto* flag = value.get<bool>())
-        return *flag ? "1" : "0";
-    const auto* moment = value.get<DateTime>();
-    return "'" + text::replaced(moment != nullptr ? isoDateText(*moment) : value.asText(), "'", "''") + "'";
+    return value.isNull() ? "NULL" : "'" + text::replaced(value.asText(), "'", "''") + "'";
 }
 
 std::string withValues(const std::string& statement, const std::string& declarations,

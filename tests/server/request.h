@@ -15,16 +15,9 @@ struct Parameter {
 
 /// A call of a procedure by its name or by its number among those that every server has.
 struct RpcRequest {
-    enum Number : std::uint16_t {
-        ByName = 0,
-        ExecuteSql = 10,
-        Prepare = 11,
-        Execute = 12,
-        PrepExec = 13,
-        Unprepare = 15
-    };
+    static constexpr std::uint16_t executeSql = 10;
 
-    std::uint16_t number = ByName;
+    std::uint16_t number = 0; ///< 0 where it is called by its name
     std::string name;
     std::vector<Parameter> parameters;
 };
@@ -37,11 +30,11 @@ struct TransactionRequest {
 };
 
 /// The text of a batch, UTF-8.
-std::string readBatch(std::string_view content, Version version);
+std::string readBatch(std::string_view content);
 
-RpcRequest readRpc(std::string_view content, Version version);
+RpcRequest readRpc(std::string_view content);
 
-TransactionRequest readTransaction(std::string_view content, Version version);
+TransactionRequest readTransaction(std::string_view content);
 
 /// The names that declarations such as "@a int, @b nvarchar(20)" give, in their order.
 std::vector<std::string> declaredNames(const std::string& declarations);

@@ -32,18 +32,6 @@ ado::Error errorOf(const std::string& argument) {
                       number);
 }
 
-const Parameter& parameterOf(const RpcRequest& request, std::size_t place) {
-    if (place >= request.parameters.size())
-        throw Disconnected("a call without its parameters");
-    return request.parameters[place];
-}
-
-std::vector<Parameter> parametersFrom(const RpcRequest& request, std::size_t first) {
-    const auto begin = request.parameters.begin();
-    const auto count = static_cast<std::ptrdiff_t>(std::min(first, request.parameters.size()));
-    return {begin + count, request.parameters.end()};
-}
-
 } // namespace
 
 Shared::Shared(const Options& chosen, const Clock& clock)
@@ -68,11 +56,10 @@ bool Session::logIn() {
     if (message.type != Message::Type::Login || m_shared.options.requireEncryption)
         return false; // the beginning of an encryption that was not offered, for one
     const Login login = readLogin(message.content);
-    m_version = login.version;
     const std::string text = "login " + login.user + " " + login.database;
     m_shared.log.add(m_number, text);
     bool admitted = false;
-    Tokens tokens(m_version);
+    Tokens tokens;
     answer(m_shared.faults.next(text, true), tokens, Done::Batch, [&](Tokens& out) { admitted = admit(login, out); });
     if (admitted && login.packetSize != 0)
         m_channel.setPacketSize(std::clamp(login.packetSize, smallestPacket, largestPacket));
@@ -80,10 +67,6 @@ bool Session::logIn() {
 }
 
 bool Session::admit(const Login& login, Tokens& tokens) {
-    if (login.integrated)
-        throw ado::Error("Login failed. The login is from an untrusted domain and cannot be used with Windows "
-                         "authentication.",
-                         "Test server", 18452);
     const bool isOfScript = !prefix().empty() && login.user.starts_with(prefix()); // which nobody has made
     const bool isKnown =
         text::equalsIgnoringCase(login.user, m_shared.options.user) && login.password == m_shared.options.password;
@@ -97,8 +80,7 @@ bool Session::admit(const Login& login, Tokens& tokens) {
     m_engine.emplace(
         m_shared.provider->open(ado::ConnectionString{"Data Source=" + m_shared.options.folder.string()}, {}),
         [this] { return isGivenUp(); });
-    m_interpreter.emplace(*m_engine, m_version, database, m_shared.options.lacking,
-                          [this](std::chrono::milliseconds time) { wait(time); });
+    m_interpreter.emplace(*m_engine, database, m_shared.options.lacking);
     tokens.database(database, std::string{startDatabase});
     tokens.info(5701, "Changed database context to '" + database + "'.");
     tokens.collation();
@@ -112,16 +94,16 @@ bool Session::admit(const Login& login, Tokens& tokens) {
 void Session::serve(const Message& message) {
     switch (message.type) {
     case Message::Type::Batch:
-        batch(readBatch(message.content, m_version), message.resets);
+        batch(readBatch(message.content));
         return;
     case Message::Type::Rpc:
-        rpc(readRpc(message.content, m_version), message.resets);
+        rpc(readRpc(message.content));
         return;
     case Message::Type::Transaction:
-        transaction(readTransaction(message.content, m_version));
+        transaction(readTransaction(message.content));
         return;
     case Message::Type::Attention: { // its statement was answered meanwhile
-        Tokens tokens(m_version);
+        Tokens tokens;
         tokens.doneGivenUp();
         m_channel.write(tokens.bytes());
         return;
@@ -131,84 +113,34 @@ void Session::serve(const Message& message) {
     }
 }
 
-void Session::batch(const std::string& text, bool resets) {
+void Session::batch(const std::string& text) {
     const std::string asked = standingIn(prefix(), text);
-    statement(text, resets, Done::Batch,
-              [&](Tokens& tokens) { m_interpreter->run(asked, tokens, Done::Batch, false); });
+    statement(text, Done::Batch, [&](Tokens& tokens) { m_interpreter->run(asked, tokens, Done::Batch, false); });
 }
 
-void Session::rpc(const RpcRequest& request, bool resets) {
-    Tokens tokens(m_version);
-    switch (request.number) {
-    case RpcRequest::ByName:
-        statement(textOf(request.name, request.parameters, true), resets, Done::Procedure, [&](Tokens& out) {
+void Session::rpc(const RpcRequest& request) {
+    if (request.number == RpcRequest::executeSql || text::equalsIgnoringCase(request.name, "sp_executesql"))
+        execute(request);
+    else if (request.number == 0)
+        statement(textOf(request.name, request.parameters, true), Done::Procedure, [&](Tokens& out) {
             m_interpreter->call(withoutPrefix(prefix(), request.name), request.parameters, out);
         });
-        return;
-    case RpcRequest::ExecuteSql:
-    case RpcRequest::PrepExec:
-    case RpcRequest::Execute:
-        execute(request, resets);
-        return;
-    case RpcRequest::Prepare:
-        prepare(request, tokens);
-        break;
-    case RpcRequest::Unprepare:
-        m_prepared.erase(static_cast<std::int32_t>(parameterOf(request, 0).value.asNumber()));
-        tokens.returnStatus(0);
-        break;
-    default:
-        refuse("Could not find stored procedure number " + std::to_string(request.number) + ".", 2812);
-        return;
-    }
-    tokens.done(Done::Procedure, false);
-    m_channel.write(tokens.bytes());
+    else
+        throw Disconnected("a call that no driver of the tests sends");
 }
 
-void Session::prepare(const RpcRequest& request, Tokens& tokens) {
-    const Parameter& handle = parameterOf(request, 0);
-    m_prepared[++m_lastHandle] = {parameterOf(request, 1).value.asText(), parameterOf(request, 2).value.asText()};
-    tokens.returnStatus(0);
-    tokens.returnValue(0, handle.name, {Type::Id::IntN, 4}, std::int64_t{m_lastHandle});
-}
-
-void Session::refuse(const std::string& message, long number) {
-    Tokens tokens(m_version);
-    tokens.error(ado::Error(message, "Test server", number));
-    tokens.doneFailed(Done::Procedure);
-    m_channel.write(tokens.bytes());
-}
-
-/// Runs a statement with values: one that comes with them, or one that was prepared.
-void Session::execute(const RpcRequest& request, bool resets) {
-    const bool prepares = request.number == RpcRequest::PrepExec;
-    Prepared prepared;
-    std::size_t firstValue = 2;
-    if (request.number == RpcRequest::Execute) {
-        const auto known = m_prepared.find(static_cast<std::int32_t>(parameterOf(request, 0).value.asNumber()));
-        if (known == m_prepared.end()) {
-            refuse("Could not find prepared statement with handle " + request.parameters[0].value.asText() + ".", 8179);
-            return;
-        }
-        prepared = known->second;
-        firstValue = 1;
-    } else if (prepares) {
-        prepared = {parameterOf(request, 1).value.asText(), parameterOf(request, 2).value.asText()};
-        firstValue = 3;
-    } else {
-        prepared.statement = parameterOf(request, 0).value.asText();
-        if (request.parameters.size() > 1)
-            prepared.declarations = request.parameters[1].value.asText();
-    }
-    const std::string text = withValues(withoutPrefix(prefix(), prepared.statement), prepared.declarations,
-                                        parametersFrom(request, firstValue));
-    statement(text, resets, Done::Procedure, [&](Tokens& tokens) {
+/// Runs the statement that is the first parameter, with the values behind it, which the second one declares.
+void Session::execute(const RpcRequest& request) {
+    const auto& parameters = request.parameters;
+    if (parameters.empty())
+        throw Disconnected("a call without its statement");
+    const std::string asked = withoutPrefix(prefix(), parameters[0].value.asText());
+    const std::string text = parameters.size() < 2 ? asked
+                                                   : withValues(asked, parameters[1].value.asText(),
+                                                                {parameters.begin() + 2, parameters.end()});
+    statement(text, Done::Procedure, [&](Tokens& tokens) {
         m_interpreter->run(text, tokens, Done::InProcedure, true);
         tokens.returnStatus(0);
-        if (prepares) {
-            m_prepared[++m_lastHandle] = prepared;
-            tokens.returnValue(0, request.parameters[0].name, {Type::Id::IntN, 4}, std::int64_t{m_lastHandle});
-        }
         tokens.done(Done::Procedure, false);
     });
 }
@@ -217,20 +149,16 @@ void Session::transaction(const TransactionRequest& request) {
     const char* const text = request.kind == TransactionRequest::Begin    ? "begin"
                              : request.kind == TransactionRequest::Commit ? "commit"
                                                                           : "rollback";
-    statement(text, false, Done::Batch, [&](Tokens& tokens) { m_interpreter->transaction(request, tokens); });
+    statement(text, Done::Batch, [&](Tokens& tokens) { m_interpreter->transaction(request, tokens); });
 }
 
-void Session::statement(const std::string& text, bool resets, Done kind, const Work& work) {
+void Session::statement(const std::string& text, Done kind, const Work& work) {
     Fault fault;
     if (!isHousekeeping(text)) {
         m_shared.log.add(m_number, text);
         fault = m_shared.faults.next(text, false);
     }
-    Tokens tokens(m_version);
-    if (resets) {
-        m_interpreter->rollBack(tokens);
-        tokens.sessionReset();
-    }
+    Tokens tokens;
     answer(fault, tokens, kind, work);
 }
 
@@ -242,7 +170,7 @@ void Session::answer(const Fault& fault, Tokens& tokens, Done kind, const Work& 
         tokens.error(error);
         if (error.number() == deadlockVictim && m_interpreter)
             m_interpreter->rollBack(tokens);
-        tokens.doneFailed(kind == Done::InProcedure ? Done::Procedure : kind);
+        tokens.doneFailed(kind);
     } catch (const GivenUp&) {
         tokens.clear();
         tokens.doneGivenUp();

@@ -6,7 +6,6 @@
 #include "server/packets.h"
 #include "server/server.h"
 
-#include <map>
 #include <optional>
 
 namespace opd::testserver {
@@ -32,21 +31,14 @@ class Session {
   private:
     using Work = std::function<void(Tokens&)>;
 
-    struct Prepared {
-        std::string declarations;
-        std::string statement;
-    };
-
     bool logIn();
     bool admit(const Login& login, Tokens& tokens);
     void serve(const Message& message);
-    void batch(const std::string& text, bool resets);
-    void rpc(const RpcRequest& request, bool resets);
-    void prepare(const RpcRequest& request, Tokens& tokens);
-    void refuse(const std::string& message, long number);
-    void execute(const RpcRequest& request, bool resets);
+    void batch(const std::string& text);
+    void rpc(const RpcRequest& request);
+    void execute(const RpcRequest& request);
     void transaction(const TransactionRequest& request);
-    void statement(const std::string& text, bool resets, Done kind, const Work& work);
+    void statement(const std::string& text, Done kind, const Work& work);
     void answer(const Fault& fault, Tokens& tokens, Done kind, const Work& work);
     void obeyBefore(const Fault& fault);
     void send(const Fault& fault, const Tokens& tokens);
@@ -57,11 +49,8 @@ class Session {
     Shared& m_shared;
     Channel m_channel;
     int m_number;
-    Version m_version = Version::V7_4;
     std::optional<Engine> m_engine;
     std::optional<Interpreter> m_interpreter;
-    std::map<std::int32_t, Prepared> m_prepared;
-    std::int32_t m_lastHandle = 0;
 };
 
 } // namespace opd::testserver

@@ -7,6 +7,7 @@ namespace opd::testserver {
 namespace {
 
 constexpr std::string_view serverName = "TESTSERVER";
+constexpr std::uint32_t noUserType = 0;
 constexpr std::uint16_t mayBeNull = 0x0001;
 constexpr std::uint16_t countCounts = 0x10;
 
@@ -18,7 +19,7 @@ void Tokens::rows(const ado::ResultSet& result) {
         WidestOf widest;
         for (const auto& row : result.rows)
             widest.add(row[column]);
-        types.push_back(widest.type(m_version));
+        types.push_back(widest.type());
     }
     rows(result, types);
 }
@@ -37,35 +38,23 @@ void Tokens::rows(const ado::ResultSet& result, const std::vector<Type>& types) 
 void Tokens::columns(const std::vector<std::string>& names, const std::vector<Type>& types) {
     m_out.put(std::uint8_t{0x81}).put(static_cast<std::uint16_t>(names.size()));
     for (std::size_t column = 0; column < names.size(); ++column) {
-        userType();
-        m_out.put(mayBeNull);
+        m_out.put(noUserType).put(mayBeNull);
         writeType(m_out, types[column]);
-        if (types[column].id == Type::Id::NText)
-            m_out.text<std::uint16_t>("source");
         m_out.text<std::uint8_t>(names[column]);
     }
-}
-
-void Tokens::userType() {
-    if (m_version >= Version::V7_2)
-        m_out.put(std::uint32_t{0});
-    else
-        m_out.put(std::uint16_t{0});
 }
 
 void Tokens::returnValue(std::size_t place, const std::string& name, const Type& type, const ado::Value& value) {
     m_out.put(std::uint8_t{0xAC}).put(static_cast<std::uint16_t>(place)).text<std::uint8_t>(name);
     m_out.put(std::uint8_t{0x01}); // an output parameter
-    userType();
-    m_out.put(mayBeNull);
-    const Type sent = type.id == Type::Id::NText ? wideText(longestLimitedText / 2, m_version) : type;
-    writeType(m_out, sent);
-    writeValue(m_out, sent, value);
+    m_out.put(noUserType).put(mayBeNull);
+    writeType(m_out, type);
+    writeValue(m_out, type, value);
 }
 
 std::uint8_t Tokens::classOf(long number) {
-    static const std::map<long, std::uint8_t> unusual{{1205, 13}, {2627, 14}, {18452, 14}, {18456, 14}, {229, 14},
-                                                      {4060, 11}, {105, 15},  {102, 15},   {823, 24},   {824, 24}};
+    static const std::map<long, std::uint8_t> unusual{{1205, 13}, {2627, 14}, {18456, 14}, {229, 14}, {4060, 11},
+                                                      {105, 15},  {102, 15},  {823, 24},   {824, 24}};
     const auto found = unusual.find(number);
     return found == unusual.end() ? 16 : found->second;
 }
@@ -74,10 +63,7 @@ void Tokens::message(std::uint8_t token, long number, std::uint8_t severity, con
     Writer body;
     body.put(static_cast<std::int32_t>(number)).put(std::uint8_t{1}).put(severity);
     body.text<std::uint16_t>(text).text<std::uint8_t>(serverName).text<std::uint8_t>("");
-    if (m_version >= Version::V7_2)
-        body.put(std::uint32_t{1});
-    else
-        body.put(std::uint16_t{1});
+    body.put(std::uint32_t{1});
     m_out.put(token).put(static_cast<std::uint16_t>(body.bytes.size())).raw(body.bytes);
 }
 
@@ -89,10 +75,7 @@ void Tokens::doneToken(Done kind, std::uint16_t status, std::uint64_t count) {
     constexpr std::uint16_t select = 0xC1;
     m_out.put(static_cast<std::uint8_t>(kind)).put(status);
     m_out.put((status & countCounts) != 0 ? select : std::uint16_t{0});
-    if (m_version >= Version::V7_2)
-        m_out.put(count);
-    else
-        m_out.put(static_cast<std::uint32_t>(count));
+    m_out.put(count);
 }
 
 void Tokens::change(std::uint8_t what, const std::string& now, const std::string& before) {
@@ -104,17 +87,12 @@ void Tokens::collation() {
     envChange(Writer{}.put(std::uint8_t{7}).raw(latin));
 }
 
-void Tokens::sessionReset() {
-    envChange(Writer{}.put(std::uint8_t{18}).put(std::uint16_t{0}));
-}
-
 void Tokens::transaction(Transaction what, std::uint64_t number) {
     const std::string begun = Writer{}.put(std::uint8_t{8}).put(number).bytes;
     const std::string none(1, '\0');
     Writer body;
     body.put(static_cast<std::uint8_t>(what));
-    if (m_version >= Version::V7_2)
-        envChange(what == Transaction::Begun ? body.raw(begun).raw(none) : body.raw(none).raw(begun));
+    envChange(what == Transaction::Begun ? body.raw(begun).raw(none) : body.raw(none).raw(begun));
 }
 
 void Tokens::envChange(const Writer& body) {
@@ -122,13 +100,10 @@ void Tokens::envChange(const Writer& body) {
 }
 
 void Tokens::loginAccepted() {
-    static const std::map<Version, std::string_view> numbers{{Version::V7_1, {"\x71\x00\x00\x01", 4}},
-                                                             {Version::V7_2, {"\x72\x09\x00\x02", 4}},
-                                                             {Version::V7_3, {"\x73\x0B\x00\x03", 4}},
-                                                             {Version::V7_4, {"\x74\x00\x00\x04", 4}}};
+    constexpr std::string_view version{"\x74\x00\x00\x04", 4};
     constexpr std::string_view programVersion{"\x0D\x00\x07\xD0", 4};
     Writer body;
-    body.put(std::uint8_t{1}).raw(numbers.at(m_version)).text<std::uint8_t>("Test server").raw(programVersion);
+    body.put(std::uint8_t{1}).raw(version).text<std::uint8_t>("Test server").raw(programVersion);
     m_out.put(std::uint8_t{0xAD}).put(static_cast<std::uint16_t>(body.bytes.size())).raw(body.bytes);
 }
 

@@ -14,8 +14,6 @@ enum class Done : std::uint8_t { Batch = 0xFD, InProcedure = 0xFF, Procedure = 0
 /// Writes the tokens of an answer.
 class Tokens {
   public:
-    explicit Tokens(Version version) : m_version(version) {}
-
     const std::string& bytes() const { return m_out.bytes; }
     void clear() { m_out.bytes.clear(); }
 
@@ -30,13 +28,12 @@ class Tokens {
 
     /// `more` says that another part follows.
     void done(Done kind, bool more, std::optional<std::uint64_t> count = {});
-    void doneFailed(Done kind, bool more = false) { doneToken(kind, 0x02 | (more ? 0x01 : 0), 0); }
+    void doneFailed(Done kind) { doneToken(kind, 0x02, 0); }
     void doneGivenUp() { doneToken(Done::Batch, 0x20, 0); }
 
     void database(const std::string& now, const std::string& before) { change(1, now, before); }
     void packetSize(std::size_t now, std::size_t before) { change(4, std::to_string(now), std::to_string(before)); }
     void collation();
-    void sessionReset();
 
     /// A transaction began (its number), or was committed or rolled back.
     enum class Transaction : std::uint8_t { Begun = 8, Committed = 9, RolledBack = 10 };
@@ -48,12 +45,10 @@ class Tokens {
     static std::uint8_t classOf(long number);
     void message(std::uint8_t token, long number, std::uint8_t severity, const std::string& text);
     void columns(const std::vector<std::string>& names, const std::vector<Type>& types);
-    void userType();
     void change(std::uint8_t what, const std::string& now, const std::string& before);
     void envChange(const Writer& body);
     void doneToken(Done kind, std::uint16_t status, std::uint64_t count);
 
-    Version m_version;
     Writer m_out;
 };
 

@@ -5,38 +5,30 @@
 
 namespace opd::testserver {
 
-/// The versions of the protocol that make a difference here; the higher one has what the lower one has.
-enum class Version { V7_1, V7_2, V7_3, V7_4 };
-
 /// A type of a column or parameter.
 struct Type {
     enum class Id : std::uint8_t {
         IntN = 0x26,
         DateN = 0x28,
-        DateTime2N = 0x2A,
-        NText = 0x63,
+        DateTime2N = 0x2A, ///< in whole seconds
         BitN = 0x68,
         DecimalN = 0x6A,
-        NumericN = 0x6C,
         FltN = 0x6D,
         MoneyN = 0x6E,
         DateTimeN = 0x6F,
         VarChar = 0xA7,
-        Char = 0xAF,
         NVarChar = 0xE7,
-        NChar = 0xEF,
     };
 
     Id id = Id::NVarChar;
     std::uint32_t size = 0; ///< bytes at most; `unlimited` for a text of any length
     std::uint8_t precision = 0;
     std::uint8_t scale = 0;
-    bool isFixed = false; ///< a parameter without a place for null
 
     static constexpr std::uint32_t unlimited = 0xFFFF;
 
-    bool isText() const;
-    bool isWide() const { return id == Id::NVarChar || id == Id::NChar || id == Id::NText; }
+    bool isText() const { return isWide() || id == Id::VarChar; }
+    bool isWide() const { return id == Id::NVarChar; }
 };
 
 constexpr std::uint32_t longestLimitedText = 8000; ///< bytes
@@ -45,7 +37,7 @@ constexpr std::uint32_t longestLimitedText = 8000; ///< bytes
 class WidestOf {
   public:
     void add(const ado::Value& value);
-    Type type(Version version) const;
+    Type type() const;
 
   private:
     bool m_flags = false, m_whole = false, m_big = false, m_decimal = false, m_moments = false, m_early = false;
@@ -54,12 +46,9 @@ class WidestOf {
 };
 
 /// NVARCHAR of a number of characters, or of any length where so many do not fit.
-Type wideText(std::size_t characters, Version version);
+Type wideText(std::size_t characters);
 
-/// The type itself, or what stands for it in a version that does not have it.
-Type typeIn(Version version, const Type& type);
-
-/// The type and then a value of a parameter. Throws Disconnected for a type that no driver of the tests sends.
+/// The type and then a value of a parameter. Throws Disconnected for one that is no text.
 Type readType(Reader& reader);
 ado::Value readValue(Reader& reader, const Type& type);
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-/// A server of the wire protocol that SQL Server speaks (TDS 7.1 to 7.4), for tests.
+/// A server of the wire protocol that SQL Server speaks (TDS 7.4), for tests.
 namespace opd::testserver {
 
 /// The client sent what the protocol does not have, or the connection is gone: the session ends.

@@ -164,7 +164,7 @@ void readRows(SQLHSTMT statement, ado::ResultSet& answer, const std::vector<Colu
     }
 }
 
-/// All results to the last one; `isFirst` tells that none was kept yet.
+/// All results to the last one, of which the first with columns is kept.
 ado::ResultSet drain(SQLHSTMT statement, SQLRETURN sent) {
     Outcome outcome(statement);
     ado::ResultSet answer;
@@ -235,6 +235,7 @@ std::vector<ado::Value> outputsOf(const Query& query, const ado::Call& call) {
     SQLSetStmtAttrW(query.handle(), SQL_ATTR_NOSCAN, nullptr, 0); // the braces are the driver's own here
     drain(query.handle(), send(query.handle(), "{call " + call.procedure + "(" + marks + ")}"));
     std::vector<ado::Value> values;
+    values.reserve(rooms.size());
     for (const OutputRoom& room : rooms)
         values.push_back(room.value());
     return values;

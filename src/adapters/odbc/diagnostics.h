@@ -6,6 +6,7 @@
 
 namespace opd::adapters::odbc {
 
+/// The source of every error of this provider.
 inline constexpr const char* errorSource = "SQL Server";
 
 /// The failure of the last call on the handle: the server's own words where it spoke, else the driver's, without the

@@ -17,7 +17,7 @@ struct Options {
 
 /// What the driver is told to open the connection. "Data Source" is "NAME", "NAME,PORT" or "NAME\INSTANCE"; without a
 /// user the login is that of the workstation's user (Kerberos). Dates in statements are written the American way, so
-/// that is the language of the session. Throws ado::Error where a value cannot be told to a driver.
+/// that is the language of the session.
 std::string driverString(const ado::ConnectionString& settings, const Options& options);
 
 } // namespace opd::adapters::odbc

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <string_view>
 
 namespace opd::adapters::odbc {
 

@@ -10,9 +10,7 @@ class OdbcProvider final : public ado::Provider {
   public:
     explicit OdbcProvider(std::function<Options()> options) : m_options(std::move(options)) {}
 
-    bool serves(const ado::ConnectionString& settings) const override {
-        return !settings.dataSource().empty() && !ado::isFolder(settings.dataSource());
-    }
+    bool serves(const ado::ConnectionString& settings) const override { return ado::isServer(settings.dataSource()); }
 
     std::unique_ptr<ado::Link> open(const ado::ConnectionString& settings, const ado::Link::OnWait& onWait) override {
         return openLink(settings, m_options(), onWait);

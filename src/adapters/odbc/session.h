@@ -6,7 +6,6 @@
 #include <memory>
 #include <sql.h>
 #include <sqlext.h>
-#include <string>
 
 namespace opd::adapters::odbc {
 

@@ -11,12 +11,6 @@ namespace opd::qt {
 
 namespace {
 
-std::vector<ui::Control*> controlsOf(const ui::Window& window) {
-    std::vector<ui::Control*> controls;
-    window.collect(controls);
-    return controls;
-}
-
 /// True for a widget that shows no control and is not meant to: a heading's background, a status line.
 bool isDecoration(const QWidget& widget) {
     return widget.property("decoration").isValid();
@@ -91,7 +85,7 @@ QStringList differences(const ui::Window& window, const QWidget& form) {
     QStringList found;
     const Widgets widgets(form);
     QSet<const QWidget*> expected;
-    for (const ui::Control* control : controlsOf(window)) {
+    for (const ui::Control* control : window.everything()) {
         if (control->kind() == ui::Kind::Timer)
             continue;
         expected.insert(widgetFor(*control, widgets, found));
@@ -107,7 +101,7 @@ std::vector<std::unique_ptr<ControlView>> bind(ui::Window& window, QWidget& form
     std::vector<std::unique_ptr<ControlView>> views;
     const Widgets widgets(form);
     QStringList missing;
-    for (ui::Control* control : controlsOf(window)) {
+    for (ui::Control* control : window.everything()) {
         QWidget* widget = control->kind() == ui::Kind::Timer ? nullptr : widgetFor(*control, widgets, missing);
         if (widget != nullptr || control->kind() == ui::Kind::Timer)
             views.push_back(makeView(*control, widget, labelFor(*control, widgets, missing)));

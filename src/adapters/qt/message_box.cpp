@@ -27,20 +27,6 @@ QMessageBox::Icon iconOf(ui::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-QMessageBox::StandardButtons buttonsOf(ui::Buttons buttons) {
-    switch (buttons) {
-    case ui::Buttons::OkCancel:
-        return QMessageBox::Ok | QMessageBox::Cancel;
-    case ui::Buttons::YesNo:
-        return QMessageBox::Yes | QMessageBox::No;
-    case ui::Buttons::YesNoCancel:
-        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    case ui::Buttons::Ok:
-        break;
-    }
-    return QMessageBox::Ok;
-}
-
 /// Keeps a box wide enough for its title: the toolkit reckons with plain letters and no buttons in the title bar.
 void makeRoomForTitle(QMessageBox& box) {
     QFont bold = box.font();
@@ -65,8 +51,11 @@ QMessageBox::StandardButton standardButton(ui::Answer answer) {
     return QMessageBox::Ok;
 }
 
-ui::Answer firstAnswer(ui::Buttons buttons) {
-    return buttons == ui::Buttons::Ok || buttons == ui::Buttons::OkCancel ? ui::Answer::Ok : ui::Answer::Yes;
+QMessageBox::StandardButtons buttonsOf(ui::Buttons buttons) {
+    QMessageBox::StandardButtons all;
+    for (const ui::Answer answer : ui::answersOf(buttons))
+        all |= standardButton(answer);
+    return all;
 }
 
 void showDetail(QMessageBox& box, const QString& detail) {
@@ -85,8 +74,8 @@ void fill(QMessageBox& box, const ui::Message& message) {
     showDetail(box, toQt(message.detail));
     box.setIcon(iconOf(message.icon));
     box.setStandardButtons(buttonsOf(message.buttons));
-    box.setDefaultButton(standardButton(message.defaultAnswer.value_or(firstAnswer(message.buttons))));
-    box.setEscapeButton(standardButton(escapeAnswer(message.buttons)));
+    box.setDefaultButton(standardButton(message.defaultAnswer.value_or(ui::answersOf(message.buttons).front())));
+    box.setEscapeButton(standardButton(ui::escapeAnswer(message.buttons)));
     dress(box);
     makeRoomForTitle(box);
 }
@@ -106,19 +95,6 @@ ui::Answer answerOf(int button) {
     default:
         return ui::Answer::Ok;
     }
-}
-
-ui::Answer escapeAnswer(ui::Buttons buttons) {
-    switch (buttons) {
-    case ui::Buttons::OkCancel:
-    case ui::Buttons::YesNoCancel:
-        return ui::Answer::Cancel;
-    case ui::Buttons::YesNo:
-        return ui::Answer::No;
-    case ui::Buttons::Ok:
-        break;
-    }
-    return ui::Answer::Ok;
 }
 
 } // namespace opd::qt

@@ -14,8 +14,4 @@ QAbstractButton* buttonOf(const QMessageBox& box, ui::Answer answer);
 
 /// The answer that a button of a box stands for.
 ui::Answer answerOf(int standardButton);
-
-/// What closing the box by other means answers.
-ui::Answer escapeAnswer(ui::Buttons buttons);
-
 } // namespace opd::qt

@@ -56,7 +56,7 @@ std::unique_ptr<QApplication> makeApplication() {
         return nullptr;
     auto application = std::make_unique<QApplication>(argumentCount, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
-    opd::qt::dress(*application);
+    opd::qt::dressApplication();
     return application;
 }
 

@@ -7,11 +7,12 @@
 #include "adapters/qt/style.h"
 #include "adapters/qt/window_shell.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QStandardPaths>
 
-#include <algorithm>
 #include <utility>
 
 namespace opd::qt {
@@ -102,12 +103,15 @@ void QtDesktop::handleInput() {
 
 void QtDesktop::playOn() {
     hands::settle();
-    if (m_player->ended()) {
-        m_over = true;
-        closeEverything();
-    } else if (!m_shells.empty()) {
+    if (m_player->ended())
+        giveUp();
+    else if (!m_shells.empty())
         m_player->step(m_driver);
-    }
+}
+
+void QtDesktop::giveUp() {
+    m_over = true;
+    closeEverything();
 }
 
 void QtDesktop::closeEverything() {
@@ -118,22 +122,20 @@ void QtDesktop::closeEverything() {
 
 ui::Answer QtDesktop::ask(const ui::Message& message) {
     if (m_over)
-        return escapeAnswer(message.buttons);
+        return ui::escapeAnswer(message.buttons);
     const bool wasBusy = std::exchange(m_busy, false);
     if (wasBusy)
         QApplication::restoreOverrideCursor();
     QMessageBox box(currentShell());
     fill(box, message);
     int answer = static_cast<int>(QMessageBox::NoButton);
-    if (m_player == nullptr) {
+    if (m_player == nullptr)
         answer = box.exec();
-    } else {
-        if (answerByScript(box, message))
-            answer = box.standardButton(box.clickedButton());
-    }
+    else if (answerByScript(box, message))
+        answer = box.standardButton(box.clickedButton());
     if (wasBusy)
         setBusy(true);
-    return answer == QMessageBox::NoButton ? escapeAnswer(message.buttons) : answerOf(answer);
+    return answer == QMessageBox::NoButton ? ui::escapeAnswer(message.buttons) : answerOf(answer);
 }
 
 bool QtDesktop::answerByScript(QMessageBox& box, const ui::Message& message) {
@@ -148,8 +150,7 @@ bool QtDesktop::answerByScript(QMessageBox& box, const ui::Message& message) {
         return box.clickedButton() != nullptr;
     }
     box.done(QMessageBox::NoButton);
-    m_over = true;
-    closeEverything();
+    giveUp();
     return false;
 }
 
@@ -159,10 +160,8 @@ std::optional<std::filesystem::path> QtDesktop::askFile(const ui::FileQuestion& 
     if (m_player == nullptr)
         return fileChosenByClerk(question, currentShell());
     std::optional<std::filesystem::path> file = m_player->fileFor(question);
-    if (!file) {
-        m_over = true;
-        closeEverything();
-    }
+    if (!file)
+        giveUp();
     return file;
 }
 

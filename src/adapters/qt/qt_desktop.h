@@ -12,8 +12,6 @@
 #include "ui/desktop.h"
 #include "ui/window_places.h"
 
-#include <QApplication>
-
 #include <memory>
 #include <vector>
 
@@ -60,6 +58,7 @@ class QtDesktop final : public ui::Desktop {
     void handleInput();
     void playOn();
     bool answerByScript(QMessageBox& box, const ui::Message& message);
+    void giveUp();
     void closeEverything();
 
     script::Player* m_player;

@@ -2,14 +2,13 @@
 
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/hands.h"
+#include "adapters/qt/look/marks.h"
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/window_shell.h"
-
 #include "base/clock/date_text.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QComboBox>
 #include <QDateTimeEdit>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -31,6 +30,16 @@ ControlView* QtDriver::view(ui::Control& control) const {
     return current == nullptr ? nullptr : current->viewOf(control);
 }
 
+/// The widget that shows a control, or null.
+QWidget* QtDriver::widget(ui::Control& control) const {
+    const ControlView* const shown = view(control);
+    return shown == nullptr ? nullptr : shown->widget();
+}
+
+QTableView* QtDriver::table(ui::Grid& grid) const {
+    return static_cast<QTableView*>(widget(grid));
+}
+
 ui::Window* QtDriver::currentWindow() {
     WindowShell* const current = shell();
     return current == nullptr ? nullptr : &current->model();
@@ -44,10 +53,9 @@ void QtDriver::press(const script::KeyStroke& key) {
 
 // A press on a button cannot be told from a click, so those are asked for as the press would ask.
 void QtDriver::focus(ui::Control& control) {
-    const ControlView* const target = view(control);
-    if (target != nullptr && qobject_cast<QLineEdit*>(target->widget()) != nullptr)
+    if (qobject_cast<QLineEdit*>(widget(control)) != nullptr)
         click(control);
-    else if (target != nullptr)
+    else if (view(control) != nullptr)
         shell()->model().requestFocus(control);
     hands::settle();
 }
@@ -59,20 +67,18 @@ void QtDriver::click(ui::Control& control) {
 }
 
 void QtDriver::doubleClick(ui::Grid& grid) {
-    if (const ControlView* target = view(grid)) {
-        auto* table = static_cast<QTableView*>(target->widget());
-        const QModelIndex current = table->currentIndex();
-        table->scrollTo(current);
-        const QRect place = current.isValid() ? table->visualRect(current) : table->viewport()->rect();
-        hands::doubleClick(*table->viewport(), place.center());
+    if (QTableView* shown = table(grid)) {
+        const QModelIndex current = shown->currentIndex();
+        shown->scrollTo(current);
+        const QRect place = current.isValid() ? shown->visualRect(current) : shown->viewport()->rect();
+        hands::doubleClick(*shown->viewport(), place.center());
     }
     hands::settle();
 }
 
 // Opens the list by keyboard and goes down to the entry, so that only the entry that is taken counts as picked.
 void QtDriver::pickEntry(ui::ComboBox& box, int index) {
-    const ControlView* const target = view(box);
-    if (target == nullptr || !shell()->model().requestFocus(box))
+    if (view(box) == nullptr || !shell()->model().requestFocus(box))
         return;
     hands::press(*shell(), {.key = ui::Key::Down, .alt = true});
     hands::settle();
@@ -87,26 +93,25 @@ void QtDriver::pickEntry(ui::ComboBox& box, int index) {
 }
 
 void QtDriver::pickPage(ui::Tabs& tabs, int index) {
-    if (const ControlView* target = view(tabs)) {
-        QTabBar* bar = static_cast<QTabWidget*>(target->widget())->tabBar();
+    if (QWidget* shown = widget(tabs)) {
+        QTabBar* bar = static_cast<QTabWidget*>(shown)->tabBar();
         hands::click(*bar, bar->tabRect(index).center());
     }
     hands::settle();
 }
 
 void QtDriver::pickCell(ui::Grid& grid, int row, int column) {
-    if (const ControlView* target = view(grid)) {
-        auto* table = static_cast<QTableView*>(target->widget());
-        const QModelIndex index = table->model()->index(row - 1, column);
-        table->scrollTo(index);
-        hands::click(*table->viewport(), table->visualRect(index).center());
+    if (QTableView* shown = table(grid)) {
+        const QModelIndex index = shown->model()->index(row - 1, column);
+        shown->scrollTo(index);
+        hands::click(*shown->viewport(), shown->visualRect(index).center());
     }
     hands::settle();
 }
 
 void QtDriver::setPicker(ui::DatePicker& picker, const DateTime& value) {
-    const ControlView* const target = view(picker);
-    if (target == nullptr)
+    QWidget* const shown = widget(picker);
+    if (shown == nullptr)
         return;
     click(picker);
     // A window that becomes active while a part is typed would start the field anew.
@@ -116,7 +121,7 @@ void QtDriver::setPicker(ui::DatePicker& picker, const DateTime& value) {
         type(dateText(value));
         return;
     }
-    auto* const edit = static_cast<QDateTimeEdit*>(target->widget());
+    auto* const edit = static_cast<QDateTimeEdit*>(shown);
     const auto enter = [&](QDateTimeEdit::Section section, const std::string& text) {
         edit->setSelectedSection(section);
         type(text);
@@ -159,13 +164,13 @@ std::string QtDriver::statusLine() {
 }
 
 bool QtDriver::isShown(ui::Control& control) {
-    const ControlView* const target = view(control);
-    return target != nullptr && target->widget() != nullptr && target->widget()->isVisible();
+    const QWidget* const shown = widget(control);
+    return shown != nullptr && shown->isVisible();
 }
 
 bool QtDriver::isEnabled(ui::Control& control) {
-    const ControlView* const target = view(control);
-    return target != nullptr && target->widget() != nullptr && target->widget()->isEnabled();
+    const QWidget* const shown = widget(control);
+    return shown != nullptr && shown->isEnabled();
 }
 
 bool QtDriver::isChecked(ui::Control& control) {
@@ -174,26 +179,22 @@ bool QtDriver::isChecked(ui::Control& control) {
 }
 
 bool QtDriver::isNeeded(ui::Control& control) {
-    const ControlView* const target = view(control);
-    return target != nullptr && target->widget() != nullptr && target->widget()->property("needed").toBool();
+    return isMarked(widget(control), "needed");
 }
 
 bool QtDriver::hasFocus(ui::Control& control) {
-    const ControlView* const target = view(control);
-    return target != nullptr && target->widget() != nullptr && shell()->focusWidget() == target->widget();
+    const QWidget* const shown = widget(control);
+    return shown != nullptr && shell()->focusWidget() == shown;
 }
 
 int QtDriver::rowCount(ui::Grid& grid) {
-    const ControlView* const target = view(grid);
-    return target == nullptr ? 0 : static_cast<QTableView*>(target->widget())->model()->rowCount();
+    const QTableView* const shown = table(grid);
+    return shown == nullptr ? 0 : shown->model()->rowCount();
 }
 
 std::string QtDriver::cell(ui::Grid& grid, int row, int column) {
-    const ControlView* const target = view(grid);
-    if (target == nullptr)
-        return {};
-    const QAbstractItemModel* rows = static_cast<QTableView*>(target->widget())->model();
-    return fromQt(rows->index(row - 1, column).data().toString());
+    const QTableView* const shown = table(grid);
+    return shown == nullptr ? std::string() : fromQt(shown->model()->index(row - 1, column).data().toString());
 }
 
 void QtDriver::wait(int milliseconds) {

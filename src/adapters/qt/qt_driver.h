@@ -2,8 +2,7 @@
 
 #include "script/driver.h"
 
-#include <QPoint>
-
+class QTableView;
 class QWidget;
 
 namespace opd::qt {
@@ -44,6 +43,8 @@ class QtDriver final : public script::Driver {
   private:
     WindowShell* shell() const;
     ControlView* view(ui::Control& control) const;
+    QWidget* widget(ui::Control& control) const;
+    QTableView* table(ui::Grid& grid) const;
     void type(const std::string& characters);
 
     QtDesktop& m_desktop;

@@ -100,7 +100,7 @@ class GuestDress final : public QObject {
 
 } // namespace
 
-void dress(QApplication& /*application*/) {
+void dressApplication() {
     QApplication::setStyle(std::make_unique<DeskStyle>().release()); // the application owns it
     QApplication::setPalette(deskPalette());
     QToolTip::setPalette(deskPalette());

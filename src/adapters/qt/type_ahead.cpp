@@ -1,6 +1,7 @@
 #include "adapters/qt/type_ahead.h"
 
 #include "adapters/qt/activation.h"
+#include "adapters/qt/basics/input_events.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,22 +17,16 @@ namespace {
 /// How long a window may take to become the active one, in milliseconds. Nobody else has the keyboard that long.
 constexpr int patience = 700;
 
-bool isKey(QEvent::Type type) {
-    return type == QEvent::KeyPress || type == QEvent::KeyRelease;
-}
-
 /// What nothing must come of while the way to a window is being cleared.
 bool isLeftOut(const QObject& object, QEvent::Type type) {
+    if (isOfMouseButton(type))
+        return object.isWindowType();
     switch (type) {
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
     case QEvent::Close:
     case QEvent::Wheel:
         return true;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-        return object.isWindowType();
     case QEvent::Timer:
         return qobject_cast<const QTimer*>(&object) != nullptr;
     default:
@@ -108,7 +103,7 @@ void TypeAhead::handOn() {
 }
 
 bool TypeAhead::keeps(const QObject& object, const QEvent& event) const {
-    return isKey(event.type()) && object.isWindowType() && &event != m_handedOn &&
+    return isOfKey(event.type()) && object.isWindowType() && &event != m_handedOn &&
            (&object == &m_catcher || m_takesIn || !m_typed.empty());
 }
 

@@ -1,5 +1,6 @@
 #include "adapters/qt/waiting.h"
 
+#include "adapters/qt/basics/input_events.h"
 #include "adapters/qt/style.h"
 
 #include <QApplication>
@@ -18,15 +19,6 @@
 namespace opd::qt {
 
 namespace {
-
-bool isMouse(QEvent::Type type) {
-    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
-           type == QEvent::MouseButtonDblClick;
-}
-
-bool isKey(QEvent::Type type) {
-    return type == QEvent::KeyPress || type == QEvent::KeyRelease;
-}
 
 /// The active window; that of another program may be active meanwhile. Null when none is open.
 QWidget* windowOfClerk() {
@@ -100,7 +92,7 @@ void Waiting::showBox() {
 }
 
 bool Waiting::isForBox(const QObject* window, const QEvent& event) const {
-    if (!isMouse(event.type()) || m_box == nullptr || m_box->window()->windowHandle() != window)
+    if (!isOfMouseButton(event.type()) || m_box == nullptr || m_box->window()->windowHandle() != window)
         return false;
     return m_box->isWindow() || m_box->geometry().contains(static_cast<const QMouseEvent&>(event).position().toPoint());
 }
@@ -109,7 +101,7 @@ bool Waiting::isForBox(const QObject* window, const QEvent& event) const {
 bool Waiting::takesInput(QObject* window, QEvent& event) {
     if (isForBox(window, event))
         return false;
-    const bool isEscape = isKey(event.type()) && static_cast<QKeyEvent&>(event).key() == Qt::Key_Escape;
+    const bool isEscape = isOfKey(event.type()) && static_cast<QKeyEvent&>(event).key() == Qt::Key_Escape;
     if (isEscape && m_box != nullptr)
         m_stopped = m_stopped || event.type() == QEvent::KeyPress;
     else
@@ -126,7 +118,7 @@ bool Waiting::eventFilter(QObject* object, QEvent* event) {
         event->accept();
     else if (type == QEvent::Close)
         event->ignore();
-    else if (isKey(type) || isMouse(type))
+    else if (isOfKey(type) || isOfMouseButton(type))
         return object->isWindowType() && takesInput(object, *event);
     else
         return type == QEvent::Wheel || (type == QEvent::Timer && qobject_cast<QTimer*>(object) != nullptr);

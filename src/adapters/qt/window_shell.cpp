@@ -3,6 +3,7 @@
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/binder.h"
 #include "adapters/qt/forms.h"
+#include "adapters/qt/look/marks.h"
 #include "adapters/qt/look/restyle.h"
 #include "adapters/qt/scroll_page.h"
 #include "adapters/qt/style.h"
@@ -171,14 +172,11 @@ void WindowShell::showStatus() {
         return;
     const ui::Control* focus = m_window->focus();
     const bool isAlert = focus != nullptr && !focus->refusal().empty();
-    const QString text = toQt(m_window->statusLine());
-    if (text == m_statusLine->text() && isAlert == m_statusLine->property("alert").toBool())
-        return;
-    if (isAlert != m_statusLine->property("alert").toBool()) {
+    if (isAlert != isMarked(m_statusLine, "alert")) {
         m_statusLine->setProperty("alert", isAlert);
         restyle(*m_statusLine);
     }
-    m_statusLine->setText(text);
+    m_statusLine->setText(toQt(m_window->statusLine()));
 }
 
 // Turning a page makes Qt look for a new focus; the model has the say.

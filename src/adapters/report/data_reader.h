@@ -7,7 +7,6 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <vector>
 
 namespace opd::adapters::reporting {
 

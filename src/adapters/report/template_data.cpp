@@ -56,6 +56,18 @@ data queryData(const ReportFile& file, const Query& query, const ado::ResultSet&
     return list;
 }
 
+/// A layout with its names in upper case.
+std::string withUpperNames(std::string layout) {
+    for (std::size_t open = layout.find("{{"); open != std::string::npos; open = layout.find("{{", open)) {
+        const std::size_t close = layout.find("}}", open);
+        if (close == std::string::npos)
+            break;
+        layout.replace(open, close - open, text::upper(layout.substr(open, close - open)));
+        open = close;
+    }
+    return layout;
+}
+
 } // namespace
 
 data templateData(const ReportFile& file, const report::Report& report, const ReportData& answers,
@@ -72,17 +84,6 @@ data templateData(const ReportFile& file, const report::Report& report, const Re
     for (const Query& query : file.queries)
         all.set(text::upper(query.name), queryData(file, query, answers.queries.at(query.name)));
     return all;
-}
-
-std::string withUpperNames(std::string layout) {
-    for (std::size_t open = layout.find("{{"); open != std::string::npos; open = layout.find("{{", open)) {
-        const std::size_t close = layout.find("}}", open);
-        if (close == std::string::npos)
-            break;
-        layout.replace(open, close - open, text::upper(layout.substr(open, close - open)));
-        open = close;
-    }
-    return layout;
 }
 
 std::string rendered(const std::string& layout, const data& values) {

@@ -13,12 +13,8 @@ namespace opd::adapters::reporting {
 kainjow::mustache::data templateData(const ReportFile& file, const report::Report& report, const ReportData& data,
                                      const DateTime& now);
 
-/// A layout with its names in upper case, so that they may be written in any.
-std::string withUpperNames(std::string layout);
-
-/// The layout with the data in it, every value as text that cannot become markup; a control character
-/// reads as a blank. Throws std::runtime_error when the
-/// layout is broken.
+/// The layout, whose names may be written in any letter case, with the data in it: every value as text that cannot
+/// become markup, a control character as a blank. Throws std::runtime_error when the layout is broken.
 std::string rendered(const std::string& layout, const kainjow::mustache::data& data);
 
 } // namespace opd::adapters::reporting

@@ -1,6 +1,7 @@
 #include "adapters/scripted/scripted_desktop.h"
 
 #include <algorithm>
+#include <map>
 
 namespace opd::adapters {
 
@@ -8,9 +9,7 @@ namespace opd::adapters {
 class ScriptedDesktop::View final : public ui::WindowView {
   public:
     View(ui::Window& window, ModelDriver& driver, const long& now) : m_window(window), m_driver(driver), m_now(now) {
-        std::vector<ui::Control*> everything;
-        window.collect(everything);
-        for (ui::Control* control : everything)
+        for (ui::Control* control : window.everything())
             if (control->kind() == ui::Kind::Timer)
                 changed(*control, ui::Aspect::Running);
     }
@@ -100,7 +99,7 @@ ui::Answer ScriptedDesktop::ask(const ui::Message& message) {
     if (m_player != nullptr)
         if (const std::optional<ui::Answer> answer = m_player->answerTo(message))
             return *answer;
-    return ui::answersOf(message.buttons).back(); // as if the box were closed by its frame
+    return ui::escapeAnswer(message.buttons);
 }
 
 std::optional<std::filesystem::path> ScriptedDesktop::askFile(const ui::FileQuestion& question) {

@@ -4,7 +4,6 @@
 #include "script/player.h"
 #include "ui/desktop.h"
 
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -23,13 +22,11 @@ class ScriptedDesktop final : public ui::Desktop {
     void waitForWindows() override;
     ui::Answer ask(const ui::Message& message) override;
     std::optional<std::filesystem::path> askFile(const ui::FileQuestion& question) override;
-    void beep() override { ++m_beeps; }
+    void beep() override {}
     void setBusy(bool busy) override { m_busy = busy; }
     bool isBusy() const override { return m_busy; }
     void workEnded() override;
     std::optional<std::string> failure() const override;
-
-    int beeps() const { return m_beeps; }
 
   private:
     class View;
@@ -45,7 +42,6 @@ class ScriptedDesktop final : public ui::Desktop {
     ModelDriver m_driver;
     std::vector<std::unique_ptr<View>> m_views; ///< the topmost last; closed ones stay until the script's next step
     long m_now = 0;                             ///< milliseconds that the script has waited
-    int m_beeps = 0;
     bool m_busy = false;
 };
 

@@ -8,12 +8,11 @@
 
 namespace opd::settings {
 
-/// The settings in an INI file: one file per application in the user's folder for settings, or one named file for
-/// whatever application is asked for. The file is read afresh every time.
+/// The settings in an INI file: the file that is named, for whatever application is asked for, or, where none is (an
+/// empty path), one per application in the user's folder for settings. The file is read afresh every time.
 class IniStore final : public Store {
   public:
-    IniStore() = default;
-    explicit IniStore(std::filesystem::path file) : m_file(std::move(file)) {}
+    explicit IniStore(std::filesystem::path file = {}) : m_file(std::move(file)) {}
 
     /// Throws std::runtime_error also for a file that others than its owner can read or change.
     std::string get(const std::string& application, const std::string& section, const std::string& key) const override;

@@ -7,8 +7,7 @@ SQLITE_EXTENSION_INIT1
 /// The entry point that a shell finds by the name of the file.
 extern "C" __attribute__((visibility("default"))) int sqlite3_opdhospitalsql_init(sqlite3* handle, char** /*error*/,
                                                                                   const sqlite3_api_routines* engine) {
-    static const opd::os::SystemClock clock;
     SQLITE_EXTENSION_INIT2(engine);
-    opd::adapters::sqlite::registerFunctions(handle, clock);
+    opd::adapters::sqlite::registerFunctions(handle, opd::os::machineClock());
     return SQLITE_OK;
 }

@@ -97,7 +97,7 @@ class Parser {
     std::string wholeNumber() {
         constexpr std::size_t mostDigits = 9;
         if (next().kind != Token::Kind::Number || next().text.size() > mostDigits ||
-            next().text.find_first_not_of("0123456789") != std::string::npos)
+            next().text.find_first_not_of(characters::digits) != std::string::npos)
             refuse();
         m_translation.values.push_back({.kind = Placeholder::Kind::Written, .written = next().text});
         return m_tokens[m_at++].text;

@@ -1,5 +1,6 @@
 #include "adapters/sqlite/row_order.h"
 
+#include "base/text/plain.h"
 #include "base/text/text.h"
 
 #include <algorithm>
@@ -16,15 +17,13 @@ constexpr char something = '\1';
 constexpr char textEnd = '\0';
 
 void appendText(std::string& keys, std::string_view utf8) {
-    const std::size_t last = utf8.find_last_not_of(' ');
-    utf8 = utf8.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    utf8 = text::withoutEndBlanks(utf8);
     const std::size_t begin = keys.size();
     keys += utf8;
     bool isPlain = true;
     for (std::size_t at = begin; at < keys.size(); ++at) {
-        const char character = keys[at];
-        isPlain = isPlain && static_cast<unsigned char>(character) < 0x80;
-        keys[at] = character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
+        isPlain = isPlain && text::isPlain(keys[at]);
+        keys[at] = text::plainUpper(keys[at]);
     }
     if (!isPlain) // its letters need to be read as characters
         keys.replace(begin, std::string::npos, text::upper(utf8));

@@ -1,5 +1,7 @@
 #include "adapters/sqlite/statement_shape.h"
 
+#include "adapters/sqlite/tokens.h"
+
 #include <array>
 
 namespace opd::adapters::sqlite {
@@ -14,10 +16,11 @@ constexpr std::array<Sort, 256> sorts = [] {
         for (const char character : characters)
             all[static_cast<unsigned char>(character)] = sort;
     };
-    mark("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_@", Sort::Letter);
-    mark("0123456789", Sort::Digit);
+    mark(characters::letters, Sort::Letter);
+    mark(characters::digits, Sort::Digit);
     mark("'", Sort::Quote);
-    mark(" \t\r\n,=()*.<>", Sort::Other);
+    mark(characters::blanks, Sort::Other);
+    mark(characters::symbols, Sort::Other);
     return all;
 }();
 

@@ -7,17 +7,16 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
-bool isLetter(char character) {
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') || character == '_' ||
-           character == '@';
+bool isOneOf(std::string_view all, char character) {
+    return all.find(character) != std::string_view::npos;
 }
 
 bool isDigit(char character) {
-    return character >= '0' && character <= '9';
+    return isOneOf(characters::digits, character);
 }
 
-bool isBlank(char character) {
-    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+bool isOfWord(char character) {
+    return isOneOf(characters::letters, character) || isDigit(character);
 }
 
 bool isPair(std::string_view symbol) {
@@ -40,10 +39,10 @@ std::vector<Token> tokensOf(std::string_view statement) {
     while (at < statement.size()) {
         const char character = statement[at];
         std::size_t end = at;
-        if (isBlank(character)) {
+        if (isOneOf(characters::blanks, character)) {
             ++at;
-        } else if (isLetter(character) || isDigit(character)) {
-            while (end < statement.size() && (isLetter(statement[end]) || isDigit(statement[end])))
+        } else if (isOfWord(character)) {
+            while (end < statement.size() && isOfWord(statement[end]))
                 ++end;
             take(isDigit(character) ? Token::Kind::Number : Token::Kind::Word, end - at);
         } else if (character == '\'') {
@@ -59,7 +58,7 @@ std::vector<Token> tokensOf(std::string_view statement) {
             at = close + 1;
         } else if (isPair(statement.substr(at, 2))) {
             take(Token::Kind::Symbol, 2);
-        } else if (std::string_view{",=()*.<>"}.find(character) != std::string_view::npos) {
+        } else if (isOneOf(characters::symbols, character)) {
             take(Token::Kind::Symbol, 1);
         } else {
             throw syntaxError(statement.substr(at));

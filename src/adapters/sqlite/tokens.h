@@ -6,6 +6,14 @@
 
 namespace opd::adapters::sqlite {
 
+/// The characters that a statement of the desk is made of outside its quoted texts.
+namespace characters {
+inline constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_@";
+inline constexpr std::string_view digits = "0123456789";
+inline constexpr std::string_view blanks = " \t\r\n";
+inline constexpr std::string_view symbols = ",=()*.<>";
+} // namespace characters
+
 /// A piece of a statement text.
 struct Token {
     enum class Kind { Word, Number, Text, Symbol, End };

@@ -1,6 +1,7 @@
 #include "base/clock/date_time.h"
 
 #include <chrono>
+#include <cmath>
 
 namespace opd {
 
@@ -25,6 +26,10 @@ bool isValid(const DateTime& value) {
 
 long daysBetween(const DateTime& from, const DateTime& to) {
     return (std::chrono::sys_days{calendarDay(to)} - std::chrono::sys_days{calendarDay(from)}).count();
+}
+
+int yearsBetween(const DateTime& from, const DateTime& to) {
+    return static_cast<int>(std::floor(static_cast<double>(daysBetween(from, to)) / daysOfYear));
 }
 
 DateTime addDays(const DateTime& value, long days) {

@@ -29,6 +29,12 @@ bool isValid(const DateTime& value);
 /// Whole days from `from` to `to`, times of day ignored; negative when `to` lies earlier.
 long daysBetween(const DateTime& from, const DateTime& to);
 
+/// How the hospitals count years: by days.
+inline constexpr double daysOfYear = 365.25;
+
+/// Whole years of `daysOfYear` from `from` to `to`, rounded down; negative when `to` lies earlier.
+int yearsBetween(const DateTime& from, const DateTime& to);
+
 /// The day that lies `days` days after `value` (before it, when negative), at the same time of day.
 DateTime addDays(const DateTime& value, long days);
 

@@ -10,4 +10,7 @@ class SystemClock final : public Clock {
     DateTime now() const override;
 };
 
+/// One that lives as long as the process.
+const Clock& machineClock();
+
 } // namespace opd::os

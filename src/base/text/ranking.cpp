@@ -1,6 +1,7 @@
 #include "base/text/ranking.h"
 
 #include "base/text/folding.h"
+#include "base/text/plain.h"
 
 #include <array>
 
@@ -10,7 +11,7 @@ namespace {
 
 bool belongsToWord(char character) {
     return (character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9') || character == '\'' ||
-           static_cast<unsigned char>(character) >= 0x80;
+           !isPlain(character);
 }
 
 bool beginsWord(std::string_view text, std::string_view wanted) {
@@ -18,12 +19,6 @@ bool beginsWord(std::string_view text, std::string_view wanted) {
         if (at == 0 || !belongsToWord(text[at - 1]))
             return true;
     return false;
-}
-
-std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view{}
-                                           : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "base/text/text.h"
 
+#include "base/text/plain.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -19,16 +21,6 @@ std::size_t sequenceLength(unsigned char lead) {
     if (lead >= 0xE0 && lead < 0xF0)
         return 3;
     return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
-}
-
-/// True for a character of one byte.
-bool isPlain(char byte) {
-    return static_cast<unsigned char>(byte) < 0x80;
-}
-
-/// The capital of a character of one byte.
-char plainUpper(char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
 }
 
 /// False for a character that fewer bytes would hold, a half of a pair, and one beyond the last.
@@ -78,16 +70,13 @@ std::size_t plainBeginning(std::string_view utf8) {
         if ((eight & beyondAscii) != 0)
             break;
     }
-    while (at < utf8.size() && static_cast<unsigned char>(utf8[at]) < 0x80)
+    while (at < utf8.size() && isPlain(utf8[at]))
         ++at;
     return at;
 }
 
 std::string trimmed(std::string_view utf8) {
-    const std::size_t first = utf8.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return std::string{utf8.substr(first, utf8.find_last_not_of(' ') - first + 1)};
+    return std::string{withoutBlanks(utf8)};
 }
 
 char32_t upper(char32_t character) {
@@ -172,6 +161,13 @@ std::string replaced(std::string_view utf8, std::string_view from, std::string_v
         start = at + from.size();
     }
     return result.append(utf8.substr(start));
+}
+
+std::string joined(const std::vector<std::string>& texts, std::string_view separator) {
+    std::string all;
+    for (const std::string& text : texts)
+        all.append(all.empty() ? "" : separator).append(text);
+    return all;
 }
 
 bool isBlank(std::string_view utf8) {

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Work on UTF-8 text that the standard library has no word for.
 namespace opd::text {
@@ -34,6 +35,9 @@ bool equalsIgnoringCase(std::string_view left, std::string_view right);
 
 /// The text with every `from` replaced by `to`; `from` must not be empty.
 std::string replaced(std::string_view utf8, std::string_view from, std::string_view to);
+
+/// The texts with the separator between them; none before the first that is not empty.
+std::string joined(const std::vector<std::string>& texts, std::string_view separator);
 
 /// True when the text, trimmed, is empty.
 bool isBlank(std::string_view utf8);

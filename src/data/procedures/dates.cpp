@@ -5,8 +5,6 @@
 #include "data/rows.h"
 #include "data/statements.h"
 
-#include <cmath>
-
 namespace opd::data {
 
 DateTime GetServerDate(const Session& session) {
@@ -41,9 +39,7 @@ int ComputeAge(const Session& session, const std::string& birthDate, const std::
     const std::optional<DateTime> born = parseDate(birthDate);
     if (!born || !session.globals.gServerDate.isSet())
         return 0;
-    constexpr double daysPerYear = 365.25;
-    return static_cast<int>(
-        std::floor(static_cast<double>(daysBetween(*born, session.globals.gServerDate)) / daysPerYear));
+    return yearsBetween(*born, session.globals.gServerDate);
 }
 
 } // namespace opd::data

@@ -1,22 +1,18 @@
-#include "adapters/settings/ini_store.h"
 #include "adapters/sqlite/care/procedure_check.h"
 #include "ado/error.h"
-#include "ado/provider_module.h"
 #include "ado/recordset.h"
 #include "base/os/system_clock.h"
 #include "base/text/text.h"
-#include "component/init_dll.h"
 #include "data/connection_settings.h"
 #include "data/statements.h"
 #include "host/doctor/checks.h"
-#include "host/program_folder.h"
+#include "host/hospital_connection.h"
 
 #include <fmt/core.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <map>
-#include <set>
 
 namespace opd::host {
 
@@ -137,7 +133,7 @@ long secondsBetween(const DateTime& from, const DateTime& to) {
 Finding clockFinding(ado::Connection& connection) {
     const DateTime servers =
         connection.Execute(data::statements::serverDate(), ado::Effect::Reads).Fields("Tdate").asDate();
-    const long difference = secondsBetween(servers, os::SystemClock{}.now());
+    const long difference = secondsBetween(servers, os::machineClock().now());
     if (std::labs(difference) > tolerance)
         return wrong("clock",
                      fmt::format("This machine is {} seconds {} the server.", std::labs(difference),
@@ -149,11 +145,8 @@ Finding clockFinding(ado::Connection& connection) {
 } // namespace
 
 Findings checkServer(const Desk& desk) {
-    const auto settingOf = [&](const std::string& key) {
-        return desk.settings.get(connectionSettingsApplication, serverSettingsSection, key);
-    };
     ado::Providers providers;
-    providers.add("server", std::make_shared<ado::ModuleProvider>(programFolder(), settingOf));
+    providers.add("server", serverProvider(desk.settings));
     ado::Connection connection(providers);
     try {
         connection.Open(data::connStr(desk.settings, 4, "LABORATORY"));

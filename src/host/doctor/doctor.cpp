@@ -20,9 +20,7 @@ namespace {
 std::unique_ptr<settings::Store> storeOf(const AdministerOptions& options) {
     if (!options.database.empty())
         return std::make_unique<settings::FixedStore>(std::filesystem::absolute(options.database).string());
-    if (!options.settings.empty())
-        return std::make_unique<settings::IniStore>(options.settings);
-    return std::make_unique<settings::IniStore>();
+    return std::make_unique<settings::IniStore>(options.settings);
 }
 
 std::filesystem::path fileOf(const settings::Store& store) {

@@ -3,6 +3,8 @@
 #include "registration/fields/column_widths.h"
 #include "ui/coded_field.h"
 
+#include <array>
+
 namespace opd::registration {
 
 /// Tab "Consultation Information": who pays and who tells, what the patient comes for, who attends, and the vital
@@ -105,6 +107,8 @@ struct ConsultationTab {
     ui::OptionButton optEndoscopy{unit, "optEndoscopy", "Endoscopy"};
     ui::OptionButton optMiniOR{unit, "optMiniOR", "Mini OR"};
     ui::OptionButton optDiabetes{unit, "optDiabetes", "Diabetes Educ. Clinic"};
+    const std::array<ui::OptionButton*, 4> units{&optLying, &optEndoscopy, &optMiniOR,
+                                                 &optDiabetes}; ///< codes "1" to "4"
 
     ui::Frame patientType{page, "fraPatientType", "Patient Type"};
     ui::ControlArray<ui::OptionButton> optPatientType{"optPatientType"};

@@ -37,10 +37,10 @@ void showSex(Fields& fields, const std::string& sex) {
 
 /// A code that stands for no status leaves the box, and is sent back as long as the box stays so.
 void showCivilStatus(ui::ComboBox& box, KeptCode& kept, const std::string& code) {
-    const std::string status = civilStatusOfCode(text::trimmed(code));
+    const std::string status = civilStatusOfCode(box, text::trimmed(code));
     if (!status.empty())
         box.setText(status);
-    kept.keep(code, civilStatusCode(box.text()));
+    kept.keep(code, civilStatusCode(box));
 }
 
 void showMaster(const Session& session, Fields& fields, Record& record, const ado::Recordset& master) {

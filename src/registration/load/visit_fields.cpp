@@ -119,9 +119,8 @@ void showConsultationKind(Fields& fields, const ado::Recordset& visit) {
     fields.personal.purposeRicu.setChecked(type == "R");
     fields.personal.purposeHema.setChecked(type == "H");
     const std::string unit = textOf(visit, "PerUnit");
-    ui::OptionButton* const units[] = {&fields.consultation.optLying, &fields.consultation.optEndoscopy,
-                                       &fields.consultation.optMiniOR, &fields.consultation.optDiabetes};
-    for (std::size_t n = 0; n < std::size(units); ++n)
+    const auto& units = fields.consultation.units;
+    for (std::size_t n = 0; n < units.size(); ++n)
         units[n]->setSelected(unit == std::to_string(n + 1));
 }
 

@@ -2,14 +2,11 @@
 
 #include "base/text/text.h"
 #include "registration/accounts/account_records.h"
+#include "registration/record/codes.h"
 
 namespace opd::registration {
 
 namespace {
-
-std::string bit(bool set) {
-    return set ? "1" : "0";
-}
 
 void showPatientClass(const Session& session, Fields& fields, const ado::Value& stored) {
     const std::string patientClass = stored.asText();
@@ -21,12 +18,12 @@ void showPatientClass(const Session& session, Fields& fields, const ado::Value& 
 
 const VisitMark beforeAuthorization[] = {
     {"Corvane mark", &FeatureFlags::isAllowCorvane, "Corvane",
-     [](const Fields& fields) { return bit(fields.additional.corvanePatient.selected()); },
+     [](const Fields& fields) { return std::string{bit(fields.additional.corvanePatient.selected())}; },
      [](const Session&, Fields& fields, const ado::Value& stored) {
          fields.additional.corvanePatient.setSelected(stored.asFlag());
      }},
     {"MAB mark", &FeatureFlags::IsAllowOPDMABRate, "isMABRate",
-     [](const Fields& fields) { return bit(fields.additional.chkMAB.checked()); },
+     [](const Fields& fields) { return std::string{bit(fields.additional.chkMAB.checked())}; },
      [](const Session&, Fields& fields, const ado::Value& stored) {
          fields.additional.chkMAB.setChecked(stored.asFlag());
      }}};

@@ -1,26 +1,16 @@
 #include "registration/record/civil_status.h"
 
-#include <array>
-
 namespace opd::registration {
 
-namespace {
-
-/// The position of a status is its code.
-constexpr std::array<const char*, 6> statuses{"Child", "Single", "Married", "Widow", "Separated", "Divorced"};
-
-} // namespace
-
-std::string civilStatusCode(const std::string& status) {
-    for (std::size_t code = 0; code < statuses.size(); ++code)
-        if (status == statuses[code])
-            return std::to_string(code);
-    return {};
+std::string civilStatusCode(const ui::ComboBox& statuses) {
+    return statuses.index() < 0 ? std::string{} : std::to_string(statuses.index());
 }
 
-std::string civilStatusOfCode(const std::string& code) {
-    return code.size() == 1 && code[0] >= '0' && code[0] <= '5' ? statuses[static_cast<std::size_t>(code[0] - '0')]
-                                                                : "";
+std::string civilStatusOfCode(const ui::ComboBox& statuses, const std::string& code) {
+    for (std::size_t place = 0; place < statuses.items().size(); ++place)
+        if (code == std::to_string(place))
+            return statuses.items()[place];
+    return {};
 }
 
 } // namespace opd::registration

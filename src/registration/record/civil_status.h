@@ -1,13 +1,16 @@
 #pragma once
 
+#include "ui/controls.h"
+
 #include <string>
 
 namespace opd::registration {
 
-/// "0" for "Child", "1" "Single", "2" "Married", "3" "Widow", "4" "Separated", "5" "Divorced"; empty for other texts.
-std::string civilStatusCode(const std::string& status);
+/// The code of the civil status that the list shows, its place in it: "0" for "Child" to "5" for "Divorced"; empty for
+/// a text that is no entry.
+std::string civilStatusCode(const ui::ComboBox& statuses);
 
-/// The text of a code, empty for other codes.
-std::string civilStatusOfCode(const std::string& code);
+/// The entry of a code, empty for other codes.
+std::string civilStatusOfCode(const ui::ComboBox& statuses, const std::string& code);
 
 } // namespace opd::registration

@@ -21,7 +21,7 @@ std::string patientTypeCode(const Fields& fields) {
 }
 
 std::string corvaneCode(const Fields& fields) {
-    return fields.additional.corvanePatient.selected() ? "1" : "0";
+    return bit(fields.additional.corvanePatient.selected());
 }
 
 } // namespace
@@ -33,17 +33,15 @@ std::string purposeCode(const Fields& fields) {
 }
 
 std::string perUnitCode(const Fields& fields) {
-    const ConsultationTab& consultation = fields.consultation;
-    const ui::OptionButton* const units[] = {&consultation.optLying, &consultation.optEndoscopy,
-                                             &consultation.optMiniOR, &consultation.optDiabetes};
-    for (std::size_t n = 0; n < std::size(units); ++n)
+    const auto& units = fields.consultation.units;
+    for (std::size_t n = 0; n < units.size(); ++n)
         if (units[n]->selected())
             return std::to_string(n + 1);
     return {};
 }
 
 std::string seniorCode(const Fields& fields) {
-    return fields.personal.chkSeniorCitizen.checked() ? "1" : "0";
+    return bit(fields.personal.chkSeniorCitizen.checked());
 }
 
 std::string pressureText(const Fields& fields) {
@@ -74,7 +72,7 @@ void keepCodes(const Fields& fields, Record& record, const ado::Recordset& visit
     if (const std::string senior = stored("SeniorCitizenID"); !text::isBlank(senior))
         record.SeniorKept.keep(senior, seniorCode(fields));
     if (data::hasColumn(visit, "Corvane"))
-        record.CorvaneKept.keep(visit.Fields("Corvane").asFlag() ? "1" : "0", corvaneCode(fields));
+        record.CorvaneKept.keep(bit(visit.Fields("Corvane").asFlag()), corvaneCode(fields));
 }
 
 void computeKeptCodes(const Fields& fields, Record& record) {
@@ -82,7 +80,7 @@ void computeKeptCodes(const Fields& fields, Record& record) {
     if (personal.chkPatientType.value() < 2)
         record.PatientTypeCode = record.PatientTypeKept.sent(patientTypeCode(fields));
     record.CorvanePatientCode = record.CorvaneKept.sent(corvaneCode(fields));
-    record.HemoCode = personal.chkHemo.checked() ? "1" : "0";
+    record.HemoCode = bit(personal.chkHemo.checked());
 }
 
 std::string employmentTypeCode(const EmploymentTab& employment) {
@@ -94,7 +92,7 @@ std::string employmentLocationCode(const EmploymentTab& employment) {
 }
 
 std::string philHealthCode(const EmploymentTab& employment) {
-    return employment.philHealthYes.selected() ? "1" : "0";
+    return bit(employment.philHealthYes.selected());
 }
 
 } // namespace opd::registration

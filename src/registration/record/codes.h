@@ -8,6 +8,11 @@
 
 namespace opd::registration {
 
+/// A mark as it is sent.
+inline const char* bit(bool set) {
+    return set ? "1" : "0";
+}
+
 std::string purposeCode(const Fields& fields);  ///< "R" RICU, "H" HEMA/ONCO, or empty
 std::string perUnitCode(const Fields& fields);  ///< "1" lying in to "4" diabetes clinic, or empty
 std::string seniorCode(const Fields& fields);   ///< "1" or "0"

@@ -32,8 +32,7 @@ Guidance::Guidance(ui::Window& window, Fields& fields, const Record& record, con
                       {"F6", "next field that is still needed", [this] { return nextMissing(); }}};
     window.stillToDo = [this] { return stateOfSave(); };
     alsoOn(fields.header.txtBirthDate.onChange, [this] { showAgeInMonths(m_fields.header, m_globals.gServerDate); });
-    for (ui::OptionButton* choice :
-         {&fields.header.male, &fields.header.female, &fields.personal.insured, &fields.personal.notInsured})
+    for (ui::OptionButton* choice : checkedChoices(fields))
         alsoOn(choice->onClick, [this] { markNeeded(); });
 }
 
@@ -88,8 +87,7 @@ void Guidance::markNeeded() {
 /// The next field behind the one with the focus, round the end of the form, that a save would ask for; the button that
 /// saves when there is none.
 ui::Control* Guidance::nextMissing() const {
-    std::vector<ui::Control*> order;
-    m_window.collect(order);
+    std::vector<ui::Control*> order = m_window.everything();
     const auto here = std::find(order.begin(), order.end(), m_window.focus());
     if (here != order.end())
         std::rotate(order.begin(), here + 1, order.end());

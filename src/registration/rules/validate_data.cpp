@@ -106,7 +106,7 @@ bool ValidateData(ui::Desktop& desktop, Fields& fields, Record& record, std::str
     record.ConsultationTypeCode = fields.consultation.withBill.selected() ? "W" : "";
     AccountTypeCode = fields.personal.notInsured.selected() ? "P" : "C";
     record.BirthDateText = text::trimmed(fields.header.txtBirthDate.text());
-    record.CivilStatusCode = record.CivilStatusKept.sent(civilStatusCode(fields.personal.cboCivilStatus.text()));
+    record.CivilStatusCode = record.CivilStatusKept.sent(civilStatusCode(fields.personal.cboCivilStatus));
     return true;
 }
 
@@ -124,12 +124,15 @@ std::vector<ui::Control*> missingFields(Fields& fields, const Globals& globals) 
     return missing;
 }
 
+std::array<ui::OptionButton*, 4> checkedChoices(Fields& fields) {
+    return {&fields.header.male, &fields.header.female, &fields.personal.insured, &fields.personal.notInsured};
+}
+
 void bindMarks(Fields& fields) {
     const auto takeBack = [&fields] { takeBackMarks(fields); };
     for (const Rule& rule : rulesOf(fields))
         alsoOn(rule.field.onChange, takeBack);
-    for (ui::OptionButton* choice :
-         {&fields.header.male, &fields.header.female, &fields.personal.insured, &fields.personal.notInsured})
+    for (ui::OptionButton* choice : checkedChoices(fields))
         alsoOn(choice->onClick, takeBack);
 }
 

@@ -5,6 +5,7 @@
 #include "session/globals.h"
 #include "ui/desktop.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,9 @@ bool lacksPatientClass(const Globals& globals, const ui::TextBox& patientClass);
 
 /// The fields for which a save would be refused as the form stands, in the order in which the clerk would be told.
 std::vector<ui::Control*> missingFields(Fields& fields, const Globals& globals);
+
+/// The options that the check looks at.
+std::array<ui::OptionButton*, 4> checkedChoices(Fields& fields);
 
 /// Binds the taking back of the check's marks: at the change that puts the field right. It adds to the handlers that
 /// stand when it is called.

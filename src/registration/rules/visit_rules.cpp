@@ -10,7 +10,6 @@
 #include "ui/window.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace opd::registration {
 

@@ -38,21 +38,11 @@ std::string nameOf(const ui::Control& field) {
 }
 
 std::vector<ui::TextBox*> sentBoxes(const ui::Window& window, const Fields& fields) {
-    std::vector<ui::Control*> everything;
-    window.collect(everything);
     std::vector<ui::TextBox*> boxes;
-    for (ui::Control* control : everything)
+    for (ui::Control* control : window.everything())
         if (control->kind() == ui::Kind::TextBox && isSent(fields, *control))
             boxes.push_back(static_cast<ui::TextBox*>(control));
     return boxes;
-}
-
-/// True when a clerk can turn to the field, on whatever tab it is.
-bool canBeSeen(const ui::Control& field) {
-    for (const ui::Control* control = &field; control != nullptr; control = control->container())
-        if (!control->visible())
-            return false;
-    return true;
 }
 
 bool agrees(ui::Desktop& desktop, const ui::Control& field, const std::string& text) {
@@ -68,7 +58,7 @@ bool agrees(ui::Desktop& desktop, const ui::Control& field, const std::string& t
 bool settle(ui::Desktop& desktop, ui::TextBox& box) {
     if (!holdsApostrophe(box.text()))
         return true;
-    if (canBeSeen(box) && !agrees(desktop, box, box.text())) {
+    if (!box.isHidden() && !agrees(desktop, box, box.text())) {
         box.setRefusal(unstorable);
         box.window().setFocus(box);
         return false;

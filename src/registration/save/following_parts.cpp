@@ -109,7 +109,7 @@ class FollowingParts {
         }
         ado::Transaction transaction(m_session.connection());
         m_isRevoked = isRevoked();
-        const char* const mark = m_fields.personal.chkWalkIn.checked() ? "1" : "0";
+        const char* const mark = bit(m_fields.personal.chkWalkIn.checked());
         data::execute(m_session,
                       m_isRevoked ? updateColumn(m_record, "isWalkIn", mark) : updateWalkIn(m_fields, m_record));
         transaction.commit();

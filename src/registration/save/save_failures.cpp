@@ -1,5 +1,6 @@
 #include "registration/save/save_failures.h"
 
+#include "base/text/text.h"
 #include "registration/record/codes.h"
 
 namespace opd::registration {
@@ -18,13 +19,6 @@ ado::Error told(const std::exception& failure, const std::string& truth) {
 
 std::string numbers(const Record& record) {
     return "Hosp. # (" + record.SaveHospNum + ") and Case # (" + savedVisit(record) + ")";
-}
-
-std::string joined(const std::vector<std::string>& parts) {
-    std::string list;
-    for (const std::string& part : parts)
-        list += (list.empty() ? "" : ", ") + part;
-    return list;
 }
 
 } // namespace
@@ -67,7 +61,7 @@ ado::Error incomplete(const Record& record, bool updateOnly, const std::exceptio
                       const std::vector<std::string>& missingParts) {
     const std::string stands = updateOnly ? "The patient's record is saved as Hosp. # (" + record.SaveHospNum + ")."
                                           : "The visit is saved as " + numbers(record) + ".";
-    return told(failure, stands + " Still missing: " + joined(missingParts) +
+    return told(failure, stands + " Still missing: " + text::joined(missingParts, ", ") +
                              ". Please try again to complete it; that makes no second visit.");
 }
 

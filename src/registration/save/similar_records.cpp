@@ -23,19 +23,15 @@ std::vector<std::string> numbersOf(ado::Recordset rows) {
     return numbers;
 }
 
-std::string joined(const std::vector<std::string>& parts) {
-    std::string all;
-    for (const std::string& part : parts)
-        if (!text::isBlank(part))
-            all += (all.empty() ? "" : ", ") + text::trimmed(part);
-    return all;
-}
-
 std::string lineOf(const ado::Recordset& row) {
     const auto text = [&](const char* column) { return data::textOf(row, column); };
-    return joined({"Hosp. # " + text::trimmed(text("HospNum")) + ": " + text::trimmed(text("LastName")),
-                   text("FirstName") + " " + text::trimmed(text("MiddleName")), "born " + text("BirthDate"),
-                   text("HouseStreet"), text("Barangay")});
+    std::vector<std::string> parts{"Hosp. # " + text::trimmed(text("HospNum")) + ": " + text::trimmed(text("LastName")),
+                                   text("FirstName") + " " + text::trimmed(text("MiddleName")),
+                                   "born " + text("BirthDate"), text("HouseStreet"), text("Barangay")};
+    for (std::string& part : parts)
+        part = text::trimmed(part);
+    std::erase(parts, "");
+    return text::joined(parts, ", ");
 }
 
 /// The namesakes whose numbers were found, and a line with the number alone for whom the database spells otherwise.
@@ -70,12 +66,12 @@ std::string whoIsMeant(const Session& session, const HeaderFields& header, const
     } catch (const std::exception& failure) {
         return std::string{"Who that is could not be read: "} + failure.what();
     }
-    std::string detail;
-    for (std::size_t i = 0; i < std::min(lines.size(), mostLines); ++i)
-        detail += (detail.empty() ? "" : "\r\n") + lines[i];
-    if (lines.size() > mostLines)
-        detail += "\r\nand " + std::to_string(lines.size() - mostLines) + " more";
-    return detail;
+    if (lines.size() > mostLines) {
+        const std::string more = "and " + std::to_string(lines.size() - mostLines) + " more";
+        lines.resize(mostLines);
+        lines.push_back(more);
+    }
+    return text::joined(lines, "\r\n");
 }
 
 } // namespace opd::registration

@@ -12,11 +12,13 @@ namespace opd::registration {
 ado::Statement updateMaster(const Fields& fields, const Record& record, const ClientProfile& client,
                             bool codesBarangays);
 
+/// The codes of the five allergies.
 ado::Statement saveAllergies(const Fields& fields, const Record& record);
 
 /// Contacts, spouse, parents, employment and social insurance. Quotes in most of its values become grave accents.
 ado::Statement updateExtendedMaster(const Fields& fields, const Record& record);
 
+/// The conditions that are ticked, and what else is written beside them.
 ado::Statement updateMedicalHistory(const Fields& fields, const Record& record);
 
 } // namespace opd::registration

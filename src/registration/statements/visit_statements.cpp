@@ -19,10 +19,6 @@ std::string trimmedText(const ui::TextBox& box) {
     return text::trimmed(box.text());
 }
 
-const char* oneIf(bool set) {
-    return set ? "1" : "0";
-}
-
 /// The arguments that every client's list begins with.
 Values commonVisit(const Fields& fields, const Record& record, const std::string& accountType,
                    const std::string& user) {
@@ -177,18 +173,18 @@ std::vector<Statement> updateAdditionalDoctors(const Fields& fields, const Recor
 Statement updateTreatments(const Fields& fields, const Record& record) {
     const PersonalTab& personal = fields.personal;
     Statement statement("Update Patient_data..tbOutPatient set isChemo = '");
-    statement.value(oneIf(personal.chkChemo.checked()))
+    statement.value(bit(personal.chkChemo.checked()))
         .text("', isHemodialysis = '")
-        .value(oneIf(personal.chkHemo.checked()))
+        .value(bit(personal.chkHemo.checked()))
         .text("', isRadiotherapy = '")
-        .value(oneIf(personal.chkRTherapy.checked()));
+        .value(bit(personal.chkRTherapy.checked()));
     if (isInProgramme(personal))
         statement.text("', ExpirationDate = '")
             .value(dateTimeText(personal.dtpExpiration.value().date()))
             .text("', isForDeposit = '");
     else
         statement.text("', ExpirationDate = null, isForDeposit = '");
-    return statement.value(oneIf(personal.chkforDeposit.checked()))
+    return statement.value(bit(personal.chkforDeposit.checked()))
         .text("' where IDnum = '")
         .value(savedVisit(record))
         .text("'");
@@ -197,7 +193,7 @@ Statement updateTreatments(const Fields& fields, const Record& record) {
 Statement updateWalkIn(const Fields& fields, const Record& record) {
     const bool walkIn = fields.personal.chkWalkIn.checked();
     return Statement("Update Patient_data..tbOutPatient set isWalkIn = '")
-        .value(oneIf(walkIn))
+        .value(bit(walkIn))
         .text("', OPDStatus = '")
         .value(walkIn ? "W" : "")
         .text("' where IDnum = '")

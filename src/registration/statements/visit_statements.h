@@ -29,7 +29,10 @@ ado::Statement countConsultation(const std::string& doctor);
 /// One statement for each of the doctors 3 to 5.
 std::vector<ado::Statement> updateAdditionalDoctors(const Fields& fields, const Record& record);
 
+/// The programmes that the patient is in, and until when.
 ado::Statement updateTreatments(const Fields& fields, const Record& record);
+
+/// The mark of a walk-in, and the status that goes with it.
 ado::Statement updateWalkIn(const Fields& fields, const Record& record);
 
 /// The value of one column of the visit.
@@ -38,6 +41,7 @@ ado::Statement updateColumn(const Record& record, std::string_view column, const
 /// The letter of authorization of an insurer or HMO.
 ado::Statement saveAuthorization(const Fields& fields, const Record& record);
 
+/// The last menstruation period.
 ado::Statement saveProfile(const Fields& fields, const Record& record);
 
 /// The log row of an edited visit.
@@ -46,6 +50,7 @@ ado::Statement logEdit(const std::string& shownVisit, const std::string& user);
 /// Looks whether a visit is stored.
 ado::Statement findVisit(const std::string& visit);
 
+/// Gives the patient the next file number.
 ado::Statement giveFileNumber(const std::string& hospNum);
 
 } // namespace opd::registration

@@ -61,7 +61,7 @@ TEST(QtAccessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
 std::string sharedKeys(const ui::Window& window) {
     std::map<char32_t, int> met;
     std::string shared;
-    for (const ui::Control* control : controlsOf(window))
+    for (const ui::Control* control : window.everything())
         if (const char32_t key = ui::accessKeyOf(control->caption()); key != 0 && control->visible() && ++met[key] > 1)
             shared += control->caption() + "\n";
     return shared;

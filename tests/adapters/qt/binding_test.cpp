@@ -2,6 +2,7 @@
 #include "adapters/qt/forms.h"
 #include "tests/adapters/qt/every_window.h"
 
+#include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -82,7 +83,7 @@ TEST(QtBinding, NoCaptionIsClippedOnASmallScreen) {
     };
     everyPage([&](WindowShell& shell, ui::Window& window, const std::string& where) {
         shell.resize(shell.size().boundedTo({1240, 700}));
-        for (ui::Control* control : controlsOf(window))
+        for (ui::Control* control : window.everything())
             if (const auto caption = longest.find(control->name()); caption != longest.end())
                 control->setCaption(caption->second);
         hands::settle();

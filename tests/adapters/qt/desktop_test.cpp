@@ -1,5 +1,6 @@
 #include "tests/adapters/qt/desk.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>

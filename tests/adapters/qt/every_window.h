@@ -8,17 +8,11 @@
 
 namespace opd::qt {
 
-inline std::vector<ui::Control*> controlsOf(const ui::Window& window) {
-    std::vector<ui::Control*> controls;
-    window.collect(controls);
-    return controls;
-}
-
 using LookAtPage = std::function<void(WindowShell&, ui::Window&, const std::string& where)>;
 
 /// The tabs of a window, or null.
 inline ui::Tabs* tabsOf(const ui::Window& window) {
-    for (ui::Control* control : controlsOf(window))
+    for (ui::Control* control : window.everything())
         if (control->kind() == ui::Kind::Tabs)
             return static_cast<ui::Tabs*>(control);
     return nullptr;
@@ -62,7 +56,7 @@ inline void everyPage(const LookAtPage& look) {
 
 /// Three rows in every list, the second of them the current one.
 inline void fillLists(const ui::Window& window) {
-    for (ui::Control* control : controlsOf(window))
+    for (ui::Control* control : window.everything())
         if (control->kind() == ui::Kind::Grid) {
             auto& grid = static_cast<ui::Grid&>(*control);
             grid.show(ui::gridColumns("<Code|<Name", {1200, 4000}), {{"01", "ANA"}, {"02", "BEN"}, {"03", "CARA"}});
@@ -73,7 +67,7 @@ inline void fillLists(const ui::Window& window) {
 /// Something to read in everything that shows text.
 inline void fillFields(const ui::Window& window) {
     fillLists(window);
-    for (ui::Control* control : controlsOf(window)) {
+    for (ui::Control* control : window.everything()) {
         if (control->kind() == ui::Kind::TextBox)
             static_cast<ui::TextBox*>(control)->setText("HÑ");
         else if (control->kind() == ui::Kind::MaskedBox)

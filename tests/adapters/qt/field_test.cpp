@@ -1,6 +1,7 @@
 #include "tests/adapters/qt/desk.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>

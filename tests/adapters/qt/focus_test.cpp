@@ -70,7 +70,7 @@ TEST(QtFocus, TheTabOrderIsTheOrderInWhichAFormIsRead) {
         }
     }
     const LookAtPage byLines = [](WindowShell& shell, ui::Window& dialog, const std::string&) {
-        std::vector<ui::Control*> fields = controlsOf(dialog);
+        std::vector<ui::Control*> fields = dialog.everything();
         std::erase_if(fields, [](const ui::Control* control) { return !control->canTakeFocus(); });
         EXPECT_GE(fields.size(), 3U);
         expectReadByLines(shell, fields);

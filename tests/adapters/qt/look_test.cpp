@@ -145,7 +145,7 @@ std::string faintParts(QWidget& window, double leastForText) {
 void disableAll(const ui::Window& form) {
     ui::Tabs* tabs = tabsOf(form);
     const int page = tabs == nullptr ? 0 : tabs->current();
-    for (ui::Control* control : controlsOf(form))
+    for (ui::Control* control : form.everything())
         if (control->kind() != ui::Kind::Page && control != tabs)
             control->setEnabled(false);
     if (tabs != nullptr)
@@ -201,7 +201,7 @@ TEST(QtLook, AFormThatWasBuiltAheadLooksLikeOneThatWasNot) {
 /// A program whose own windows have another style than the desk's.
 struct HostWithAStyle {
     HostWithAStyle() { QApplication::setStyle(QStringLiteral("windows")); }
-    ~HostWithAStyle() { dress(*qApp); }
+    ~HostWithAStyle() { dressApplication(); }
 };
 
 TEST(QtLook, AFormLooksTheSameInTheProgramOfAnother) {
@@ -365,7 +365,7 @@ bool isOnPage(const ui::Control& control) {
 std::string marksOn(WindowShell& shell, ui::Window& form, bool onPageOnly) {
     FocusMarks marks{shell, form};
     std::string faults;
-    for (ui::Control* control : controlsOf(form))
+    for (ui::Control* control : form.everything())
         if (control->canTakeFocus() && control->isShown() && (!onPageOnly || isOnPage(*control)))
             faults += marks.markOf(*control);
     return faults;
@@ -379,7 +379,7 @@ TEST(QtLook, TheFocusIsMarkedOnEveryControlAndNowhereElse) {
         hands::settle();
         const bool onPageOnly = tabsOf(form) != nullptr && tabsOf(form)->current() > 0;
         EXPECT_EQ(marksOn(shell, form, onPageOnly), "") << where;
-        for (ui::Control* control : controlsOf(form))
+        for (ui::Control* control : form.everything())
             control->setRefusal("Not this one.");
         EXPECT_EQ(marksOn(shell, form, onPageOnly), "") << where << ", refused";
     });

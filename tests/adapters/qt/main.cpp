@@ -9,6 +9,6 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    opd::qt::dress(application);
+    opd::qt::dressApplication();
     return RUN_ALL_TESTS();
 }

@@ -32,7 +32,7 @@ TEST(QtScreen, EveryWindowFitsWithItsFrameAndReachesAllItsControls) {
         EXPECT_LE(least.width(), screen.width()) << where;
         EXPECT_LE(least.height(), screen.height()) << where;
         EXPECT_TRUE(screen.contains(shell.frameGeometry())) << where;
-        for (ui::Control* control : controlsOf(form)) {
+        for (ui::Control* control : form.everything()) {
             if (!control->canTakeFocus() || !control->isShown())
                 continue;
             form.setFocus(*control);
@@ -148,7 +148,7 @@ TEST(QtScreen, FieldsAndColumnsShowWholeWhatTheyAreExpectedToHold) {
         GTEST_SKIP() << "narrower than a usual screen with large fonts";
     std::size_t seen = 0;
     everyPageOf<samples::RegistrationWindow>([&](WindowShell& shell, ui::Window& form, const std::string& where) {
-        for (ui::Control* control : controlsOf(form)) {
+        for (ui::Control* control : form.everything()) {
             const auto expected = expectedTexts.find(control->name());
             const auto* field = qobject_cast<QLineEdit*>(shell.viewOf(*control)->widget());
             if (expected == expectedTexts.end() || field == nullptr || !field->isVisible())

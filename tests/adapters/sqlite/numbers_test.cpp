@@ -1,13 +1,11 @@
 // Numbers that many desks draw at the same time.
 #include "adapters/sqlite/hospital.h"
+#include "contract/drawing.h"
 
 #include <atomic>
 #include <csignal>
-#include <fcntl.h>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
-#include <set>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -18,28 +16,6 @@ namespace {
 
 constexpr int desks = 8;
 constexpr int drawnByEach = 1250;
-
-/// A desk in a process of its own that draws hospital and OPD numbers in turn and notes each in the file, a line each;
-/// for ever when it is not told how many.
-pid_t startDesk(EmbeddedHospital& hospital, const std::filesystem::path& notes, int count) {
-    const pid_t desk = fork();
-    if (desk != 0)
-        return desk;
-    try {
-        const auto connection = hospital.connect();
-        const int file = open(notes.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-        for (int n = 0; n != count; ++n) {
-            const std::string line =
-                (n % 2 == 0 ? "H" + newHospNum(*connection) : "V" + newOpdNumber(*connection)) + "\n";
-            if (write(file, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
-                _exit(2);
-        }
-    } catch (const std::exception& failure) {
-        std::ofstream(notes, std::ios::app) << failure.what() << '\n';
-        _exit(1);
-    }
-    _exit(0);
-}
 
 int endOf(pid_t desk) {
     int status = 0;
@@ -62,9 +38,9 @@ TEST(Numbers, EightDesksDrawTenThousandNumbersAndNoneIsDoubledOrLost) {
     std::vector<pid_t> running;
     running.reserve(desks);
     for (int n = 0; n < desks; ++n)
-        running.push_back(startDesk(hospital, folder / std::to_string(n), drawnByEach));
+        running.push_back(startDrawing(hospital, folder / std::to_string(n), drawnByEach));
     const std::filesystem::path notesOfKilled = folder / "killed";
-    const pid_t killed = startDesk(hospital, notesOfKilled, -1);
+    const pid_t killed = startDrawing(hospital, notesOfKilled, -1);
     std::error_code missing;
     while (std::filesystem::file_size(notesOfKilled, missing) < 1000 || missing)
         usleep(1000);
@@ -74,22 +50,19 @@ TEST(Numbers, EightDesksDrawTenThousandNumbersAndNoneIsDoubledOrLost) {
         EXPECT_EQ(endOf(desk), 0);
 
     std::map<char, std::set<long>> drawn;
-    std::size_t lines = 0;
-    for (const auto& notes : std::filesystem::directory_iterator(folder.path())) {
-        std::ifstream file(notes.path());
-        for (std::string line; std::getline(file, line); ++lines) {
-            ASSERT_EQ(line.size(), line[0] == 'H' ? 9U : 11U) << line;
-            EXPECT_TRUE(drawn[line[0]].insert(std::stol(line.substr(1))).second) << line << " came twice";
-        }
+    const std::set<std::string> numbers = drawnNumbers(folder.path());
+    for (const std::string& number : numbers) {
+        ASSERT_EQ(number.size(), number[0] == 'H' ? 9U : 11U) << number;
+        drawn[number[0]].insert(std::stol(number.substr(1)));
     }
-    EXPECT_GE(lines, static_cast<std::size_t>(desks * drawnByEach));
+    EXPECT_GE(numbers.size(), static_cast<std::size_t>(desks * drawnByEach));
     // Numbers follow each other. The desk that was killed may have taken one with it that it had no time to note.
     std::size_t lost = 0;
-    for (const auto& [kind, numbers] : drawn) {
+    for (const auto& [kind, ofKind] : drawn) {
         const long end = last(kind == 'H' ? "HospNum" : "OPDID");
-        EXPECT_EQ(*numbers.begin(), before.at(kind) + 1);
-        EXPECT_LE(*numbers.rbegin(), end);
-        lost += static_cast<std::size_t>(end - before.at(kind)) - numbers.size();
+        EXPECT_EQ(*ofKind.begin(), before.at(kind) + 1);
+        EXPECT_LE(*ofKind.rbegin(), end);
+        lost += static_cast<std::size_t>(end - before.at(kind)) - ofKind.size();
     }
     EXPECT_LE(lost, 1U);
 }

@@ -43,20 +43,6 @@ function run(connection, how, text, { parameters = {}, outputs = {} } = {}) {
   });
 }
 
-// Runs a statement for each of the values, prepared once.
-function runPrepared(connection, text, parameter, values) {
-  return new Promise((resolve, reject) => {
-    const steps = values.map((value) => () => connection.execute(request, { [parameter]: value }));
-    steps.push(() => connection.unprepare(request), resolve);
-    const next = () => setImmediate(steps.shift());
-    const request = new Request(text, (error) => (error ? reject(error) : next()));
-    request.addParameter(parameter, TYPES.NVarChar);
-    request.on('prepared', next);
-    printRows(request);
-    connection.prepare(request);
-  });
-}
-
 async function failing(attempt) {
   try {
     await attempt();
@@ -71,13 +57,12 @@ const step = (connection, how) =>
 
 async function main() {
   const connection = await connect(password);
-  await runPrepared(connection, rows, 'number', ['00000001', '00000002']);
+  for (const number of ['00000001', '00000002']) await run(connection, 'execSql', rows, { parameters: { number } });
   await run(connection, 'execSqlBatch', types);
   await run(connection, 'execSqlBatch', twoSets);
   await failing(() => run(connection, 'callProcedure', 'Patient_Data..sp_nope', { parameters: { a: '1' } }));
   await failing(() => run(connection, 'execSql', 'select a from Patient_Data..tbNope'));
   await failing(() => connect('wrong'));
-  await step(connection, 'reset');
   await run(connection, 'callProcedure', 'Patient_Data..sp_adm_GetNewHospNum', { outputs: { HospNum: TYPES.VarChar } });
   await step(connection, 'beginTransaction');
   await run(connection, 'execSql', rename);

@@ -1,7 +1,5 @@
 #include "adapters/qt/basics/qt_image.h"
 
-#include <algorithm>
-
 namespace opd::qt {
 
 namespace {

@@ -37,4 +37,7 @@ inline const QColor hospitalPrint{0x38, 0xa4, 0xfc};
 inline const QColor hospitalPrintUnderMouse{0x9e, 0xaa, 0x79};
 inline const QColor hospitalPrintInUse{0x0b, 0x2f, 0x42};
 
+inline const QColor gleamOfLens{0xff, 0xf4, 0xcc}; ///< of the magnifying glass in a search dialog
+inline const QColor edgeOfLens{0xb8, 0xc8, 0xd3};
+
 } // namespace opd::qt::colours

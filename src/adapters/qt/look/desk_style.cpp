@@ -1,13 +1,11 @@
 #include "adapters/qt/look/desk_style.h"
 
-#include "adapters/qt/look/colours.h"
 #include "adapters/qt/look/marks.h"
 #include "adapters/qt/look/shapes.h"
 #include "adapters/qt/look/sizes.h"
 #include "adapters/qt/look/writing.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleFactory>

@@ -5,7 +5,6 @@
 class QPainter;
 class QRect;
 class QStyleOption;
-class QStyleOptionHeader;
 class QWidget;
 
 /// What the desk's style paints, a shape each.
@@ -23,6 +22,7 @@ void frameOfTable(QPainter& painter, const QStyleOption& option, const QWidget* 
 /// What says that a part has the focus which has no look of its own for it.
 void focusFrame(QPainter& painter, const QStyleOption& option);
 
+/// The indicator of a check box or an option button, by its state.
 void checkBox(QPainter& painter, const QStyleOption& option);
 void optionButton(QPainter& painter, const QStyleOption& option, const QWidget* widget);
 

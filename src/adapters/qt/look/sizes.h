@@ -3,7 +3,6 @@
 #include <QRect>
 #include <QSize>
 
-class QFont;
 class QStyleOptionGroupBox;
 class QStyleOptionHeader;
 class QWidget;
@@ -33,6 +32,7 @@ QSize columnTitle(const QStyleOptionHeader& title);
 /// The room for the text within such a title.
 QRect insideColumnTitle(const QRect& title);
 
+/// A group around its contents, wide enough for its title; where its title and its frame are, and the room within it.
 QSize group(const QSize& contents, const QStyleOptionGroupBox& group);
 QRect titleOfGroup(const QStyleOptionGroupBox& group);
 QRect frameOfGroup(const QStyleOptionGroupBox& group);

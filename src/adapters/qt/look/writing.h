@@ -19,6 +19,7 @@ void renew(QWidget& widget);
 /// The font of a group's title; what stands in the group is written as elsewhere.
 QFont fontOfTitle(const QStyleOptionGroupBox& group);
 
+/// Writes that title into its place.
 void titleOfGroup(QPainter& painter, const QStyleOptionGroupBox& group, const QRect& place);
 
 } // namespace opd::qt::writing

@@ -2,6 +2,8 @@
 
 #include "adapters/qt/views/control_view.h"
 
+#include <QAbstractButton>
+
 namespace opd::qt {
 
 /// A button that is pressed.

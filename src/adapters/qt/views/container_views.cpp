@@ -3,7 +3,6 @@
 #include "adapters/qt/basics/qt_text.h"
 
 #include <QGroupBox>
-#include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
 

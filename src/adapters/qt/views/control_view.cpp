@@ -39,6 +39,13 @@ bool isDate(const ui::Control& picker) {
 
 } // namespace
 
+template <class Deed> void ControlView::forEachPart(const Deed& deed) const {
+    if (m_widget != nullptr)
+        deed(*m_widget);
+    if (m_label != nullptr)
+        deed(*m_label);
+}
+
 ControlView::ControlView(ui::Control& control, QWidget* widget, QLabel* label)
     : m_control(control), m_widget(widget), m_label(label) {
     if (m_label != nullptr)
@@ -48,14 +55,12 @@ ControlView::ControlView(ui::Control& control, QWidget* widget, QLabel* label)
 }
 
 void ControlView::show(ui::Aspect aspect) {
-    for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)}) {
-        if (part == nullptr)
-            continue;
+    forEachPart([&](QWidget& part) {
         if (aspect == ui::Aspect::Enabled)
-            part->setEnabled(m_control.enabled());
+            part.setEnabled(m_control.enabled());
         else if (aspect == ui::Aspect::Visible)
-            setVisible(*part, m_control.visible());
-    }
+            setVisible(part, m_control.visible());
+    });
     if (aspect == ui::Aspect::Caption && m_label != nullptr)
         m_label->setText(toQt(m_control.caption()));
     else if (aspect == ui::Aspect::Refusal || aspect == ui::Aspect::Need)
@@ -72,9 +77,8 @@ void ControlView::setSpoken(const QString& name, const QString& tip) {
     if (m_control.refusal().empty() && !m_control.isNeeded())
         m_widget->setAccessibleDescription(m_description);
     m_tip = tip;
-    for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)})
-        if (part != nullptr && m_control.refusal().empty())
-            part->setToolTip(tip);
+    if (m_control.refusal().empty())
+        forEachPart([&](QWidget& part) { part.setToolTip(tip); });
 }
 
 // A coloured frame for the eye, the reason for the mouse and for a screen reader; an edge for what is still missing.
@@ -85,15 +89,13 @@ void ControlView::showMarks() {
     const QString description = reason.isEmpty() ? unrefused.trimmed() : reason;
     if (m_widget == nullptr || m_widget->accessibleDescription() == description)
         return;
-    for (QWidget* part : {m_widget, static_cast<QWidget*>(m_label)}) {
-        if (part == nullptr)
-            continue;
-        part->setProperty("refused", !reason.isEmpty());
-        part->setProperty("needed", isNeeded);
-        part->setToolTip(reason.isEmpty() ? m_tip : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
-        part->setAccessibleDescription(description);
-        restyle(*part);
-    }
+    forEachPart([&](QWidget& part) {
+        part.setProperty("refused", !reason.isEmpty());
+        part.setProperty("needed", isNeeded);
+        part.setToolTip(reason.isEmpty() ? m_tip : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
+        part.setAccessibleDescription(description);
+        restyle(part);
+    });
 }
 
 void ControlView::letThrough(const std::function<void()>& input) {

@@ -2,7 +2,6 @@
 
 #include "ui/window.h"
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QPoint>
 #include <QString>
@@ -75,7 +74,16 @@ class ControlView {
     ui::Window& window() const { return m_control.window(); }
     bool isReleased() const { return m_released; }
 
+    /// Tells the window what the field holds by now.
+    template <class Box> void forward(Box& box, const std::string& content) const {
+        if (m_passed)
+            window().edited(box, content);
+        else
+            window().written(box, content);
+    }
+
   private:
+    template <class Deed> void forEachPart(const Deed& deed) const;
     void showMarks();
 
     ui::Control& m_control;

@@ -1,7 +1,6 @@
 #include "adapters/qt/views/date_view.h"
 
 #include "adapters/qt/basics/qt_text.h"
-#include "adapters/qt/views/calendar_popup.h"
 #include "adapters/qt/views/masked_line.h"
 
 #include <QKeyEvent>
@@ -39,23 +38,18 @@ class ArrowWatch final : public QObject {
 } // namespace
 
 DateView::DateView(ui::DatePicker& picker, QWidget* widget, QLabel* label)
-    : ControlView(picker, widget, label), m_picker(picker), m_edit(static_cast<QLineEdit*>(widget)) {
-    masked::setMask(*m_edit, mask);
-    const auto opensAt = [this] {
-        const DateTime& day = m_picker.value();
-        return QDate(day.year, day.month, day.day);
-    };
-    const auto picked = [this](const QDate& day) {
-        const DateTime& now = m_picker.value();
-        window().edited(m_picker, DateTime{day.year(), day.month(), day.day(), now.hour, now.minute, now.second});
-        selectContent();
-    };
-    m_calendar = new CalendarButton(*m_edit, opensAt, picked);
-    new ArrowWatch(*m_edit, [this](ui::Key arrow) { // the line owns both
+    : CalendarLineView(picker, widget, label), m_picker(picker) {
+    masked::setMask(line(), mask);
+    addCalendar([this] { return m_picker.value(); },
+                [this](const DateTime& day) {
+                    const DateTime& now = m_picker.value();
+                    window().edited(m_picker, DateTime{day.year, day.month, day.day, now.hour, now.minute, now.second});
+                });
+    new ArrowWatch(line(), [this](ui::Key arrow) { // the line owns it
         window().step({.key = arrow});
         selectContent();
     });
-    QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this] {
+    QObject::connect(&line(), &QLineEdit::textChanged, &line(), [this] {
         if (!isWriting())
             follow();
     });
@@ -63,14 +57,14 @@ DateView::DateView(ui::DatePicker& picker, QWidget* widget, QLabel* label)
 
 void DateView::follow() {
     const std::string text = fromQt(shownText());
-    if (hasPassed() || m_edit->hasFocus())
+    if (hasPassed() || line().hasFocus())
         window().edited(m_picker, text);
     else
         window().written(m_picker, text);
 }
 
 void DateView::show(ui::Aspect aspect) {
-    ControlView::show(aspect);
+    CalendarLineView::show(aspect);
     if (aspect == ui::Aspect::Text)
         showText();
 }
@@ -78,37 +72,23 @@ void DateView::show(ui::Aspect aspect) {
 void DateView::showText() {
     const QString text = toQt(m_picker.shownText());
     if (text != shownText())
-        write([&] { masked::show(*m_edit, text); });
-}
-
-void DateView::setSpoken(const QString& name, const QString& tip) {
-    ControlView::setSpoken(name, tip);
-    m_calendar->nameAfter(name);
-}
-
-void DateView::selectContent() {
-    m_edit->setCursorPosition(0);
-    m_edit->selectAll();
+        write([&] { masked::show(line(), text); });
 }
 
 void DateView::insert(const QString& text) {
-    masked::insert(*m_edit, mask, text);
-}
-
-void DateView::placeCursor(const QPoint& point) {
-    m_edit->setCursorPosition(m_edit->cursorPositionAt(point));
+    masked::insert(line(), mask, text);
 }
 
 bool DateView::takes(char32_t character) {
-    return masked::takes(*m_edit, mask, character);
+    return masked::takes(line(), mask, character);
 }
 
 QString DateView::selection() const {
-    return masked::blanked(m_edit->selectedText());
+    return masked::blanked(line().selectedText());
 }
 
 QString DateView::shownText() const {
-    return masked::text(*m_edit);
+    return masked::text(line());
 }
 
 } // namespace opd::qt

@@ -2,7 +2,6 @@
 
 #include "adapters/qt/basics/qt_text.h"
 #include "adapters/qt/look/restyle.h"
-#include "adapters/qt/views/calendar_popup.h"
 #include "adapters/qt/views/masked_line.h"
 #include "base/clock/date_text.h"
 #include "base/text/text.h"
@@ -60,12 +59,8 @@ TextView::TextView(ui::TextBox& box, QWidget* widget, QLabel* label)
     setReadOnly(*m_edit, box.readOnly);
     m_edit->setMaxLength(anyLength);
     QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this](const QString& text) {
-        if (isWriting())
-            return;
-        if (hasPassed())
-            window().edited(m_box, qt::fromQt(text));
-        else
-            window().written(m_box, qt::fromQt(text));
+        if (!isWriting())
+            forward(m_box, qt::fromQt(text));
     });
 }
 
@@ -117,11 +112,7 @@ MemoView::MemoView(ui::TextBox& box, QWidget* widget, QLabel* label)
 void MemoView::follow() {
     if (isWriting() || m_edit->toPlainText() == inLines(qt::toQt(m_box.text())))
         return;
-    const std::string text = qt::fromQt(shownText());
-    if (hasPassed())
-        window().edited(m_box, text);
-    else
-        window().written(m_box, text);
+    forward(m_box, qt::fromQt(shownText()));
 }
 
 void MemoView::show(ui::Aspect aspect) {
@@ -160,109 +151,78 @@ QString MemoView::shownText() const {
 }
 
 MaskedView::MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label)
-    : ControlView(box, widget, label), m_box(box), m_edit(static_cast<QLineEdit*>(widget)) {
-    m_edit->setMaxLength(anyLength);
+    : CalendarLineView(box, widget, label), m_box(box) {
+    line().setMaxLength(anyLength);
     if (box.offersCalendar)
-        addCalendar();
-    // text() leaves the blanks out; what is displayed is what the rules look at.
-    QObject::connect(m_edit, &QLineEdit::textChanged, m_edit, [this] {
-        if (isWriting())
-            return;
-        if (hasPassed())
-            window().edited(m_box, qt::fromQt(typed()));
-        else
-            window().written(m_box, qt::fromQt(typed()));
+        offerCalendar();
+    QObject::connect(&line(), &QLineEdit::textChanged, &line(), [this] {
+        if (!isWriting())
+            forward(m_box, qt::fromQt(shownText()));
     });
 }
 
 void MaskedView::show(ui::Aspect aspect) {
-    ControlView::show(aspect);
+    CalendarLineView::show(aspect);
     if (aspect == ui::Aspect::Text)
         write([this] { showText(); });
 }
 
 void MaskedView::showText() {
-    const QString before = m_edit->inputMask();
-    masked::setMask(*m_edit, m_box.mask());
+    const QString before = line().inputMask();
+    masked::setMask(line(), m_box.mask());
     if (m_box.mask().empty() && !before.isEmpty())
-        m_edit->setMaxLength(anyLength);
-    if (typed() == qt::toQt(m_box.text()))
+        line().setMaxLength(anyLength);
+    if (shownText() == qt::toQt(m_box.text()))
         return;
     const QString text = m_box.isBlank() ? QString() : qt::toQt(m_box.text());
     if (!m_box.mask().empty()) {
-        masked::show(*m_edit, text);
+        masked::show(line(), text);
         return;
     }
-    m_edit->setText(text);
-    m_edit->setCursorPosition(static_cast<int>(text.size()));
+    line().setText(text);
+    line().setCursorPosition(static_cast<int>(text.size()));
 }
 
 // A picked date comes as a typed one does, and is asked about when the box is left.
-void MaskedView::addCalendar() {
-    const auto opensAt = [this] {
-        const DateTime date = parseDate(m_box.text()).value_or(m_box.calendarDay);
-        return QDate(date.year, date.month, date.day);
-    };
-    const auto picked = [this](const QDate& day) {
-        window().edited(m_box, dateText({day.year(), day.month(), day.day(), 0, 0, 0}));
-        selectContent();
-    };
-    m_calendar = new CalendarButton(*m_edit, opensAt, picked); // the field owns it
-}
-
-void MaskedView::setSpoken(const QString& name, const QString& tip) {
-    ControlView::setSpoken(name, tip);
-    if (m_calendar != nullptr)
-        m_calendar->nameAfter(name);
-}
-
-void MaskedView::selectContent() {
-    m_edit->setCursorPosition(0);
-    m_edit->selectAll();
+void MaskedView::offerCalendar() {
+    addCalendar([this] { return parseDate(m_box.text()).value_or(m_box.calendarDay); },
+                [this](const DateTime& day) { window().edited(m_box, dateText(day)); });
 }
 
 void MaskedView::insert(const QString& text) {
     if (m_box.mask().empty()) {
-        m_edit->insert(fitted(text));
+        line().insert(fitted(text));
         return;
     }
-    masked::insert(*m_edit, m_box.mask(), text);
-}
-
-void MaskedView::placeCursor(const QPoint& point) {
-    m_edit->setCursorPosition(m_edit->cursorPositionAt(point));
+    masked::insert(line(), m_box.mask(), text);
 }
 
 bool MaskedView::takes(char32_t character) {
-    return !m_box.mask().empty() && masked::takes(*m_edit, m_box.mask(), character);
+    return !m_box.mask().empty() && masked::takes(line(), m_box.mask(), character);
 }
 
 // Wherever an empty date is clicked, typing starts with the month.
 void MaskedView::clickedInto() {
     if (m_box.isBlank())
-        m_edit->setCursorPosition(0);
+        line().setCursorPosition(0);
 }
 
 QString MaskedView::fitted(const QString& text) const {
     if (!m_box.mask().empty())
         return text;
-    return fittingPart(text, m_box, m_edit->text().size() - m_edit->selectedText().size());
+    return fittingPart(text, m_box, line().text().size() - line().selectedText().size());
 }
 
 QString MaskedView::selection() const {
-    return blanked(m_edit->selectedText());
+    return blanked(line().selectedText());
 }
 
 QString MaskedView::blanked(const QString& text) const {
     return m_box.mask().empty() ? text : masked::blanked(text);
 }
 
-QString MaskedView::typed() const {
-    return blanked(m_edit->displayText());
-}
-
 QString MaskedView::shownText() const {
-    return typed();
+    return blanked(line().displayText());
 }
 
 TimeView::TimeView(ui::DatePicker& picker, QWidget* widget, QLabel* label)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/qt/views/control_view.h"
+#include "adapters/qt/views/calendar_line_view.h"
 
 class QComboBox;
 class QDateTimeEdit;
@@ -8,8 +8,6 @@ class QLineEdit;
 class QPlainTextEdit;
 
 namespace opd::qt {
-
-class CalendarButton;
 
 /// A text in one line.
 class TextView final : public ControlView {
@@ -44,7 +42,6 @@ class MemoView final : public ControlView {
 
   private:
     void follow();
-    void replace(const QString& text);
 
     ui::TextBox& m_box;
     QPlainTextEdit* m_edit;
@@ -52,15 +49,12 @@ class MemoView final : public ControlView {
 
 /// A date typed into a mask: the separators stand, eight digits are typed or a whole date is pasted. The box may change
 /// its mask, and then be one for any text.
-class MaskedView final : public ControlView {
+class MaskedView final : public CalendarLineView {
   public:
     MaskedView(ui::MaskedBox& box, QWidget* widget, QLabel* label);
 
     void show(ui::Aspect aspect) override;
-    void setSpoken(const QString& name, const QString& tip) override;
-    void selectContent() override;
     void insert(const QString& text) override;
-    void placeCursor(const QPoint& point) override;
     bool takes(char32_t character) override;
     void clickedInto() override;
     QString fitted(const QString& text) const override;
@@ -69,13 +63,10 @@ class MaskedView final : public ControlView {
 
   private:
     QString blanked(const QString& text) const;
-    QString typed() const;
-    void addCalendar();
+    void offerCalendar();
     void showText();
 
     ui::MaskedBox& m_box;
-    QLineEdit* m_edit;
-    CalendarButton* m_calendar = nullptr;
 };
 
 /// A time of day.

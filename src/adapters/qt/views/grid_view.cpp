@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
-#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTextDocument>
@@ -106,13 +105,13 @@ GridView::GridView(ui::Grid& grid, QWidget* widget)
     prepare();
     QObject::connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, m_table,
                      [this](const QModelIndex& current) {
-                         if (!m_writing && current.isValid())
+                         if (!isWriting() && !isReleased() && current.isValid())
                              window().pickedCell(m_grid, current.row() + 1, current.column());
                      });
     // A click beside the cells takes the mark off the current one, which it still is.
     QObject::connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, m_table, [this] {
-        if (!m_writing && !m_table->selectionModel()->hasSelection())
-            showCurrentCell();
+        if (!isWriting() && !isReleased() && !m_table->selectionModel()->hasSelection())
+            write([this] { showCurrentCell(); });
         QMetaObject::invokeMethod(
             m_table, [this] { followMark(); }, Qt::QueuedConnection);
     });
@@ -129,7 +128,7 @@ void GridView::followMark() {
     if (window().requestFocus(m_grid))
         m_table->setCurrentIndex(wanted);
     else
-        showCurrentCell();
+        write([this] { showCurrentCell(); });
 }
 
 void GridView::prepare() {
@@ -151,22 +150,22 @@ void GridView::prepare() {
 
 void GridView::show(ui::Aspect aspect) {
     ControlView::show(aspect);
-    if (aspect == ui::Aspect::Table)
-        showTable();
-    else if (aspect == ui::Aspect::Cells)
-        showCells();
-    if (aspect == ui::Aspect::Table || aspect == ui::Aspect::Cells || aspect == ui::Aspect::CurrentCell)
-        showCurrentCell();
+    write([&] {
+        if (aspect == ui::Aspect::Table)
+            showTable();
+        else if (aspect == ui::Aspect::Cells)
+            showCells();
+        if (aspect == ui::Aspect::Table || aspect == ui::Aspect::Cells || aspect == ui::Aspect::CurrentCell)
+            showCurrentCell();
+    });
 }
 
 void GridView::showCells() {
-    const QScopedValueRollback writing(m_writing, true);
     m_rows.replaced();
     m_columns->rowsReplaced();
 }
 
 void GridView::showTable() {
-    const QScopedValueRollback writing(m_writing, true);
     m_rows.replaced();
     std::vector<int> widths;
     for (const ui::Grid::Column& column : m_grid.columns())
@@ -176,7 +175,6 @@ void GridView::showTable() {
 }
 
 void GridView::showCurrentCell() {
-    const QScopedValueRollback writing(m_writing, true);
     int column = m_grid.currentColumn();
     while (column < m_rows.columnCount() && m_table->isColumnHidden(column))
         ++column;
@@ -197,7 +195,6 @@ QString GridView::shownText() const {
 
 void GridView::release() {
     ControlView::release();
-    m_writing = true;
     m_rows.detach();
 }
 

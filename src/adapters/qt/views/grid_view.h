@@ -66,7 +66,6 @@ class GridView final : public ControlView {
     GridTable m_rows;
     EmptyTableClicks m_emptyClicks;
     std::optional<GridColumns> m_columns;
-    bool m_writing = false; // the selection follows the model and is no choice of the clerk
 };
 
 } // namespace opd::qt

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/basics/qt_image.h"
 #include "adapters/qt/basics/qt_text.h"
+#include "adapters/qt/look/colours.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -20,14 +21,13 @@ QPixmap magnifier(int frame, qreal scale) {
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor rim(0x1f, 0x5a, 0x7a);
-    painter.setPen(QPen(rim, 6, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(colours::title, 6, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(25.5, 25.5), QPointF(34.5, 34.5));
     const bool gleams = frame % 2 != 0;
-    painter.setPen(QPen(rim, 3));
-    painter.setBrush(gleams ? QColor(0xff, 0xf4, 0xcc) : QColor(0xff, 0xff, 0xff));
+    painter.setPen(QPen(colours::title, 3));
+    painter.setBrush(gleams ? colours::gleamOfLens : colours::paper);
     painter.drawEllipse(QPointF(16, 16), 11.5, 11.5);
-    painter.setPen(QPen(gleams ? QColor(0xf0, 0xb4, 0x29) : QColor(0xb8, 0xc8, 0xd3), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(gleams ? colours::primaryInUse : colours::edgeOfLens, 2, Qt::SolidLine, Qt::RoundCap));
     painter.drawArc(QRectF(9, 9, 14, 14), (gleams ? 20 : 110) * 16, 60 * 16);
     return pixmap;
 }

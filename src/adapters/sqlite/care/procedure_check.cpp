@@ -11,13 +11,8 @@ namespace opd::adapters::sqlite {
 
 namespace {
 
-const Clock& machineClock() {
-    static const os::SystemClock clock;
-    return clock;
-}
-
 Database opened(const std::filesystem::path& folder) {
-    return {databaseFile(folder), Database::Mode::Existing, machineClock()};
+    return {databaseFile(folder), Database::Mode::Existing, os::machineClock()};
 }
 
 /// Has the engine read every statement of the body, which names a table or column that is not there.

@@ -81,7 +81,7 @@ void createDatabase(const std::filesystem::path& folder, const DatabaseOptions& 
     refuseUsedFolder(folder);
     os::makeFolderForGroup(folder);
     const UnfinishedFile file(databaseFile(folder));
-    const FixedClock clock(options.now ? *options.now : os::SystemClock{}.now());
+    const FixedClock clock(options.now.value_or(os::machineClock().now()));
     {
         Database database(file.path(), Database::Mode::Create, clock);
         fill(database, options, clock.now().date(), progress);

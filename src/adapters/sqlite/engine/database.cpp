@@ -3,7 +3,6 @@
 #include "adapters/sqlite/engine/errors.h"
 #include "adapters/sqlite/engine/functions.h"
 #include "base/clock/date_text.h"
-#include "base/text/text.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -3,6 +3,7 @@
 #include "base/clock/date_text.h"
 #include "base/os/identity.h"
 #include "base/text/folding.h"
+#include "base/text/plain.h"
 #include "base/text/text.h"
 
 #include <algorithm>
@@ -32,35 +33,17 @@ void answer(sqlite3_context* context, const std::string& text) {
     sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
-bool isAscii(char character) {
-    return static_cast<unsigned char>(character) < 0x80;
-}
-
-char asciiUpper(char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 32) : character;
-}
-
-std::string_view withoutTrailingBlanks(std::string_view text) {
-    const std::size_t last = text.find_last_not_of(' ');
-    return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
-}
-
-std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view{} : withoutTrailingBlanks(text.substr(first));
-}
-
 /// As the hospital's server compares. Most texts part before a character that is not plain.
 int compare(std::string_view left, std::string_view right) {
-    left = withoutTrailingBlanks(left);
-    right = withoutTrailingBlanks(right);
+    left = text::withoutEndBlanks(left);
+    right = text::withoutEndBlanks(right);
     for (auto one = left.begin(), other = right.begin();; ++one, ++other) {
         std::tie(one, other) = std::mismatch(one, left.end(), other, right.end());
         if (one == left.end() || other == right.end())
             break;
-        if (!isAscii(*one) || !isAscii(*other))
+        if (!text::isPlain(*one) || !text::isPlain(*other))
             return text::upper(left).compare(text::upper(right));
-        if (const int difference = asciiUpper(*one) - asciiUpper(*other); difference != 0)
+        if (const int difference = text::plainUpper(*one) - text::plainUpper(*other); difference != 0)
             return difference;
     }
     return left.size() == right.size() ? 0 : left.size() < right.size() ? -1 : 1;
@@ -75,7 +58,7 @@ int compareText(void*, int leftSize, const void* left, int rightSize, const void
 char nextInNumber(std::string_view number, std::size_t& at) {
     while (at < number.size() && (number[at] == ' ' || number[at] == '-'))
         ++at;
-    return at < number.size() ? asciiUpper(number[at++]) : '\0';
+    return at < number.size() ? text::plainUpper(number[at++]) : '\0';
 }
 
 /// Compares numbers that are written with or without blanks and hyphens.
@@ -165,36 +148,34 @@ void fitGivenNamesFunction(sqlite3_context* context, int, sqlite3_value** argume
     sqlite3_result_int(context, fitGivenNames(textOf(arguments[0]), textOf(arguments[1]), textOf(arguments[2])));
 }
 
-constexpr double daysOfYear = 365.25;
-
-/// Whole years from a birth date to a day, as the desk counts them: days divided by 365.25.
+/// Whole years from a birth date to a day, as the desk counts them.
 void ageOn(sqlite3_context* context, int, sqlite3_value** arguments) {
     const std::optional<DateTime> born = parseDate(viewOf(arguments[0]));
     const std::optional<DateTime> today = parseDate(viewOf(arguments[1]));
     if (born && today)
-        sqlite3_result_int(context,
-                           static_cast<int>(std::floor(static_cast<double>(daysBetween(*born, *today)) / daysOfYear)));
+        sqlite3_result_int(context, yearsBetween(*born, *today));
+}
+
+/// How many days it takes at the least to complete an age.
+long daysOf(double years) {
+    return static_cast<long>(std::ceil(years * daysOfYear));
 }
 
 /// The day on which somebody was born who completes the age on a day, at the latest.
 void bornUntil(sqlite3_context* context, int, sqlite3_value** arguments) {
     if (const std::optional<DateTime> today = parseDate(viewOf(arguments[1])))
-        answer(context,
-               isoDateText(addDays(today->date(),
-                                   -static_cast<long>(std::ceil(sqlite3_value_double(arguments[0]) * daysOfYear)))));
+        answer(context, isoDateText(addDays(today->date(), -daysOf(sqlite3_value_double(arguments[0])))));
 }
 
 /// The same at the earliest: a day later the next year is complete.
 void bornFrom(sqlite3_context* context, int, sqlite3_value** arguments) {
     if (const std::optional<DateTime> today = parseDate(viewOf(arguments[1])))
-        answer(context,
-               isoDateText(addDays(today->date(), 1 - static_cast<long>(std::ceil(
-                                                          (sqlite3_value_double(arguments[0]) + 1) * daysOfYear)))));
+        answer(context, isoDateText(addDays(today->date(), 1 - daysOf(sqlite3_value_double(arguments[0]) + 1))));
 }
 
 void addressText(sqlite3_context* context, int, sqlite3_value** arguments) {
-    const std::string_view street = withoutBlanks(viewOf(arguments[0]));
-    const std::string_view barangay = withoutBlanks(viewOf(arguments[1]));
+    const std::string_view street = text::withoutBlanks(viewOf(arguments[0]));
+    const std::string_view barangay = text::withoutBlanks(viewOf(arguments[1]));
     static thread_local std::string address; // one room for thousands of rows
     address.assign(street).append(street.empty() || barangay.empty() ? "" : ", ").append(barangay);
     answer(context, address);

@@ -11,4 +11,9 @@ DateTime SystemClock::now() const {
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
 }
 
+const Clock& machineClock() {
+    static const SystemClock clock;
+    return clock;
+}
+
 } // namespace opd::os

@@ -102,7 +102,7 @@ TEST(HospitalSettings, EveryFlagFollowsTheColumnOfItsNameAloneAndAnEmptyTableCha
     HospitalSession hospital;
     ado::Recordset settings;
     settings.Open("Select * from Patient_Data..tbHospitalInfo", *hospital.globals.gConnection);
-    std::vector<std::string> columns = settings.all().columns;
+    std::vector<std::string> columns = settings.all().columns.names();
     std::erase_if(columns, [](const std::string& name) {
         return name == "ClientName" || name == "Company" || name == "Address1";
     });

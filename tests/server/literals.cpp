@@ -20,16 +20,18 @@ class LiteralReader {
     LiteralRow row() {
         expect("SELECT");
         LiteralRow result;
+        std::vector<std::string> names;
         result.row.rows.emplace_back();
         do {
             auto [type, value] = item();
             result.types.push_back(type);
             result.row.rows.front().push_back(std::move(value));
             take("AS");
-            result.row.columns.push_back(word());
+            names.push_back(word());
         } while (take(","));
         if (!m_rest.empty())
             throw NotLiteral{};
+        result.row.columns = std::move(names);
         return result;
     }
 

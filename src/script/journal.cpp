@@ -53,7 +53,7 @@ std::string whatIsChosen(const ui::Control& control) {
 std::string appearance(const ui::Control& control) {
     std::string seen = quoted(control.shownText()) + whatIsChosen(control);
     if (!control.caption().empty() && control.caption() != control.shownText())
-        seen += " called " + quoted(control.caption());
+        seen += " called " + quoted(std::string{control.caption()});
     if (!control.visible())
         seen += " hidden";
     if (!control.enabled())
@@ -61,7 +61,7 @@ std::string appearance(const ui::Control& control) {
     if (control.isNeeded())
         seen += " needed";
     if (!control.refusal().empty())
-        seen += " refused " + quoted(control.refusal());
+        seen += " refused " + quoted(std::string{control.refusal()});
     return seen;
 }
 
@@ -79,7 +79,7 @@ void addTable(const ui::Grid& grid, std::vector<Part>& parts) {
 
 /// All that one sees of a window, part by part.
 std::vector<Part> pictureOf(const ui::Window& window) {
-    std::vector<Part> parts{{"caption", quoted(window.caption())},
+    std::vector<Part> parts{{"caption", quoted(std::string{window.caption()})},
                             {"status", quoted(window.statusLine())},
                             {"focus", window.focus() == nullptr ? "-" : window.focus()->name()}};
     std::vector<ui::Control*> everything;

@@ -33,23 +33,21 @@ class Silence {
     }
     ~Silence() {
         m_window.onContentChange = std::move(m_ofWindow);
-        for (auto& [place, handler] : m_taken)
-            *place = std::move(handler);
+        for (auto& [place, event] : m_taken)
+            *place = std::move(event);
     }
     Silence(const Silence&) = delete;
     Silence& operator=(const Silence&) = delete;
 
   private:
-    using Handler = std::function<void()>;
-
-    void take(Handler& handler) {
-        if (handler)
-            m_taken.emplace_back(&handler, std::exchange(handler, nullptr));
+    void take(Event<>& event) {
+        if (event)
+            m_taken.emplace_back(&event, std::exchange(event, nullptr));
     }
 
     Window& m_window;
     std::function<void(Control&)> m_ofWindow;
-    std::vector<std::pair<Handler*, Handler>> m_taken;
+    std::vector<std::pair<Event<>*, Event<>>> m_taken;
 };
 
 /// An entry by its position where it still reads so, or else the text.

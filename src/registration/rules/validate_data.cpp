@@ -127,10 +127,10 @@ std::vector<ui::Control*> missingFields(Fields& fields, const Globals& globals) 
 void bindMarks(Fields& fields) {
     const auto takeBack = [&fields] { takeBackMarks(fields); };
     for (const Rule& rule : rulesOf(fields))
-        alsoOn(rule.field.onChange, takeBack);
+        rule.field.onChange.also(takeBack);
     for (ui::OptionButton* choice :
          {&fields.header.male, &fields.header.female, &fields.personal.insured, &fields.personal.notInsured})
-        alsoOn(choice->onClick, takeBack);
+        choice->onClick.also(takeBack);
 }
 
 } // namespace opd::registration

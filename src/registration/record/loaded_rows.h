@@ -2,7 +2,7 @@
 
 #include "data/rows.h"
 
-#include <vector>
+#include <deque>
 
 namespace opd::registration {
 
@@ -11,9 +11,9 @@ class LoadedRows {
   public:
     using Open = ado::Recordset (*)(const Session&, const ado::Statement&, ado::CursorType, ado::LockType);
 
-    /// Asks the database and keeps what it answers. Throws ado::Error.
-    ado::Recordset ask(const Session& session, const ado::Statement& statement,
-                       ado::LockType lock = ado::LockType::ReadOnly, Open open = &data::openClient);
+    /// Asks the database and keeps what it answers, at the same place as long as this lives. Throws ado::Error.
+    const ado::Recordset& ask(const Session& session, const ado::Statement& statement,
+                              ado::LockType lock = ado::LockType::ReadOnly, Open open = &data::openClient);
 
     /// Asks everything again, in the same order and the same way. False at the first answer that is another one by now.
     /// Throws ado::Error.
@@ -24,10 +24,10 @@ class LoadedRows {
         ado::Statement statement;
         ado::LockType lock;
         Open open;
-        ado::ResultSet answer;
+        ado::Recordset answer;
     };
 
-    std::vector<Asked> m_asked;
+    std::deque<Asked> m_asked;
 };
 
 } // namespace opd::registration

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ado/columns.h"
 #include "ado/value.h"
 
 #include <chrono>
@@ -70,7 +71,7 @@ struct Call {
 
 /// What a statement answers, read whole.
 struct ResultSet {
-    std::vector<std::string> columns;
+    Columns columns;
     std::vector<std::vector<Value>> rows;
     bool rowCountKnown = true; ///< false when the provider's cursor cannot count
 };

@@ -1,7 +1,6 @@
 #include "ado/recordset.h"
 
 #include "ado/error.h"
-#include "base/text/text.h"
 
 namespace opd::ado {
 
@@ -30,11 +29,8 @@ bool Recordset::EndOfFile() const {
 const Value& Recordset::Fields(std::string_view name) const {
     if (EndOfFile())
         throw Error("The result has no current row to read \"" + std::string{name} + "\" from.", "Recordset");
-    // Most names are told apart by their length: a form asks for every column of rows with many.
-    const std::vector<std::string>& columns = m_rows->columns;
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        if (columns[i].size() == name.size() && text::equalsIgnoringCase(columns[i], name))
-            return m_rows->rows[m_current][i];
+    if (const std::optional<std::size_t> place = m_rows->columns.find(name))
+        return m_rows->rows[m_current][*place];
     throw Error("The result has no column \"" + std::string{name} + "\".", "Recordset", 3265);
 }
 

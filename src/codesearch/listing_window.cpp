@@ -22,7 +22,8 @@ std::vector<ui::Grid::Column> columnsOf(const Listing& listing) {
 
 ListingWindow::ListingWindow(ui::Desktop& desktop, const Listing& listing, ado::ResultSet rows,
                              const std::string& company)
-    : m_desktop(desktop), m_listing(listing), m_rows(std::move(rows)), m_window("frmCodeSearch", listing.title) {
+    : m_desktop(desktop), m_listing(listing), m_rows(std::move(rows)), m_window("frmCodeSearch") {
+    m_window.setCaption(listing.title);
     m_fields.lblTitle.setCaption(listing.title);
     m_fields.lblCompany.setCaption(company);
     bind();

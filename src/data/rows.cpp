@@ -1,9 +1,6 @@
 #include "data/rows.h"
 
 #include "ado/error.h"
-#include "base/text/text.h"
-
-#include <algorithm>
 
 namespace opd::data {
 
@@ -42,9 +39,7 @@ std::string textOf(const ado::Recordset& rows, std::string_view column) {
 }
 
 bool hasColumn(const ado::Recordset& rows, std::string_view column) {
-    const auto& columns = rows.all().columns;
-    return std::any_of(columns.begin(), columns.end(),
-                       [column](const auto& name) { return text::equalsIgnoringCase(name, column); });
+    return rows.all().columns.find(column).has_value();
 }
 
 void reportFailure(const Session& session, const std::exception& failure) {

@@ -125,11 +125,10 @@ void RegistrationForm::bindButtons() {
 
 // A button that nothing is bound to is shown, and not offered.
 void RegistrationForm::disableIdleButtons() {
-    std::vector<ui::Control*> everything;
-    m_window.collect(everything);
-    for (ui::Control* control : everything)
-        if (control->kind() == ui::Kind::Button && !control->onClick)
-            control->setEnabled(false);
+    m_window.forEach([](ui::Control& control) {
+        if (control.kind() == ui::Kind::Button && !control.onClick)
+            control.setEnabled(false);
+    });
 }
 
 bool RegistrationForm::validate() {

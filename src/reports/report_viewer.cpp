@@ -81,7 +81,7 @@ void frmReportViewer::tellNoPrinter(const std::string& name) {
     const std::string fact = name.empty() ? "There is no printer on this workstation."
                                           : "The printer \"" + name + "\" is not there any more.";
     m_session.desktop.ask({.text = fact + " The report can still be read here and saved as a PDF file.",
-                           .caption = m_window.caption(),
+                           .caption = std::string{m_window.caption()},
                            .icon = ui::Icon::Exclamation});
 }
 

@@ -10,7 +10,7 @@ struct ReportViewerFields {
     explicit ReportViewerFields(ui::Container& form) : window(form) {
         struct Sign {
             ui::Button& button;
-            const char* name;
+            ui::Literal name;
             const char* key;
         };
         const Sign signs[] = {{cmdFirstPage, "First page", " (Home)"},
@@ -22,7 +22,7 @@ struct ReportViewerFields {
                               {cmdShow, "Toolbar", ": put away or brought back"}};
         for (const Sign& sign : signs) {
             sign.button.spokenName = sign.name;
-            sign.button.tip = std::string{sign.name} + sign.key;
+            sign.button.tip.set(std::string{sign.name} + sign.key);
         }
         CRViewer1.spokenName = "Report";
     }

@@ -47,7 +47,7 @@ std::string whatIsChosen(const ui::Control& control) {
 std::string appearance(const ui::Control& control) {
     std::string seen = quoted(control.shownText()) + whatIsChosen(control);
     if (!control.caption().empty() && control.caption() != control.shownText())
-        seen += " called " + quoted(control.caption());
+        seen += " called " + quoted(std::string{control.caption()});
     if (!control.visible())
         seen += " hidden";
     if (!control.enabled())
@@ -55,7 +55,7 @@ std::string appearance(const ui::Control& control) {
     if (control.isNeeded())
         seen += " needed";
     if (!control.refusal().empty())
-        seen += " refused " + quoted(control.refusal());
+        seen += " refused " + quoted(std::string{control.refusal()});
     return seen;
 }
 
@@ -73,7 +73,7 @@ void addTable(const ui::Grid& grid, std::vector<Part>& parts) {
 
 /// All that one sees of a window, part by part.
 std::vector<Part> pictureOf(const ui::Window& window) {
-    std::vector<Part> parts{{"caption", quoted(window.caption())},
+    std::vector<Part> parts{{"caption", quoted(std::string{window.caption()})},
                             {"status", quoted(window.statusLine())},
                             {"focus", window.focus() == nullptr ? "-" : window.focus()->name()}};
     for (const ui::Control* control : window.everything()) {

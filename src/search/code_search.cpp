@@ -46,17 +46,22 @@ bool clsSearch::takeOnly(const ado::Recordset& rows) {
     return true;
 }
 
+frmSearchNew& clsSearch::dialog() {
+    return m_dialog ? *m_dialog : m_dialog.emplace(m_session);
+}
+
 bool clsSearch::choose(const std::string& caption, const std::string& criteria, const std::string& query,
                        const std::string& present) {
-    m_dialog.SearchCaption = caption;
-    m_dialog.Criteria = criteria;
-    m_dialog.Query = query;
-    m_dialog.PresentCode = present;
-    m_dialog.showModal();
-    if (!m_dialog.Valid())
+    frmSearchNew& asked = dialog();
+    asked.SearchCaption = caption;
+    asked.Criteria = criteria;
+    asked.Query = query;
+    asked.PresentCode = present;
+    asked.showModal();
+    if (!asked.Valid())
         return false;
-    m_code = m_dialog.Code();
-    m_description = m_dialog.Description();
+    m_code = asked.Code();
+    m_description = asked.Description();
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "search/search_new.h"
 #include "session/session.h"
 
+#include <optional>
 #include <string>
 
 namespace opd::search {
@@ -11,7 +12,7 @@ namespace opd::search {
 /// search dialog. A failed search leaves the values of the last successful one. Each search throws ado::Error.
 class clsSearch {
   public:
-    explicit clsSearch(Session& session) : m_session(session), m_dialog(session) {}
+    explicit clsSearch(Session& session) : m_session(session) {}
 
     /// The dialog opens on the row of the code `present`, where it has one.
     bool SearchBarangay(const std::string& code, const std::string& present = {});
@@ -24,7 +25,8 @@ class clsSearch {
     const std::string& Code() const { return m_code; }
     const std::string& Description() const { return m_description; }
 
-    frmSearchNew& dialog() { return m_dialog; }
+    /// Made when it is first asked for: most codes are exact.
+    frmSearchNew& dialog();
 
   private:
     bool takeOnly(const ado::Recordset& rows);
@@ -32,7 +34,7 @@ class clsSearch {
                 const std::string& present);
 
     Session& m_session;
-    frmSearchNew m_dialog;
+    std::optional<frmSearchNew> m_dialog;
     std::string m_code;
     std::string m_description;
 };

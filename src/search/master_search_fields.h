@@ -27,10 +27,10 @@ struct MasterSearchFields {
     ui::TextBox txtHospNum{scan, "txtHospNum", "HOSPITAL CARD NO.", longestNumber};
 
     ui::Frame criteria{window, "fraCriteria", "Patient"};
-    ui::ControlArray<ui::TextBox> txtName{"txtName"};
+    ui::ControlArray<ui::TextBox> txtName{"txtName", 1};
     ui::TextBox& lastName = txtName.add(criteria, 0, "&Last Name :", longestSearch);
     ui::Frame sex{criteria, "fraSex", "Sex"};
-    ui::ControlArray<ui::OptionButton> Option1{"Option1"};
+    ui::ControlArray<ui::OptionButton> Option1{"Option1", 2};
     ui::OptionButton& male = Option1.add(sex, 0, "&Male");
     ui::OptionButton& female = Option1.add(sex, 1, "&Female");
     ui::MaskedBox txtBirthDate{criteria, "txtBirthDate", "&Date of Birth :"};
@@ -55,7 +55,7 @@ struct MasterSearchFields {
                                                         {MemberNumber::Gsis, "GSIS", &txtGSISNum},
                                                         {MemberNumber::Sss, "SSS", &txtSSSNum}}};
 
-    ui::ControlArray<ui::Button> Command1{"Command1"};
+    ui::ControlArray<ui::Button> Command1{"Command1", 4};
     ui::Button& search = Command1.add(window, 0, "&Search");
     ui::Button& newSearch = Command1.add(window, 1, "&New Search");
 

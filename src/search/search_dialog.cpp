@@ -23,8 +23,8 @@ std::string recordsFound(std::size_t count, bool areRanked) {
 
 } // namespace
 
-SearchDialog::SearchDialog(Session& session, const char* name, int shownColumn)
-    : m_session(session), m_window(name, ""), m_shownColumn(shownColumn) {
+SearchDialog::SearchDialog(Session& session, ui::Literal name, int shownColumn)
+    : m_session(session), m_window(name), m_shownColumn(shownColumn) {
     m_window.onLoad = [this] {
         m_valid = false;
         load();

@@ -30,7 +30,7 @@ class SearchDialog {
     bool Valid() const { return m_valid; }
 
   protected:
-    SearchDialog(Session& session, const char* name, int shownColumn);
+    SearchDialog(Session& session, ui::Literal name, int shownColumn);
 
     const Session& session() const { return m_session; }
 

@@ -18,12 +18,12 @@ void CodedField::show(const std::string& foundCode, const std::string& foundName
     name.setText(foundName);
 }
 
-void CodedField::refuse(const std::string& reason) {
+void CodedField::refuse(std::string_view reason) {
     mark(reason);
     code.window().setFocus(code);
 }
 
-void CodedField::mark(const std::string& reason) {
+void CodedField::mark(std::string_view reason) {
     m_reason = reason;
     code.setRefusal(reason);
 }

@@ -24,10 +24,10 @@ class CodedField {
     void show(const std::string& foundCode, const std::string& foundName);
 
     /// Marks the code as refused, and leads the clerk back to it with everything in it selected.
-    void refuse(const std::string& reason);
+    void refuse(std::string_view reason);
 
     /// Marks the code, and lets the clerk go on.
-    void mark(const std::string& reason);
+    void mark(std::string_view reason);
 
     /// Takes back the mark that the field itself has set; one that another check has set stays.
     void accept();

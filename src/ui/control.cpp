@@ -24,16 +24,17 @@ bool takesFocus(Kind kind) {
     }
 }
 
-bool isContainer(Kind kind) {
-    return kind == Kind::Frame || kind == Kind::Page || kind == Kind::Tabs || kind == Kind::Window;
-}
-
 } // namespace
 
-Control::Control(Kind kind, Container* container, std::string name, std::string caption)
-    : m_kind(kind), m_container(container), m_name(std::move(name)), m_caption(std::move(caption)) {
+std::string Name::text() const {
+    std::string text{m_name};
+    return m_index == none ? text : text + "(" + std::to_string(m_index) + ")";
+}
+
+Control::Control(Kind kind, Container* container, Name name, Literal caption)
+    : m_kind(kind), m_container(container), m_name(name), m_caption(caption) {
     if (m_container != nullptr)
-        m_container->m_members.push_back(this);
+        m_container->m_members.add(*this);
 }
 
 Window& Control::window() const {
@@ -43,10 +44,15 @@ Window& Control::window() const {
     return const_cast<Window&>(static_cast<const Window&>(*control));
 }
 
-void Control::setCaption(const std::string& caption) {
-    if (caption == m_caption)
+Container* Control::asContainer() {
+    const bool isOne = m_kind == Kind::Frame || m_kind == Kind::Page || m_kind == Kind::Tabs || m_kind == Kind::Window;
+    return isOne ? static_cast<Container*>(this) : nullptr;
+}
+
+void Control::setCaption(std::string_view caption) {
+    if (caption == this->caption())
         return;
-    m_caption = caption;
+    m_caption.set(caption);
     tellView(Aspect::Caption);
 }
 
@@ -66,10 +72,10 @@ void Control::setEnabled(bool enabled) {
     window().leaveUnusable();
 }
 
-void Control::setRefusal(const std::string& refusal) {
-    if (refusal == m_refusal)
+void Control::setRefusal(std::string_view refusal) {
+    if (refusal == this->refusal())
         return;
-    m_refusal = refusal;
+    m_refusal.set(refusal);
     tellView(Aspect::Refusal);
 }
 
@@ -101,8 +107,7 @@ bool Control::isHidden() const {
 }
 
 void Control::clicked() {
-    if (onClick)
-        onClick();
+    onClick();
 }
 
 void Control::tellView(Aspect aspect) {
@@ -110,27 +115,23 @@ void Control::tellView(Aspect aspect) {
 }
 
 void Control::raiseChange() {
-    if (onChange)
-        onChange();
+    onChange();
     if (Window& changed = window(); changed.onContentChange)
         changed.onContentChange(*this);
 }
 
+void Members::add(Control& control) {
+    (m_last == nullptr ? m_first : m_last->m_next) = &control;
+    m_last = &control;
+}
+
 std::vector<Control*> Container::everything() const {
     std::vector<Control*> all;
-    collect(all);
+    forEach([&](Control& control) { all.push_back(&control); });
     return all;
 }
 
-void Container::collect(std::vector<Control*>& everything) const {
-    for (Control* member : m_members) {
-        everything.push_back(member);
-        if (isContainer(member->kind()))
-            static_cast<const Container*>(member)->collect(everything);
-    }
-}
-
-char32_t accessKeyOf(const std::string& caption) {
+char32_t accessKeyOf(std::string_view caption) {
     const std::u32string characters = text::decode(caption);
     for (std::size_t i = 0; i + 1 < characters.size(); ++i) {
         if (characters[i] != U'&')
@@ -142,7 +143,7 @@ char32_t accessKeyOf(const std::string& caption) {
     return 0;
 }
 
-std::string plainCaption(const std::string& caption) {
+std::string plainCaption(std::string_view caption) {
     std::string plain;
     for (std::size_t i = 0; i < caption.size(); ++i) {
         if (caption[i] == '&' && i + 1 < caption.size())

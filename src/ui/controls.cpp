@@ -168,12 +168,20 @@ std::vector<OptionButton*> OptionButton::group() const {
     return options;
 }
 
+OptionButton& OptionButton::firstOfGroup() const {
+    for (Control* member : container()->members())
+        if (member->kind() == Kind::OptionButton)
+            return static_cast<OptionButton&>(*member);
+    throw std::logic_error("An option is no member of its container.");
+}
+
 void OptionButton::setSelected(bool selected) {
     if (selected == m_selected)
         return;
     if (selected)
-        for (OptionButton* other : group())
-            other->setSelected(false);
+        for (Control* member : container()->members())
+            if (member->kind() == Kind::OptionButton)
+                static_cast<OptionButton*>(member)->setSelected(false);
     m_selected = selected;
     tellView(Aspect::Checked);
 }
@@ -216,9 +224,8 @@ bool Button::handleKey(char32_t code) {
     return true;
 }
 
-Page::Page(Tabs& tabs, std::string name, std::string caption)
-    : Container(Kind::Page, &tabs, std::move(name), std::move(caption)), m_tabs(tabs),
-      m_index(static_cast<int>(tabs.m_pages.size())) {
+Page::Page(Tabs& tabs, Name name, Literal caption)
+    : Container(Kind::Page, &tabs, name, caption), m_tabs(tabs), m_index(static_cast<int>(tabs.m_pages.size())) {
     tabs.m_pages.push_back(this);
 }
 
@@ -236,7 +243,7 @@ void Tabs::show(int index) {
 }
 
 std::string Tabs::shownText() const {
-    return m_pages.at(static_cast<std::size_t>(m_current))->caption();
+    return std::string{m_pages.at(static_cast<std::size_t>(m_current))->caption()};
 }
 
 void Picture::setFrame(int frame) {

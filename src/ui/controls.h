@@ -4,9 +4,11 @@
 #include "ports/image/image.h"
 #include "ui/control.h"
 
-#include <map>
 #include <memory>
+#include <optional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace opd::ui {
@@ -15,8 +17,8 @@ namespace opd::ui {
 class TextBox : public Control {
   public:
     /// `maxLength` counts characters that can be typed, 0 for no limit. A text set by program is never cut.
-    TextBox(Container& container, std::string name, std::string caption = {}, int maxLength = 0)
-        : Control(Kind::TextBox, &container, std::move(name), std::move(caption)), m_maxLength(maxLength) {}
+    TextBox(Container& container, Name name, Literal caption = {}, int maxLength = 0)
+        : Control(Kind::TextBox, &container, name, caption), m_maxLength(maxLength) {}
 
     const std::string& text() const { return m_text; }
     void setText(const std::string& text);
@@ -35,8 +37,8 @@ class TextBox : public Control {
     bool multiLine = false; ///< shown over several lines; Enter moves on all the same
 
   protected:
-    TextBox(Kind kind, Container& container, std::string name, std::string caption, int maxLength)
-        : Control(kind, &container, std::move(name), std::move(caption)), m_maxLength(maxLength) {}
+    TextBox(Kind kind, Container& container, Name name, Literal caption, int maxLength)
+        : Control(kind, &container, name, caption), m_maxLength(maxLength) {}
 
   private:
     std::string m_text;
@@ -50,8 +52,8 @@ class MaskedBox final : public Control {
   public:
     static constexpr std::string_view dateMask = "##/##/####";
 
-    MaskedBox(Container& container, std::string name, std::string caption = {})
-        : Control(Kind::MaskedBox, &container, std::move(name), std::move(caption)), m_text(blankDateText) {}
+    MaskedBox(Container& container, Name name, Literal caption = {})
+        : Control(Kind::MaskedBox, &container, name, caption), m_text(blankDateText) {}
 
     const std::string& mask() const { return m_mask; }
 
@@ -94,8 +96,8 @@ class DatePicker final : public Control {
     /// The mark of a draft that is no date.
     static constexpr const char* noDate = "This is no date. Eight digits: month, day and year.";
 
-    DatePicker(Container& container, std::string name, std::string caption, Format format)
-        : Control(Kind::DatePicker, &container, std::move(name), std::move(caption)), m_format(format) {}
+    DatePicker(Container& container, Name name, Literal caption, Format format)
+        : Control(Kind::DatePicker, &container, name, caption), m_format(format) {}
 
     Format format() const { return m_format; }
     const DateTime& value() const { return m_value; }
@@ -129,8 +131,8 @@ class DatePicker final : public Control {
 /// A drop-down list with a text. A text that is no entry can be shown but not typed.
 class ComboBox final : public Control {
   public:
-    ComboBox(Container& container, std::string name, std::string caption = {}, std::vector<std::string> items = {})
-        : Control(Kind::ComboBox, &container, std::move(name), std::move(caption)), m_items(std::move(items)) {}
+    ComboBox(Container& container, Name name, Literal caption = {}, std::vector<std::string> items = {})
+        : Control(Kind::ComboBox, &container, name, caption), m_items(std::move(items)) {}
 
     const std::vector<std::string>& items() const { return m_items; }
     void add(const std::string& item);
@@ -157,8 +159,8 @@ class ComboBox final : public Control {
 /// One of several choices; the options of one container exclude each other.
 class OptionButton final : public Control {
   public:
-    OptionButton(Container& container, std::string name, std::string caption)
-        : Control(Kind::OptionButton, &container, std::move(name), std::move(caption)) {}
+    OptionButton(Container& container, Name name, Literal caption)
+        : Control(Kind::OptionButton, &container, name, caption) {}
 
     bool selected() const { return m_selected; }
     void setSelected(bool selected);
@@ -168,14 +170,16 @@ class OptionButton final : public Control {
     /// All options of its container in tab order, itself included.
     std::vector<OptionButton*> group() const;
 
+    /// The first of them.
+    OptionButton& firstOfGroup() const;
+
   private:
     bool m_selected = false;
 };
 
 class CheckBox final : public Control {
   public:
-    CheckBox(Container& container, std::string name, std::string caption)
-        : Control(Kind::CheckBox, &container, std::move(name), std::move(caption)) {}
+    CheckBox(Container& container, Name name, Literal caption) : Control(Kind::CheckBox, &container, name, caption) {}
 
     /// 0 cleared, 1 checked, 2 greyed.
     int value() const { return m_value; }
@@ -191,23 +195,20 @@ class CheckBox final : public Control {
 
 class Button final : public Control {
   public:
-    Button(Container& container, std::string name, std::string caption)
-        : Control(Kind::Button, &container, std::move(name), std::move(caption)) {}
+    Button(Container& container, Name name, Literal caption) : Control(Kind::Button, &container, name, caption) {}
 
     bool handleKey(char32_t code) override;
 };
 
 class Label final : public Control {
   public:
-    Label(Container& container, std::string name, std::string caption)
-        : Control(Kind::Label, &container, std::move(name), std::move(caption)) {}
+    Label(Container& container, Name name, Literal caption) : Control(Kind::Label, &container, name, caption) {}
 };
 
 /// A group of controls with a caption around it.
 class Frame final : public Container {
   public:
-    Frame(Container& container, std::string name, std::string caption)
-        : Container(Kind::Frame, &container, std::move(name), std::move(caption)) {}
+    Frame(Container& container, Name name, Literal caption) : Container(Kind::Frame, &container, name, caption) {}
 };
 
 class Tabs;
@@ -215,7 +216,7 @@ class Tabs;
 /// One page of tabs; its caption is the tab's.
 class Page final : public Container {
   public:
-    Page(Tabs& tabs, std::string name, std::string caption);
+    Page(Tabs& tabs, Name name, Literal caption);
 
     bool isCurrent() const;
     int index() const { return m_index; }
@@ -228,7 +229,7 @@ class Page final : public Container {
 /// Pages of which one is shown.
 class Tabs final : public Container {
   public:
-    Tabs(Container& container, std::string name) : Container(Kind::Tabs, &container, std::move(name), {}) {}
+    Tabs(Container& container, Name name) : Container(Kind::Tabs, &container, name, {}) {}
 
     const std::vector<Page*>& pages() const { return m_pages; }
     int current() const { return m_current; }
@@ -248,7 +249,7 @@ class Tabs final : public Container {
 /// A drawn image of the form, one of several that take turns, or an image that the program puts in.
 class Picture final : public Control {
   public:
-    Picture(Container& container, std::string name) : Control(Kind::Picture, &container, std::move(name), {}) {}
+    Picture(Container& container, Name name) : Control(Kind::Picture, &container, name, {}) {}
 
     /// Which of its images it shows, counted from 0. What the images are is the view's affair.
     int frame() const { return m_frame; }
@@ -269,8 +270,8 @@ class Picture final : public Control {
 /// Raises `onTick` once every interval while it is running.
 class Timer final : public Control {
   public:
-    Timer(Container& container, std::string name, int intervalMilliseconds)
-        : Control(Kind::Timer, &container, std::move(name), {}), m_interval(intervalMilliseconds) {}
+    Timer(Container& container, Name name, int intervalMilliseconds)
+        : Control(Kind::Timer, &container, name, {}), m_interval(intervalMilliseconds) {}
 
     int interval() const { return m_interval; }
     bool running() const { return m_running; }
@@ -279,7 +280,7 @@ class Timer final : public Control {
     void start();
     void stop();
 
-    std::function<void()> onTick;
+    Event<> onTick;
 
   private:
     int m_interval;
@@ -289,27 +290,41 @@ class Timer final : public Control {
 /// The controls that share a name and differ in their index, which need not be consecutive.
 template <class T> class ControlArray {
   public:
-    explicit ControlArray(std::string name) : m_name(std::move(name)) {}
+    /// For indexes from 0 to below `room`.
+    ControlArray(Literal name, int room)
+        : m_name(name), m_room(room), m_controls(std::make_unique<std::optional<T>[]>(static_cast<std::size_t>(room))) {
+    }
 
     /// Makes the control `name(index)` with the rest of its constructor's arguments.
     template <class... Arguments> T& add(Container& container, int index, Arguments&&... arguments) {
-        auto control = std::make_unique<T>(container, m_name + "(" + std::to_string(index) + ")",
-                                           std::forward<Arguments>(arguments)...);
-        return *(m_controls[index] = std::move(control));
+        return at(index).emplace(container, Name{m_name, index}, std::forward<Arguments>(arguments)...);
     }
 
     /// The control of an index that was added; std::out_of_range for any other.
-    T& operator()(int index) const { return *m_controls.at(index); }
+    T& operator()(int index) const {
+        std::optional<T>& control = at(index);
+        if (!control)
+            throw std::out_of_range("The array has no such control.");
+        return *control;
+    }
 
     /// Calls `visit(index, control)` for each control in the order of the indexes.
     template <class Visit> void forEach(Visit&& visit) const {
-        for (const auto& [index, control] : m_controls)
-            visit(index, *control);
+        for (int index = 0; index < m_room; ++index)
+            if (std::optional<T>& control = at(index))
+                visit(index, *control);
     }
 
   private:
-    std::string m_name;
-    std::map<int, std::unique_ptr<T>> m_controls;
+    std::optional<T>& at(int index) const {
+        if (index < 0 || index >= m_room)
+            throw std::out_of_range("The array has no room for such a control.");
+        return m_controls[static_cast<std::size_t>(index)];
+    }
+
+    Literal m_name;
+    int m_room;
+    std::unique_ptr<std::optional<T>[]> m_controls;
 };
 
 } // namespace opd::ui

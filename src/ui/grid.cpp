@@ -69,7 +69,7 @@ void Grid::setCurrentCell(int row, int column) {
     m_currentRow = row;
     m_currentColumn = column;
     tellView(Aspect::CurrentCell);
-    if (otherRow && onRowChange)
+    if (otherRow)
         onRowChange();
 }
 
@@ -97,7 +97,7 @@ void Grid::removeRow(int row) {
     // A current row behind it is the same one under another number.
     m_currentRow = m_currentRow > row ? m_currentRow - 1 : std::min(m_currentRow, rowCount());
     tellView(Aspect::Cells);
-    if (wasCurrent && onRowChange)
+    if (wasCurrent)
         onRowChange();
 }
 

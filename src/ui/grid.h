@@ -2,6 +2,7 @@
 
 #include "ui/control.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,7 @@ class Grid final : public Control {
         std::function<std::string(int row, int column)> cell; ///< rows and columns count as the grid's do
     };
 
-    Grid(Container& container, std::string name) : Control(Kind::Grid, &container, std::move(name), {}) {}
+    Grid(Container& container, Name name) : Control(Kind::Grid, &container, name, {}) {}
 
     const std::vector<Column>& columns() const { return m_columns; }
     Row row(int row) const;        ///< the texts of a row that exists; std::out_of_range for any other
@@ -69,7 +70,7 @@ class Grid final : public Control {
     /// character begins a new content of the box: see Window.
     std::function<TextBox*(char32_t)> typesInto;
 
-    std::function<void()> onRowChange;
+    Event<> onRowChange;
 
   private:
     void shown();

@@ -93,7 +93,8 @@ std::vector<KeyNote> keysOf(const Window& window) {
     return keys;
 }
 
-KeyCard::KeyCard(const Window& about) : Window("frmKeyCard", "Keys of \"" + about.caption() + "\"") {
+KeyCard::KeyCard(const Window& about) : Window("frmKeyCard") {
+    setCaption("Keys of \"" + std::string{about.caption()} + "\"");
     m_fields.grdKeys.spokenName = "Keys";
     m_fields.grdKeys.show(
         {{"Key", keyWidth}, {"What it does", deedWidth}, {"Key", keyWidth}, {"What it does", deedWidth}},

@@ -18,8 +18,7 @@ void ReportPane::turnTo(int page) {
         return;
     m_page = wanted;
     tellView(Aspect::ReportPage);
-    if (onPage)
-        onPage();
+    onPage();
 }
 
 void ReportPane::setFit(Fit fit) {
@@ -37,8 +36,7 @@ void ReportPane::zoom(int steps) {
 void ReportPane::laidOut(int pageCount) {
     m_pageCount = std::max(pageCount, 1);
     m_page = std::clamp(m_page, 1, m_pageCount);
-    if (onPage)
-        onPage();
+    onPage();
 }
 
 std::string ReportPane::shownText() const {

@@ -13,7 +13,7 @@ class ReportPane final : public Control {
   public:
     enum class Fit { PageWidth, WholePage };
 
-    ReportPane(Container& container, std::string name) : Control(Kind::ReportPane, &container, std::move(name), {}) {}
+    ReportPane(Container& container, Name name) : Control(Kind::ReportPane, &container, name, {}) {}
 
     bool showsGroupTree = false; ///< lists the document's groups beside it; set before a document is shown
 
@@ -38,7 +38,7 @@ class ReportPane final : public Control {
     /// What one reads in the document.
     std::string shownText() const override;
 
-    std::function<void()> onPage; ///< the current page or the number of pages is another one
+    Event<> onPage; ///< the current page or the number of pages is another one
 
   private:
     std::unique_ptr<const report::Document> m_document;

@@ -12,7 +12,7 @@ namespace opd::ui {
 namespace {
 
 /// A caption without its access key, the blanks around it and the colon behind it.
-std::string spokenCaption(const std::string& caption) {
+std::string spokenCaption(std::string_view caption) {
     std::string spoken = text::trimmed(plainCaption(caption));
     while (!spoken.empty() && spoken.back() == ':')
         spoken = text::trimmed(spoken.substr(0, spoken.size() - 1));
@@ -33,9 +33,13 @@ bool isField(const Control& control) {
 
 /// The member of the same container that was registered before a control, or null.
 const Control* before(const Control& control) {
-    const std::vector<Control*>& members = control.container()->members();
-    const auto here = std::find(members.begin(), members.end(), &control);
-    return here == members.begin() ? nullptr : *(here - 1);
+    const Control* previous = nullptr;
+    for (const Control* member : control.container()->members()) {
+        if (member == &control)
+            break;
+        previous = member;
+    }
+    return previous;
 }
 
 /// The nearest container around a control that has a caption, or null. Pages and the window are none of them.
@@ -72,7 +76,7 @@ std::string nameOfBareField(const Control& control) {
 /// The name that a control has before it is told apart from others; empty for what has none.
 std::string nameByItself(const Control& control) {
     if (!control.spokenName.empty())
-        return control.spokenName;
+        return std::string{control.spokenName};
     if (isLookup(control))
         return "Look up " + nameByItself(control.coded->code);
     if (std::string caption = spokenCaption(control.caption()); !caption.empty())
@@ -131,7 +135,7 @@ const std::string& SpokenNames::of(const Control& control) const {
 
 std::string tipOf(const Control& control, const SpokenNames& names) {
     if (!control.tip.empty())
-        return control.tip;
+        return std::string{control.tip};
     if (isLookup(control))
         return names.of(control) + " (F4)";
     if (control.kind() == Kind::Page)

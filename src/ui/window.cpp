@@ -112,10 +112,10 @@ std::string Window::statusLine() const {
     if (!m_leftOut.empty())
         return m_leftOut;
     if (m_focus != nullptr && !m_focus->refusal().empty())
-        return m_focus->refusal();
+        return std::string{m_focus->refusal()};
     if (!m_status.empty())
         return m_status;
-    const std::string& here = m_focus != nullptr && !m_focus->hint.empty() ? m_focus->hint : hint;
+    const std::string here{m_focus != nullptr && !m_focus->hint.empty() ? m_focus->hint : hint};
     const std::string rest = stillToDo ? stillToDo() : std::string{};
     return here.empty() || rest.empty() ? here + rest : rest + "   " + here;
 }
@@ -135,10 +135,7 @@ void Window::tellView(Control& control, Aspect aspect) {
 void Window::tick(Timer& timer) {
     if (m_handling || !timer.running())
         return;
-    handle([&] {
-        if (timer.onTick)
-            timer.onTick();
-    });
+    handle([&] { timer.onTick(); });
 }
 
 void Window::requestClose() {

@@ -50,8 +50,7 @@ struct KeyNote {
 /// `onFailure` and ends that event; a validation that fails keeps the focus.
 class Window : public Container {
   public:
-    Window(std::string name, std::string caption)
-        : Container(Kind::Window, nullptr, std::move(name), std::move(caption)) {}
+    explicit Window(Literal name, Literal caption = {}) : Container(Kind::Window, nullptr, name, caption) {}
 
     std::function<void()> onLoad;
     std::function<void()> onUnload;

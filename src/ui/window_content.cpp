@@ -10,12 +10,6 @@ namespace opd::ui {
 
 namespace {
 
-std::vector<Control*> controlsOf(const Window& window) {
-    std::vector<Control*> everything;
-    window.collect(everything);
-    return everything;
-}
-
 template <class T> const T& as(const Control& control) {
     return static_cast<const T&>(control);
 }
@@ -36,23 +30,21 @@ class Silence {
     }
     ~Silence() {
         m_window.onContentChange = std::move(m_ofWindow);
-        for (auto& [place, handler] : m_taken)
-            *place = std::move(handler);
+        for (auto& [place, event] : m_taken)
+            *place = std::move(event);
     }
     Silence(const Silence&) = delete;
     Silence& operator=(const Silence&) = delete;
 
   private:
-    using Handler = std::function<void()>;
-
-    void take(Handler& handler) {
-        if (handler)
-            m_taken.emplace_back(&handler, std::exchange(handler, nullptr));
+    void take(Event<>& event) {
+        if (event)
+            m_taken.emplace_back(&event, std::exchange(event, nullptr));
     }
 
     Window& m_window;
     std::function<void(Control&)> m_ofWindow;
-    std::vector<std::pair<Handler*, Handler>> m_taken;
+    std::vector<std::pair<Event<>*, Event<>>> m_taken;
 };
 
 /// An entry by its position where it still reads so, or else the text.
@@ -85,7 +77,7 @@ bool WindowContent::State::holdsSameAs(const State& other) const {
 }
 
 WindowContent::WindowContent(const Window& window) {
-    for (const Control* control : controlsOf(window))
+    for (const Control* control : window.everything())
         m_states[control->name()] = stateOf(*control);
 }
 
@@ -154,7 +146,7 @@ bool WindowContent::differs(const WindowContent& before, const Control& control)
 }
 
 void WindowContent::restoreWhere(const std::function<bool(const Control&)>& isMeant, Window& window) const {
-    const std::vector<Control*> controls = controlsOf(window);
+    const std::vector<Control*> controls = window.everything();
     const Silence silence(window, controls);
     for (const bool tabs : {false, true}) // a page is shown when it is known to be usable
         for (Control* control : controls)

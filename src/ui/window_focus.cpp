@@ -113,7 +113,7 @@ void Window::giveFocus(Control* target) {
         return;
     if (m_view != nullptr)
         m_view->focusMoved(target);
-    if (target != nullptr && target->onGotFocus)
+    if (target != nullptr)
         target->onGotFocus();
 }
 
@@ -132,7 +132,7 @@ void Window::loseFocus() {
     Control* const left = std::exchange(m_focus, nullptr);
     if (left != nullptr && left->kind() == Kind::DatePicker)
         static_cast<DatePicker&>(*left).giveUpDraft();
-    if (left == nullptr || !left->onLostFocus)
+    if (left == nullptr)
         return;
     const int life = m_life;
     try {

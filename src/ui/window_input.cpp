@@ -53,7 +53,7 @@ void Window::passKey(KeyPress& press) {
         onKeyPress(press);
     if (target == nullptr || press.code == 0)
         return;
-    if (!isGone() && target->onKeyPress)
+    if (!isGone())
         target->onKeyPress(press);
     if (isGone())
         press.drop();
@@ -203,10 +203,7 @@ void Window::doubleClick(Grid& grid) {
         return;
     if (grid.canTakeFocus() && !requestFocus(grid))
         return;
-    handle([&] {
-        if (grid.onDoubleClick)
-            grid.onDoubleClick();
-    });
+    handle([&] { grid.onDoubleClick(); });
 }
 
 void Window::picked(ComboBox& box, int index) {

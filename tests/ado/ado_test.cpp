@@ -177,6 +177,17 @@ TEST_F(Ado, ATransactionRollsBackUnlessItWasCommitted) {
     EXPECT_FALSE(connection.inTransaction());
 }
 
+TEST(Columns, AreFoundInAnyLetterCaseTheFirstOfAName) {
+    const Columns columns{"IdNum", "HospNum", "idnum", "", "A"};
+    const std::pair<const char*, std::optional<std::size_t>> wanted[] = {
+        {"IDNUM", 0},        {"hospnum", 1}, {"", 3}, {"a", 4}, {"HospNam", std::nullopt}, {"HospNumb", std::nullopt},
+        {"AB", std::nullopt}};
+    for (const auto& [name, place] : wanted)
+        EXPECT_EQ(columns.find(name), place) << name;
+    EXPECT_EQ(Columns{}.find(""), std::nullopt);
+    EXPECT_TRUE(Columns{} == Columns(std::vector<std::string>{}) && columns == Columns(columns.names()));
+}
+
 TEST(Statement, TakesNoValueThatWouldLeaveItsQuotes) {
     for (const std::string& value : {std::string{"O'NEIL"}, std::string{"A\0B", 3}, std::string{"\0", 1}})
         EXPECT_THROW(Statement("Select '").value(value), Error) << value.size();

@@ -130,7 +130,7 @@ class Injection : public testing::Test {
     template <class Work> void inNextWindow(const std::string& text, const Work& work) {
         m_desk.desktop.work([&](ui::Window& window) {
             if (window.name() == "frmCodeSearch")
-                m_listings.insert(window.caption());
+                m_listings.emplace(window.caption());
             writeInto(window, text);
         });
         work();
@@ -199,11 +199,11 @@ class Injection : public testing::Test {
         const registration::FieldValues values(form.window(), form.fields(), form.record(), meaning);
         std::map<std::string, std::string> found;
         for (const auto& value : values.all()) {
-            const ui::Control& field = *form.window().find(value.control);
+            const ui::Control& field = *form.window().find(value.control.text());
             const bool holdsText = field.kind() == ui::Kind::TextBox || field.kind() == ui::Kind::MaskedBox ||
                                    field.kind() == ui::Kind::Grid;
             if (holdsText && registration::isSentHere(form.fields(), field, m_desk.globals, form.record()))
-                found[value.control] = value.stored;
+                found[value.control.text()] = value.stored;
         }
         return found;
     }

@@ -197,7 +197,7 @@ class Saves {
                                                registration::FieldValues::Meaning::Written);
         std::vector<std::string> texts;
         for (const auto& value : values.all())
-            texts.push_back(value.control + "=" + value.shown);
+            texts.push_back(value.control.text() + "=" + value.shown());
         return texts;
     }
 

@@ -104,7 +104,7 @@ TEST(HospitalSettings, EveryFlagFollowsTheColumnOfItsNameAloneAndAnEmptyTableCha
     HospitalSession hospital;
     ado::Recordset settings;
     settings.Open("Select * from Patient_Data..tbHospitalInfo", *hospital.globals.gConnection);
-    std::vector<std::string> columns = settings.all().columns;
+    std::vector<std::string> columns = settings.all().columns.names();
     std::erase_if(columns, [](const std::string& name) {
         return name == "ClientName" || name == "Company" || name == "Address1";
     });
@@ -315,10 +315,8 @@ TEST(RoundTrip, NoFieldTakesMoreThanTheColumnOfAServerThatItIsStoredIn) {
         form->fields().history.others.setChecked(true);
         ASSERT_TRUE(form->validate());
         form->record().CompanyClass = "H"; // has a letter of authorization
-        std::vector<ui::Control*> controls;
-        form->window().collect(controls);
         std::map<std::string, const ui::TextBox*> boxes; // by what is in each, a number, since one holds an amount
-        for (ui::Control* control : controls)
+        for (ui::Control* control : form->window().everything())
             if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && !box->readOnly) {
                 box->setText(std::to_string(771000 + boxes.size()));
                 boxes[box->text()] = box;

@@ -38,7 +38,7 @@ TEST_F(Viewer, PreparingGivesTheReportHeaderLogOnAndParametersByPosition) {
 TEST_F(Viewer, TurnsPagesEnlargesSavesAndIsGoneWhenItIsPrinted) {
     desktop.work([&](ui::Window& window) {
         auto& pane = static_cast<ui::ReportPane&>(*window.find("CRViewer1"));
-        EXPECT_EQ(window.caption() + "|" + shown(window, "CRViewer1"), "Record|123456B");
+        EXPECT_EQ(std::string{window.caption()} + "|" + shown(window, "CRViewer1"), "Record|123456B");
         pane.laidOut(3);
         click(window, "cmdLastPage");
         click(window, "cmdPreviousPage");

@@ -27,7 +27,7 @@ void Tokens::rows(const ado::ResultSet& result) {
 void Tokens::rows(const ado::ResultSet& result, const std::vector<Type>& types) {
     if (result.columns.empty())
         return;
-    columns(result.columns, types);
+    columns(result.columns.names(), types);
     for (const auto& row : result.rows) {
         m_out.put(std::uint8_t{0xD1});
         for (std::size_t column = 0; column < types.size(); ++column)

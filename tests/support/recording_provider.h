@@ -84,13 +84,13 @@ class RecordingProvider final : public ado::Provider {
 
 /// One row with named values.
 inline ado::ResultSet oneRow(std::vector<std::pair<std::string, ado::Value>> cells) {
-    ado::ResultSet result;
-    result.rows.emplace_back();
+    std::vector<std::string> columns;
+    std::vector<ado::Value> row;
     for (auto& [column, value] : cells) {
-        result.columns.push_back(column);
-        result.rows.front().push_back(std::move(value));
+        columns.push_back(column);
+        row.push_back(std::move(value));
     }
-    return result;
+    return {std::move(columns), {std::move(row)}};
 }
 
 } // namespace opd::tests

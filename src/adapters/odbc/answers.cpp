@@ -152,6 +152,13 @@ ado::Value cell(SQLHSTMT statement, SQLUSMALLINT place, const Column& column) {
     }
 }
 
+std::vector<std::string> namesOf(const std::vector<Column>& columns) {
+    std::vector<std::string> names;
+    for (const Column& column : columns)
+        names.push_back(column.name);
+    return names;
+}
+
 void readRows(SQLHSTMT statement, ado::ResultSet& answer, const std::vector<Column>& columns, Outcome& outcome) {
     for (;;) {
         const SQLRETURN result = SQLFetch(statement);
@@ -179,8 +186,7 @@ ado::ResultSet drain(SQLHSTMT statement, SQLRETURN sent) {
         if (columns.empty() || isAnswered)
             continue;
         isAnswered = true;
-        for (const Column& column : columns)
-            answer.columns.push_back(column.name);
+        answer.columns = namesOf(columns);
         readRows(statement, answer, columns, outcome);
         if (outcome.isHopeless())
             break;

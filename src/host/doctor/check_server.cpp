@@ -3,6 +3,7 @@
 #include "ado/recordset.h"
 #include "base/os/system_clock.h"
 #include "base/text/text.h"
+#include "component/init_dll.h"
 #include "data/connection_settings.h"
 #include "data/statements.h"
 #include "host/doctor/checks.h"

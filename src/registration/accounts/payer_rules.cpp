@@ -99,7 +99,7 @@ void PayerRules::bindSenior(ui::CheckBox& box, ui::TextBox& number, int leastAge
         else
             number.setEnabled(box.checked());
     };
-    alsoOn(m_fields.header.txtAge.onChange, [this, &box, leastAge] {
+    m_fields.header.txtAge.onChange.also([this, &box, leastAge] {
         if (text::leadingNumber(m_fields.header.txtAge.text()) >= leastAge)
             box.setRefusal({});
     });

@@ -7,28 +7,22 @@
 
 namespace opd::registration {
 
-void CodeEntry::bind(ui::CodedField& field, std::function<bool(const LookupRequest&)> refuses) {
+void CodeEntry::bindLookup(ui::CodedField& field) {
     field.lookup.onClick = [this, &field] {
         m_gForceSearch = true;
         field.code.window().setFocus(field.code);
         field.code.window().sendTab();
     };
-    field.code.onValidate = [this, &field, refuses = std::move(refuses)](bool& refuse) {
-        refuse = refuses(take(field));
-    };
 }
 
-void CodeEntry::bind(ui::CodedField& field, const char* reason, std::function<bool(const LookupRequest&)> accepts) {
-    bind(field, [&field, reason, accepts = std::move(accepts)](const LookupRequest& request) {
-        const bool accepted = accepts(request);
-        if (accepted)
-            field.accept();
-        else if (request.forced)
-            field.code.window().setFocus(field.code);
-        else
-            field.refuse(reason);
-        return !accepted;
-    });
+bool CodeEntry::refusedUnless(bool accepted, ui::CodedField& field, const char* reason, const LookupRequest& request) {
+    if (accepted)
+        field.accept();
+    else if (request.forced)
+        field.code.window().setFocus(field.code);
+    else
+        field.refuse(reason);
+    return !accepted;
 }
 
 LookupRequest CodeEntry::take(const ui::CodedField& field) {

@@ -3,7 +3,7 @@
 #include "search/code_listing.h"
 #include "ui/coded_field.h"
 
-#include <functional>
+#include <concepts>
 #include <string>
 
 namespace opd::registration {
@@ -30,13 +30,23 @@ class CodeEntry {
     CodeEntry& operator=(const CodeEntry&) = delete;
 
     /// Asks `refuses` when the field is left.
-    void bind(ui::CodedField& field, std::function<bool(const LookupRequest&)> refuses);
+    template <std::predicate<const LookupRequest&> Refuses> void bind(ui::CodedField& field, Refuses refuses) {
+        bindLookup(field);
+        field.code.onValidate = [this, &field, refuses](bool& refuse) { refuse = refuses(take(field)); };
+    }
 
     /// Likewise; a code that is not accepted is refused for the reason given. A list that was closed without a choice
     /// keeps the clerk in the field, and says nothing about what stands there.
-    void bind(ui::CodedField& field, const char* reason, std::function<bool(const LookupRequest&)> accepts);
+    template <std::predicate<const LookupRequest&> Accepts>
+    void bind(ui::CodedField& field, const char* reason, Accepts accepts) {
+        bind(field, [&field, reason, accepts](const LookupRequest& request) {
+            return refusedUnless(accepts(request), field, reason, request);
+        });
+    }
 
   private:
+    void bindLookup(ui::CodedField& field);
+    static bool refusedUnless(bool accepted, ui::CodedField& field, const char* reason, const LookupRequest& request);
     LookupRequest take(const ui::CodedField& field);
 
     bool& m_gForceSearch;

@@ -44,15 +44,16 @@ void ComplaintCodes::lookUpComplaint() {
     if (showExactComplaint())
         return;
     ui::CodedField& complaint = m_fields.consultation.complaint;
-    m_dialog.SearchCaption = "Chief Complaints";
-    m_dialog.SearchMode = "CHIEFCOMPLAINT";
-    m_dialog.SearchText = complaint.code.text();
-    m_dialog.fields().txtSearchStr.setText(complaint.code.text());
-    m_dialog.showModal();
-    if (!m_dialog.Valid())
+    search::frmSearchChiefComplaint& dialog = m_dialog ? *m_dialog : m_dialog.emplace(m_session);
+    dialog.SearchCaption = "Chief Complaints";
+    dialog.SearchMode = "CHIEFCOMPLAINT";
+    dialog.SearchText = complaint.code.text();
+    dialog.fields().txtSearchStr.setText(complaint.code.text());
+    dialog.showModal();
+    if (!dialog.Valid())
         return;
-    complaint.show(m_dialog.ResultCode(), m_dialog.Result());
-    takeOver(m_dialog.Result());
+    complaint.show(dialog.ResultCode(), dialog.Result());
+    takeOver(dialog.Result());
 }
 
 /// Shows the complaint of an exact code. False when there is none.

@@ -5,6 +5,7 @@
 #include "search/search_chief_complaint.h"
 #include "session/session.h"
 
+#include <optional>
 #include <string>
 
 namespace opd::registration {
@@ -30,9 +31,9 @@ class ComplaintCodes {
     Session& m_session;
     Fields& m_fields;
     const search::CodeListing& m_listing;
-    search::frmSearchChiefComplaint m_dialog{m_session};
-    search::NamedCode m_found; ///< by the last search for an exact code
-    std::string m_taken;       ///< the complaint that was taken over into the memo
+    std::optional<search::frmSearchChiefComplaint> m_dialog; ///< made when it is first asked for
+    search::NamedCode m_found;                               ///< by the last search for an exact code
+    std::string m_taken;                                     ///< the complaint that was taken over into the memo
 };
 
 } // namespace opd::registration

@@ -29,7 +29,7 @@ struct AdditionalTab {
 
     ui::Frame spouse{page, "fraSpouse", "Spouse"};
     ui::TextBox& spouseName = txtPersonal.add(spouse, 8, "Name", 30);
-    ui::ControlArray<ui::TextBox> txtSpouse{"txtSpouse"};
+    ui::ControlArray<ui::TextBox> txtSpouse{"txtSpouse", 7};
     ui::TextBox& spouseAddress = txtSpouse.add(spouse, 4, "Address", 50);
     ui::TextBox& spouseTelephone = txtSpouse.add(spouse, 3, "Tel. #", 50);
     ui::TextBox& spouseEmployerName = txtSpouse.add(spouse, 1, "Emp. Name", 50);
@@ -39,7 +39,7 @@ struct AdditionalTab {
     ui::TextBox& spouseEmployerEmail = txtSpouse.add(spouse, 6, "E-mail", widths::text);
 
     ui::Frame frmPatientType{page, "frmPatientType", "Patient Type "};
-    ui::ControlArray<ui::OptionButton> OptPatient{"OptPatient"};
+    ui::ControlArray<ui::OptionButton> OptPatient{"OptPatient", 2};
     ui::OptionButton& regularPatient = OptPatient.add(frmPatientType, 0, "Regular Patient");
     ui::OptionButton& corvanePatient = OptPatient.add(frmPatientType, 1, "Corvane Patient");
 
@@ -52,7 +52,7 @@ struct AdditionalTab {
     ui::TextBox txtPatientClass{FraPatientClass, "txtPatientClass"};
     ui::CodedField patientClass{txtPatientClassID, cmdPatientClass, txtPatientClass};
 
-    ui::ControlArray<ui::Frame> Frame5{"Frame5"};
+    ui::ControlArray<ui::Frame> Frame5{"Frame5", 10};
     ui::Frame& letterOfAuthorization = Frame5.add(page, 9, "Insurance");
     ui::TextBox txtApprovalNo{letterOfAuthorization, "txtApprovalNo", "Approval No:", widths::text};
     ui::DatePicker DateLOAInformed{letterOfAuthorization, "DateLOAInformed",

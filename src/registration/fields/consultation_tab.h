@@ -33,7 +33,7 @@ struct ConsultationTab {
     ui::ControlArray<ui::TextBox>& txtChiefComplaint;
 
     ui::Frame guarantor{page, "fraGuarantor", "Responsi&ble for the Patient's Account "};
-    ui::ControlArray<ui::TextBox> txtGuarantor{"txtGuarantor"};
+    ui::ControlArray<ui::TextBox> txtGuarantor{"txtGuarantor", 5};
     ui::TextBox& guarantorName = txtGuarantor.add(guarantor, 0, "Name", 50);
     ui::TextBox& guarantorAddress = txtGuarantor.add(guarantor, 1, "Address", 50);
     ui::TextBox& guarantorTelephone = txtGuarantor.add(guarantor, 3, "Tel. #", 50);
@@ -41,21 +41,21 @@ struct ConsultationTab {
     ui::TextBox& guarantorEmployerAddress = txtGuarantor.add(guarantor, 4, "Emp. Add.", 15);
 
     ui::Frame informant{page, "fraInformant", "Informant"};
-    ui::ControlArray<ui::TextBox> txtInformant{"txtInformant"};
+    ui::ControlArray<ui::TextBox> txtInformant{"txtInformant", 4};
     ui::TextBox& informantName = txtInformant.add(informant, 0, "Name", 50);
     ui::TextBox& informantAddress = txtInformant.add(informant, 1, "Address", 50);
     ui::TextBox& informantTelephone = txtInformant.add(informant, 2, "Tel. #", 15);
     ui::TextBox& informantRelation = txtInformant.add(informant, 3, "Rel.to Px", 30);
 
     ui::Frame chiefComplaint{page, "fraChiefComplaint", "Che&if Complaint"};
-    ui::ControlArray<ui::TextBox> txtChiefComplaintID{"txtChiefComplaintID"};
-    ui::ControlArray<ui::Button> cmdSearchChiefComplaint{"cmdSearchChiefComplaint"};
+    ui::ControlArray<ui::TextBox> txtChiefComplaintID{"txtChiefComplaintID", 1};
+    ui::ControlArray<ui::Button> cmdSearchChiefComplaint{"cmdSearchChiefComplaint", 1};
     ui::CodedField complaint{txtChiefComplaintID.add(chiefComplaint, 0, "", widths::code),
                              cmdSearchChiefComplaint.add(chiefComplaint, 0, "..."),
                              txtChiefComplaint.add(chiefComplaint, 0)};
 
     ui::Frame services{page, "fraServices", "Ser&vices"};
-    ui::ControlArray<ui::TextBox> txtService{"txtService"};
+    ui::ControlArray<ui::TextBox> txtService{"txtService", 6};
     ui::CodedField service1{txtService.add(services, 0, "1", widths::code), cmdSearch.add(services, 0, "..."),
                             txtService.add(services, 1)};
     ui::CodedField service2{txtService.add(services, 2, "2", widths::code), cmdSearch.add(services, 1, "..."),
@@ -64,12 +64,12 @@ struct ConsultationTab {
                             txtService.add(services, 5)};
 
     ui::Frame doctors{page, "fraDoctors", "Attending &Doctors"};
-    ui::ControlArray<ui::TextBox> txtDoctor{"txtDoctor"};
+    ui::ControlArray<ui::TextBox> txtDoctor{"txtDoctor", 4};
     ui::CodedField doctor1{txtDoctor.add(doctors, 0, "1", widths::code), cmdSearch.add(doctors, 6, "..."),
                            txtDoctor.add(doctors, 1)};
     ui::CodedField doctor2{txtDoctor.add(doctors, 2, "2", widths::code), cmdSearch.add(doctors, 7, "..."),
                            txtDoctor.add(doctors, 3)};
-    ui::ControlArray<ui::TextBox> txtAddDoctor{"txtAddDoctor"};
+    ui::ControlArray<ui::TextBox> txtAddDoctor{"txtAddDoctor", 6};
     ui::CodedField doctor3{txtAddDoctor.add(doctors, 0, "3", widths::code), cmdSearch.add(doctors, 15, "..."),
                            txtAddDoctor.add(doctors, 1)};
     ui::CodedField doctor4{txtAddDoctor.add(doctors, 2, "4", widths::code), cmdSearch.add(doctors, 16, "..."),
@@ -92,7 +92,7 @@ struct ConsultationTab {
     ui::CodedField cause3{txtCauseofConsultationID3, cmdCauseofConsultation3, txtCauseofConsultation3};
 
     ui::Frame vitalSigns{page, "fraVitalSign", "Vital Si&gn"};
-    ui::ControlArray<ui::TextBox> txtBP{"txtBP"};
+    ui::ControlArray<ui::TextBox> txtBP{"txtBP", 2};
     ui::TextBox& systolic = txtBP.add(vitalSigns, 0, "B.P.", 3);
     ui::TextBox& diastolic = txtBP.add(vitalSigns, 1, "/", 3);
     ui::TextBox txtTemperature{vitalSigns, "txtTemperature", "Temperature", widths::text};
@@ -111,12 +111,12 @@ struct ConsultationTab {
                                                  &optDiabetes}; ///< codes "1" to "4"
 
     ui::Frame patientType{page, "fraPatientType", "Patient Type"};
-    ui::ControlArray<ui::OptionButton> optPatientType{"optPatientType"};
+    ui::ControlArray<ui::OptionButton> optPatientType{"optPatientType", 4};
     ui::OptionButton& corvaneType = optPatientType.add(patientType, 2, "CORVANE");
     ui::OptionButton& regularType = optPatientType.add(patientType, 3, "Regular");
 
     ui::Frame consultationType{page, "fraConsType", "Consultation T&ype"};
-    ui::ControlArray<ui::OptionButton> optConsType{"optConsType"};
+    ui::ControlArray<ui::OptionButton> optConsType{"optConsType", 2};
     ui::OptionButton& withBill = optConsType.add(consultationType, 1, "With Bill");
     ui::OptionButton& withoutBill = optConsType.add(consultationType, 0, "Without Bill");
 };

@@ -19,28 +19,28 @@ struct EmploymentTab {
     ui::Page page;
 
     ui::Frame philHealth{page, "fraPHIC", "With Phil Health?"};
-    ui::ControlArray<ui::OptionButton> optPHIC{"optPHIC"};
+    ui::ControlArray<ui::OptionButton> optPHIC{"optPHIC", 2};
     ui::OptionButton& philHealthYes = optPHIC.add(philHealth, 0, "Yes");
     ui::OptionButton& philHealthNo = optPHIC.add(philHealth, 1, "No");
 
     ui::Frame employed{page, "fraEmployed", "Employed?"};
-    ui::ControlArray<ui::OptionButton> optEmployed{"optEmployed"};
+    ui::ControlArray<ui::OptionButton> optEmployed{"optEmployed", 2};
     ui::OptionButton& employedYes = optEmployed.add(employed, 0, "Yes");
     ui::OptionButton& employedNo = optEmployed.add(employed, 1, "No");
 
     ui::Frame type{page, "fraType", "Type"};
-    ui::ControlArray<ui::OptionButton> optType{"optType"};
+    ui::ControlArray<ui::OptionButton> optType{"optType", 3};
     ui::OptionButton& selfEmployed = optType.add(type, 0, "Self- Employed");
     ui::OptionButton& privateSector = optType.add(type, 1, "Private");
     ui::OptionButton& government = optType.add(type, 2, "Government");
 
     ui::Frame location{page, "fraLocation", "Location"};
-    ui::ControlArray<ui::OptionButton> optLocation{"optLocation"};
+    ui::ControlArray<ui::OptionButton> optLocation{"optLocation", 2};
     ui::OptionButton& local = optLocation.add(location, 0, "Local");
     ui::OptionButton& abroad = optLocation.add(location, 1, "Abroad");
 
     ui::Frame employer{page, "fraEmployer", "Employer"};
-    ui::ControlArray<ui::TextBox> txtEmployer{"txtEmployer"};
+    ui::ControlArray<ui::TextBox> txtEmployer{"txtEmployer", 5};
     ui::TextBox& employerName = txtEmployer.add(employer, 0, "Name", 50);
     ui::TextBox& employerAddress = txtEmployer.add(employer, 1, "Address", 50);
     ui::TextBox& employerTelephone = txtEmployer.add(employer, 2, "Tel. #", 15);

@@ -16,9 +16,9 @@ struct Fields {
         tabOPD.spokenName = "Registration";
     }
 
-    ui::ControlArray<ui::Button> cmdSearch{"cmdSearch"};
-    ui::ControlArray<ui::TextBox> txtPersonal{"txtPersonal"};
-    ui::ControlArray<ui::TextBox> txtChiefComplaint{"txtChiefComplaint"};
+    ui::ControlArray<ui::Button> cmdSearch{"cmdSearch", 18};
+    ui::ControlArray<ui::TextBox> txtPersonal{"txtPersonal", 14};
+    ui::ControlArray<ui::TextBox> txtChiefComplaint{"txtChiefComplaint", 2};
 
     HeaderFields header;
     ui::Tabs tabOPD;

@@ -28,7 +28,7 @@ struct HeaderFields {
     ui::TextBox txtMiddleName{header, "txtMiddleName", "Middle Name", 30};
     ui::TextBox txtTitle{header, "txtTitle", "Title", widths::text};
     ui::Frame sex{header, "fraSex", "Se&x"};
-    ui::ControlArray<ui::OptionButton> optSex{"optSex"};
+    ui::ControlArray<ui::OptionButton> optSex{"optSex", 2};
     ui::OptionButton& male = optSex.add(sex, 0, "M");
     ui::OptionButton& female = optSex.add(sex, 1, "F");
     ui::MaskedBox txtBirthDate{header, "txtBirthDate", "Birthdate"};

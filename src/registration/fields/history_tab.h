@@ -27,7 +27,7 @@ struct HistoryTab {
     ui::TextBox txtDiagnosis{diagnosis, "txtDiagnosis"};
 
     ui::Frame allergies{page, "fraAllergies", "Allergies"};
-    ui::ControlArray<ui::TextBox> txtAllergy{"txtAllergy"};
+    ui::ControlArray<ui::TextBox> txtAllergy{"txtAllergy", 10};
     ui::CodedField allergy1{txtAllergy.add(allergies, 0, "1", widths::code), cmdSearch.add(allergies, 10, "..."),
                             txtAllergy.add(allergies, 5)};
     ui::CodedField allergy2{txtAllergy.add(allergies, 1, "2", widths::code), cmdSearch.add(allergies, 11, "..."),
@@ -43,7 +43,7 @@ struct HistoryTab {
     ui::MaskedBox txtLMP{lastMenstruation, "txtLMP"};
 
     ui::Frame medicalHistory{page, "fraMedHistory", "Medical History"};
-    ui::ControlArray<ui::CheckBox> MedHistory{"MedHistory"};
+    ui::ControlArray<ui::CheckBox> MedHistory{"MedHistory", 9};
     ui::CheckBox& hypertension = MedHistory.add(medicalHistory, 0, "Hypertension");
     ui::CheckBox& diabetes = MedHistory.add(medicalHistory, 1, "Diabetes");
     ui::CheckBox& hepatitis = MedHistory.add(medicalHistory, 2, "Hepatitis");

@@ -37,9 +37,9 @@ struct PersonalTab {
     ui::TextBox txtBarangayName{address, "txtBarangayName", "", 100};
     ui::CodedField barangay{txtBarangayID, searchBarangay, txtBarangayName};
     ui::TextBox txtZipCode{address, "txtZipCode", "Town/Prov.", widths::zipCode};
-    ui::ControlArray<ui::TextBox> txtZipCodeName{"txtZipCodeName"};
+    ui::ControlArray<ui::TextBox> txtZipCodeName{"txtZipCodeName", 5};
     ui::CodedField town{txtZipCode, cmdSearch.add(address, 9, "..."), txtZipCodeName.add(address, 4, "", 30)};
-    ui::ControlArray<ui::TextBox> txtTelNum{"txtTelNum"};
+    ui::ControlArray<ui::TextBox> txtTelNum{"txtTelNum", 3};
     ui::TextBox& telephone = txtTelNum.add(address, 2, "Tel.#", 15);
 
     ui::Frame particulars{page, "fraParticulars", "Personal"};
@@ -59,30 +59,30 @@ struct PersonalTab {
     ui::TextBox& barangayCaptain = txtPersonal.add(particulars, 9, "Brgy.Capt.", 30);
 
     ui::Frame father{page, "fraFather", "&Father"};
-    ui::ControlArray<ui::TextBox> txtFather{"txtFather"};
+    ui::ControlArray<ui::TextBox> txtFather{"txtFather", 3};
     ui::TextBox& fatherName = txtFather.add(father, 0, "Name", 50);
     ui::TextBox& fatherAddress = txtFather.add(father, 1, "Address", 50);
     ui::TextBox& fatherTelephone = txtFather.add(father, 2, "Tel. #", 15);
 
     ui::Frame mother{page, "fraMother", "&Mother"};
-    ui::ControlArray<ui::TextBox> txtMother{"txtMother"};
+    ui::ControlArray<ui::TextBox> txtMother{"txtMother", 3};
     ui::TextBox& motherName = txtMother.add(mother, 0, "Name", 50);
     ui::TextBox& motherAddress = txtMother.add(mother, 1, "Address", 50);
     ui::TextBox& motherTelephone = txtMother.add(mother, 2, "Tel. #", 15);
 
     ui::Frame plan{page, "fraHospPlan", "&Hospitalization Plan"};
-    ui::ControlArray<ui::OptionButton> optHospPlan{"optHospPlan"};
+    ui::ControlArray<ui::OptionButton> optHospPlan{"optHospPlan", 3};
     ui::OptionButton& planPersonal = optHospPlan.add(plan, 0, "Personal");
     ui::OptionButton& planCompany = optHospPlan.add(plan, 1, "Company");
     ui::OptionButton& planInsurance = optHospPlan.add(plan, 2, "Insurance/HMO");
 
     ui::Frame insurance{page, "fraInsurance", "&With Health Insurance / HMO?"};
-    ui::ControlArray<ui::OptionButton> optInsurance{"optInsurance"};
+    ui::ControlArray<ui::OptionButton> optInsurance{"optInsurance", 2};
     ui::OptionButton& insured = optInsurance.add(insurance, 0, "Yes");
     ui::OptionButton& notInsured = optInsurance.add(insurance, 1, "No");
 
     ui::Frame purpose{page, "fraPurpose", "OPD Purpose"};
-    ui::ControlArray<ui::CheckBox> chkPurpose{"chkPurpose"};
+    ui::ControlArray<ui::CheckBox> chkPurpose{"chkPurpose", 2};
     ui::CheckBox& purposeRicu = chkPurpose.add(purpose, 0, "RICU");
     ui::CheckBox& purposeHema = chkPurpose.add(purpose, 1, "HEMA/ONCO");
 
@@ -90,7 +90,7 @@ struct PersonalTab {
     ui::Label lblPaycode{account, "lblPaycode", "Paycode"};
     ui::ComboBox cmbPaycodeID{account, "cmbPaycodeID"};
     ui::ComboBox cmbPaycode{account, "cmbPaycode"};
-    ui::ControlArray<ui::TextBox> txtAccount{"txtAccount"};
+    ui::ControlArray<ui::TextBox> txtAccount{"txtAccount", 2};
     ui::CodedField company{txtAccount.add(account, 0, "Account #", widths::code), cmdSearch.add(account, 5, "..."),
                            txtAccount.add(account, 1)};
     ui::Label lblCardNum{account, "lblCardNum", "Card #"};
@@ -114,7 +114,7 @@ struct PersonalTab {
     ui::TextBox txtSeniorID{fraSenior, "txtSeniorID"};
 
     ui::Frame notify{page, "fraNotify", "Whom To &Notify In Case Of Emergency"};
-    ui::ControlArray<ui::TextBox> txtNotify{"txtNotify"};
+    ui::ControlArray<ui::TextBox> txtNotify{"txtNotify", 4};
     ui::TextBox& notifyName = txtNotify.add(notify, 0, "Name", 50);
     ui::TextBox& notifyAddress = txtNotify.add(notify, 1, "Address", 50);
     ui::TextBox& notifyTelephone = txtNotify.add(notify, 2, "Tel. #", 15);

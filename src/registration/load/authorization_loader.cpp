@@ -23,10 +23,11 @@ void showMoment(const ado::Recordset& letter, const char* column, ui::DatePicker
 
 void tellUnknown(ui::DatePicker& date, ui::DatePicker& time, bool& unknown) {
     for (ui::DatePicker* picker : {&date, &time}) {
-        picker->hint = unknown ? "No date is stored; set one to store it." : "";
+        picker->hint = unknown ? ui::Literal{"No date is stored; set one to store it."} : ui::Literal{};
         picker->onChange = [&unknown, &date, &time] {
             unknown = false;
-            date.hint = time.hint = "";
+            date.hint = "";
+            time.hint = "";
         };
     }
 }
@@ -34,7 +35,7 @@ void tellUnknown(ui::DatePicker& date, ui::DatePicker& time, bool& unknown) {
 } // namespace
 
 void LoadHMOLOA(const Session& session, AdditionalTab& additional, Record& record, const std::string& opdNumber) {
-    const ado::Recordset letter = record.rows.ask(session, statements::authorization(opdNumber));
+    const ado::Recordset& letter = record.rows.ask(session, statements::authorization(opdNumber));
     record.hasAuthorization = !letter.EndOfFile();
     if (!record.hasAuthorization)
         return;

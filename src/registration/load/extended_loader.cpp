@@ -49,7 +49,7 @@ void keepEmploymentCodes(const EmploymentTab& employment, Record& record, const 
 } // namespace
 
 void LoadExtendedMaster(const Session& session, Fields& fields, Record& record) {
-    const ado::Recordset patient =
+    const ado::Recordset& patient =
         record.rows.ask(session, statements::extendedMaster(record.HospNum), ado::LockType::Optimistic);
     if (patient.RecordCount() <= 0)
         return;
@@ -62,7 +62,7 @@ void LoadExtendedMaster(const Session& session, Fields& fields, Record& record) 
 }
 
 void LoadMedicalHistory(const Session& session, HistoryTab& tab, LoadedRows& rows, const std::string& hospNum) {
-    const ado::Recordset history =
+    const ado::Recordset& history =
         rows.ask(session, statements::medicalHistory(hospNum), ado::LockType::ReadOnly, &data::openPlain);
     if (history.EndOfFile())
         return;

@@ -82,7 +82,7 @@ std::string GetBarangayName(const Session& session, const std::string& code) {
 }
 
 bool LoadData(const Session& session, Fields& fields, Record& record) {
-    const ado::Recordset master = record.rows.ask(session, statements::master(record.HospNum), optimistic);
+    const ado::Recordset& master = record.rows.ask(session, statements::master(record.HospNum), optimistic);
     if (master.RecordCount() == 0)
         return !record.isEdit();
     record.isOnFile = true;

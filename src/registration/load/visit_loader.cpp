@@ -47,13 +47,12 @@ bool refuse(const Session& session, const std::string& reason) {
 }
 
 bool loadVisit(const Session& session, Fields& fields, Record& record) {
-    ado::Recordset visit = record.rows.ask(session, statements::visit(record.AdmissionNumber), optimistic);
+    const ado::Recordset& visit = record.rows.ask(session, statements::visit(record.AdmissionNumber), optimistic);
     if (visit.RecordCount() == 0)
         return refuse(session, "Hosp. # (" + record.HospNum + ") was never an out-patient.");
     if (!mayBeEdited(session, record.AdmissionNumber, visit))
         return refuse(session, "You are not allowed to edit previous OPD consultation.");
     showVisit(session, fields, record, visit);
-    visit.Close();
 
     LoadAllergies(session, fields.history, record);
     for (auto& slot : record.Service)
@@ -79,7 +78,7 @@ std::string registeredToday(const Session& session, const std::string& hospNum) 
 }
 
 void LoadAllergies(const Session& session, HistoryTab& history, Record& record) {
-    const ado::Recordset allergies = record.rows.ask(session, statements::allergies(record.HospNum), optimistic);
+    const ado::Recordset& allergies = record.rows.ask(session, statements::allergies(record.HospNum), optimistic);
     if (allergies.RecordCount() > 0)
         showAllergies(session, history, record, allergies);
 }
@@ -112,7 +111,7 @@ void GetCancerPatient(const Session& session, PersonalTab& personal, Record& rec
 }
 
 void loadOutProfile(const Session& session, HistoryTab& history, LoadedRows& rows, const std::string& opdNumber) {
-    const ado::Recordset profile = rows.ask(session, statements::outProfile(opdNumber), optimistic);
+    const ado::Recordset& profile = rows.ask(session, statements::outProfile(opdNumber), optimistic);
     if (profile.RecordCount() <= 0)
         return;
     const DateTime period = profile.Fields("LMP").asDate();

@@ -69,8 +69,9 @@ void frmChangedMeanwhile::warn() {
                                    " that nobody touched here.");
     if (untouched == 0)
         return;
-    m_fields.cmdSaveMine.tip = m_fields.lblWarning.caption(); // who hears the button hears that, too
-    m_fields.cmdSaveMine.hint += " " + m_fields.lblWarning.caption();
+    m_fields.cmdSaveMine.tip.set(m_fields.lblWarning.caption()); // who hears the button hears that, too
+    m_fields.cmdSaveMine.hint.set(std::string{m_fields.cmdSaveMine.hint} + " " +
+                                  std::string{m_fields.lblWarning.caption()});
 }
 
 void frmChangedMeanwhile::showCurrent() {

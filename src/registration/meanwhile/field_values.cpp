@@ -19,18 +19,19 @@ template <class T> const T& as(const ui::Control& control) {
     return static_cast<const T&>(control);
 }
 
-Value plain(const std::string& control, const std::string& content) {
-    return {control, content, content, content};
+Value plain(const ui::Control& control, std::string content) {
+    Value value{control.declaredName(), std::move(content), {}, {}};
+    value.stored = value.content;
+    return value;
 }
 
 /// A code is compared by itself, and read with what it stands for.
 Value ofBox(const Fields& fields, const ui::TextBox& box, Meaning meaning) {
-    Value value = plain(box.name(), text::trimmed(box.text()));
+    Value value = plain(box, text::trimmed(box.text()));
     if (meaning == Meaning::Written)
         value.stored = text::trimmed(textToStore(fields, box));
-    value.shown = value.stored;
     if (box.coded != nullptr && &box == &box.coded->code && !value.content.empty())
-        value.shown = text::trimmed(value.stored + "  " + text::trimmed(box.coded->name.text()));
+        value.codeName = text::trimmed(box.coded->name.text());
     return value;
 }
 
@@ -78,7 +79,7 @@ Value ofDependents(const ui::Grid& grid) {
             stored.push_back(listed.back());
     }
     std::sort(stored.begin(), stored.end());
-    Value value = plain(grid.name(), joined(listed));
+    Value value = plain(grid, joined(listed));
     value.stored = joined(stored);
     return value;
 }
@@ -110,7 +111,7 @@ class Collector {
             put(control, ofCheckBox(as<ui::CheckBox>(control)));
             break;
         case ui::Kind::OptionButton:
-            if (as<ui::OptionButton>(control).group().front() == &control)
+            if (&as<ui::OptionButton>(control).firstOfGroup() == &control)
                 addGroup(as<ui::OptionButton>(control));
             break;
         case ui::Kind::Grid:
@@ -122,16 +123,14 @@ class Collector {
     }
 
   private:
-    void put(const ui::Control& control, const std::string& content) {
-        values.push_back(plain(control.name(), content));
-    }
+    void put(const ui::Control& control, std::string content) { values.push_back(plain(control, std::move(content))); }
 
     /// Where nobody chose about the health insurance, a save stores that there is none.
     void addGroup(const ui::OptionButton& first) {
-        Value value = plain(first.container()->name(), chosenIn(first));
+        Value value = plain(*first.container(), chosenIn(first));
         const EmploymentTab& employment = m_fields.employment;
         if (m_meaning == Meaning::Written && first.container() == &employment.philHealth && value.content.empty())
-            value.stored = value.shown = text::trimmed(ui::plainCaption(employment.philHealthNo.caption()));
+            value.stored = text::trimmed(ui::plainCaption(employment.philHealthNo.caption()));
         values.push_back(std::move(value));
     }
 
@@ -150,13 +149,16 @@ class Collector {
 
 } // namespace
 
+std::string Value::shown() const {
+    return codeName.empty() ? stored : text::trimmed(stored + "  " + codeName);
+}
+
 FieldValues::FieldValues(const ui::Window& window, const Fields& fields, const Record& record, Meaning meaning) {
-    std::vector<ui::Control*> everything;
-    window.collect(everything);
     Collector collector(fields, record, meaning);
-    for (const ui::Control* control : everything)
-        if (isSent(fields, *control))
-            collector.add(*control);
+    window.forEach([&](const ui::Control& control) {
+        if (isSent(fields, control))
+            collector.add(control);
+    });
     m_values = std::move(collector.values);
 }
 
@@ -171,9 +173,10 @@ std::vector<FieldDifference> differences(const ui::Window& window, const FieldVa
         const Value& ours = written.all().at(n);
         if (now.stored == before.stored || now.stored == ours.stored)
             continue;
-        const ui::Control& control = *window.find(before.control);
+        const ui::Control& control = *window.find(before.control.text());
         if (isWritten(control))
-            found.push_back({names.of(control), before.shown, now.shown, ours.shown, ours.content != before.content});
+            found.push_back(
+                {names.of(control), before.shown(), now.shown(), ours.shown(), ours.content != before.content});
     }
     return found;
 }

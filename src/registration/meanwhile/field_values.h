@@ -23,10 +23,13 @@ class FieldValues {
 
     /// One field: a box, a group of options, or a list.
     struct Value {
-        std::string control; ///< whose name the field bears
-        std::string content; ///< of the field as it stands: of a code the code alone
-        std::string stored;  ///< what a save makes of it
-        std::string shown;   ///< the same with what a code stands for
+        ui::Name control;     ///< whose name the field bears
+        std::string content;  ///< of the field as it stands: of a code the code alone
+        std::string stored;   ///< what a save makes of it
+        std::string codeName; ///< what a code stands for
+
+        /// What is stored, with what a code stands for.
+        std::string shown() const;
     };
 
     /// The fields in the order of the screen; they are the same ones of every form.

@@ -2,7 +2,7 @@
 
 #include "data/rows.h"
 
-#include <vector>
+#include <deque>
 
 namespace opd::registration {
 
@@ -11,9 +11,9 @@ class LoadedRows {
   public:
     using Open = ado::Recordset (*)(const Session&, const ado::Statement&, ado::CursorType, ado::LockType);
 
-    /// Asks the database and keeps what it answers. Throws ado::Error.
-    ado::Recordset ask(const Session& session, const ado::Statement& statement,
-                       ado::LockType lock = ado::LockType::ReadOnly, Open open = &data::openClient);
+    /// Asks the database and keeps what it answers, at the same place as long as this lives. Throws ado::Error.
+    const ado::Recordset& ask(const Session& session, const ado::Statement& statement,
+                              ado::LockType lock = ado::LockType::ReadOnly, Open open = &data::openClient);
 
     /// From now on whatever was asked then is answered as it was then; the database is asked for the rest.
     void answerAs(const LoadedRows& then) { m_then = then.m_asked; }
@@ -27,11 +27,11 @@ class LoadedRows {
         ado::Statement statement;
         ado::LockType lock;
         Open open;
-        ado::ResultSet answer;
+        ado::Recordset answer;
     };
 
-    std::vector<Asked> m_asked;
-    std::vector<Asked> m_then; ///< whose answers are given in place of the database's
+    std::deque<Asked> m_asked;
+    std::deque<Asked> m_then; ///< whose answers are given in place of the database's
 };
 
 } // namespace opd::registration

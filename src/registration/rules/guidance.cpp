@@ -31,9 +31,9 @@ Guidance::Guidance(ui::Window& window, Fields& fields, const Record& record, con
     window.ownKeys = {{"Enter", "next field"},
                       {"F6", "next field that is still needed", [this] { return nextMissing(); }}};
     window.stillToDo = [this] { return stateOfSave(); };
-    alsoOn(fields.header.txtBirthDate.onChange, [this] { showAgeInMonths(m_fields.header, m_globals.gServerDate); });
+    fields.header.txtBirthDate.onChange.also([this] { showAgeInMonths(m_fields.header, m_globals.gServerDate); });
     for (ui::OptionButton* choice : checkedChoices(fields))
-        alsoOn(choice->onClick, [this] { markNeeded(); });
+        choice->onClick.also([this] { markNeeded(); });
 }
 
 // What the window had to report ("nobody of that name", a complaint taken over) is read by the time the clerk goes on

@@ -3,25 +3,14 @@
 #include "ui/controls.h"
 #include "ui/window.h"
 
-#include <functional>
-#include <string>
-#include <utility>
+#include <concepts>
 
 /// The marks by which a clerk sees at a field why it was refused, and how they are taken back.
 namespace opd::registration {
 
-/// Lets an event do something more, after what it did before.
-inline void alsoOn(std::function<void()>& event, std::function<void()> more) {
-    event = [before = std::move(event), more = std::move(more)] {
-        if (before)
-            before();
-        more();
-    };
-}
-
 /// Takes a mark back as soon as the field's content is changed into something that it is not refused for.
-inline void takeBackWhen(ui::Control& field, std::string fault, std::function<bool()> isRight) {
-    alsoOn(field.onChange, [&field, fault = std::move(fault), isRight = std::move(isRight)] {
+template <std::predicate IsRight> void takeBackWhen(ui::Control& field, const char* fault, IsRight isRight) {
+    field.onChange.also([&field, fault, isRight] {
         if (field.refusal() == fault && isRight())
             field.setRefusal({});
     });

@@ -131,9 +131,9 @@ std::array<ui::OptionButton*, 4> checkedChoices(Fields& fields) {
 void bindMarks(Fields& fields) {
     const auto takeBack = [&fields] { takeBackMarks(fields); };
     for (const Rule& rule : rulesOf(fields))
-        alsoOn(rule.field.onChange, takeBack);
+        rule.field.onChange.also(takeBack);
     for (ui::OptionButton* choice : checkedChoices(fields))
-        alsoOn(choice->onClick, takeBack);
+        choice->onClick.also(takeBack);
 }
 
 } // namespace opd::registration

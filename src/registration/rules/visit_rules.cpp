@@ -41,7 +41,7 @@ void bindPressureMarks(ConsultationTab& consultation) {
     takeBackWhen(consultation.systolic, unusualPressure, [&] { return isUsualSystolic(consultation); });
     takeBackWhen(consultation.diastolic, unusualPressure, [&] { return isUsualDiastolic(consultation); });
     for (ui::TextBox* value : {&consultation.systolic, &consultation.diastolic})
-        alsoOn(value->onChange, [&consultation] {
+        value->onChange.also([&consultation] {
             if (consultation.systolic.refusal() == wrongOrder && isInOrder(consultation))
                 consultation.systolic.setRefusal({});
         });

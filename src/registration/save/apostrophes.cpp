@@ -37,11 +37,16 @@ std::string nameOf(const ui::Control& field) {
     return around + ": " + label;
 }
 
-std::vector<ui::TextBox*> sentBoxes(const ui::Window& window, const Fields& fields) {
+/// The boxes that a save writes and that hold an apostrophe.
+std::vector<ui::TextBox*> unstorableBoxes(const ui::Window& window, const Fields& fields) {
     std::vector<ui::TextBox*> boxes;
-    for (ui::Control* control : window.everything())
-        if (control->kind() == ui::Kind::TextBox && isSent(fields, *control))
-            boxes.push_back(static_cast<ui::TextBox*>(control));
+    window.forEach([&](ui::Control& control) {
+        if (control.kind() != ui::Kind::TextBox)
+            return;
+        auto& box = static_cast<ui::TextBox&>(control);
+        if (holdsApostrophe(box.text()) && isSent(fields, box))
+            boxes.push_back(&box);
+    });
     return boxes;
 }
 
@@ -56,8 +61,6 @@ bool agrees(ui::Desktop& desktop, const ui::Control& field, const std::string& t
 }
 
 bool settle(ui::Desktop& desktop, ui::TextBox& box) {
-    if (!holdsApostrophe(box.text()))
-        return true;
     if (!box.isHidden() && !agrees(desktop, box, box.text())) {
         box.setRefusal(unstorable);
         box.window().setFocus(box);
@@ -85,7 +88,7 @@ bool settleDependents(ui::Desktop& desktop, ui::Grid& grid) {
 } // namespace
 
 bool settleApostrophes(ui::Desktop& desktop, const ui::Window& window, Fields& fields) {
-    for (ui::TextBox* box : sentBoxes(window, fields))
+    for (ui::TextBox* box : unstorableBoxes(window, fields))
         if (!settle(desktop, *box))
             return false;
     return settleDependents(desktop, fields.employment.mshDependents);

@@ -21,7 +21,7 @@ std::string birthDateText(const ado::Value& stored) {
 } // namespace
 
 void LoadDependents(const Session& session, ui::Grid& grid, LoadedRows& loaded, const std::string& hospNum) {
-    const ado::Recordset stored = loaded.ask(session, statements::dependents(hospNum));
+    const ado::Recordset& stored = loaded.ask(session, statements::dependents(hospNum));
     if (stored.EndOfFile())
         return;
     std::vector<ui::Grid::Row> rows;

@@ -63,7 +63,7 @@ std::string sharedKeys(const ui::Window& window) {
     std::string shared;
     for (const ui::Control* control : window.everything())
         if (const char32_t key = ui::accessKeyOf(control->caption()); key != 0 && control->visible() && ++met[key] > 1)
-            shared += control->caption() + "\n";
+            shared += control->name() + "\n";
     return shared;
 }
 

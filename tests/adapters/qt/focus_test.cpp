@@ -36,7 +36,7 @@ TEST(QtFocus, ARefusalKeepsTheFocusWhicheverWayItWouldLeave) {
 }
 
 /// Every field stands to the right of the one before it, or below.
-void expectReadByLines(const WindowShell& shell, const std::vector<ui::Control*>& fields) {
+void expectReadByLines(const WindowShell& shell, const auto& fields) {
     QPoint last(-1, -1);
     for (ui::Control* field : fields) {
         const QWidget* widget = shell.viewOf(*field)->widget();

@@ -30,7 +30,7 @@ struct ChangedMeanwhile : ui::Window, registration::ChangedMeanwhileFields {
 
 /// Either search dialog without its behaviour.
 struct SearchDialog : ui::Window, search::SearchDialogFields {
-    explicit SearchDialog(const char* name = "frmSearchNew", const char* caption = "Barangay")
+    explicit SearchDialog(ui::Literal name = "frmSearchNew", ui::Literal caption = "Barangay")
         : Window(name, caption), SearchDialogFields(static_cast<Window&>(*this)) {}
 };
 

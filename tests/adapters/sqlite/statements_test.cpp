@@ -96,7 +96,7 @@ TEST(Statements, ThatAreKeptFollowATableThatHasChanged) {
     EmbeddedHospital hospital;
     const auto connection = hospital.connect();
     const auto columns = [&] {
-        return connection->Execute("select * from Patient_Data..tbHospitalInfo").all().columns;
+        return connection->Execute("select * from Patient_Data..tbHospitalInfo").all().columns.names();
     };
     const std::vector<std::string> before = columns();
     hospital.runAsAdministrator("ALTER TABLE Patient_Data_tbHospitalInfo ADD COLUMN Motto TEXT");

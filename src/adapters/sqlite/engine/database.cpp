@@ -286,11 +286,13 @@ const Query::Columns& Query::columns() {
     const int preparedAnew = sqlite3_stmt_status(m_statement.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
     if (m_columnsOf == preparedAnew)
         return m_columns;
-    m_columns = {};
+    std::vector<std::string> names;
+    m_columns.kinds.clear();
     for (int column = 0; column < columnCount(); ++column) {
-        m_columns.names.push_back(columnName(column));
+        names.push_back(columnName(column));
         m_columns.kinds.push_back(kind(column));
     }
+    m_columns.names = std::move(names);
     m_columnsOf = preparedAnew;
     return m_columns;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/sqlite/engine/writer_queue.h"
+#include "ado/columns.h"
 #include "ado/value.h"
 #include "base/clock/clock.h"
 
@@ -151,7 +152,7 @@ class Query {
     /// The columns of a query that has been stepped. They are asked for once, and again when the library has prepared
     /// the statement anew because a table has changed.
     struct Columns {
-        std::vector<std::string> names;
+        ado::Columns names;
         std::vector<Kind> kinds;
     };
     const Columns& columns();

@@ -314,7 +314,7 @@ TEST(RoundTrip, NoFieldTakesMoreThanTheColumnOfAServerThatItIsStoredIn) {
         fillRequired(form->fields());
         form->fields().history.others.setChecked(true);
         ASSERT_TRUE(form->validate());
-        form->record().CompanyClass = "H"; // has a letter of authorization
+        form->record().CompanyClass = "H";               // has a letter of authorization
         std::map<std::string, const ui::TextBox*> boxes; // by what is in each, a number, since one holds an amount
         for (ui::Control* control : form->window().everything())
             if (auto* box = dynamic_cast<ui::TextBox*>(control); box != nullptr && !box->readOnly) {

@@ -81,6 +81,7 @@ Value ofDependents(const ui::Grid& grid) {
     std::sort(stored.begin(), stored.end());
     Value value = plain(grid, joined(listed));
     value.stored = joined(stored);
+    value.isList = true;
     return value;
 }
 
@@ -150,6 +151,8 @@ class Collector {
 } // namespace
 
 std::string Value::shown() const {
+    if (isList)
+        return content;
     return codeName.empty() ? stored : text::trimmed(stored + "  " + codeName);
 }
 

@@ -27,8 +27,9 @@ class FieldValues {
         std::string content;  ///< of the field as it stands: of a code the code alone
         std::string stored;   ///< what a save makes of it
         std::string codeName; ///< what a code stands for
+        bool isList = false;  ///< compared in any order, and shown in its own
 
-        /// What is stored, with what a code stands for.
+        /// What is stored, with what a code stands for; a list as it stands.
         std::string shown() const;
     };
 

@@ -1,7 +1,7 @@
+#include "adapters/qt/basics/wrapped_label.h"
 #include "adapters/qt/look/colours.h"
 #include "adapters/qt/message_box.h"
 #include "adapters/qt/style.h"
-#include "adapters/qt/wrapped_label.h"
 #include "tests/adapters/qt/desk.h"
 #include "tests/adapters/qt/every_window.h"
 

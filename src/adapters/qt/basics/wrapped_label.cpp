@@ -1,4 +1,4 @@
-#include "adapters/qt/wrapped_label.h"
+#include "adapters/qt/basics/wrapped_label.h"
 
 #include <QEvent>
 

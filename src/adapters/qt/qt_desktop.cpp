@@ -128,6 +128,9 @@ ui::Answer QtDesktop::ask(const ui::Message& message) {
         QApplication::restoreOverrideCursor();
     QMessageBox box(currentShell());
     fill(box, message);
+    if (m_typeAhead != nullptr)
+        for (const QAbstractButton* button : box.buttons()) // before the display takes the box away
+            QObject::connect(button, &QAbstractButton::released, &box, [this] { m_typeAhead->begin(); });
     int answer = static_cast<int>(QMessageBox::NoButton);
     if (m_player == nullptr)
         answer = box.exec();

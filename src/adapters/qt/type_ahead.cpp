@@ -104,7 +104,8 @@ void TypeAhead::handOn() {
 
 bool TypeAhead::keeps(const QObject& object, const QEvent& event) const {
     return isOfKey(event.type()) && object.isWindowType() && &event != m_handedOn &&
-           (&object == &m_catcher || m_takesIn || !m_typed.empty());
+           (&object == &m_catcher || m_takesIn || !m_typed.empty() ||
+            (m_between && !static_cast<const QWindow&>(object).isVisible()));
 }
 
 bool TypeAhead::eventFilter(QObject* object, QEvent* event) {

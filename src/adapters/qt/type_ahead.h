@@ -13,7 +13,8 @@ class QWidget;
 namespace opd::qt {
 
 /// Keeps what is typed while one window makes way for another, and gives it to the one that comes: between the two a
-/// display sends its keys to nobody. What was typed before a question could be read answers nothing.
+/// display sends its keys to nobody, and some to the one that has gone. What was typed before a question could be read
+/// answers nothing.
 class TypeAhead final : public QObject {
     Q_OBJECT
 

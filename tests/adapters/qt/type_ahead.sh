@@ -26,8 +26,8 @@ for name in QUIZA QUIZB QUIZC; do
     press F6; text 1000; press F6; text 1; press Tab alt+r
     seen Notification
     press Return
+    seen "Master Patient Search"
 done
-seen "Master Patient Search"
 registered="$("$desk" sql hospital "select LastName, FirstName, MiddleName, ZipCode from Patient_Data_tbMaster
     where LastName like 'QUIZ_' order by HospNum")"
 diff - <(echo "$registered") <<END

@@ -154,6 +154,7 @@ ado::Value cell(SQLHSTMT statement, SQLUSMALLINT place, const Column& column) {
 
 std::vector<std::string> namesOf(const std::vector<Column>& columns) {
     std::vector<std::string> names;
+    names.reserve(columns.size());
     for (const Column& column : columns)
         names.push_back(column.name);
     return names;

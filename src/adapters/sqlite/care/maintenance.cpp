@@ -20,11 +20,6 @@ constexpr std::chrono::minutes patience{1};
 
 constexpr long damaged = 824; ///< the number of an error that says so
 
-const Clock& machineClock() {
-    static const os::SystemClock clock;
-    return clock;
-}
-
 std::filesystem::path existing(const std::filesystem::path& file) {
     std::error_code unreadable;
     const bool isFile = std::filesystem::is_regular_file(file, unreadable);
@@ -42,7 +37,7 @@ class Hospital : public Database {
 
     /// `name` is how the administrator knows the file.
     Hospital(const std::filesystem::path& file, const std::filesystem::path& name)
-        : Database(existing(file), Mode::Existing, machineClock()) {
+        : Database(existing(file), Mode::Existing, os::machineClock()) {
         setPatience(patience);
         const std::string called = "\"" + name.string() + "\"";
         refuseUnlessHospital(*this, called);
@@ -92,7 +87,7 @@ class DraftFiles {
         std::error_code none;
         const auto journal = std::filesystem::file_size(backup.string() + "-wal", none);
         if (!none && journal > 0)
-            copyInto(m_file, backup, machineClock());
+            copyInto(m_file, backup, os::machineClock());
         else
             m_held.fill(backup);
     }
@@ -133,7 +128,7 @@ class Draft {
         if (const std::vector<std::string> damages = damagesOf(file(), backup); !damages.empty())
             throw std::runtime_error("The backup \"" + backup.string() + "\" is damaged: " + damages.front());
         if (versionOf(Hospital(file())) < schemaVersion())
-            migrate(file(), machineClock());
+            migrate(file(), os::machineClock());
     }
 
     const std::filesystem::path& file() const { return m_files.file(); }
@@ -220,11 +215,11 @@ void goOnCounting(const std::filesystem::path& file, const std::filesystem::path
 /// Puts the rows in place while nobody else writes; the copy is made of what stands there at that moment.
 std::filesystem::path replaceContent(const std::filesystem::path& file, const Draft& draft) {
     if (versionOf(Hospital(file)) < schemaVersion())
-        migrate(file, machineClock());
+        migrate(file, os::machineClock());
     Hospital hospital(file);
     attach(hospital, draft.file());
     hospital.run("PRAGMA foreign_keys = OFF; PRAGMA synchronous = FULL; BEGIN IMMEDIATE");
-    CopyBefore copy(file, file.string() + ".before-restore", machineClock());
+    CopyBefore copy(file, file.string() + ".before-restore", os::machineClock());
     hospital.run(makeLost(hospital) + replaceRows(hospital) + "ANALYZE main; COMMIT");
     return copy.keep();
 }
@@ -248,7 +243,7 @@ void backUp(const std::filesystem::path& folder, const std::filesystem::path& ba
         throw std::runtime_error("There is a file \"" + backup.string() + "\" already.");
     const std::filesystem::path file = databaseFile(folder);
     { const Hospital hospital(file); }
-    copyWhole(file, backup, machineClock());
+    copyWhole(file, backup, os::machineClock());
 }
 
 std::filesystem::path restore(const std::filesystem::path& folder, const std::filesystem::path& backup) {
@@ -257,9 +252,9 @@ std::filesystem::path restore(const std::filesystem::path& folder, const std::fi
     if (std::filesystem::exists(file) && damagesOf(file, file).empty())
         return replaceContent(file, draft);
     std::filesystem::path kept = setAside(file);
-    copyWhole(draft.file(), file, machineClock());
+    copyWhole(draft.file(), file, os::machineClock());
     os::giveToUsersOf(kept.empty() ? folder : kept, file);
-    Database(file, Database::Mode::Existing, machineClock()).run("PRAGMA journal_mode = WAL");
+    Database(file, Database::Mode::Existing, os::machineClock()).run("PRAGMA journal_mode = WAL");
     if (!kept.empty())
         goOnCounting(file, kept);
     return kept;

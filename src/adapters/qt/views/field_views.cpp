@@ -24,7 +24,7 @@ constexpr int anyLength = 1 << 24;
 
 /// What of a text fits into a box beside so many places that are taken. The toolkit counts them as the model does.
 template <class Box> QString fittingPart(const QString& text, const Box& box, qsizetype taken) {
-    const QString fits = qt::toQt(ui::fitting(qt::fromQt(text), box.maxLength(), static_cast<std::size_t>(taken)));
+    QString fits = qt::toQt(ui::fitting(qt::fromQt(text), box.maxLength(), static_cast<std::size_t>(taken)));
     if (fits.size() < text.size())
         box.window().foundNoRoom(box.maxLength());
     return fits;

@@ -1,15 +1,11 @@
-// One visit, or one patient, that is open on two desks: what the other one stored is never written over unseen, and a
-// visit that it revoked stays revoked.
-#include "registration/hospital_session.h"
-#include "support/sql.h"
+// One visit that is open on two desks: what the other one stored is never written over unseen, and a visit that it
+// revoked stays revoked.
+#include "component/two_desks.h"
 
 #include "ado/error.h"
-#include "registration/meanwhile/changed_meanwhile.h"
-#include "registration/registration.h"
 
 #include <chrono>
 #include <csignal>
-#include <gtest/gtest.h>
 #include <optional>
 #include <sys/wait.h>
 
@@ -18,26 +14,6 @@ namespace opd::tests {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// Another desk of a hospital, with a session and a connection of its own.
-struct OtherDesk {
-    explicit OtherDesk(const HospitalSession& hospital)
-        : session{globals, desktop, hospital.clock, hospital.store, {}, hospital.session.devices} {
-        globals.gConnection = hospital.connect();
-        globals.gUserID = "OTHER";
-        globals.gServerDate = hospital.clock.moment;
-        globals.gCodeSearch = com::Object{hospital.listing.get()};
-        desktop.agreesToAll = true;
-    }
-
-    Globals globals;
-    TestDesktop desktop;
-    Session session;
-};
-
-constexpr const char* hospNum = "00000002";
-constexpr const char* visit = "2600000001B";
-const search::Opening newVisit{"New", hospNum, "(TO BE GENERATED)", {}};
 
 /// What a statement fails with.
 std::string errorOf(ado::Connection& connection, const std::string& statement) {
@@ -48,74 +24,6 @@ std::string errorOf(ado::Connection& connection, const std::string& statement) {
     }
     return {};
 }
-
-class TwoDesks : public testing::Test {
-  protected:
-    TwoDesks() {
-        hospital.desktop.agreesToAll = true;
-        hospital.globals.gConnection->setTrace([this](const std::string& statement) { m_trace += statement + "\n"; });
-    }
-
-    std::string stored(const std::string& column, const std::string& table = "tbOutPatient",
-                       const std::string& key = std::string{"IDNum = '"} + visit) {
-        return hospital.connect()
-            ->Execute(sql("Select " + column + " from Patient_Data.." + table + " where " + key + "'"))
-            .Fields(column)
-            .asText();
-    }
-    std::string street() { return stored("HouseStreet", "tbMaster", std::string{"HospNum = '"} + hospNum); }
-
-    void otherProgram(const std::string& statement) { hospital.connect()->Execute(sql(statement)); }
-
-    std::unique_ptr<registration::RegistrationForm> openVisit(const char* number = visit) {
-        return hospital.open({"Edit", hospNum, number, {}});
-    }
-
-    /// What the other desk does with the same visit, from opening to storing.
-    static void updateElsewhere(Session& session, const std::function<void(registration::Fields&)>& change,
-                                const search::Opening& opening = {"Edit", hospNum, visit, {}}) {
-        registration::RegistrationForm form(session, opening);
-        form.SetRegistrationMode();
-        change(form.fields());
-        ASSERT_TRUE(form.validate());
-        ASSERT_TRUE(registration::SaveData(session, form.fields(), form.record(), false));
-    }
-
-    /// Presses "&Update" or "&Register" in a form that is shown. `choose` works the window of the changes, which must
-    /// come exactly when there is one. True when the form closed.
-    bool update(registration::RegistrationForm& form, const TestDesktop::Work& choose = {}) {
-        hospital.desktop.shown.clear();
-        hospital.desktop.messages.clear();
-        m_trace.clear();
-        bool closed = false;
-        hospital.desktop.work([&](ui::Window& window) {
-            window.click(form.fields().buttons.cmdSave);
-            closed = !window.isOpen();
-        });
-        if (choose)
-            hospital.desktop.work(choose);
-        hospital.desktop.show(form.window());
-        EXPECT_EQ(hospital.desktop.shown.size() > 1, static_cast<bool>(choose));
-        return closed;
-    }
-
-    /// The rows of the window of the changes.
-    static std::vector<std::string> listedIn(ui::Window& window) {
-        std::vector<std::string> rows;
-        for (const ui::Grid::Row& row : static_cast<ui::Grid&>(*window.find("grdFields")).rows())
-            rows.push_back(row[0] + "|" + row[1] + "|" + row[2] + "|" + row[3] +
-                           (row[4].starts_with("UNDOES") ? "|untouched" : ""));
-        return rows;
-    }
-
-    static TestDesktop::Work press(char32_t accessKey) {
-        return [accessKey](ui::Window& window) { window.pressAccessKey(accessKey); };
-    }
-
-    std::string m_trace;
-    HospitalSession hospital;
-    OtherDesk other{hospital};
-};
 
 TEST_F(TwoDesks, TheClerkSeesWhatTheOtherDeskStoredAndChoosesWhatStands) {
     const std::string streetBefore = street();
@@ -373,150 +281,6 @@ TEST_F(TwoDesks, NobodyComesBetweenTheAskingAndTheWriteAndAKilledDeskLeavesNoHal
     EXPECT_GT(statement, 20);
     EXPECT_GT(asked, 5);
     hospital.globals.gConnection = hospital.connect();
-}
-
-// Both desks looked at the day when they opened the form, and found no registration.
-TEST_F(TwoDesks, APatientOnFileIsRegisteredOnceADay) {
-    hospital.store.set("Saving", "OneVisitADay", "yes");
-    auto form = hospital.open(newVisit);
-    form->fields().personal.txtHouseStreet.setText("2 MY ST.");
-    registration::RegistrationForm theirs(other.session, newVisit);
-    theirs.SetRegistrationMode();
-    theirs.fields().personal.txtHouseStreet.setText("1 OTHER ST.");
-    ASSERT_TRUE(theirs.validate());
-    ASSERT_TRUE(registration::SaveData(other.session, theirs.fields(), theirs.record(), false));
-
-    EXPECT_FALSE(update(*form));
-    EXPECT_TRUE(hospital.desktop.messages.back().text.starts_with("Patient has a current OPD registration as Adm. # " +
-                                                                  theirs.record().AdmissionNumber + "."))
-        << hospital.desktop.messages.back().text;
-    EXPECT_EQ(street(), "1 OTHER ST.");
-    otherProgram("Update Patient_Data..tbOutPatient set OPDStatus = 'R' where IDNum = '" +
-                 theirs.record().AdmissionNumber + "'");
-    EXPECT_TRUE(update(*form, press('S')));
-    EXPECT_EQ(street(), "2 MY ST.");
-}
-
-TEST_F(TwoDesks, ANewVisitWritesThePatientOverNothingThatTheOtherDeskStored) {
-    const std::string streetBefore = street();
-    auto form = hospital.open(newVisit);
-    registration::Fields& mine = form->fields();
-    mine.consultation.txtWeight.setText("61");
-    mine.header.dtpAdmDate.setValue({2026, 11, 23, 0, 0, 0});
-    mine.personal.txtEmail.setText("a@b.ph");
-    mine.header.male.setSelected(true);
-    hospital.globals.gConnection->setTrace([this](const std::string& statement) {
-        m_trace += statement + "\n";
-        if (statement.find("GetDate") != std::string::npos)
-            ++hospital.clock.moment.minute; // what the clock presets is nobody's change
-    });
-    updateElsewhere(
-        other.session,
-        [](registration::Fields& theirs) {
-            theirs.header.txtBirthDate.setText("03/08/1950");
-            theirs.personal.txtHouseStreet.setText("1 OTHER ST.");
-            theirs.personal.cboCivilStatus.setText("Widow");
-            theirs.employment.mshDependents.setCell(1, 1, "04/19/2001");
-            theirs.consultation.txtWeight.setText("70"); // of a visit of their own
-        },
-        newVisit);
-    // Another program has emptied the sex and stored a status that the form has no choice for.
-    otherProgram("Update Patient_Data..tbMaster set CivilStatus = '9', Sex = '' where HospNum = '00000002'");
-    std::vector<std::string> listed;
-    const auto take = [&](ui::Window& window) {
-        listed = listedIn(window);
-        EXPECT_EQ(window.find("lblWhat")->caption(), "Another desk stored changes to the record of Hosp. # (00000002) "
-                                                     "after it was opened here. Nothing of this desk is saved yet.");
-        window.pressAccessKey('T');
-    };
-    EXPECT_FALSE(update(*form, take));
-    const auto fields = [&] {
-        std::string names;
-        for (const std::string& row : listed)
-            names += row.substr(0, row.find('|')) + (row.ends_with("|untouched") ? "," : "!,");
-        return names;
-    };
-    EXPECT_EQ(fields(), "Sex!,Birthdate,House/St.#,Civil Status,Dependent/s,");
-    EXPECT_NE(m_trace.find("begin\nPatient_Data..sp_aopd_Load_TbMaster '00000002'\nrollback\n"), std::string::npos)
-        << m_trace;
-    EXPECT_EQ(mine.personal.txtHouseStreet.text() + mine.header.txtBirthDate.text() + mine.header.txtAge.text(),
-              "1 OTHER ST.03/08/195076");
-    EXPECT_EQ(mine.consultation.txtWeight.text() + mine.personal.txtEmail.text(), "61a@b.ph");
-    EXPECT_EQ(mine.header.dtpAdmDate.shownText(), "11/23/2026");
-    EXPECT_FALSE(mine.header.male.selected() || mine.header.female.selected());
-    mine.header.female.setSelected(true);
-    EXPECT_TRUE(update(*form));
-    EXPECT_NE(m_trace.find("begin\nPatient_Data..sp_aopd_Load_TbMaster '00000002'\n"
-                           "Patient_Data..sp_Adm_LoadPatient '00000002'\n"
-                           "Patient_Data..sp_Adm_LoadDependents '00000002'\n"
-                           "Patient_Data..proc_Adm_Search_tbMasterMedicalHistory '00000002'\n"
-                           "Patient_Data..sp_Aopd_LoadAllergies '00000002'\n"
-                           "Patient_Data..sp_aopd_Update_TbMaster "),
-              std::string::npos)
-        << m_trace;
-    const std::string ofPatient = std::string{"HospNum = '"} + hospNum;
-    EXPECT_EQ(street() + stored("CivilStatus", "tbMaster", ofPatient) + stored("Sex", "tbMaster", ofPatient),
-              "1 OTHER ST.9F");
-    EXPECT_EQ(stored("Email", "tbMaster2", ofPatient), "a@b.ph");
-    EXPECT_NE(street(), streetBefore);
-
-    // Registered at both desks as it stands, also where it is not known yet who is insured, nobody is asked.
-    otherProgram("Update Patient_Data..tbMaster2 set PhilHealth = null where HospNum = '00000002'");
-    form = hospital.open(newVisit);
-    updateElsewhere(
-        other.session, [](registration::Fields&) {}, newVisit);
-    EXPECT_TRUE(update(*form));
-
-    // A patient who is not on file any more is not written again.
-    form = hospital.open({"New", "00000010", "(TO BE GENERATED)", {}});
-    otherProgram("Delete Patient_Data..tbMaster where HospNum = '00000010'");
-    EXPECT_FALSE(update(*form));
-    EXPECT_EQ(hospital.desktop.messages.back().text,
-              "Nothing was saved: Hosp. # (00000010) is no longer on file. Please close this form.");
-}
-
-TEST_F(TwoDesks, ANewVisitThatIsTriedAgainStillSeesWhatTheOtherDeskStored) {
-    // What no number could be drawn for is kept as it stood, with what it was filled from.
-    std::optional<ado::Transaction> lock(*other.globals.gConnection);
-    hospital.globals.gConnection->setPatience(50ms);
-    auto form = hospital.open(newVisit);
-    form->fields().consultation.txtWeight.setText("61");
-    EXPECT_TRUE(update(*form));
-    lock.reset();
-    updateElsewhere(other.session,
-                    [](registration::Fields& theirs) { theirs.personal.txtHouseStreet.setText("1 OTHER ST."); });
-    form = hospital.open(newVisit);
-    EXPECT_EQ(form->fields().consultation.txtWeight.text(), "61");
-    EXPECT_FALSE(update(*form, press('T')));
-    EXPECT_EQ(form->fields().personal.txtHouseStreet.text() + form->fields().consultation.txtWeight.text(),
-              "1 OTHER ST.61");
-
-    // What a try that failed behind its commit has stored is no change of another desk; what came behind it is one.
-    form->fields().personal.motherName.setText("ANA");
-    form->fields().employment.mshDependents.setCell(3, 0, "THE ELDEST");
-    form->fields().employment.mshDependents.setCell(3, 1, "01/01/1990");
-    hospital.globals.gConnection->setTrace([&](const std::string& statement) {
-        if (statement.starts_with("Patient_Data..proc_Adm_Update_tbMasterMedicalHistory") && !lock)
-            lock.emplace(*other.globals.gConnection);
-    });
-    EXPECT_FALSE(update(*form));
-    lock.reset();
-    otherProgram("Update Patient_Data..tbMaster set telnum = '555-1234' where HospNum = '00000002'");
-    hospital.globals.gConnection->setTrace({});
-    EXPECT_TRUE(update(*form, [](ui::Window& window) {
-        EXPECT_EQ(listedIn(window).size(), 1u);
-        EXPECT_EQ(listedIn(window).at(0), "Tel.#|8520-5077|555-1234|8520-5077|untouched");
-        EXPECT_TRUE(window.find("lblWhat")->caption().ends_with("Nothing of this try is saved yet."));
-        window.pressAccessKey('S');
-    }));
-    const auto telephone = [&] { return stored("telnum", "tbMaster", "HospNum = '00000002"); };
-    EXPECT_EQ(telephone() + stored("mother", "tbMaster2", "HospNum = '00000002"), "8520-5077ANA");
-
-    hospital.store.set("Saving", "WatchOtherDesks", "no");
-    form = hospital.open(newVisit);
-    otherProgram("Update Patient_Data..tbMaster set telnum = '555-1234' where HospNum = '00000002'");
-    EXPECT_TRUE(update(*form));
-    EXPECT_EQ(telephone(), "8520-5077");
 }
 
 } // namespace

@@ -54,8 +54,7 @@ Finding libraryFinding(const fs::path& file) {
 }
 
 Findings reportFindings() {
-    const os::SystemClock clock;
-    const auto engine = adapters::openReportEngine(programFolder(), {.clock = clock});
+    const auto engine = adapters::openReportEngine(programFolder(), {.clock = os::machineClock()});
     const fs::path folder = programFolder() / "Reports";
     std::set<fs::path> files; // those of the desk, whether they are there or not, and what a hospital has added
     for (const char* own : {"DataSheet.rpt", reports::patientLabel.file, reports::patientCard.file})

@@ -42,9 +42,8 @@ Finding rightsOf(const std::filesystem::path& folder) {
 }
 
 Finding connected(const Desk& desk) {
-    const os::SystemClock clock;
     ado::Providers providers;
-    providers.add("sqlite", sqlite::makeSqliteProvider(clock));
+    providers.add("sqlite", sqlite::makeSqliteProvider(os::machineClock()));
     ado::Connection connection(providers);
     connection.Open(ado::connectionString({{}, {}, desk.server, "LABORATORY"}));
     connection.BeginTrans();
